@@ -1,0 +1,227 @@
+#include "platform/pending_file.h"
+
+#include "platform/file_system.h"
+#include "platform/plain_reason.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+#include <mutex>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr int link_limit = 40; // as many as Linux itself follows
+constexpr int name_attempts = 100;
+constexpr unsigned permission_bits = 0777;
+constexpr unsigned all_mode_bits = 07777;
+constexpr unsigned new_file_mode = 0666; // less the user's own mask
+
+/// The temporaries of this process. Their making, renaming and removing happen under the mutex.
+struct temporary_list
+{
+    std::mutex mutex;
+    std::vector<std::string> paths;
+
+    void forget(const std::string& path) { std::erase(paths, path); }
+};
+
+temporary_list& temporaries()
+{
+    static temporary_list& list = *new temporary_list; // used until the very end of the process
+    return list;
+}
+
+/// Replaces a path by what its symbolic links lead to, existing or not. Names that stand for an open file are
+/// left. Sets errno on failure.
+bool follow_links(std::string& path)
+{
+    for (int i = 0; i < link_limit; ++i)
+    {
+        std::array<char, PATH_MAX> text;
+        const ssize_t length = readlink(path.c_str(), text.data(), text.size());
+        if (length < 0 || stands_for_open_file(path))
+            return true; // no link; whatever else is wrong shows when the file is opened
+        const std::string link(text.data(), static_cast<std::size_t>(length));
+        path = link.starts_with('/') ? link : folder_of(path) + '/' + link;
+    }
+    errno = ELOOP;
+    return false;
+}
+
+std::string random_leaf()
+{
+    std::random_device random;
+    std::array<char, 32> text;
+    std::snprintf(text.data(), text.size(), ".veridial-%08x%08x.tmp", random(), random());
+    return text.data();
+}
+
+/// Some file systems cannot sync; that alone is no reason to fail.
+bool synced(int descriptor) { return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP; }
+
+/// So that the new name survives a crash, too; the file is in its place already, so a failure changes nothing.
+void sync_folder(const std::string& folder)
+{
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+} // namespace
+
+pending_file::~pending_file() { discard(); }
+
+bool pending_file::open(const std::string& path, existing_file wanted_rule, std::string& reason)
+{
+    discard();
+    rule = wanted_rule;
+    struct stat facts;
+    const bool exists = stat(path.c_str(), &facts) == 0;
+    target = path;
+    if (path.empty())
+        errno = ENOENT;
+    else if ((exists && S_ISDIR(facts.st_mode)) || path.ends_with('/'))
+        errno = exists ? EISDIR : ENOENT;
+    else if (exists && (!S_ISREG(facts.st_mode) || stands_for_open_file(path)))
+        return open_straight(path, reason);
+    else if (!follow_links(target))
+        errno = ELOOP;
+    else if (exists && stands_for_open_file(target))
+        return open_straight(path, reason);
+    else if (rule == existing_file::refuse && (exists || target != path))
+        errno = EEXIST; // a link that leads nowhere is there, too
+    else if (!exists)
+        return open_beside(new_file_mode, reason);
+    else if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0)
+    {
+        if (!open_beside(facts.st_mode & permission_bits, reason))
+            return false;
+        // Only the superuser may give a file away. The special bits belong to the old owner.
+        const bool same_owner = fchown(descriptor, facts.st_uid, facts.st_gid) == 0;
+        fchmod(descriptor, facts.st_mode & (same_owner ? all_mode_bits : permission_bits));
+        return true;
+    }
+    reason = plain_reason(errno);
+    return false;
+}
+
+bool pending_file::open_straight(const std::string& path, std::string& reason)
+{
+    // Appending, because what stands behind /dev/stdout may be a file that others have written to before.
+    descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0)
+    {
+        reason = plain_reason(errno);
+        return false;
+    }
+    straight = true;
+    written_path = path;
+    return true;
+}
+
+bool pending_file::open_beside(unsigned mode, std::string& reason)
+{
+    const std::string folder = folder_of(target);
+    for (int i = 0; i < name_attempts; ++i)
+    {
+        const std::string path = (folder == "/" ? folder : folder + '/') + random_leaf();
+        const std::scoped_lock lock(temporaries().mutex);
+        descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+        if (descriptor >= 0)
+        {
+            written_path = path;
+            temporaries().paths.push_back(path);
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    reason = plain_reason(errno);
+    return false;
+}
+
+bool pending_file::write(std::span<const std::uint8_t> bytes, std::string& reason)
+{
+    while (!bytes.empty())
+    {
+        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+        {
+            reason = plain_reason(count < 0 ? errno : ENOSPC);
+            return false;
+        }
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+bool pending_file::move_into_place() const
+{
+    const std::scoped_lock lock(temporaries().mutex);
+    const bool moved = rule == existing_file::refuse ? rename_to_new(written_path, target)
+                                                     : rename(written_path.c_str(), target.c_str()) == 0;
+    if (moved)
+        temporaries().forget(written_path);
+    return moved;
+}
+
+bool pending_file::commit(std::string& reason)
+{
+    if (straight)
+    {
+        const bool closed = close(std::exchange(descriptor, -1)) == 0;
+        if (!closed)
+            reason = plain_reason(errno);
+        return closed;
+    }
+    if (descriptor < 0 || !synced(descriptor) || !move_into_place())
+    {
+        reason = plain_reason(descriptor < 0 ? EBADF : errno);
+        discard();
+        return false;
+    }
+    close(std::exchange(descriptor, -1));
+    written_path.clear();
+    sync_folder(folder_of(target));
+    return true;
+}
+
+void pending_file::discard()
+{
+    if (descriptor >= 0)
+        close(std::exchange(descriptor, -1));
+    if (!straight && !written_path.empty())
+    {
+        const std::scoped_lock lock(temporaries().mutex);
+        unlink(written_path.c_str());
+        temporaries().forget(written_path);
+    }
+    written_path.clear();
+    straight = false;
+}
+
+void abandon_pending_files_and_exit(int exit_code)
+{
+    // Held to the end: who is about to make or move a temporary waits here and never wakes.
+    temporaries().mutex.lock();
+    for (const std::string& path : temporaries().paths)
+        unlink(path.c_str());
+    _exit(exit_code);
+}
+
+} // namespace ov1

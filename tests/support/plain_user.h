@@ -1,0 +1,30 @@
+// Permissions for the length of a scope, also where the tests run as the superuser.
+#pragma once
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace ov1
+{
+
+/// While it lives, the superuser's process has the rights of the user "nobody"; other processes keep what they have.
+class plain_user
+{
+public:
+    plain_user()
+        : changed(geteuid() == 0 && seteuid(65534) == 0)
+    {
+    }
+    ~plain_user()
+    {
+        if (changed && seteuid(0) != 0)
+            std::abort();
+    }
+    plain_user(const plain_user&) = delete;
+    plain_user& operator=(const plain_user&) = delete;
+
+private:
+    bool changed;
+};
+
+} // namespace ov1
