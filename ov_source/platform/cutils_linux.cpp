@@ -1,0 +1,229 @@
+#include "platform/cutils_linux.h"
+
+#include "platform/atomic_file.h"
+#include "platform/desktop_open.h"
+#include "platform/desktop_services.h"
+#include "platform/os_release.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <dirent.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::size_t resource_limit = std::size_t{256} << 20;
+constexpr std::size_t os_release_limit = 1 << 16;
+constexpr int usual_screen_width = 1920;
+constexpr int usual_screen_height = 1080;
+constexpr double dpi_of_scale_one = 96.0;
+
+std::string settings_path(const std::string& folder, const std::string& name)
+{
+    return folder.empty() || name.empty() ? std::string() : folder + '/' + name + ".settings";
+}
+
+std::vector<std::uint8_t> copied(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
+
+bool is_directory(const std::string& folder, const dirent& entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    // A file system that does not say it in the listing.
+    struct stat facts;
+    return lstat((folder + '/' + entry.d_name).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+} // namespace
+
+cutils_linux::cutils_linux(const std::string& vendor_name, const std::string& product_name,
+                           user_environment user_environment)
+    : environment(std::move(user_environment))
+    , vendor_settings(settings_path(environment.settings_folder, vendor_name))
+    , product_settings(settings_path(environment.settings_folder, product_name))
+{
+}
+
+bool cutils_linux::set_bytes(const std::string& key, std::span<const std::uint8_t> bytes)
+{
+    return product_settings.set(key, copied(bytes));
+}
+bool cutils_linux::get_bytes(const std::string& key, std::vector<std::uint8_t>& bytes)
+{
+    return product_settings.get(key, bytes);
+}
+bool cutils_linux::del_bytes(const std::string& key) { return product_settings.remove(key); }
+bool cutils_linux::set_string(const std::string& key, const std::string& text)
+{
+    return product_settings.set(key, text);
+}
+bool cutils_linux::get_string(const std::string& key, std::string& text) { return product_settings.get(key, text); }
+
+bool cutils_linux::set_vendor_bytes(const std::string& key, std::span<const std::uint8_t> bytes)
+{
+    return vendor_settings.set(key, copied(bytes));
+}
+bool cutils_linux::get_vendor_bytes(const std::string& key, std::vector<std::uint8_t>& bytes)
+{
+    return vendor_settings.get(key, bytes);
+}
+bool cutils_linux::del_vendor_key(const std::string& key) { return vendor_settings.remove(key); }
+bool cutils_linux::set_vendor_string(const std::string& key, const std::string& text)
+{
+    return vendor_settings.set(key, text);
+}
+bool cutils_linux::get_vendor_string(const std::string& key, std::string& text)
+{
+    return vendor_settings.get(key, text);
+}
+bool cutils_linux::set_vendor_uint32(const std::string& key, std::uint32_t value)
+{
+    return vendor_settings.set(key, value);
+}
+bool cutils_linux::get_vendor_uint32(const std::string& key, std::uint32_t& value)
+{
+    return vendor_settings.get(key, value);
+}
+
+std::string cutils_linux::get_os_name_string()
+{
+    utsname names;
+    return uname(&names) == 0 ? names.sysname : "Linux";
+}
+
+bool cutils_linux::get_os_version_string(std::string& text)
+{
+    utsname names;
+    if (uname(&names) != 0)
+        return false;
+    const std::string version = version_of_kernel_release(names.release);
+    if (version.empty())
+        return false;
+    text = version;
+    return true;
+}
+
+bool cutils_linux::get_os_string(std::string& text)
+{
+    std::string name;
+    for (const char* path : {"/etc/os-release", "/usr/lib/os-release"})
+    {
+        std::vector<std::uint8_t> bytes;
+        std::string reason;
+        if (!read_file(path, bytes, reason, os_release_limit))
+            continue;
+        name = pretty_name_of_os_release({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+        break;
+    }
+    text = (name.empty() ? get_os_name_string() : name) + (sizeof(void*) == 8 ? " (64 Bits)" : " (32 Bits)");
+    return true;
+}
+
+bool cutils_linux::alert_box(void* parent_window, const std::string& title, const std::string& message,
+                             const std::string& button)
+{
+    return alert_box(parent_window, title, message, button, {});
+}
+
+bool cutils_linux::alert_box(void* parent_window, const std::string& title, const std::string& message,
+                             const std::string& first_button, const std::string& second_button)
+{
+    const auto services = get_desktop_services();
+    if (services->show_alert)
+        return services->show_alert(parent_window, title, message, first_button, second_button);
+    std::fputs((title + ": " + message + "\n").c_str(), stderr);
+    return false;
+}
+
+bool cutils_linux::get_resource(const std::string& name, std::vector<std::uint8_t>& bytes)
+{
+    // Top level only: a name never leads out of the folder.
+    if (name.empty() || name.find('/') != std::string::npos)
+        return false;
+    std::string reason;
+    return read_file(environment.resource_folder + '/' + name, bytes, reason, resource_limit);
+}
+
+void cutils_linux::open_url(const std::string& text) { open_with_desktop(text); }
+
+bool cutils_linux::is_main_thread() { return gettid() == getpid(); }
+
+bool cutils_linux::create_dir(const std::string& path)
+{
+    // With the user's own mask: who wants folders that others can write to has said so there.
+    return !path.empty() && mkdir(path.c_str(), 0777) == 0;
+}
+
+const std::string& cutils_linux::get_path_separator()
+{
+    static const std::string& separator = *new std::string("/");
+    return separator;
+}
+
+void cutils_linux::get_screen_dimensions(void* window, int& width, int& height)
+{
+    const auto services = get_desktop_services();
+    int found_width = 0;
+    int found_height = 0;
+    const bool found = services->query_screen && services->query_screen(window, found_width, found_height) &&
+                       found_width > 0 && found_height > 0;
+    width = found ? found_width : usual_screen_width;
+    height = found ? found_height : usual_screen_height;
+}
+
+std::string cutils_linux::get_common_directory()
+{
+    std::error_code error;
+    if (!environment.common_folder.empty())
+        std::filesystem::create_directories(environment.common_folder, error);
+    return environment.common_folder;
+}
+
+bool cutils_linux::list_dir(const std::string& path, std::vector<std::string>* files,
+                            std::vector<std::string>* directories, bool full_paths)
+{
+    if (path.empty() || (files == nullptr && directories == nullptr))
+        return false;
+    DIR* directory = opendir(path.c_str());
+    if (directory == nullptr)
+        return false;
+    const std::string prefix = !full_paths ? "" : path.ends_with('/') ? path : path + '/';
+    std::vector<std::string> found_files;
+    std::vector<std::string> found_directories;
+    while (const dirent* entry = readdir(directory))
+    {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..")
+            (is_directory(path, *entry) ? found_directories : found_files).push_back(prefix + name);
+    }
+    closedir(directory);
+    if (files != nullptr)
+        *files = std::move(found_files);
+    if (directories != nullptr)
+        *directories = std::move(found_directories);
+    return true;
+}
+
+double cutils_linux::get_dpi_scale()
+{
+    if (environment.scale > 0.0)
+        return environment.scale;
+    const auto services = get_desktop_services();
+    const double scale = services->query_dpi ? services->query_dpi() / dpi_of_scale_one : 1.0;
+    return scale >= 1.5 ? 2.0 : 1.0;
+}
+
+std::unique_ptr<iutils> make_system_utils()
+{
+    return std::make_unique<cutils_linux>("vendor", "veridial", read_user_environment());
+}
+
+} // namespace ov1

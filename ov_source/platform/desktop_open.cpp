@@ -1,0 +1,97 @@
+#include "platform/desktop_open.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <mutex>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// Openers that were started and not yet waited for. Each is reaped by the next opener's start.
+struct opener_list
+{
+    std::mutex mutex;
+    std::vector<pid_t> running;
+
+    void reap()
+    {
+        std::erase_if(running, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
+    }
+};
+
+opener_list& openers()
+{
+    static opener_list& list = *new opener_list;
+    return list;
+}
+
+bool is_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool is_scheme_character(char c) { return is_letter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.'; }
+
+bool spawn(const char* program, const std::string& argument, pid_t& child)
+{
+    posix_spawn_file_actions_t files;
+    posix_spawnattr_t attributes;
+    posix_spawn_file_actions_init(&files);
+    posix_spawnattr_init(&attributes);
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&files, descriptor, "/dev/null", O_RDWR, 0);
+    // A process group of its own: Ctrl-C in our terminal is not meant for the user's browser.
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setpgroup(&attributes, 0);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
+
+    std::string name = program;
+    std::string text = argument;
+    const std::array<char*, 3> arguments = {name.data(), text.data(), nullptr};
+    const int error = posix_spawnp(&child, program, &files, &attributes, arguments.data(), environ);
+    posix_spawnattr_destroy(&attributes);
+    posix_spawn_file_actions_destroy(&files);
+    return error == 0;
+}
+
+} // namespace
+
+bool is_url(std::string_view text)
+{
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos || colon + 1 == text.size() || !is_letter(text.front()))
+        return false;
+    const std::string_view scheme = text.substr(0, colon);
+    const auto is_printable = [](char c) { return c > ' ' && c != 127; };
+    return std::all_of(scheme.begin(), scheme.end(), is_scheme_character) &&
+           std::all_of(text.begin(), text.end(), is_printable);
+}
+
+std::string opener_argument(std::string_view text)
+{
+    const bool needs_folder = !is_url(text) && !text.starts_with('/');
+    return (needs_folder ? "./" : "") + std::string(text);
+}
+
+bool open_with_desktop(const std::string& text)
+{
+    if (text.empty())
+        return false;
+    const std::scoped_lock lock(openers().mutex);
+    openers().reap();
+    pid_t child = 0;
+    if (!spawn("xdg-open", opener_argument(text), child))
+        return false;
+    openers().running.push_back(child);
+    return true;
+}
+
+} // namespace ov1

@@ -1,0 +1,38 @@
+#include "platform/desktop_services.h"
+
+#include <mutex>
+
+namespace ov1
+{
+
+namespace
+{
+
+struct installed_services
+{
+    std::mutex mutex;
+    std::shared_ptr<const desktop_services> services = std::make_shared<desktop_services>();
+};
+
+installed_services& installed()
+{
+    static installed_services& all = *new installed_services; // as long-lived as the utilities that ask for it
+    return all;
+}
+
+} // namespace
+
+void install_desktop_services(desktop_services services)
+{
+    auto next = std::make_shared<const desktop_services>(std::move(services));
+    const std::scoped_lock lock(installed().mutex);
+    installed().services.swap(next);
+}
+
+std::shared_ptr<const desktop_services> get_desktop_services()
+{
+    const std::scoped_lock lock(installed().mutex);
+    return installed().services;
+}
+
+} // namespace ov1

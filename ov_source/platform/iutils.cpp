@@ -1,0 +1,29 @@
+#include "platform/iutils.h"
+
+#include <atomic>
+
+namespace ov1
+{
+
+namespace
+{
+
+std::atomic<iutils*> replacement_instance = nullptr;
+
+} // namespace
+
+iutils& iutils::get_instance()
+{
+    if (iutils* replacement = replacement_instance.load(std::memory_order_acquire))
+        return *replacement;
+    // Never destroyed: objects that end after main may still ask for it.
+    static iutils& system_instance = *make_system_utils().release();
+    return system_instance;
+}
+
+iutils* iutils::exchange_instance(iutils* replacement)
+{
+    return replacement_instance.exchange(replacement, std::memory_order_acq_rel);
+}
+
+} // namespace ov1
