@@ -1,0 +1,22 @@
+// The share of each of a pad's four directions at an angle.
+#pragma once
+
+#include <array>
+
+namespace ov1
+{
+
+/// Weights of directions 1 to 4, which sit at 0, 90, 180 and 270 degrees: linear between neighbours, summing to 1.
+/// The angle is in degrees, 0..360; 360 is 0 again.
+constexpr std::array<double, 4> angle_weights(double angle)
+{
+    if (angle < 90.0)
+        return {(90.0 - angle) / 90.0, angle / 90.0, 0.0, 0.0};
+    if (angle < 180.0)
+        return {0.0, (180.0 - angle) / 90.0, (angle - 90.0) / 90.0, 0.0};
+    if (angle < 270.0)
+        return {0.0, 0.0, (270.0 - angle) / 90.0, (angle - 180.0) / 90.0};
+    return {(angle - 270.0) / 90.0, 0.0, 0.0, (360.0 - angle) / 90.0};
+}
+
+} // namespace ov1

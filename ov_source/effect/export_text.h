@@ -1,0 +1,15 @@
+// What the texts of the exported formats share.
+#pragma once
+
+#include <string>
+
+namespace ov1
+{
+
+/// The first line of every exported file, line feed included. Creator and author may be empty.
+std::string generated_by_line(const std::string& creator, const std::string& author);
+
+/// The text with control characters and double quotes as blanks, so that a name cannot end its line or its quotes.
+std::string one_line(std::string text);
+
+} // namespace ov1

@@ -1,0 +1,40 @@
+// The values that a table is built from, as they stood at one moment.
+#pragma once
+
+#include "effect/parameter_table.h"
+
+#include <array>
+#include <cstring>
+
+namespace ov1
+{
+
+/// A plain copy of all parameters. A new one holds the defaults.
+struct grade_settings
+{
+    struct setting
+    {
+        float value; ///< in the parameter's own unit; the bypass is 0 or 1
+        float max;   ///< the record's upper bound, to which the wheels' units refer
+    };
+
+    std::array<setting, parameter_count> settings = []
+    {
+        std::array<setting, parameter_count> rows{};
+        for (std::size_t i = 0; i < parameter_count; ++i)
+            rows[i] = {0.0f, parameter_table[i].max};
+        return rows;
+    }();
+
+    double value(parameter_index i) const { return settings[static_cast<std::size_t>(i)].value; }
+    double max(parameter_index i) const { return settings[static_cast<std::size_t>(i)].max; }
+    bool bypass() const { return value(parameter_index::global_bypass) != 0.0; }
+
+    /// Byte by byte: -0.0 differs from 0.0. Equal settings give equal tables.
+    bool same_bytes(const grade_settings& other) const
+    {
+        return std::memcmp(settings.data(), other.settings.data(), sizeof settings) == 0;
+    }
+};
+
+} // namespace ov1

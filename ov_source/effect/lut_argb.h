@@ -1,0 +1,118 @@
+// A colour look-up table of fixed edge length and its trilinear lookup.
+#pragma once
+
+#include "shared/argb_float.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+/// The engine's internal colour unit runs from 0 to 65535; this is the single-precision 1 / 65535.
+inline constexpr float unit_per_u16 = 1.5259022e-05f;
+inline constexpr float u16_max = 65535.0f;
+
+/// Where a channel value falls on a grid axis: the two neighbouring grid indices and the way between them.
+struct grid_position
+{
+    std::size_t lower; ///< 0..edge-1
+    std::size_t upper; ///< lower + 1, or lower at the last grid point
+    float fraction;    ///< 0 <= fraction < 1
+};
+
+/// Position of a channel value (nominally 0..1) on an axis of edge grid points. Values outside are clamped; a NaN
+/// counts as 0, so that no input reads outside the table.
+template <std::size_t edge>
+constexpr grid_position grid_position_of(float channel)
+{
+    constexpr float last = static_cast<float>(edge - 1);
+    float x = channel * last;
+    x = x > 0.0f ? x : 0.0f; // a NaN fails the comparison
+    x = x < last ? x : last;
+    const auto lower = static_cast<std::size_t>(x);
+    return {lower, (lower < edge - 2 ? lower : edge - 2) + 1, x - static_cast<float>(lower)};
+}
+
+constexpr float lerp(float from, float to, float way) { return from + (to - from) * way; }
+
+/// All four channels alike, alpha included.
+constexpr argb_float lerp(const argb_float& from, const argb_float& to, float way)
+{
+    return {lerp(from.a, to.a, way), lerp(from.r, to.r, way), lerp(from.g, to.g, way), lerp(from.b, to.b, way)};
+}
+
+/// edge x edge x edge colours. Grid point (r, g, b), each 0..edge-1, stands for the input r / (edge - 1) and so on; it
+/// is kept at index (r * edge + g) * edge + b, red outermost, blue innermost. Values are display-referred code values,
+/// nominally 0..1, never clamped by the container. A plain value: copied, moved, no locks.
+template <std::size_t edge>
+class lut_argb
+{
+public:
+    static constexpr std::size_t edge_length = edge;
+    static constexpr std::size_t entry_count = edge * edge * edge;
+
+    enum class init_mode : int
+    {
+        identity = 0,
+        black = 1, ///< alpha 1
+        white = 2, ///< alpha 1
+        none = 3,  ///< all four channels 0
+    };
+
+    explicit lut_argb(init_mode mode = init_mode::identity);
+
+    /// Rewrites the whole table as the identity, alpha 1.
+    void init();
+
+    /// The entry at a grid point. Throws std::out_of_range when an index is edge or more.
+    const argb_float& get_direct(std::size_t r, std::size_t g, std::size_t b) const;
+
+    /// The trilinear interpolation of the eight entries around a colour, red first, then green, then blue.
+    /// Channels outside 0..1 are clamped and a NaN counts as 0; the alpha of c is ignored; the result is not clamped
+    /// and its alpha is the table's. Safe from several threads.
+    argb_float lookup(const argb_float& c) const
+    {
+        const grid_position r = grid_position_of<edge>(c.r);
+        const grid_position g = grid_position_of<edge>(c.g);
+        const grid_position b = grid_position_of<edge>(c.b);
+        const argb_float* e = entries.data();
+        const auto along_red = [&](std::size_t gi, std::size_t bi)
+        { return lerp(e[index(r.lower, gi, bi)], e[index(r.upper, gi, bi)], r.fraction); };
+        const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
+        const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
+        return lerp(c0, c1, b.fraction);
+    }
+
+    /// The table with these entries, alpha included, in index order.
+    static lut_argb from_std_array(const std::array<argb_float, entry_count>& values);
+
+    /// Decodes the binary table format (bin_lut.h). Bytes of another size or edge length give the identity.
+    static lut_argb from_vec(const std::vector<unsigned char>& bytes);
+
+    /// Reads a resource of the product in the binary table format; the identity where it cannot be read.
+    static lut_argb from_bin_resource(const std::string& name);
+
+    static constexpr std::size_t index(std::size_t r, std::size_t g, std::size_t b)
+    {
+        return (r * edge + g) * edge + b;
+    }
+
+    /// The entries in index order. Their number never changes.
+    std::vector<argb_float>& get_entries() { return entries; }
+    const std::vector<argb_float>& get_entries() const { return entries; }
+
+    bool operator==(const lut_argb&) const = default;
+
+protected:
+    std::vector<argb_float> entries;
+};
+
+/// The edge length of every table that the effect builds or loads.
+inline constexpr std::size_t lut_edge = 17;
+
+extern template class lut_argb<lut_edge>;
+
+} // namespace ov1

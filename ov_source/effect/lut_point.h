@@ -1,0 +1,24 @@
+// A colour point that bends the grid.
+#pragma once
+
+#include "shared/argb_float.h"
+
+#include <vector>
+
+namespace ov1
+{
+
+/// Moves the colours around source by target - source, fading with distance. Ten floats.
+struct lut_point
+{
+    argb_float source;         ///< the colour that is moved; r, g, b in 0..65535, alpha unused
+    argb_float target;         ///< where it goes, in the same units
+    float radius = 1.0f;       ///< reach as given by the user, 1..256; outside is limited
+    float radius_scale = 0.0f; ///< derived by lut::update, never read before that
+};
+
+static_assert(sizeof(lut_point) == 40);
+
+inline const std::vector<lut_point> no_lut_points;
+
+} // namespace ov1

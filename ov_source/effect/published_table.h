@@ -1,0 +1,37 @@
+// A table with the values it was built from, as renderers take it.
+#pragma once
+
+#include "effect/grade_settings.h"
+#include "effect/render_table.h"
+#include "framework/row_renderer.h"
+
+#include <optional>
+
+namespace ov1
+{
+
+/// Published whole and never changed; whoever holds it renders all its pixels alike.
+class published_table : public row_renderer
+{
+public:
+    /// Without settings the table stands for no values: it is out of date from the start.
+    published_table(const lut_argb<lut_edge>& table, std::optional<grade_settings> built_from)
+        : table(table)
+        , built_from(built_from)
+    {
+    }
+
+    void render_row(std::size_t, const argb_float* in, argb_float* out, std::size_t count) const override
+    {
+        table.render_row(in, out, count);
+    }
+
+    const lut_argb<lut_edge>& get_table() const { return table.get_table(); }
+    bool is_built_from(const grade_settings& settings) const { return built_from && built_from->same_bytes(settings); }
+
+private:
+    render_table table;
+    std::optional<grade_settings> built_from;
+};
+
+} // namespace ov1

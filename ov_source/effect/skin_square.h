@@ -1,0 +1,35 @@
+// The skin pad's angle, mapped onto the border of a square.
+#pragma once
+
+namespace ov1
+{
+
+/// A point on the border of the square of half-side 100 around the origin.
+struct skin_square
+{
+    double u; ///< 100 at angle 0: more colour; -100 at 180: less
+    double v; ///< -100 at angle 90: yellowish; 100 at 270: reddened
+};
+
+/// The border point of an angle in degrees, 0..360. The corners lie at 45, 135, 225 and 315 degrees.
+constexpr skin_square skin_square_of(double angle)
+{
+    constexpr double slope = 2.2222223; // 100 over 45 degrees, rounded up: the corners are reached, never missed
+    if (angle <= 45.0)
+        return {100.0, -slope * angle};
+    if (angle <= 90.0)
+        return {100.0 - slope * (angle - 45.0), -100.0};
+    if (angle <= 135.0)
+        return {-slope * (angle - 90.0), -100.0};
+    if (angle <= 180.0)
+        return {-100.0, -100.0 + slope * (angle - 135.0)};
+    if (angle <= 225.0)
+        return {-100.0, slope * (angle - 180.0)};
+    if (angle <= 270.0)
+        return {-100.0 + slope * (angle - 225.0), 100.0};
+    if (angle <= 315.0)
+        return {slope * (angle - 270.0), 100.0};
+    return {100.0, 100.0 - slope * (angle - 315.0)};
+}
+
+} // namespace ov1

@@ -1,0 +1,72 @@
+#include "effect/skin_tones.h"
+
+#include "effect/lut_utils.h"
+#include "effect/skin_data.h"
+
+#include <cmath>
+
+namespace ov1::lut_utils
+{
+
+namespace
+{
+
+constexpr double least_push = 0.001;
+constexpr double most_chroma_percent = 40.0;
+
+template <std::size_t edge>
+void protect_skin(lut_argb<edge>& table, double amount)
+{
+    const lut_argb<edge> identity;
+    auto& entries = table.get_entries();
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i] = lerp(entries[i], identity.get_entries()[i],
+                          static_cast<float>(lut_masks::select_skintones.weights[i] * amount));
+}
+
+/// The conversion of add_chroma lifts every entry by 256 / 255. Against the table that a push of 0 gives, only what the
+/// push itself does is left, and nothing outside the mask moves.
+template <std::size_t edge>
+void push_chroma(lut_argb<edge>& table, int percent)
+{
+    if (percent == 0)
+        return;
+    lut_argb<edge> working;
+    lut_argb<edge> still;
+    add_chroma(working, percent, lut_masks::select_skintones_extreme, mask_mode::complement);
+    add_chroma(still, 0, lut_masks::select_skintones_extreme, mask_mode::complement);
+    add(working, still, -1.0f, false);
+    add(table, working, 1.0f, true);
+}
+
+/// Adds what a reference table does to skin.
+template <std::size_t edge>
+void push_towards(lut_argb<edge>& table, const lut_argb<edge>& reference, double amount)
+{
+    lut_argb<edge> working;
+    lut_masks::select_skintones.mix(working, reference, mask_mode::as_is);
+    add(table, working, static_cast<float>(amount), true);
+}
+
+} // namespace
+
+template <std::size_t edge>
+void modify_skin_tones(lut_argb<edge>& table, double protect, double chroma_push, double hue_push,
+                       const lut_argb<edge>& yellowish, const lut_argb<edge>& reddened, double brightness,
+                       const lut_argb<edge>& lighter, const lut_argb<edge>& darker)
+{
+    if (protect > 0.0)
+        protect_skin(table, protect);
+    if (std::abs(chroma_push) >= least_push)
+        push_chroma(table, static_cast<int>(chroma_push * most_chroma_percent));
+    if (std::abs(hue_push) >= least_push)
+        push_towards(table, hue_push > 0.0 ? yellowish : reddened, std::abs(hue_push));
+    if (std::abs(brightness) >= least_push)
+        push_towards(table, brightness > 0.0 ? lighter : darker, std::abs(brightness));
+}
+
+template void modify_skin_tones<lut_edge>(lut_argb<lut_edge>&, double, double, double, const lut_argb<lut_edge>&,
+                                          const lut_argb<lut_edge>&, double, const lut_argb<lut_edge>&,
+                                          const lut_argb<lut_edge>&);
+
+} // namespace ov1::lut_utils

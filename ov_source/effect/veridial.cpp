@@ -1,0 +1,258 @@
+#include "effect/veridial.h"
+
+#include "effect/build_lut.h"
+#include "effect/lut_argb_variable.h"
+#include "effect/veridial_parameters.h"
+#include "framework/cparameter_continuous_v1.h"
+#include "framework/create_ccomponent.h"
+#include "framework/editor_factory.h"
+#include "framework/iview_v1.h"
+#include "framework/preview_sink.h"
+
+#include <optional>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr uid lut_exporter_id = make_uid("lut_exporter");
+
+/// Read by the first instance, shared by all until the process ends.
+struct shared_tables
+{
+    veridial_luts looks;
+    skin_tables skin;
+};
+
+const shared_tables& get_shared_tables()
+{
+    static const auto tables = std::make_shared<const shared_tables>();
+    return *tables;
+}
+
+struct wheel_place
+{
+    zone z;
+    zone_control control;
+};
+
+/// Which wheel's control a parameter is, if any.
+std::optional<wheel_place> wheel_place_of(uid id)
+{
+    for (const zone z : all_zones)
+        for (const auto control : {zone_control::chroma, zone_control::range, zone_control::lightness})
+            if (make_uid(parameter_table[static_cast<std::size_t>(zone_parameter(z, control))].name) == id)
+                return wheel_place{z, control};
+    return std::nullopt;
+}
+
+} // namespace
+
+std::shared_ptr<icomponent_v1> create_ccomponent() { return std::make_shared<veridial>(); }
+
+veridial::veridial() { publish_identity(); }
+
+bool veridial::query_interface(const std::string& name, iobject** out)
+{
+    if (answer_query(lut_exporter_id, static_cast<lut_exporter*>(this), name, out))
+        return true;
+    return ccomponent_v1::query_interface(name, out);
+}
+
+std::shared_ptr<iview_v1> veridial::create_view()
+{
+    set_view(create_editor(get_self()));
+    return get_view();
+}
+
+void veridial::init_component()
+{
+    const std::weak_ptr<icomponent_v1> self = get_self();
+    for (std::size_t i = 0; i < parameter_count; ++i)
+    {
+        const parameter_row& row = parameter_table[i];
+        if (static_cast<parameter_index>(i) == parameter_index::global_bypass)
+            parameters[i] = std::make_shared<veridial_bypass_parameter>(self, row.name, false);
+        else
+            parameters[i] = std::make_shared<cparameter_continuous_v1>(self, row.name, row.min, row.max, 0.0f);
+        register_parameter(parameters[i]);
+    }
+    get_shared_tables();
+}
+
+void veridial::notify(event e)
+{
+    switch (e.type)
+    {
+    case event_kind::initialized:
+        publish_identity();
+        break;
+    case event_kind::edited:
+        parameter_was_set(e.id, true);
+        break;
+    case event_kind::changed:
+        parameter_was_set(e.id, false);
+        break;
+    case event_kind::render_begins:
+        bring_up_to_date();
+        break;
+    case event_kind::preview_rendered:
+        hand_preview_over(e);
+        break;
+    default:
+        break;
+    }
+}
+
+void veridial::restore_started()
+{
+    const std::scoped_lock guard(legacy_mutex);
+    legacy.forget();
+}
+
+void veridial::handle_unknown_parameter(uid id, const param_value& value, bool edit)
+{
+    ccomponent_v1::handle_unknown_parameter(id, value, edit);
+    const auto greenery_angle = static_cast<float>(read_settings().value(parameter_index::greenery_angle));
+    std::vector<parameter_change> changes;
+    {
+        const std::scoped_lock guard(legacy_mutex);
+        changes = legacy.map(id, value, greenery_angle);
+    }
+    for (const parameter_change& change : changes)
+        set_parameter(change.parameter, change.value, edit);
+}
+
+grade_settings veridial::read_settings() const
+{
+    grade_settings settings;
+    with_records_locked(
+        [&]
+        {
+            for (std::size_t i = 0; i < parameter_count; ++i)
+            {
+                if (parameters[i] == nullptr) // not initialized yet: the defaults
+                    continue;
+                const param_value& record = parameters[i]->record_under_lock();
+                if (record.type == param_type::boolean)
+                    settings.settings[i].value = record.value.as_boolean() ? 1.0f : 0.0f;
+                else
+                    settings.settings[i] = {record.value.as_continuous(), record.max.as_continuous()};
+            }
+        });
+    return settings;
+}
+
+void veridial::bring_up_to_date()
+{
+    const std::scoped_lock guard(build_mutex);
+    const grade_settings settings = read_settings();
+    if (get_published()->is_built_from(settings))
+        return;
+    const shared_tables& shared = get_shared_tables();
+    build_lut(settings, shared.looks, shared.skin, working);
+    publish(std::make_shared<const published_table>(working, settings));
+}
+
+void veridial::publish_identity()
+{
+    const std::scoped_lock guard(build_mutex);
+    working.update(no_lut_points);
+    publish(std::make_shared<const published_table>(working, std::nullopt));
+}
+
+void veridial::publish(std::shared_ptr<const published_table> table)
+{
+    // The old table dies, if here, after the mutex is free.
+    const std::scoped_lock guard(publish_mutex);
+    published.swap(table);
+}
+
+std::shared_ptr<const published_table> veridial::get_published() const
+{
+    const std::scoped_lock guard(publish_mutex);
+    return published;
+}
+
+std::shared_ptr<const row_renderer> veridial::get_row_renderer() { return get_published(); }
+
+void veridial::render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
+{
+    get_published()->render_row(y, in, out, count);
+}
+
+void veridial::render_pixel(std::size_t, std::size_t, const argb_float& in, argb_float& out)
+{
+    out = get_published()->get_table().lookup(in);
+}
+
+bool veridial::get_lut(lut_argb_variable* out)
+{
+    if (out == nullptr)
+        return false;
+    bring_up_to_date();
+    *out = lut_argb_variable::from_lut_argb(get_published()->get_table());
+    return true;
+}
+
+void veridial::get_chroma_luma(int zone_index, double& chroma, double& luma)
+{
+    const chroma_luma wanted = chroma_luma_of(read_settings(), all_zones.at(static_cast<std::size_t>(zone_index)));
+    chroma = wanted.chroma;
+    luma = wanted.luma;
+}
+
+void veridial::set_parameter(parameter_index i, float value, bool edit)
+{
+    const auto& parameter = parameters[static_cast<std::size_t>(i)];
+    if (parameter == nullptr)
+        return;
+    param_value record = parameter->get_param_value();
+    record.value = param_cell::of(value);
+    parameter->set_param_value(record, edit);
+}
+
+void veridial::parameter_was_set(uid id, bool edit)
+{
+    const auto place = wheel_place_of(id);
+    if (!place)
+        return;
+    const auto [z, control] = *place;
+    const bool is_chroma = control == zone_control::chroma;
+    if (!edit && (is_chroma ? updating_lightness : updating_chroma))
+        return; // the coupling's own set
+    if (!edit && !is_restoring())
+        is_chroma ? couple_lightness(z) : couple_chroma(z);
+    wheels.note(z, control, static_cast<float>(read_settings().value(zone_parameter(z, control))));
+}
+
+void veridial::couple_chroma(zone z)
+{
+    updating_lightness = true;
+    set_parameter(zone_parameter(z, zone_control::chroma),
+                  static_cast<float>(coupled_chroma(read_settings(), z, wheels.last_chroma(z))), false);
+    updating_lightness = false;
+}
+
+void veridial::couple_lightness(zone z)
+{
+    updating_chroma = true;
+    set_parameter(zone_parameter(z, zone_control::lightness),
+                  static_cast<float>(coupled_lightness(read_settings(), z, wheels.last_lightness(z))), false);
+    updating_chroma = false;
+}
+
+void veridial::hand_preview_over(const event& e)
+{
+    const auto view = get_view();
+    const auto picture = e.destination.lock();
+    if (view == nullptr || picture == nullptr || !view->is_open())
+        return;
+    if (auto* sink = dynamic_cast<preview_sink*>(view.get()))
+        sink->set_preview_image(*picture);
+}
+
+} // namespace ov1

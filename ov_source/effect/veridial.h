@@ -1,0 +1,79 @@
+// The effect: its parameters, and the table that follows from them.
+#pragma once
+
+#include "effect/grade_settings.h"
+#include "effect/legacy_parameters.h"
+#include "effect/lut.h"
+#include "effect/published_table.h"
+#include "effect/wheel_memory.h"
+#include "effect/zone_colour.h"
+#include "framework/ccomponent_v1.h"
+#include "framework/cparameter_v1.h"
+#include "framework/lut_exporter.h"
+
+#include <array>
+#include <atomic>
+#include <memory>
+#include <mutex>
+
+namespace ov1
+{
+
+/// Parameters may be set and tables rendered and rebuilt from any thread. A table is built from one copy of all values,
+/// under a mutex that renderers never take, and published whole: a renderer in use keeps the table it was taken with.
+class veridial : public ccomponent_v1, public lut_exporter
+{
+public:
+    veridial();
+
+    /// Answers "lut_exporter" and the component's own name.
+    bool query_interface(const std::string& name, iobject** out) override;
+    /// Makes the editor through the installed factory; null where none is installed.
+    std::shared_ptr<iview_v1> create_view() override;
+    void init_component() override;
+    void notify(event e) override;
+    void handle_unknown_parameter(uid id, const param_value& value, bool edit) override;
+
+    /// With the table published now. Loops over pixels take get_row_renderer instead: this fetches it for every pixel.
+    void render_pixel(std::size_t x, std::size_t y, const argb_float& in, argb_float& out) override;
+    void render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count) override;
+    std::shared_ptr<const row_renderer> get_row_renderer() override;
+
+    [[nodiscard]] bool get_lut(lut_argb_variable* out) override;
+
+    /// What the zone's wheel asks for, in percent.
+    void get_chroma_luma(int zone_index, double& chroma, double& luma);
+
+protected:
+    void restore_started() override;
+
+private:
+    grade_settings read_settings() const;
+    void set_parameter(parameter_index i, float value, bool edit);
+
+    void bring_up_to_date();
+    void publish(std::shared_ptr<const published_table> table);
+    std::shared_ptr<const published_table> get_published() const;
+    void publish_identity();
+
+    void parameter_was_set(uid id, bool edit);
+    void couple_chroma(zone z);
+    void couple_lightness(zone z);
+    void hand_preview_over(const event& e);
+
+    std::array<std::shared_ptr<cparameter_v1>, parameter_count> parameters;
+
+    std::mutex build_mutex; ///< serialises builds; guards working
+    lut<lut_edge> working;
+    mutable std::mutex publish_mutex; ///< guards the pointer for the length of a copy
+    std::shared_ptr<const published_table> published;
+
+    wheel_memory wheels;
+    std::atomic<bool> updating_lightness = false; ///< a lightness or range change is setting the chroma
+    std::atomic<bool> updating_chroma = false;    ///< a chroma change is setting the lightness
+
+    std::mutex legacy_mutex;
+    legacy_parameters legacy;
+};
+
+} // namespace ov1

@@ -1,0 +1,50 @@
+// The eighteen look tables of the product.
+#pragma once
+
+#include "effect/lut_argb.h"
+#include "effect/zone.h"
+
+#include <array>
+
+namespace ov1
+{
+
+/// Read once from the product's resources; a table that cannot be read is the identity, and its look does nothing.
+/// Never changed afterwards, so it is read from any thread.
+class veridial_luts
+{
+public:
+    using table = lut_argb<lut_edge>;
+    /// Directions 1 to 4 of a pad: up, left, down, right.
+    using directions = std::array<const table*, 4>;
+
+    veridial_luts();
+
+    directions film_contrast() const;
+    directions sky() const;
+    directions greenery() const;
+    /// The zone's table for more or for less saturation.
+    const table& saturation(zone z, bool more) const;
+
+private:
+    table filmkontrast_100;
+    table filmkontrast_minus100;
+    table film_contrast_highlights_north;
+    table film_contrast_shadows_south;
+    table sky_100;
+    table sky_minus100;
+    table sky_bright_purple;
+    table sky_dark_turquoise;
+    table greenery_bright;
+    table greenery_olive;
+    table greenery_yellow;
+    table greenery_irish;
+    table saturation100_schatten;
+    table saturation_minus100_schatten;
+    table saturation100_mitten;
+    table saturation_minus100_mitten;
+    table saturation100_lichter;
+    table saturation_minus100_lichter;
+};
+
+} // namespace ov1

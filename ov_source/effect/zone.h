@@ -1,0 +1,54 @@
+// The three zones of lightness that a wheel grades, and their constants.
+#pragma once
+
+#include "effect/parameter_table.h"
+
+#include <array>
+#include <cstddef>
+
+namespace ov1
+{
+
+enum class zone : std::size_t
+{
+    shadows,
+    mids,
+    highlights,
+};
+
+inline constexpr std::array<zone, 3> all_zones{zone::shadows, zone::mids, zone::highlights};
+
+/// A wheel's controls, in the order in which its parameters are registered.
+enum class zone_control : std::size_t
+{
+    hue,
+    chroma,
+    range,
+    lightness,
+    smoothness,
+    saturation,
+};
+
+struct zone_constants
+{
+    double lightness_percent; ///< the zone's place on the grey axis
+    double reach;             ///< the radius of its lut_point, 1..256
+    double chroma_scale;      ///< chroma in percent at the wheel's rim
+};
+
+constexpr zone_constants constants_of(zone z)
+{
+    constexpr std::array<zone_constants, 3> rows{{{23, 75, 55}, {50, 90, 50}, {78, 90, 44}}};
+    return rows[static_cast<std::size_t>(z)];
+}
+
+constexpr parameter_index zone_parameter(zone z, zone_control control)
+{
+    return static_cast<parameter_index>(static_cast<std::size_t>(parameter_index::shadows_hue) +
+                                        static_cast<std::size_t>(z) * 6 + static_cast<std::size_t>(control));
+}
+
+static_assert(zone_parameter(zone::mids, zone_control::lightness) == parameter_index::mids_lightness);
+static_assert(zone_parameter(zone::highlights, zone_control::saturation) == parameter_index::highlights_saturation);
+
+} // namespace ov1

@@ -1,0 +1,225 @@
+#include "effect/lut_argb.h"
+
+#include "effect/bin_lut.h"
+#include "effect/lut.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace ov1
+{
+namespace
+{
+
+using table = lut_argb<17>;
+
+/// A table whose every entry differs, so that swapped axes and wrong corners show.
+table scrambled()
+{
+    table t(table::init_mode::none);
+    std::mt19937 engine(17);
+    std::uniform_real_distribution<float> any(-0.5f, 1.5f);
+    for (argb_float& entry : t.get_entries())
+        entry = {any(engine), any(engine), any(engine), any(engine)};
+    return t;
+}
+
+/// Trilinear interpolation as eight weighted corners, in double precision: another road to the same value.
+double weighted_corners(const table& t, const argb_float& c, float argb_float::*channel)
+{
+    const auto axis = [](float v) { return std::min(std::max(v * 16.0, 0.0), 16.0); };
+    const double x[3] = {axis(c.r), axis(c.g), axis(c.b)};
+    double sum = 0.0;
+    for (int corner = 0; corner < 8; ++corner)
+    {
+        double weight = 1.0;
+        std::size_t at[3];
+        for (int i = 0; i < 3; ++i)
+        {
+            const double low = std::min(std::floor(x[i]), 15.0);
+            const bool upper = (corner >> i & 1) != 0;
+            weight *= upper ? x[i] - low : 1.0 - (x[i] - low);
+            at[i] = static_cast<std::size_t>(low) + upper;
+        }
+        sum += weight * t.get_direct(at[0], at[1], at[2]).*channel;
+    }
+    return sum;
+}
+
+TEST(lut_argb, modes_fill_as_named)
+{
+    const struct
+    {
+        table::init_mode mode;
+        argb_float first, last;
+    } rows[] = {
+        {table::init_mode::identity, {1, 0, 0, 0}, {1, 1, 1, 1}},
+        {table::init_mode::black, {1, 0, 0, 0}, {1, 0, 0, 0}},
+        {table::init_mode::white, {1, 1, 1, 1}, {1, 1, 1, 1}},
+        {table::init_mode::none, {0, 0, 0, 0}, {0, 0, 0, 0}},
+        {static_cast<table::init_mode>(9), {0, 0, 0, 0}, {0, 0, 0, 0}},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(static_cast<int>(row.mode));
+        const table t(row.mode);
+        EXPECT_EQ(t.get_entries().size(), 4913u);
+        EXPECT_EQ(t.get_entries().front(), row.first);
+        EXPECT_EQ(t.get_entries().back(), row.last);
+    }
+}
+
+TEST(lut_argb, red_is_the_slowest_axis_and_blue_the_fastest)
+{
+    const table t;
+    EXPECT_EQ(&t.get_direct(2, 3, 5), &t.get_entries()[2 * 289 + 3 * 17 + 5]);
+    const argb_float c = t.get_direct(2, 3, 5);
+    EXPECT_FLOAT_EQ(c.r, 2 / 16.0f);
+    EXPECT_FLOAT_EQ(c.g, 3 / 16.0f);
+    EXPECT_FLOAT_EQ(c.b, 5 / 16.0f);
+    EXPECT_THROW(t.get_direct(0, 0, 17), std::out_of_range) << "would be a neighbour's entry";
+    EXPECT_THROW(t.get_direct(17, 0, 0), std::out_of_range);
+}
+
+TEST(lut_argb, lookup_is_the_sum_of_the_weighted_corners)
+{
+    const table t = scrambled();
+    std::mt19937 engine(4);
+    std::uniform_real_distribution<float> any(-0.2f, 1.2f);
+    for (int i = 0; i < 20'000; ++i)
+    {
+        const argb_float c{0.0f, any(engine), any(engine), any(engine)};
+        const argb_float got = t.lookup(c);
+        // Seven roundings of values below 2.
+        for (const auto channel : {&argb_float::a, &argb_float::r, &argb_float::g, &argb_float::b})
+            ASSERT_NEAR(got.*channel, weighted_corners(t, c, channel), 2e-6) << c.r << ' ' << c.g << ' ' << c.b;
+    }
+}
+
+TEST(lut_argb, lookup_of_a_grid_point_is_its_entry_to_the_bit)
+{
+    const table t = scrambled();
+    for (std::size_t r = 0; r < 17; ++r)
+        for (std::size_t g = 0; g < 17; ++g)
+            for (std::size_t b = 0; b < 17; ++b)
+                ASSERT_EQ(t.lookup({0, r / 16.0f, g / 16.0f, b / 16.0f}), t.get_direct(r, g, b));
+}
+
+TEST(lut_argb, lookup_clamps_what_lies_outside_and_takes_nan_as_zero)
+{
+    constexpr float inf = std::numeric_limits<float>::infinity();
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    constexpr float big = std::numeric_limits<float>::max();
+    const table t = scrambled();
+    const struct
+    {
+        float given, same_as;
+    } rows[] = {{-0.001f, 0}, {1.001f, 1}, {-inf, 0}, {inf, 1}, {big, 1}, {-big, 0}, {nan, 0}, {-nan, 0}, {-0.0f, 0}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.given);
+        EXPECT_EQ(t.lookup({0, row.given, 0.3f, 0.7f}), t.lookup({0, row.same_as, 0.3f, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, row.given, 0.7f}), t.lookup({0, 0.3f, row.same_as, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, 0.7f, row.given}), t.lookup({0, 0.3f, 0.7f, row.same_as}));
+    }
+}
+
+TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
+{
+    const table t = scrambled();
+    const auto bytes = write_bin_lut(t.get_entries(), 17);
+    ASSERT_EQ(bytes.size(), 58'958u);
+    const table back = table::from_vec(bytes);
+    for (std::size_t i = 0; i < t.get_entries().size(); ++i)
+    {
+        const argb_float& e = t.get_entries()[i];
+        ASSERT_EQ(back.get_entries()[i], (argb_float{1.0f, e.r, e.g, e.b}));
+    }
+
+    auto header_33 = bytes;
+    header_33[0] = 33;
+    auto header_273 = bytes; // 17 + 256: the second byte counts
+    header_273[1] = 1;
+    auto longer = bytes;
+    longer.push_back(0);
+    auto shorter = bytes;
+    shorter.pop_back();
+    for (const auto& damaged : {header_33, header_273, longer, shorter, std::vector<unsigned char>{}, {17, 0}})
+        EXPECT_EQ(table::from_vec(damaged), table());
+}
+
+TEST(lut, no_points_and_points_that_stay_give_the_identity)
+{
+    lut<17> t;
+    EXPECT_EQ(t.get_entries(), table().get_entries());
+    const argb_float grey{0, 30000, 31000, 32000};
+    t.update({{grey, grey, 140, 0}});
+    EXPECT_EQ(t.get_entries(), table().get_entries());
+}
+
+TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
+{
+    // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
+    constexpr float step = 4095.9375f;
+    const argb_float source{0, 4 * step, 8 * step, 12 * step};
+    lut<17> t;
+    t.update({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
+
+    const auto moved = [&](std::size_t r, std::size_t g, std::size_t b)
+    {
+        const argb_float to = t.get_direct(r, g, b);
+        const argb_float from = table().get_direct(r, g, b);
+        return std::array{(to.r - from.r) * 65535, (to.g - from.g) * 65535, (to.b - from.b) * 65535};
+    };
+    // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
+    constexpr float tolerance = 0.05f;
+    const auto at_source = moved(4, 8, 12);
+    EXPECT_NEAR(at_source[0], 1000, tolerance);
+    EXPECT_NEAR(at_source[1], -2000, tolerance);
+    EXPECT_NEAR(at_source[2], 3000, tolerance);
+    const auto one_step_off = moved(4, 9, 12);
+    EXPECT_NEAR(one_step_off[2], 3000 * (1 - step / 10816), tolerance);
+    const auto beyond = moved(4, 8, 9); // three steps are farther than the reach
+    EXPECT_EQ(beyond[0], 0);
+}
+
+TEST(lut, radius_is_limited_to_1_and_256_and_offsets_add_up)
+{
+    constexpr float step = 4095.9375f;
+    const argb_float source{0, 5 * step, 5 * step, 5 * step};
+    const argb_float target{0, source.r + 6553.5f, source.g, source.b};
+    const auto made = [&](std::vector<lut_point> points)
+    {
+        lut<17> t;
+        t.update(std::move(points));
+        return t.get_entries();
+    };
+    EXPECT_EQ(made({{source, target, 300, 0}}), made({{source, target, 256, 0}}));
+    EXPECT_EQ(made({{source, target, -5, 0}}), made({{source, target, 1, 0}}));
+
+    const auto widest = made({{source, target, 256, 0}}); // reach 262,144: every grid point moves
+    EXPECT_GT(widest.back().r * 65535 + 6553.5f, 65535);
+    EXPECT_NEAR(widest.front().r * 65535, 6553.5 * (1 - std::sqrt(75.0) * step / 262144), 0.3);
+
+    const auto narrow = made({{source, target, 1, 0}}); // reach 4: its own grid point only
+    std::size_t changed = 0;
+    for (std::size_t i = 0; i < narrow.size(); ++i)
+        changed += narrow[i] != table().get_entries()[i];
+    EXPECT_EQ(changed, 1u);
+
+    const auto twice = made({{source, target, 1, 0}, {source, target, 1, 0}});
+    EXPECT_NEAR(twice[table::index(5, 5, 5)].r, 5 / 16.0 + 0.2, 1e-6);
+}
+
+TEST(lut, values_are_limited_to_the_unit_range)
+{
+    const argb_float black{};
+    lut<17> t;
+    t.update({{black, {0, -50000, 90000, 0}, 256, 0}});
+    EXPECT_EQ(t.get_direct(0, 0, 0), (argb_float{1, 0, 1, 0}));
+}
+
+} // namespace
+} // namespace ov1
