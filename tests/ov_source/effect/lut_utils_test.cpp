@@ -121,7 +121,8 @@ TEST(lut_utils_add_chroma, ramps_in_above_one_percent)
     {
         SCOPED_TRACE(row.chroma);
         const auto half = static_cast<float>(row.chroma / 200);
-        // At 100 the largest channel is capped at 1. Tolerance: two channels of whole thousandths, and the float of the entry.
+        // At 100 the largest channel is capped at 1. Tolerance: two channels of whole thousandths, and the float of the
+        // entry.
         EXPECT_NEAR(chroma_after({1, 0.5f + half, 0.5f, 0.5f - half}, row.amount, row.weight), row.expected, 0.005);
     }
 }
