@@ -1,0 +1,21 @@
+// How an effect gets its editor without knowing a toolkit.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace ov1
+{
+
+class icomponent_v1;
+class iview_v1;
+
+using editor_factory = std::function<std::shared_ptr<iview_v1>(std::weak_ptr<icomponent_v1>)>;
+
+/// For the whole process, from any thread; replaces the one before, and an empty one removes it.
+void install_editor_factory(editor_factory factory);
+
+/// A new editor for the component; null when no factory is installed, as in a program without windows.
+std::shared_ptr<iview_v1> create_editor(std::weak_ptr<icomponent_v1> component);
+
+} // namespace ov1

@@ -1,0 +1,26 @@
+// Marks the time in which a component is given back values that belong together.
+#pragma once
+
+#include "framework/icomponent_v1.h"
+
+namespace ov1
+{
+
+/// The restore lasts as long as the scope; scopes nest, within the component's own too. The component outlives it.
+class restore_scope
+{
+public:
+    explicit restore_scope(icomponent_v1& component)
+        : component(component)
+    {
+        component.begin_restore();
+    }
+    ~restore_scope() { component.end_restore(); }
+    restore_scope(const restore_scope&) = delete;
+    restore_scope& operator=(const restore_scope&) = delete;
+
+private:
+    icomponent_v1& component;
+};
+
+} // namespace ov1
