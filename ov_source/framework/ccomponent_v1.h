@@ -86,7 +86,7 @@ private:
 
     parameter_list copy_parameters() const;
     std::shared_ptr<iparameter_v1> find_bypass() const;
-    void restore(const std::vector<std::uint8_t>& state);
+    void restore(std::vector<std::uint8_t> state);
     bool view_is_open();
     bool is_in_gesture();
 

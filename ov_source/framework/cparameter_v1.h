@@ -52,8 +52,8 @@ private:
     enum class outcome
     {
         dropped,
-        same_value,
-        new_value,
+        unchanged,
+        changed,
     };
     outcome take(param_value v);
     void tell_view(bool edit);

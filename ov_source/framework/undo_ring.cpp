@@ -1,0 +1,70 @@
+#include "framework/undo_ring.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr int slot_mask = undo_ring::slot_count - 1;
+static_assert((undo_ring::slot_count & slot_mask) == 0);
+
+} // namespace
+
+int undo_ring::store(bytes state, bool advance)
+{
+    const int stored = position;
+    slots[stored & slot_mask] = std::move(state);
+    oldest_intact = std::max(oldest_intact, stored - slot_mask);
+    if (advance)
+    {
+        // Reached by steps beyond range(): of what lies below, nothing is left.
+        oldest_intact = std::min(oldest_intact, stored);
+        position += 1;
+        top = position;
+        depth = std::min(position, slot_count);
+    }
+    return stored;
+}
+
+std::optional<undo_ring::bytes> undo_ring::step_back()
+{
+    if (bottom() >= position)
+        return std::nullopt;
+    return move_to(position - 1);
+}
+
+std::optional<undo_ring::bytes> undo_ring::step_forward()
+{
+    if (position >= top)
+        return std::nullopt;
+    return move_to(position + 1);
+}
+
+std::optional<undo_ring::bytes> undo_ring::jump(int to)
+{
+    if (to == position || to > top || to < bottom())
+        return std::nullopt;
+    return move_to(to);
+}
+
+void undo_ring::flush()
+{
+    top = depth = position = oldest_intact = 0;
+    slots[0].clear();
+}
+
+undo_range undo_ring::range() const { return {oldest_intact, position, top}; }
+
+int undo_ring::bottom() const { return (top - depth) & slot_mask; }
+
+undo_ring::bytes undo_ring::move_to(int to)
+{
+    position = to;
+    return slots[to & slot_mask];
+}
+
+} // namespace ov1

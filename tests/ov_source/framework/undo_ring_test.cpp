@@ -1,0 +1,97 @@
+#include "framework/undo_ring.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+namespace ov1
+{
+namespace
+{
+
+undo_ring::bytes mark(int n) { return {static_cast<std::uint8_t>(n), static_cast<std::uint8_t>(n >> 8)}; }
+
+undo_ring ring_of(int commits)
+{
+    undo_ring ring;
+    for (int i = 0; i < commits; ++i)
+        ring.store(mark(i), true);
+    ring.store(mark(commits), false);
+    return ring;
+}
+
+TEST(undo_ring, forty_commits_keep_thirty_two)
+{
+    undo_ring ring = ring_of(40);
+    EXPECT_EQ(ring.get_top(), 40);
+    EXPECT_EQ(ring.get_depth(), 32);
+    for (int position = 39; position > 8; --position)
+        ASSERT_EQ(ring.step_back(), mark(position));
+    EXPECT_EQ(ring.step_back(), mark(40)) << "position 8 lies in the slot that position 40 has overwritten";
+    EXPECT_EQ(ring.step_back(), std::nullopt);
+    EXPECT_EQ(ring.get_position(), 8);
+}
+
+TEST(undo_ring, reaches_down_to_the_bottom_of_the_ring)
+{
+    // commits, lowest position: (top - depth) mod 32
+    const std::pair<int, int> rows[] = {{0, 0}, {1, 0}, {32, 0}, {33, 1}, {63, 31}, {64, 0}, {70, 6}};
+    for (const auto& [commits, lowest] : rows)
+    {
+        SCOPED_TRACE(commits);
+        undo_ring ring = ring_of(commits);
+        for (const int beyond : {lowest - 1, commits, commits + 1})
+            EXPECT_EQ(ring.jump(beyond), std::nullopt);
+        EXPECT_EQ(ring.get_position(), commits);
+        while (ring.step_back())
+        {
+        }
+        EXPECT_EQ(ring.get_position(), lowest);
+        EXPECT_EQ(ring.jump(commits), commits == 0 ? std::nullopt : std::optional(mark(commits)));
+    }
+}
+
+TEST(undo_ring, a_commit_after_undo_discards_what_came_later)
+{
+    undo_ring ring = ring_of(5);
+    EXPECT_EQ(ring.step_back(), mark(4));
+    EXPECT_EQ(ring.step_back(), mark(3));
+    EXPECT_EQ(ring.step_forward(), mark(4));
+    EXPECT_EQ(ring.store(mark(14), true), 4);
+    EXPECT_EQ(ring.get_depth(), 5);
+    EXPECT_EQ(ring.step_forward(), std::nullopt);
+    EXPECT_EQ(ring.step_back(), mark(14));
+    ring.flush();
+    EXPECT_EQ(ring.range(), undo_range{});
+    EXPECT_EQ(ring.get_depth(), 0);
+}
+
+TEST(undo_ring, offers_thirty_one_steps_and_never_an_overwritten_one)
+{
+    EXPECT_EQ(ring_of(100).range(), (undo_range{69, 100, 100}));
+
+    std::mt19937 random(20240611);
+    undo_ring ring;
+    std::map<int, int> states = {{0, 0}};
+    for (int gesture = 1; gesture < 20000; ++gesture)
+    {
+        const undo_range range = ring.range();
+        ASSERT_LE(range.newest - range.oldest, 31);
+        const unsigned choice = random() % 8;
+        const int to = choice < 3    ? range.position - 1
+                       : choice == 3 ? range.position + 1
+                                     : range.oldest + static_cast<int>(random() % 32);
+        if (choice < 5 && to >= range.oldest && to <= range.newest)
+        {
+            ASSERT_EQ(ring.jump(to).value_or(mark(states[range.position])), mark(states[to])) << gesture;
+        }
+        if (choice >= 5)
+        {
+            ring.store(mark(states[range.position]), true);
+            ring.store(mark(states[range.position + 1] = gesture), false);
+        }
+    }
+}
+
+} // namespace
+} // namespace ov1
