@@ -1,0 +1,67 @@
+#include "framework/chost_v1.h"
+
+#include "framework/editor_factory.h"
+#include "support/test_component.h"
+
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+class listening_component : public ccomponent_v1
+{
+public:
+    void notify(event e) override { heard.push_back(e.type); }
+
+    std::vector<event_kind> heard;
+};
+
+TEST(chost_v1, keeps_its_flags_by_the_kind_of_event)
+{
+    const struct
+    {
+        int kind;
+        int dirty; ///< 1 raised, 0 lowered, -1 left as it was
+        int legacy;
+    } rows[] = {{0, -1, 0},  {1, -1, -1}, {2, 1, -1}, {3, 1, -1},  {4, -1, -1}, {5, 0, -1},
+                {6, -1, -1}, {7, -1, -1}, {8, 1, -1}, {9, -1, -1}, {10, -1, 1}, {11, -1, -1}};
+    for (const bool before : {false, true})
+        for (const auto& row : rows)
+        {
+            SCOPED_TRACE(row.kind);
+            chost_v1 host({});
+            host.notify({before ? event_kind::edited : event_kind::terminated});
+            host.notify({before ? event_kind::unknown_parameter : event_kind::terminated});
+            host.notify({static_cast<event_kind>(row.kind)});
+            EXPECT_EQ(host.component_is_dirty(), row.dirty < 0 ? before : row.dirty == 1);
+            EXPECT_EQ(host.has_legacy_parameters(), row.legacy < 0 ? before : row.legacy == 1);
+        }
+}
+
+TEST(chost_v1, passes_events_on_while_the_component_lives)
+{
+    auto component = std::make_shared<listening_component>();
+    chost_v1 host(component);
+    host.notify({event_kind::render_begins});
+    EXPECT_TRUE(host.schedule_render());
+    EXPECT_EQ(component->heard, (std::vector{event_kind::render_begins, event_kind::render_requested}));
+    component.reset();
+    host.notify({event_kind::unknown_parameter});
+    EXPECT_TRUE(host.has_legacy_parameters());
+}
+
+TEST(editor_factory, makes_editors_while_installed)
+{
+    const auto component = std::make_shared<test_component>();
+    const auto view = std::make_shared<test_view>();
+    EXPECT_EQ(create_editor(component), nullptr) << "a program without windows";
+    install_editor_factory([&](auto c) { return c.lock() == component ? view : nullptr; });
+    EXPECT_EQ(create_editor(component), view);
+    install_editor_factory({});
+    EXPECT_EQ(create_editor(component), nullptr);
+}
+
+} // namespace
+} // namespace ov1
