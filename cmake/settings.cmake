@@ -26,3 +26,6 @@ if(VERIDIAL_SANITIZE)
   add_compile_options(-fsanitize=${VERIDIAL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${VERIDIAL_SANITIZE})
 endif()
+if(VERIDIAL_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link) # coverage for the fuzz targets
+endif()

@@ -1,0 +1,39 @@
+// Any bytes as a look table: a lookup in what comes of them reads nothing outside, and a table comes back as it was.
+#include "effect/bin_lut.h"
+#include "effect/lut_argb.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace
+{
+
+using namespace ov1;
+
+void read(const std::vector<unsigned char>& bytes)
+{
+    const auto table = lut_argb<17>::from_vec(bytes);
+    const bool is_table = bytes.size() == bin_lut_size(17) && bytes[0] == 17 && bytes[1] == 0;
+    if (is_table && write_bin_lut(table.get_entries(), 17) != bytes)
+        std::abort();
+    if (!is_table && table != lut_argb<17>())
+        std::abort();
+    volatile float sink = table.lookup({1, 0.37f, 2.0f, -1.0f}).g;
+    (void)sink;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    read({data, data + size});
+    // The same bytes over and over, up to the length that a table has.
+    std::vector<unsigned char> whole(bin_lut_size(17));
+    for (std::size_t i = 0; i < whole.size() && size > 0; ++i)
+        whole[i] = data[i % size];
+    read(whole);
+    whole[0] = 17;
+    whole[1] = 0;
+    read(whole);
+    return 0;
+}

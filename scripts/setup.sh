@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Installs what is missing of Debian's packages. Run as root; quick when all is there.
+#   scripts/setup.sh run     what the program itself needs
+#   scripts/setup.sh test    that, and what the tests, sanitizers, fuzzers and benchmarks need
+set -euo pipefail
+export LC_ALL=C DEBIAN_FRONTEND=noninteractive
+
+run_packages="g++ cmake ninja-build pkg-config ca-certificates libfmt-dev libcli11-dev rapidjson-dev libtbb-dev
+  libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev fonts-liberation"
+test_packages="clang-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools libopencolorio-dev git"
+
+missing() {
+  local package
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || echo "$package"
+  done
+}
+
+install() {
+  local wanted
+  wanted=$(missing "$@")
+  [ -n "$wanted" ] || return 0
+  echo "setup: installing" $wanted >&2
+  apt-get -q -y -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 update >&2
+  apt-get -q -y -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 install --no-install-recommends $wanted >&2
+}
+
+# Number texts are tested under a locale with a decimal comma.
+german_locale() {
+  locale -a 2>/dev/null | grep -qix 'de_DE.utf-\?8' && return 0
+  localedef -i de_DE -f UTF-8 de_DE.UTF-8
+}
+
+case ${1:-run} in
+  run) install $run_packages ;;
+  test)
+    install $run_packages $test_packages
+    german_locale
+    ;;
+  *)
+    echo "setup: 'run' or 'test', not '$1'" >&2
+    exit 2
+    ;;
+esac
