@@ -1,0 +1,51 @@
+// Numbers out of bytes that came from outside.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string_view>
+
+namespace ov1::media
+{
+
+/// A view of bytes with a byte order; owns nothing. What lies beyond the end reads as zero and equals no text, so that
+/// a damaged file can lead nowhere.
+class byte_view
+{
+public:
+    explicit byte_view(std::span<const std::uint8_t> bytes, bool big_endian = true)
+        : bytes(bytes)
+        , big_endian(big_endian)
+    {
+    }
+
+    std::size_t size() const { return bytes.size(); }
+    std::uint32_t u8(std::size_t at) const { return at < bytes.size() ? bytes[at] : 0u; }
+    std::uint32_t u16(std::size_t at) const { return big_endian ? u8(at) << 8 | u8(at + 1) : u8(at) | u8(at + 1) << 8; }
+    std::uint32_t u32(std::size_t at) const
+    {
+        return big_endian ? u16(at) << 16 | u16(at + 2) : u16(at) | u16(at + 2) << 16;
+    }
+
+    bool has(std::size_t at, std::string_view text) const
+    {
+        return at <= size() && text.size() <= size() - at &&
+               std::memcmp(bytes.data() + at, text.data(), text.size()) == 0;
+    }
+
+    /// The bytes from a place on, at most so many, fewer at the end.
+    std::span<const std::uint8_t> part(std::size_t at, std::size_t count = SIZE_MAX) const
+    {
+        at = std::min(at, size());
+        return bytes.subspan(at, std::min(count, size() - at));
+    }
+
+private:
+    std::span<const std::uint8_t> bytes;
+    bool big_endian;
+};
+
+} // namespace ov1::media
