@@ -6,6 +6,8 @@
 #include "framework/restore_scope.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
+#include "platform/iutils.h"
+#include "platform/user_environment.h"
 
 #include <cassert>
 #include <utility>
@@ -50,6 +52,12 @@ public:
 private:
     const std::shared_ptr<icomponent_v1> component;
 };
+
+std::string manual_address()
+{
+    const std::string set_at_build = VERIDIAL_MANUAL_URL;
+    return set_at_build.empty() ? read_user_environment().resource_folder + "/manual/index.html" : set_at_build;
+}
 
 } // namespace
 
@@ -319,6 +327,6 @@ std::shared_ptr<const row_renderer> ccomponent_v1::get_row_renderer()
     return std::make_shared<component_rows>(shared_from_this());
 }
 
-void ccomponent_v1::open_manual() {}
+void ccomponent_v1::open_manual() { iutils::get_instance().open_url(manual_address()); }
 
 } // namespace ov1

@@ -90,7 +90,8 @@ public:
     /// One pixel; safe from several threads.
     virtual void render_pixel(std::size_t x, std::size_t y, const argb_float& in, argb_float& out) = 0;
 
-    /// Shows the user the manual.
+    /// Opens the manual with the user's browser: the page manual/index.html among the resources, or the address that
+    /// the build was given.
     virtual void open_manual() = 0;
     /// Called now and then by the host's side.
     virtual void idle() = 0;

@@ -3,8 +3,12 @@
 #include "framework/restore_scope.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
+#include "platform/cutils_linux.h"
+#include "platform/desktop_open.h"
+#include "platform/scoped_utils.h"
 #include "support/test_component.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -275,6 +279,22 @@ TEST(ccomponent_v1, renders_rows_pixel_by_pixel_also_in_place)
     const auto rows = stage().component->get_row_renderer(); // keeps the component alive
     rows->render_row(7, row.data(), row.data(), row.size());
     EXPECT_EQ(row, (std::vector<argb_float>{{70, 0.3f, 0.2f, 0.1f}, {71, 0.6f, 0.5f, 0.4f}}));
+}
+
+TEST(ccomponent_v1, opens_the_manual_among_the_resources)
+{
+    class opening_utils : public cutils_linux
+    {
+    public:
+        using cutils_linux::cutils_linux;
+        void open_url(const std::string& text) override { opened = text; }
+        std::string opened;
+    } utils("", "", {});
+    const scoped_utils scope(utils);
+    setenv("VERIDIAL_RESOURCES", "/somewhere/share", 1);
+    test_component().open_manual();
+    unsetenv("VERIDIAL_RESOURCES");
+    EXPECT_TRUE(utils.opened == "/somewhere/share/manual/index.html" || is_url(utils.opened)) << utils.opened;
 }
 
 TEST(ccomponent_v1, is_used_from_several_threads)
