@@ -1,5 +1,6 @@
 #include "framework/parameter_text.h"
 
+#include <charconv>
 #include <cmath>
 #include <iomanip>
 #include <locale>
@@ -26,11 +27,11 @@ param_argb color_of(std::uint32_t u)
 
 bool is_hexadecimal(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
-std::string only_hexadecimal(const std::string& text)
+/// What the hexadecimal digits of a text make together, whatever stands between them.
+bool read_hexadecimal(std::string text, std::uint32_t& v)
 {
-    std::string digits = text;
-    std::erase_if(digits, [](char c) { return !is_hexadecimal(c); });
-    return digits;
+    std::erase_if(text, [](char c) { return !is_hexadecimal(c); });
+    return std::from_chars(text.data(), text.data() + text.size(), v, 16).ec == std::errc();
 }
 
 template <typename T>
@@ -52,6 +53,7 @@ bool read_cell(const std::string& text, param_type type, param_cell& cell)
     float number = 0;
     std::int32_t whole = 0;
     bool flag = false;
+    std::uint32_t digits = 0;
     switch (type)
     {
     case param_type::continuous:
@@ -62,12 +64,7 @@ bool read_cell(const std::string& text, param_type type, param_cell& cell)
     case param_type::boolean:
         return read(text, flag, std::ios_base::boolalpha) && take(flag);
     case param_type::color:
-    {
-        std::istringstream in(only_hexadecimal(text));
-        in.imbue(std::locale::classic());
-        std::uint32_t u = 0;
-        return (in >> std::hex >> u) && take(color_of(u));
-    }
+        return read_hexadecimal(text, digits) && take(color_of(digits));
     case param_type::unset:
         break;
     }
