@@ -29,7 +29,8 @@ TEST(undo_ring, forty_commits_keep_thirty_two)
         ASSERT_EQ(ring.step_back(), mark(position));
     EXPECT_EQ(ring.step_back(), mark(40)) << "position 8 lies in the slot that position 40 has overwritten";
     EXPECT_EQ(ring.step_back(), std::nullopt);
-    EXPECT_EQ(ring.get_position(), 8);
+    EXPECT_EQ(ring.store(mark(50), true), 8);
+    EXPECT_EQ(ring.range(), (undo_range{8, 9, 9})) << "of what lies below, nothing is left";
 }
 
 TEST(undo_ring, reaches_down_to_the_bottom_of_the_ring)
