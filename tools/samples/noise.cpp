@@ -1,4 +1,4 @@
-#include "noise.h"
+#include "samples/noise.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "landscape.h"
+#include "samples/landscape.h"
 
-#include "noise.h"
+#include "samples/noise.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "memory_chart.h"
+#include "samples/memory_chart.h"
 
 #include <algorithm>
 #include <array>
