@@ -1,0 +1,44 @@
+#include "command_line/choice.h"
+
+#include "command_line/edit_distance.h"
+#include "command_line/number.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+std::string all_names(const std::vector<std::string>& names)
+{
+    std::string text = "one of ";
+    for (const std::string& name : names)
+    {
+        if (&name != &names.front())
+            text += ", ";
+        text += name;
+    }
+    return text;
+}
+
+} // namespace
+
+bool find_choice(std::string_view text, const std::vector<std::string>& names, std::size_t& place, problem& why)
+{
+    text = trimmed(text);
+    const auto found = std::find_if(names.begin(), names.end(),
+                                    [&](const std::string& name) { return plain_name(name) == plain_name(text); });
+    if (found == names.end() || text.empty())
+    {
+        const std::string near = did_you_mean(text, names);
+        why.reason = text.empty() ? "a word is missing" : in_quotes(text) + " is no choice";
+        why.hint = near.empty() ? all_names(names) : near;
+        return false;
+    }
+    place = static_cast<std::size_t>(found - names.begin());
+    return true;
+}
+
+} // namespace ov1

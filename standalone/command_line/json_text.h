@@ -1,0 +1,44 @@
+// Writes JSON, piece by piece.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ov1
+{
+
+/// Compact JSON (RFC 8259) in the order of the calls; commas and colons come by themselves. The caller opens and closes
+/// in pairs, and gives a key before every value within an object. Bytes that are no UTF-8 become U+FFFD, numbers that
+/// are not finite null.
+class json_text
+{
+public:
+    json_text& begin_object() { return open('{', '}'); }
+    json_text& begin_array() { return open('[', ']'); }
+    /// Closes the innermost object or array.
+    json_text& end();
+    json_text& key(std::string_view name);
+    json_text& value(std::string_view text);
+    json_text& value(const char* text) { return value(std::string_view(text)); }
+    json_text& value(bool b) { return bare(b ? "true" : "false"); }
+    json_text& value(double number);
+    json_text& value(float number);
+    json_text& value(std::size_t number) { return bare(std::to_string(number)); }
+    json_text& value(int number) { return bare(std::to_string(number)); }
+
+    const std::string& text() const { return written; }
+
+private:
+    json_text& open(char opening, char closing);
+    json_text& bare(std::string_view literal);
+    void separate();
+    void append_quoted(std::string_view text);
+
+    std::string written;
+    std::vector<char> closings;
+    bool needs_comma = false;
+};
+
+} // namespace ov1

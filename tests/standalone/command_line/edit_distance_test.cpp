@@ -1,0 +1,73 @@
+#include "command_line/choice.h"
+#include "command_line/edit_distance.h"
+
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+TEST(edit_distance, counts_the_fewest_steps)
+{
+    const struct
+    {
+        const char *x, *y;
+        std::size_t steps;
+    } rows[] = {
+        {"", "", 0},       {"", "abc", 3},
+        {"hue", "hue", 0}, {"kitten", "sitting", 3},
+        {"ab", "ba", 1},   {"strenght", "strength", 1},
+        {"ca", "abc", 3}, // no character is touched twice
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(std::string(row.x) + " " + row.y);
+        EXPECT_EQ(edit_distance(row.x, row.y), row.steps);
+        EXPECT_EQ(edit_distance(row.y, row.x), row.steps);
+    }
+}
+
+TEST(edit_distance, suggests_what_was_meant_and_nothing_far_off)
+{
+    const std::vector<std::string> names{"Sky Angle",   "Sky Strength", "Skin Angle",    "Master Hue",
+                                         "Shadows Hue", "Mids Hue",     "Highlights Hue"};
+    const struct
+    {
+        const char *typed, *hint;
+    } rows[] = {
+        {"Sky Strenght", "did you mean \"Sky Strength\"?"},
+        {"sky-strenth", "did you mean \"Sky Strength\"?"},
+        {"sky", "did you mean \"Sky Angle\" or \"Sky Strength\"?"},
+        {"Angle", "did you mean \"Sky Angle\" or \"Skin Angle\"?"},
+        {"Ski Angle", "did you mean \"Sky Angle\" or \"Skin Angle\"?"},
+        {"Skin Angel", "did you mean \"Skin Angle\"?"},
+        {"hue", ""}, // four have it
+        {"contrast", ""},
+        {"", ""},
+        {"s", ""},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.typed);
+        EXPECT_EQ(did_you_mean(row.typed, names), row.hint);
+    }
+}
+
+TEST(choice, takes_a_word_in_any_case_and_lists_the_words_otherwise)
+{
+    constexpr std::array<choice<int>, 3> words{{{"auto", 1}, {"none", 2}, {"linear", 3}}};
+    int value = 0;
+    problem why;
+    EXPECT_TRUE(read_choice(" Linear", words, value, why) && value == 3);
+    EXPECT_FALSE(read_choice("linaer", words, value, why));
+    EXPECT_EQ(why.hint, "did you mean \"linear\"?");
+    EXPECT_FALSE(read_choice("x", words, value, why));
+    EXPECT_EQ(why.reason, "\"x\" is no choice");
+    EXPECT_EQ(why.hint, "one of auto, none, linear");
+    EXPECT_FALSE(read_choice("", words, value, why));
+    EXPECT_EQ(value, 3);
+}
+
+} // namespace
+} // namespace ov1
