@@ -1,0 +1,239 @@
+#include "command_line/output_plan.h"
+
+#include "platform/atomic_file.h"
+#include "platform/plain_reason.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+bool is_folder(const std::string& path)
+{
+    std::error_code error;
+    return fs::is_directory(path, error);
+}
+
+bool is_regular(const std::string& path)
+{
+    std::error_code error;
+    return fs::is_regular_file(path, error);
+}
+
+/// Whether something has the name, a link that leads nowhere included.
+bool is_taken(const std::string& path)
+{
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+bool is_dangling_link(const std::string& path)
+{
+    std::error_code error;
+    return is_taken(path) && !fs::exists(path, error);
+}
+
+/// A file on the disk, whatever its names.
+using file_identity = std::pair<dev_t, ino_t>;
+
+std::optional<file_identity> identity_of(const std::string& path)
+{
+    struct stat facts;
+    if (path.empty() || stat(path.c_str(), &facts) != 0)
+        return {};
+    return file_identity{facts.st_dev, facts.st_ino};
+}
+
+std::string parent_of(const std::string& path)
+{
+    const std::string parent = fs::path(path).parent_path().string();
+    return parent.empty() ? "." : parent;
+}
+
+std::string without_end_slash(std::string path)
+{
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    return path;
+}
+
+/// The name of an output that no other spelling changes.
+std::string canonical(const std::string& path)
+{
+    std::error_code error;
+    const fs::path result = fs::weakly_canonical(path, error);
+    return error ? path : result.string();
+}
+
+bool takes_files(const std::string& folder, bool dry_run, std::string& reason)
+{
+    if (!dry_run)
+        return folder_takes_files(folder, reason);
+    if (faccessat(AT_FDCWD, (folder + "/.").c_str(), W_OK | X_OK, AT_EACCESS) == 0)
+        return true;
+    reason = plain_reason(errno);
+    return false;
+}
+
+/// Gathers what stands against a set of outputs.
+class planner
+{
+public:
+    planner(const output_rules& rules, std::vector<problem>& problems)
+        : rules(rules)
+        , problems(problems)
+    {
+    }
+
+    void refuse(const std::string& subject, const std::string& reason, const std::string& hint = {},
+                exit_code code = exit_code::cannot_write)
+    {
+        problems.push_back({code, subject, reason, hint});
+    }
+
+    /// The folder that the outputs go to; empty where the one output is a file.
+    std::string find_folder(std::size_t input_count, const std::string& output, output_plan& plan)
+    {
+        const std::string folder = without_end_slash(output);
+        if (is_folder(output))
+            return folder;
+        const bool is_named_folder = output.ends_with('/') && !is_taken(folder);
+        if (input_count == 1 && !output.ends_with('/'))
+            return {};
+        const bool is_new_name = !is_taken(output) && fs::path(output).extension().empty();
+        if (!is_named_folder && !is_new_name)
+        {
+            refuse(output, is_taken(folder) ? "is no folder" : "several inputs need a folder",
+                   "end the name of a new folder with \"/\"", exit_code::usage);
+            return {};
+        }
+        plan.new_folder = folder;
+        return folder;
+    }
+
+    void check_job(output_job& job)
+    {
+        const auto input = identity_of(job.input);
+        const bool is_own_input = input && input == identity_of(job.output);
+        if (is_own_input && !rules.overwrite)
+            refuse(job.output, "is the input itself", "-f replaces it");
+        else if (is_folder(job.output))
+            refuse(job.output, "is a folder");
+        else if ((is_regular(job.output) || is_dangling_link(job.output)) && !rules.overwrite)
+        {
+            if (rules.no_clobber)
+                job.skipped = true;
+            else
+                refuse(job.output, "exists already", "-f replaces it, -n leaves it");
+        }
+    }
+
+    void check_against_other_inputs(const std::vector<output_job>& jobs)
+    {
+        std::map<file_identity, const output_job*> inputs;
+        for (const output_job& job : jobs)
+            if (const auto identity = identity_of(job.input))
+                inputs.emplace(*identity, &job);
+        for (const output_job& job : jobs)
+        {
+            const auto identity = identity_of(job.output);
+            const auto found = identity ? inputs.find(*identity) : inputs.end();
+            if (found != inputs.end() && found->second != &job)
+                refuse(job.output, "is an input as well", "choose another folder");
+        }
+    }
+
+    void check_shared_names(const std::vector<output_job>& jobs)
+    {
+        std::map<std::string, const output_job*> seen;
+        for (const output_job& job : jobs)
+        {
+            const auto [place, is_new] = seen.emplace(canonical(job.output), &job);
+            if (!is_new)
+                refuse(job.output,
+                       "would hold both " + in_quotes(place->second->input) + " and " + in_quotes(job.input),
+                       "grade them into two folders", exit_code::usage);
+        }
+    }
+
+    void check_folder(const std::string& folder)
+    {
+        std::string reason;
+        if (!takes_files(folder, rules.dry_run, reason))
+            refuse(folder, reason);
+    }
+
+private:
+    const output_rules& rules;
+    std::vector<problem>& problems;
+};
+
+/// Whether the output's own folder matters: pipes and devices are written where they stand.
+bool needs_folder(const output_job& job) { return !job.skipped && (is_regular(job.output) || !is_taken(job.output)); }
+
+} // namespace
+
+bool plan_outputs(const std::vector<std::string>& inputs, const std::string& output, const output_rules& rules,
+                  output_plan& plan, std::vector<problem>& problems)
+{
+    output_plan result;
+    std::vector<problem> found;
+    planner planner(rules, found);
+    const std::string folder = planner.find_folder(inputs.size(), output, result);
+    if (found.empty())
+    {
+        for (const std::string& input : inputs)
+        {
+            const std::string leaf = fs::path(input).filename().string();
+            result.jobs.push_back({input, folder.empty() ? output : (fs::path(folder) / leaf).string(), false});
+            planner.check_job(result.jobs.back());
+        }
+        planner.check_against_other_inputs(result.jobs);
+        planner.check_shared_names(result.jobs);
+        if (!result.new_folder.empty())
+            planner.check_folder(parent_of(result.new_folder));
+        else if (std::any_of(result.jobs.begin(), result.jobs.end(), needs_folder))
+            planner.check_folder(folder.empty() ? parent_of(output) : folder);
+    }
+    problems.insert(problems.end(), found.begin(), found.end());
+    if (found.empty())
+        plan = std::move(result);
+    return found.empty();
+}
+
+bool plan_output(const std::string& output, const output_rules& rules, output_job& job, std::vector<problem>& problems)
+{
+    std::vector<problem> found;
+    planner planner(rules, found);
+    output_job result{{}, output, false};
+    planner.check_job(result);
+    if (found.empty() && needs_folder(result))
+        planner.check_folder(parent_of(output));
+    problems.insert(problems.end(), found.begin(), found.end());
+    if (found.empty())
+        job = result;
+    return found.empty();
+}
+
+bool make_new_folder(const output_plan& plan, problem& why)
+{
+    if (plan.new_folder.empty() || mkdir(plan.new_folder.c_str(), 0777) == 0 || is_folder(plan.new_folder))
+        return true;
+    why = {exit_code::cannot_write, plan.new_folder, plain_reason(errno), {}};
+    return false;
+}
+
+} // namespace ov1

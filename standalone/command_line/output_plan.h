@@ -1,0 +1,49 @@
+// Which input becomes which output, settled before any work is done.
+#pragma once
+
+#include "command_line/problem.h"
+
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+struct output_rules
+{
+    bool overwrite = false;
+    bool no_clobber = false; ///< existing outputs are skipped
+    bool dry_run = false;    ///< nothing may be written, not even for a try
+};
+
+struct output_job
+{
+    std::string input;
+    std::string output;
+    bool skipped = false; ///< the output exists and is to be left
+};
+
+struct output_plan
+{
+    std::vector<output_job> jobs;
+    std::string new_folder; ///< to be made before the first output; empty if there is none
+};
+
+/// One input goes to a file, or under its own name into a folder; several go into a folder. A folder is what exists as
+/// one or is written with a "/" at the end; with several inputs also a new name without an extension, below a folder
+/// that exists.
+///
+/// Refused, all of it, with one problem for each reason: an output that exists (unless a rule allows it), that is its
+/// own input (unless overwriting), that is another's input, that two inputs share, or whose folder takes no files.
+/// Pipes and devices may always be written to. Inputs are not looked into.
+[[nodiscard]] bool plan_outputs(const std::vector<std::string>& inputs, const std::string& output,
+                                const output_rules& rules, output_plan& plan, std::vector<problem>& problems);
+
+/// The same rules for an output that has no input.
+[[nodiscard]] bool plan_output(const std::string& output, const output_rules& rules, output_job& job,
+                               std::vector<problem>& problems);
+
+/// Makes the plan's new folder, if there is one.
+[[nodiscard]] bool make_new_folder(const output_plan& plan, problem& why);
+
+} // namespace ov1
