@@ -1,0 +1,119 @@
+#include "command_line/argument_parser.h"
+
+#include "command_line/edit_distance.h"
+
+#include <CLI/CLI.hpp>
+
+namespace ov1
+{
+
+struct argument_parser::implementation
+{
+    CLI::App app;
+    std::string group = "Options";
+    std::string command;
+
+    CLI::Option* shown(CLI::Option* option, const std::string& placeholder) const
+    {
+        return option->group(group)->option_text(placeholder);
+    }
+
+    std::vector<std::string> option_names() const
+    {
+        std::vector<std::string> names;
+        for (const CLI::Option* option : app.get_options())
+            for (const std::string& name : option->get_lnames())
+                names.push_back("--" + name);
+        return names;
+    }
+
+    /// What the user wrote and no option takes.
+    problem unexpected() const
+    {
+        const std::vector<std::string> left = app.remaining();
+        const std::string first = left.empty() ? std::string() : left.front();
+        const std::string name = first.substr(0, first.find('='));
+        const std::string all_help = "\"" + command + " --help\" lists what there is";
+        if (!name.starts_with('-'))
+            return {exit_code::usage, first, "nothing is expected here", all_help};
+        const std::string near = did_you_mean(name, option_names());
+        return {exit_code::usage, name, "no such option", near.empty() ? all_help : near};
+    }
+};
+
+argument_parser::argument_parser(const std::string& command, const std::string& summary, const std::string& examples)
+    : impl(std::make_unique<implementation>())
+{
+    impl->command = command;
+    impl->app.name(command);
+    impl->app.description(summary);
+    impl->app.footer(examples);
+    impl->app.set_help_flag("-h,--help", "show this and do nothing else")->group("Run");
+}
+
+argument_parser::~argument_parser() = default;
+
+void argument_parser::group(const std::string& title) { impl->group = title; }
+
+void argument_parser::flag(const std::string& names, bool& value, const std::string& help)
+{
+    impl->app.add_flag(names, value, help)
+        ->group(impl->group)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+        ->disable_flag_override();
+}
+
+void argument_parser::text(const std::string& names, std::optional<std::string>& value, const std::string& placeholder,
+                           const std::string& help)
+{
+    const auto take = [&value](const std::string& text) { value = text; };
+    impl->shown(impl->app.add_option_function<std::string>(names, take, help), placeholder)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+void argument_parser::texts(const std::string& names, std::vector<std::string>& values, const std::string& placeholder,
+                            const std::string& help)
+{
+    impl->shown(impl->app.add_option(names, values, help), placeholder)->allow_extra_args(false);
+}
+
+void argument_parser::positionals(const std::string& placeholder, std::vector<std::string>& values,
+                                  const std::string& help)
+{
+    impl->app.add_option(placeholder, values, help)->option_text("...");
+}
+
+argument_parser::outcome argument_parser::parse(std::span<const std::string> arguments, problem& why)
+{
+    try
+    {
+        impl->app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        return outcome::run;
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        return outcome::help;
+    }
+    catch (const CLI::ExtrasError&)
+    {
+        why = impl->unexpected();
+    }
+    catch (const CLI::ArgumentMismatch& error)
+    {
+        const std::string text = error.what();
+        std::string name = text.substr(0, text.find_first_of(": "));
+        if (!name.starts_with('-')) // as it is told for flags
+            name.insert(0, "--");
+        const bool is_flag = text.find("flag override") != std::string::npos;
+        why = {exit_code::usage, name, is_flag ? "takes no value" : "its value is missing", {}};
+    }
+    catch (const CLI::Error& error)
+    {
+        why = {exit_code::usage, {}, error.what(), {}};
+    }
+    return outcome::wrong;
+}
+
+std::string argument_parser::help_text() const { return impl->app.help(); }
+
+} // namespace ov1

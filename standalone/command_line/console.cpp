@@ -1,0 +1,79 @@
+#include "command_line/console.h"
+
+#include "platform/plain_reason.h"
+
+#include <cerrno>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr const char* program_prefix = "veridial: ";
+constexpr const char* erase_line = "\r\x1B[K"; // ECMA-48: carriage return, erase to the end of the line
+
+} // namespace
+
+void console::result(const std::string& text)
+{
+    const std::scoped_lock lock(mutex);
+    erase_status();
+    if (std::fwrite(text.data(), 1, text.size(), out) != text.size())
+        write_error = errno;
+    std::fputs(shown_status.c_str(), err);
+}
+
+void console::error(const problem& p) { line(program_prefix + problem_line(p)); }
+
+void console::warning(const problem& p)
+{
+    if (!quiet)
+        line(program_prefix + ("warning: " + problem_line(p)));
+}
+
+void console::note(const std::string& text)
+{
+    if (verbose && !quiet)
+        line(program_prefix + text);
+}
+
+void console::raw_line(const std::string& text) { line(text); }
+
+void console::line(const std::string& text)
+{
+    const std::scoped_lock lock(mutex);
+    erase_status();
+    // One call, so that the lines of several processes on one terminal stay whole.
+    const std::string whole = text + '\n' + shown_status;
+    std::fwrite(whole.data(), 1, whole.size(), err);
+    std::fflush(err);
+}
+
+void console::status(const std::string& text)
+{
+    const std::scoped_lock lock(mutex);
+    erase_status();
+    shown_status = text;
+    std::fputs(shown_status.c_str(), err);
+    std::fflush(err);
+}
+
+void console::erase_status()
+{
+    if (!shown_status.empty())
+        std::fputs(erase_line, err);
+}
+
+bool console::finish()
+{
+    status({});
+    if (std::fflush(out) != 0)
+        write_error = errno;
+    // A reader that has seen enough, as in a pipe to head, is nothing to speak of.
+    if (write_error != 0 && write_error != EPIPE)
+        error({exit_code::cannot_write, "standard output", plain_reason(write_error), {}});
+    return write_error == 0;
+}
+
+} // namespace ov1

@@ -1,0 +1,56 @@
+// The two streams of the program: results on one, everything else on the other.
+#pragma once
+
+#include "command_line/problem.h"
+
+#include <cstdio>
+#include <mutex>
+#include <string>
+
+namespace ov1
+{
+
+/// Lines come out whole, from any thread. Every line but a result begins with the program's name.
+class console
+{
+public:
+    explicit console(std::FILE* out = stdout, std::FILE* err = stderr)
+        : out(out)
+        , err(err)
+    {
+    }
+
+    /// Quiet leaves errors and results alone; verbose adds notes. Set before other threads speak.
+    void set_quiet(bool on) { quiet = on; }
+    void set_verbose(bool on) { verbose = on; }
+    bool is_quiet() const { return quiet; }
+
+    /// Text for the result stream, line feeds included.
+    void result(const std::string& text);
+    void error(const problem& p);
+    /// Something that the user should know although the work goes on.
+    void warning(const problem& p);
+    /// What is being done, for those who asked.
+    void note(const std::string& text);
+    /// A line of a machine's protocol, without the program's name.
+    void raw_line(const std::string& line);
+    /// Shows a text below all lines until the next one replaces it; an empty one clears it. For terminals.
+    void status(const std::string& text);
+
+    /// Brings all results out. False, with an error said, where they could not be written.
+    [[nodiscard]] bool finish();
+
+private:
+    void line(const std::string& text);
+    void erase_status();
+
+    std::FILE* out;
+    std::FILE* err;
+    bool quiet = false;
+    bool verbose = false;
+    std::mutex mutex;
+    std::string shown_status;
+    int write_error = 0;
+};
+
+} // namespace ov1

@@ -1,0 +1,139 @@
+#include "command_line/grade_request.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/choice.h"
+#include "command_line/number.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+struct pair_names
+{
+    const char* first;
+    const char* second;
+};
+
+constexpr pair_names sky_names{"Sky Angle", "Sky Strength"};
+constexpr pair_names greenery_names{"Greenery Angle", "Greenery Strength"};
+constexpr pair_names skin_names{"Skin Angle", "Skin Tone Strength"};
+constexpr pair_names film_names{"Film Contrast Angle", "Film Contrast Strength"};
+
+constexpr std::array<choice<pair_names>, 4> wheel_names{{
+    {"shadows", {"Shadows Hue", "Shadows Chroma"}},
+    {"mids", {"Mids Hue", "Mids Chroma"}},
+    {"highlights", {"Highlights Hue", "Highlights Chroma"}},
+    {"master", {"Master Hue", "Master Chroma"}},
+}};
+
+/// Turns options into assignments, and gathers what is wrong with them.
+class grade_resolver
+{
+public:
+    grade_resolver(std::span<const parameter_info> table, std::vector<assignment>& assignments,
+                   std::vector<problem>& problems)
+        : table(table)
+        , assignments(assignments)
+        , problems(problems)
+    {
+    }
+
+    void set(std::string_view name, std::string_view text)
+    {
+        problem why;
+        assignment a;
+        if (find_parameter(name, table, a.parameter, why) &&
+            read_parameter_value(text, table[a.parameter], a.value, why))
+            assignments.push_back(a);
+        else
+            problems.push_back(why);
+    }
+
+    void set_pair(const std::string& subject, const pair_names& names, std::string_view text, const char* form)
+    {
+        const std::size_t comma = text.find(',');
+        if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos)
+        {
+            problems.push_back({exit_code::usage, subject, "needs two numbers with one comma between them",
+                                "write " + std::string(form) + ", decimals with a point"});
+            return;
+        }
+        set(names.first, text.substr(0, comma));
+        set(names.second, text.substr(comma + 1));
+    }
+
+    void set_wheel(const std::string& text)
+    {
+        const std::size_t equals = text.find('=');
+        problem why{exit_code::usage, "--wheel " + text, "no \"=\" in it", "write shadows=HUE,CHROMA"};
+        pair_names names{};
+        if (equals == std::string::npos || !read_choice(text.substr(0, equals), wheel_names, names, why))
+            problems.push_back(why);
+        else
+            set_pair(why.subject, names, std::string_view(text).substr(equals + 1), "HUE,CHROMA");
+    }
+
+    void set_setting(const std::string& text)
+    {
+        const std::size_t equals = text.find('=');
+        if (equals == std::string::npos)
+            problems.push_back({exit_code::usage, "--set " + text, "no \"=\" in it", "write \"Name=value\""});
+        else
+            set(text.substr(0, equals), text.substr(equals + 1));
+    }
+
+private:
+    std::span<const parameter_info> table;
+    std::vector<assignment>& assignments;
+    std::vector<problem>& problems;
+};
+
+} // namespace
+
+void add_grade_options(argument_parser& parser, grade_request& request)
+{
+    parser.group("Grade");
+    parser.texts("-s,--set", request.settings, "NAME=VALUE",
+                 "set a parameter, as in \"Sky Strength=60\"; repeatable, the last one wins");
+    parser.texts("--wheel", request.wheels, "ZONE=HUE,CHROMA", "shadows, mids, highlights or master; repeatable");
+    parser.text("--sky", request.sky, "ANGLE,STRENGTH", "the sky's pad");
+    parser.text("--greenery", request.greenery, "ANGLE,STRENGTH", "the greenery's pad");
+    parser.text("--skin", request.skin, "ANGLE,STRENGTH", "the skin tones' pad");
+    parser.text("--film", request.film, "ANGLE,STRENGTH", "the film contrast's pad");
+    parser.text("--state", request.state_file, "FILE", "begin with a saved state, before all other options");
+    parser.flag("--bypass", request.bypass, "switch the effect off");
+}
+
+bool resolve_grade(const grade_request& request, std::span<const parameter_info> table,
+                   std::vector<assignment>& assignments, std::vector<problem>& problems)
+{
+    std::vector<assignment> resolved;
+    std::vector<problem> found;
+    grade_resolver resolver(table, resolved, found);
+    for (const std::string& text : request.wheels)
+        resolver.set_wheel(text);
+    const auto pad = [&](const char* option, const pair_names& names, const std::optional<std::string>& text)
+    {
+        if (text)
+            resolver.set_pair(option + (' ' + *text), names, *text, "ANGLE,STRENGTH");
+    };
+    pad("--sky", sky_names, request.sky);
+    pad("--greenery", greenery_names, request.greenery);
+    pad("--skin", skin_names, request.skin);
+    pad("--film", film_names, request.film);
+    if (request.bypass)
+        resolver.set("Global Bypass", "true");
+    for (const std::string& text : request.settings)
+        resolver.set_setting(text);
+    if (!found.empty())
+    {
+        problems.insert(problems.end(), found.begin(), found.end());
+        return false;
+    }
+    assignments = std::move(resolved);
+    return true;
+}
+
+} // namespace ov1

@@ -1,0 +1,49 @@
+// The grade that a command line asks for.
+#pragma once
+
+#include "command_line/parameter_info.h"
+#include "command_line/problem.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+class argument_parser;
+
+/// The options as they were written.
+struct grade_request
+{
+    std::optional<std::string> state_file;
+    std::vector<std::string> wheels; ///< "shadows=HUE,CHROMA"
+    std::optional<std::string> sky;  ///< "ANGLE,STRENGTH", and the next three
+    std::optional<std::string> greenery;
+    std::optional<std::string> skin;
+    std::optional<std::string> film;
+    std::vector<std::string> settings; ///< "Sky Strength=60"
+    bool bypass = false;
+};
+
+/// A parameter's place in the table, and what it is set to; booleans are 0 or 1.
+struct assignment
+{
+    std::size_t parameter = 0;
+    double value = 0.0;
+
+    bool operator==(const assignment&) const = default;
+};
+
+/// Declares the options under the heading "Grade". The request must outlive the parsing.
+void add_grade_options(argument_parser& parser, grade_request& request);
+
+/// The values to set, in the order in which they are to be set: wheels, pads, the bypass, then the settings as they
+/// stand on the command line, so that a later one wins. The state file comes before all of them and is the caller's
+/// matter. On failure there is one problem for each option that is wrong.
+[[nodiscard]] bool resolve_grade(const grade_request& request, std::span<const parameter_info> table,
+                                 std::vector<assignment>& assignments, std::vector<problem>& problems);
+
+} // namespace ov1

@@ -1,0 +1,107 @@
+#include "command_line/program.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/console.h"
+#include "command_line/edit_distance.h"
+#include "shared/version.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::size_t summary_column = 12;
+constexpr const char* usage_line = "Usage: veridial COMMAND [OPTIONS]...\n";
+
+std::string program_help(std::span<const verb> verbs)
+{
+    std::string text = "Veridial grades pictures.\n";
+    text += usage_line;
+    text += "\nCommands:\n";
+    for (const verb& v : verbs)
+    {
+        std::string name = v.name;
+        name.resize(std::max(summary_column, name.size() + 1), ' ');
+        text += "  " + name + v.summary + '\n';
+    }
+    return text += "\n\"veridial COMMAND --help\" tells what a command takes; \"veridial --version\" the version.\n";
+}
+
+std::string version_line()
+{
+    return "veridial " + std::to_string(product_version.major) + '.' + std::to_string(product_version.minor) + '.' +
+           std::to_string(product_version.patch) + '\n';
+}
+
+problem no_such_verb(const std::string& name, std::span<const verb> verbs)
+{
+    std::vector<std::string> names;
+    for (const verb& v : verbs)
+        names.emplace_back(v.name);
+    const std::string near = did_you_mean(name, names);
+    const bool is_option = name.starts_with('-');
+    return {exit_code::usage, name, is_option ? "a command comes first" : "no such command",
+            near.empty() || is_option ? "\"veridial --help\" lists them" : near};
+}
+
+exit_code run_verb(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
+{
+    if (arguments.empty())
+    {
+        out.error({exit_code::usage, {}, "no command", "\"veridial --help\" lists them"});
+        return exit_code::usage;
+    }
+    const std::string& name = arguments[0];
+    if (name == "--help" || name == "-h" || name == "help")
+        out.result(program_help(verbs));
+    else if (name == "--version")
+        out.result(version_line());
+    else
+    {
+        const auto found = std::find_if(verbs.begin(), verbs.end(), [&](const verb& v) { return name == v.name; });
+        if (found != verbs.end())
+            return found->run(arguments.subspan(1), out);
+        out.error(no_such_verb(name, verbs));
+        return exit_code::usage;
+    }
+    return exit_code::done;
+}
+
+} // namespace
+
+exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
+{
+    const exit_code code = run_verb(arguments, verbs, out);
+    return out.finish() || code != exit_code::done ? code : exit_code::cannot_write;
+}
+
+bool parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out, exit_code& code)
+{
+    problem why;
+    switch (parser.parse(arguments, why))
+    {
+    case argument_parser::outcome::run:
+        return true;
+    case argument_parser::outcome::help:
+        out.result(parser.help_text());
+        code = exit_code::done;
+        break;
+    case argument_parser::outcome::wrong:
+        out.error(why);
+        code = why.code;
+        break;
+    }
+    return false;
+}
+
+exit_code fail(std::span<const problem> problems, console& out)
+{
+    for (const problem& p : problems)
+        out.error(p);
+    return problems.empty() ? exit_code::done : problems[0].code;
+}
+
+} // namespace ov1

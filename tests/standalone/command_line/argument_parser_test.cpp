@@ -1,0 +1,114 @@
+#include "command_line/argument_parser.h"
+#include "command_line/grade_request.h"
+#include "command_line/run_options.h"
+#include "support/captured_console.h"
+
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+struct parsed
+{
+    argument_parser::outcome outcome;
+    std::string problem;
+    std::vector<std::string> inputs;
+    grade_request grade;
+    run_options run;
+    std::optional<std::string> output;
+};
+
+parsed parse(const std::vector<std::string>& arguments)
+{
+    parsed result;
+    argument_parser parser("veridial grade", "Grades pictures.", "Example");
+    parser.positionals("INPUT", result.inputs, "pictures");
+    parser.text("-o,--output", result.output, "OUT", "where to");
+    add_grade_options(parser, result.grade);
+    add_run_options(parser, result.run);
+    problem why;
+    result.outcome = parser.parse(arguments, why);
+    result.problem = problem_line(why);
+    return result;
+}
+
+TEST(argument_parser, sorts_options_from_inputs)
+{
+    using texts = std::vector<std::string>;
+    const parsed p = parse({"a.png", "-s", "Sky Strength=60", "b.png", "-fv", "--sky", "-5,6", "-o", "x", "--set=c=1",
+                            "-ofile", "--wheel", "shadows=1,2", "--", "-c.png", "--film"});
+    ASSERT_EQ(p.outcome, argument_parser::outcome::run) << p.problem;
+    EXPECT_EQ(p.inputs, (texts{"a.png", "b.png", "-c.png", "--film"}));
+    EXPECT_EQ(p.grade.settings, (texts{"Sky Strength=60", "c=1"}));
+    EXPECT_EQ(p.grade.wheels, texts{"shadows=1,2"});
+    EXPECT_EQ(p.grade.sky, "-5,6") << "a value may begin with a dash";
+    EXPECT_EQ(p.output, "file") << "the last one holds";
+    EXPECT_FALSE(p.grade.film.has_value());
+    EXPECT_TRUE(p.run.overwrite && p.run.verbose && !p.run.quiet);
+}
+
+TEST(argument_parser, tells_each_mistake_on_one_plain_line)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* line;
+    } rows[] = {
+        {{"--ouput", "x"}, "\"--ouput\": no such option (did you mean \"--output\"?)"},
+        {{"--overwrit=1"}, "\"--overwrit\": no such option (did you mean \"--overwrite\"?)"},
+        {{"a.png", "-z"}, "\"-z\": no such option (\"veridial grade --help\" lists what there is)"},
+        {{"a.png", "-o"}, "\"--output\": its value is missing"},
+        {{"--set"}, "\"--set\": its value is missing"},
+        {{"--dry-run=maybe"}, "\"--dry-run\": takes no value"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.line);
+        const parsed p = parse(row.arguments);
+        EXPECT_EQ(p.outcome, argument_parser::outcome::wrong);
+        EXPECT_EQ(p.problem, row.line);
+    }
+    EXPECT_EQ(parse({"a.png", "--help"}).outcome, argument_parser::outcome::help);
+}
+
+TEST(argument_parser, a_command_without_inputs_expects_none)
+{
+    argument_parser parser("veridial params", "", "");
+    problem why;
+    EXPECT_EQ(parser.parse(std::vector<std::string>{"Sky"}, why), argument_parser::outcome::wrong);
+    EXPECT_EQ(problem_line(why), "\"Sky\": nothing is expected here (\"veridial params --help\" lists what there is)");
+}
+
+TEST(run_options, are_settled_from_their_texts)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* lines;
+    } rows[] = {
+        {{"-j", "4", "--progress", "JSON"}, ""},
+        {{"-j", "-1"}, "\"--threads\": -1 is out of range (0 to 1024)\n"},
+        {{"-j", "many", "--progress", "jsn"},
+         "\"--threads\": \"many\" is no number\n\"--progress\": \"jsn\" is no choice (did you mean \"json\"?)\n"},
+        {{"-fn"}, "\"--overwrite\": cannot go with --no-clobber (leave one out)\n"},
+        {{"-qv"}, "\"--quiet\": cannot go with --verbose (leave one out)\n"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.arguments.front());
+        parsed p = parse(row.arguments);
+        captured_console captured;
+        std::vector<problem> problems;
+        EXPECT_EQ(settle_run_options(p.run, captured.console, problems), row.lines[0] == '\0');
+        std::string lines;
+        for (const problem& each : problems)
+            lines += problem_line(each) + '\n';
+        EXPECT_EQ(lines, row.lines);
+        EXPECT_EQ(problems.empty(), p.run.threads == 4 && p.run.progress == progress_style::json);
+    }
+}
+
+} // namespace
+} // namespace ov1

@@ -1,0 +1,114 @@
+#include "command_line/grade_request.h"
+
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+const std::vector<parameter_info> table{
+    {"Global Bypass", param_type::boolean, 0, 1, 0},
+    {"Shadows Hue", param_type::continuous, 0, 360, 0},
+    {"Shadows Chroma", param_type::continuous, 0, 100, 0},
+    {"Sky Angle", param_type::continuous, 0, 360, 0},
+    {"Sky Strength", param_type::continuous, 0, 100, 0},
+    {"Steps", param_type::integral, -3, 3, 0},
+    {"Tint", param_type::color, 0, 0, 0},
+};
+
+/// The problem lines of a request, or the assignments where there are none.
+std::string resolved(const grade_request& request)
+{
+    std::vector<assignment> assignments{{99, 0}};
+    std::vector<problem> problems;
+    std::string text;
+    if (resolve_grade(request, table, assignments, problems))
+        for (const assignment& a : assignments)
+            text += std::to_string(a.parameter) + '=' + std::to_string(static_cast<int>(a.value * 10)) + ' ';
+    else
+        EXPECT_EQ(assignments.size(), 1u) << "a failure leaves the output";
+    for (const problem& p : problems)
+        text += problem_line(p) + '\n';
+    return text;
+}
+
+TEST(grade_request, reads_settings_and_says_what_is_wrong_with_them)
+{
+    const struct
+    {
+        const char *setting, *result;
+    } rows[] = {
+        {"Sky Strength=60.5", "4=605 "},
+        {"sky-strength = 60", "4=600 "},
+        {"SKY_STRENGTH=100", "4=1000 "},
+        {"skystrength=0", "4=0 "},
+        {"Steps=-3", "5=-30 "},
+        {"global bypass=On", "0=10 "},
+        {"Sky Strenght=60", "\"Sky Strenght\": no such parameter (did you mean \"Sky Strength\"?)\n"},
+        {"Zoom=1", "\"Zoom\": no such parameter (\"veridial params\" lists them)\n"},
+        {"=1", "no such parameter (\"veridial params\" lists them)\n"},
+        {"Sky Strength=160", "\"Sky Strength\": 160 is out of range (0 to 100)\n"},
+        {"Sky Strength=-0.01", "\"Sky Strength\": -0.01 is out of range (0 to 100)\n"},
+        {"Sky Strength=60,5", "\"Sky Strength\": \"60,5\" is no number (write 60.5)\n"},
+        {"Sky Strength=nan", "\"Sky Strength\": \"nan\" is no number\n"},
+        {"Sky Strength=", "\"Sky Strength\": a number is missing\n"},
+        {"Sky Strength=1=2", "\"Sky Strength\": \"1=2\" is no number\n"},
+        {"Sky Strength", "\"--set Sky Strength\": no \"=\" in it (write \"Name=value\")\n"},
+        {"Steps=1.5", "\"Steps\": \"1.5\" is no whole number\n"},
+        {"Tint=#ff0000", "\"Tint\": cannot be set on the command line\n"},
+        {"Global Bypass=2", "\"Global Bypass\": \"2\" is no choice (one of true, false, on, off, yes, no, 1, 0)\n"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.setting);
+        grade_request request;
+        request.settings = {row.setting};
+        EXPECT_EQ(resolved(request), row.result);
+    }
+}
+
+TEST(grade_request, reads_wheels_and_pads)
+{
+    const struct
+    {
+        const char *wheel, *sky, *result;
+    } rows[] = {
+        {"shadows=220,40", nullptr, "1=2200 2=400 "},
+        {"Shadows=220, 40", "90,60.5", "1=2200 2=400 3=900 4=605 "},
+        {"shadow=1,2", nullptr, "\"--wheel shadow=1,2\": \"shadow\" is no choice (did you mean \"shadows\"?)\n"},
+        {"shadows", nullptr, "\"--wheel shadows\": no \"=\" in it (write shadows=HUE,CHROMA)\n"},
+        {"shadows=220", nullptr,
+         "\"--wheel shadows=220\": needs two numbers with one comma between them (write HUE,CHROMA, decimals with a "
+         "point)\n"},
+        {"shadows=361,101", nullptr,
+         "\"Shadows Hue\": 361 is out of range (0 to 360)\n\"Shadows Chroma\": 101 is out of range (0 to 100)\n"},
+        {nullptr, "90,60,5",
+         "\"--sky 90,60,5\": needs two numbers with one comma between them (write ANGLE,STRENGTH, decimals with a "
+         "point)\n"},
+        {nullptr, "90,", "\"Sky Strength\": a number is missing\n"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.result);
+        grade_request request;
+        if (row.wheel != nullptr)
+            request.wheels = {row.wheel};
+        if (row.sky != nullptr)
+            request.sky = row.sky;
+        EXPECT_EQ(resolved(request), row.result);
+    }
+}
+
+TEST(grade_request, settings_come_last_in_their_own_order)
+{
+    grade_request request;
+    request.settings = {"Sky Strength=1", "Global Bypass=off", "Sky Strength=2"};
+    request.wheels = {"shadows=1,2", "shadows=3,4"};
+    request.sky = "5,6";
+    request.bypass = true;
+    EXPECT_EQ(resolved(request), "1=10 2=20 1=30 2=40 3=50 4=60 0=10 4=10 0=0 4=20 ");
+}
+
+} // namespace
+} // namespace ov1

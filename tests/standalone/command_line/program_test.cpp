@@ -1,0 +1,121 @@
+#include "command_line/program.h"
+#include "command_line/progress.h"
+#include "support/captured_console.h"
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+exit_code greet(std::span<const std::string> arguments, console& out)
+{
+    out.result("hello");
+    for (const std::string& a : arguments)
+        out.result(' ' + a);
+    out.warning({exit_code::done, "it", "rains", {}});
+    out.note("said");
+    return arguments.empty() ? exit_code::done : exit_code::unreadable;
+}
+
+constexpr verb verbs[] = {{"greet", "say hello", greet}, {"grade", "grade pictures", greet}};
+
+TEST(program, runs_a_verb_or_explains)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        exit_code code;
+        const char *out, *err;
+    } rows[] = {
+        {{"greet"}, exit_code::done, "hello", "veridial: warning: \"it\": rains\n"},
+        {{"greet", "a"}, exit_code::unreadable, "hello a", "veridial: warning: \"it\": rains\n"},
+        {{"gerte"}, exit_code::usage, "", "veridial: \"gerte\": no such command (\"veridial --help\" lists them)\n"},
+        {{"great"}, exit_code::usage, "", "veridial: \"great\": no such command (did you mean \"greet\"?)\n"},
+        {{"-f", "greet"},
+         exit_code::usage,
+         "",
+         "veridial: \"-f\": a command comes first (\"veridial --help\" lists them)\n"},
+        {{}, exit_code::usage, "", "veridial: no command (\"veridial --help\" lists them)\n"},
+        {{"--version"}, exit_code::done, "veridial 3.7.0\n", ""},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.err);
+        captured_console captured;
+        EXPECT_EQ(run_program(row.arguments, verbs, captured.console), row.code);
+        EXPECT_EQ(captured.out.text(), row.out);
+        EXPECT_EQ(captured.err.text(), row.err);
+    }
+}
+
+TEST(program, fails_when_its_results_are_lost)
+{
+    memory_stream err;
+    std::FILE* full = std::fopen("/dev/full", "w");
+    ASSERT_NE(full, nullptr);
+    console out(full, err.get());
+    out.set_quiet(true);
+    EXPECT_EQ(run_program(std::vector<std::string>{"greet"}, verbs, out), exit_code::cannot_write);
+    EXPECT_EQ(err.text(), "veridial: \"standard output\": the disk is full\n");
+    std::fclose(full);
+}
+
+TEST(exit_code, is_common_to_inputs_that_end_alike)
+{
+    using enum exit_code;
+    EXPECT_EQ(common_exit_code({}), done);
+    EXPECT_EQ(common_exit_code(std::array{done, done}), done);
+    EXPECT_EQ(common_exit_code(std::array{unreadable}), unreadable);
+    EXPECT_EQ(common_exit_code(std::array{unreadable, unreadable}), unreadable);
+    EXPECT_EQ(common_exit_code(std::array{done, unreadable}), some_failed);
+    EXPECT_EQ(common_exit_code(std::array{unsupported, unreadable}), some_failed);
+}
+
+TEST(progress, counts_in_the_form_asked_for)
+{
+    const struct
+    {
+        const char* name;
+        progress_style style;
+        bool is_terminal, is_quiet;
+        const char* err;
+    } rows[] = {
+        {"plain", progress_style::plain, false, true, "1 of 2: \"a\"\n2 of 2: \"b\" failed\n"},
+        {"json", progress_style::json, true, false,
+         "{\"done\":1,\"total\":2,\"input\":\"a\",\"ok\":true}\n{\"done\":2,\"total\":2,\"input\":\"b\",\"ok\":false}"
+         "\n"},
+        {"none", progress_style::none, true, false, ""},
+        {"no terminal", progress_style::automatic, false, false, ""},
+        {"quiet", progress_style::automatic, true, true, ""},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.name);
+        captured_console captured;
+        captured.console.set_quiet(row.is_quiet);
+        progress report(captured.console, row.style, row.is_terminal, 2);
+        report.step("a", true);
+        report.step("b", false);
+        EXPECT_EQ(captured.err.text(), row.err);
+    }
+}
+
+TEST(progress, a_bar_makes_room_for_lines_and_is_gone_at_the_end)
+{
+    captured_console captured;
+    {
+        progress report(captured.console, progress_style::automatic, true, 2);
+        captured.console.error({exit_code::usage, "", "oh", ""});
+    }
+    const std::string bar = progress_bar(0, 2, 40);
+    EXPECT_EQ(captured.err.text(), bar + "\r\x1B[Kveridial: oh\n" + bar + "\r\x1B[K");
+    EXPECT_EQ(progress_bar(0, 4, 4), "[>   ] 0 of 4");
+    EXPECT_EQ(progress_bar(3, 4, 4), "[===>] 3 of 4");
+    EXPECT_EQ(progress_bar(4, 4, 4), "[====] 4 of 4");
+}
+
+} // namespace
+} // namespace ov1
