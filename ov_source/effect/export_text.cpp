@@ -1,5 +1,7 @@
 #include "effect/export_text.h"
 
+#include "platform/iutils.h"
+
 #include <algorithm>
 
 namespace ov1
@@ -13,6 +15,16 @@ std::string generated_by_line(const std::string& creator, const std::string& aut
     if (!author.empty())
         line += " - Author: " + one_line(author);
     return line + "\n";
+}
+
+std::string export_title(const std::string& path)
+{
+    const std::string separator = iutils::get_instance().get_path_separator();
+    const auto slash = path.rfind(separator);
+    const auto begin = slash == std::string::npos ? 0 : slash + separator.size();
+    const auto dot = path.rfind('.');
+    const auto end = dot == std::string::npos || dot < begin ? path.size() : dot;
+    return path.substr(begin, end - begin);
 }
 
 std::string one_line(std::string text)

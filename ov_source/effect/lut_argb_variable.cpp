@@ -1,9 +1,9 @@
 #include "effect/lut_argb_variable.h"
 
 #include "effect/cube_format.h"
+#include "effect/export_text.h"
 #include "effect/threedl_format.h"
 #include "platform/atomic_file.h"
-#include "platform/iutils.h"
 
 #include <algorithm>
 #include <span>
@@ -23,17 +23,6 @@ grid_position resampled_position(std::size_t index, std::size_t edge)
     const double indices_per_step = static_cast<double>(size - 1) / static_cast<double>(edge - 1);
     const double fraction = static_cast<double>(index) / indices_per_step - static_cast<double>(lower);
     return {lower, lower + 1, static_cast<float>(fraction)};
-}
-
-/// The file's name without folder and extension.
-std::string title_of(const std::string& path)
-{
-    const std::string separator = iutils::get_instance().get_path_separator();
-    const auto slash = path.rfind(separator);
-    const auto begin = slash == std::string::npos ? 0 : slash + separator.size();
-    const auto dot = path.rfind('.');
-    const auto end = dot == std::string::npos || dot < begin ? path.size() : dot;
-    return path.substr(begin, end - begin);
 }
 
 bool write_text(const std::string& path, const std::string& text)
@@ -69,13 +58,13 @@ template argb_float lut_argb_variable::get_integer<32>(std::size_t, std::size_t,
 bool lut_argb_variable::save_as_cube(const std::string& path, unsigned int size, const std::string& creator,
                                      const std::string& author) const
 {
-    return write_text(path, cube_text(*this, size, title_of(path), creator, author));
+    return write_text(path, cube_text(*this, size, export_title(path), creator, author));
 }
 
 bool lut_argb_variable::save_as_3dl(const std::string& path, const std::string& creator,
                                     const std::string& author) const
 {
-    return write_text(path, threedl_text(*this, title_of(path), creator, author));
+    return write_text(path, threedl_text(*this, export_title(path), creator, author));
 }
 
 } // namespace ov1

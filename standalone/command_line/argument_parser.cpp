@@ -47,8 +47,8 @@ argument_parser::argument_parser(const std::string& command, const std::string& 
     impl->command = command;
     impl->app.name(command);
     impl->app.description(summary);
-    impl->app.footer(examples);
-    impl->app.set_help_flag("-h,--help", "show this and do nothing else")->group("Run");
+    impl->app.footer("Examples:\n" + examples);
+    impl->app.set_help_flag(); // declared last, so that its heading is the last too
 }
 
 argument_parser::~argument_parser() = default;
@@ -85,6 +85,7 @@ void argument_parser::positionals(const std::string& placeholder, std::vector<st
 
 argument_parser::outcome argument_parser::parse(std::span<const std::string> arguments, problem& why)
 {
+    impl->app.set_help_flag("-h,--help", "show this and do nothing else")->group("Run");
     try
     {
         impl->app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -114,6 +115,13 @@ argument_parser::outcome argument_parser::parse(std::span<const std::string> arg
     return outcome::wrong;
 }
 
-std::string argument_parser::help_text() const { return impl->app.help(); }
+std::string argument_parser::help_text() const
+{
+    std::string text = impl->app.help();
+    // The library sets groups two lines apart.
+    for (auto at = text.find("\n\n\n"); at != std::string::npos; at = text.find("\n\n\n", at))
+        text.erase(at, 1);
+    return text;
+}
 
 } // namespace ov1

@@ -2,6 +2,8 @@
 #include "effect/lut_argb_variable.h"
 #include "effect/threedl_format.h"
 
+#include "support/temp_folder.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -100,9 +102,9 @@ TEST(threedl_format, does_not_limit_values)
 class lut_export : public testing::Test
 {
 protected:
-    std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "veridial_lut_export";
-    void SetUp() override { std::filesystem::create_directories(folder / "v1.2"); }
-    void TearDown() override { std::filesystem::remove_all(folder); }
+    const temp_folder temporary;
+    const std::filesystem::path folder = temporary / "v1.2";
+    void SetUp() override { std::filesystem::create_directories(folder); }
 
     std::string line(const std::filesystem::path& file, int number) const
     {
@@ -119,7 +121,7 @@ TEST_F(lut_export, title_is_the_file_name_without_its_extension)
     const struct
     {
         const char *file, *title;
-    } rows[] = {{"teal.cube", "teal"}, {"a.b.cube", "a.b"}, {"v1.2/plain", "plain"}};
+    } rows[] = {{"teal.cube", "teal"}, {"a.b.cube", "a.b"}, {"plain", "plain"}};
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.file);

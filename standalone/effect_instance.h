@@ -1,0 +1,42 @@
+// An effect of the program's own, and the grade of a command line on it.
+#pragma once
+
+#include "command_line/grade_request.h"
+#include "command_line/parameter_info.h"
+#include "command_line/problem.h"
+#include "framework/icomponent_v1.h"
+#include "framework/row_renderer.h"
+
+#include <memory>
+#include <vector>
+
+namespace ov1
+{
+
+/// A component under the framework's default host, from its making to its end.
+class effect_instance
+{
+public:
+    effect_instance();
+    ~effect_instance();
+    effect_instance(const effect_instance&) = delete;
+    effect_instance& operator=(const effect_instance&) = delete;
+
+    icomponent_v1& get() { return *component; }
+
+    /// All parameters in registration order.
+    std::vector<parameter_info> describe_parameters();
+
+    /// Sets what the request asks for, and brings the table up to date. What was asked for is what is used: values are
+    /// set as a host sets them, so the wheels do not adjust one another. On failure nothing is set, and there is one
+    /// problem for each thing that is wrong.
+    [[nodiscard]] bool apply(const grade_request& request, std::vector<problem>& problems);
+
+    /// The table as it is now, for any number of rows and threads.
+    std::shared_ptr<const row_renderer> get_renderer() { return component->get_row_renderer(); }
+
+private:
+    std::shared_ptr<icomponent_v1> component;
+};
+
+} // namespace ov1

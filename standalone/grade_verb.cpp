@@ -1,0 +1,181 @@
+#include "standalone/grade_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/choice.h"
+#include "command_line/console.h"
+#include "command_line/json_text.h"
+#include "command_line/number.h"
+#include "command_line/output_plan.h"
+#include "command_line/run_options.h"
+#include "standalone/effect_instance.h"
+#include "standalone/picture_job.h"
+
+#include <array>
+#include <unistd.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::array<choice<media::transfer_choice>, 3> transfers{{{"auto", media::transfer_choice::automatic},
+                                                                   {"none", media::transfer_choice::none},
+                                                                   {"linear", media::transfer_choice::linear}}};
+constexpr std::array<choice<media::depth>, 6> depths{{{"8", media::depth::u8},
+                                                      {"10", media::depth::u10},
+                                                      {"12", media::depth::u12},
+                                                      {"16", media::depth::u16},
+                                                      {"half", media::depth::half},
+                                                      {"float", media::depth::full_float}}};
+
+struct grade_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output, transfer, depth, quality, pixel_format;
+    media::write_request format;
+};
+
+void declare(argument_parser& parser, grade_command& command)
+{
+    parser.positionals("INPUT", command.inputs, "pictures: PNG, JPEG, TIFF, EXR, DPX and what else can be read");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "OUT|DIR", "the graded picture, or the folder for several");
+    parser.text("--depth", command.depth, choice_names(depths), "bits per sample, the source's unless asked");
+    parser.text("--quality", command.quality, "N", "of a JPEG, 1 to 100, 95 unless asked");
+    parser.text("--pix-fmt", command.pixel_format, "F", "libav's name of the pixel format");
+    parser.group("Input");
+    parser.text("--transfer", command.transfer, choice_names(transfers),
+                "how code values relate to light; auto: linear for EXR and what is tagged so");
+    add_run_options(parser, command.run);
+}
+
+/// Reads the options' texts, and gathers what is wrong with them.
+bool settle(grade_command& command, console& out, std::vector<problem>& problems)
+{
+    bool sound = settle_run_options(command.run, out, problems);
+    const auto keep = [&](bool read, problem why)
+    {
+        if (!read)
+            problems.push_back(std::move(why));
+        sound = sound && read;
+    };
+    if (command.inputs.empty())
+        keep(false, {exit_code::usage, "INPUT", "is missing", "name at least one picture"});
+    if (!command.output)
+        keep(false, {exit_code::usage, "-o", "is missing", "it names the file or folder to write"});
+    if (problem why{exit_code::usage, "--transfer", {}, {}}; command.transfer)
+        keep(read_choice(*command.transfer, transfers, command.format.transfer, why), why);
+    media::depth depth{};
+    if (problem why{exit_code::usage, "--depth", {}, {}}; command.depth)
+    {
+        keep(read_choice(*command.depth, depths, depth, why), why);
+        command.format.depth = depth;
+    }
+    int quality = 0;
+    if (problem why{exit_code::usage, "--quality", {}, {}}; command.quality)
+    {
+        keep(read_whole_number_within(*command.quality, 1, 100, quality, why), why);
+        command.format.quality = quality;
+    }
+    command.format.pixel_format = command.pixel_format.value_or("");
+    return sound;
+}
+
+std::string size_text(const media::still_info& info)
+{
+    return std::to_string(info.width) + " x " + std::to_string(info.height) + ", " + info.format_name + ' ' +
+           std::string(name_of(info.depth));
+}
+
+void add_json(json_text& json, const output_job& job, const picture_result& result, bool dry_run)
+{
+    json.begin_object().key("input").value(job.input).key("output").value(job.output);
+    json.key("exit_code").value(static_cast<int>(result.code));
+    if (result.code != exit_code::done)
+        json.key("error").value(result.failure.reason);
+    else if (job.skipped)
+        json.key("skipped").value(true);
+    else
+    {
+        json.key("written").value(!dry_run);
+        json.key("width").value(result.written.width).key("height").value(result.written.height);
+        json.key("format").value(result.written.format_name).key("depth").value(name_of(result.written.depth));
+        json.key("limited_pixels").value(static_cast<std::size_t>(result.limited_pixels));
+    }
+    json.key("warnings").begin_array();
+    for (const problem& warning : result.warnings)
+        json.value(warning.reason);
+    json.end().end();
+}
+
+void tell(const output_job& job, const picture_result& result, const grade_command& command, console& out)
+{
+    for (const problem& warning : result.warnings)
+        out.warning(warning);
+    if (result.code != exit_code::done)
+        out.error(result.failure);
+    else if (job.skipped)
+        out.note(job.output + " exists and is left");
+    else if (command.run.dry_run && !command.run.json)
+        out.result("would write " + job.output + ": " + size_text(result.written) + '\n');
+    else
+        out.note("wrote " + job.output + ": " + size_text(result.written));
+}
+
+exit_code run_jobs(const output_plan& plan, const grade_command& command, const picture_settings& settings,
+                   console& out)
+{
+    progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.jobs.size());
+    std::vector<exit_code> outcomes;
+    json_text json;
+    json.begin_array();
+    for (const output_job& job : plan.jobs)
+    {
+        const picture_result result = job.skipped ? picture_result{} : grade_picture(job, settings);
+        tell(job, result, command, out);
+        add_json(json, job, result, command.run.dry_run);
+        bar.step(job.input, result.code == exit_code::done);
+        outcomes.push_back(result.code);
+    }
+    if (command.run.json)
+        out.result(json.end().text() + '\n');
+    return common_exit_code(outcomes);
+}
+
+} // namespace
+
+exit_code run_grade(std::span<const std::string> arguments, console& out)
+{
+    grade_command command;
+    argument_parser parser("veridial grade", "Sends pictures through a grade.",
+                           "  veridial grade photo.jpg -s \"Shadows Hue=220\" -s \"Shadows Chroma=40\" -o out.png\n"
+                           "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n");
+    declare(parser, command);
+    exit_code code = exit_code::done;
+    if (!parse_or_explain(parser, arguments, out, code))
+        return code;
+    std::vector<problem> problems;
+    if (!settle(command, out, problems))
+        return fail(problems, out);
+
+    effect_instance effect;
+    output_plan plan;
+    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
+    const bool graded = effect.apply(command.grade, problems);
+    if (!plan_outputs(command.inputs, *command.output, rules, plan, problems) || !graded)
+        return fail(problems, out);
+    if (problem why; !command.run.dry_run && !make_new_folder(plan, why))
+    {
+        out.error(why);
+        return why.code;
+    }
+    const picture_settings settings{effect.get().get_bypass() ? nullptr : effect.get_renderer(), command.format,
+                                    command.run.overwrite, command.run.dry_run};
+    return run_jobs(plan, command, settings, out);
+}
+
+} // namespace ov1

@@ -1,0 +1,11 @@
+// "veridial grade": pictures through a grade.
+#pragma once
+
+#include "command_line/program.h"
+
+namespace ov1
+{
+
+exit_code run_grade(std::span<const std::string> arguments, console& out);
+
+} // namespace ov1

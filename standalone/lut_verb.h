@@ -1,0 +1,11 @@
+// "veridial lut": a grade as a table for other software.
+#pragma once
+
+#include "command_line/program.h"
+
+namespace ov1
+{
+
+exit_code run_lut(std::span<const std::string> arguments, console& out);
+
+} // namespace ov1

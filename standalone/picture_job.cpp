@@ -1,0 +1,76 @@
+#include "standalone/picture_job.h"
+
+#include "media/grade_still.h"
+#include "media/still_reader.h"
+#include "standalone/file_output.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+exit_code code_of(media::error_kind kind)
+{
+    switch (kind)
+    {
+    case media::error_kind::unreadable:
+        return exit_code::unreadable;
+    case media::error_kind::unsupported:
+        return exit_code::unsupported;
+    case media::error_kind::cannot_write:
+        break;
+    }
+    return exit_code::cannot_write;
+}
+
+picture_result failed(picture_result result, const std::string& subject, const media::error& why)
+{
+    result.code = code_of(why.kind);
+    result.failure = {result.code, subject, why.reason, why.hint};
+    return result;
+}
+
+void warn(picture_result& result, const std::string& subject, const std::string& text)
+{
+    if (!text.empty())
+        result.warnings.push_back({exit_code::done, subject, text, {}});
+}
+
+} // namespace
+
+picture_result grade_picture(const output_job& job, const picture_settings& settings)
+{
+    picture_result result;
+    media::still_reader source;
+    media::still_writer target;
+    media::error why;
+    if (!source.open(job.input, why))
+        return failed(result, job.input, why);
+    for (const std::string& note : source.warnings())
+        warn(result, job.input, note);
+    if (!target.create(job.output, source.info(), settings.format, why))
+        return failed(result, job.output, why);
+    warn(result, job.output, target.warning());
+    result.written = target.info();
+    if (settings.dry_run)
+        return result;
+
+    media::row_grade grade;
+    if (settings.renderer != nullptr)
+        grade = [&](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
+        { settings.renderer->render_row(y, in, out, count); };
+    const auto report = media::grade_still(source, target, grade, settings.format.transfer);
+    result.limited_pixels = report.limited_pixels;
+    for (const std::string& warning : report.warnings)
+        warn(result, job.input, warning);
+
+    std::vector<std::uint8_t> bytes;
+    if (!target.finish(bytes, why))
+        return failed(result, job.output, why);
+    if (!write_output(job.output, bytes, settings.overwrite, result.failure))
+        result.code = result.failure.code;
+    return result;
+}
+
+} // namespace ov1

@@ -1,0 +1,40 @@
+// One picture of a run: read, graded, written.
+#pragma once
+
+#include "command_line/output_plan.h"
+#include "command_line/problem.h"
+#include "framework/row_renderer.h"
+#include "media/still_writer.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+/// How all pictures of a run are treated.
+struct picture_settings
+{
+    std::shared_ptr<const row_renderer> renderer; ///< null passes samples untouched: the bypass
+    media::write_request format;
+    bool overwrite = false;
+    bool dry_run = false;
+};
+
+/// What became of a picture.
+struct picture_result
+{
+    exit_code code = exit_code::done;
+    problem failure;               ///< where the code is not done
+    std::vector<problem> warnings; ///< with their subjects
+    media::still_info written;     ///< size, depth and format of the output
+    std::uint64_t limited_pixels = 0;
+};
+
+/// Takes a picture from its input to its output. The output is written whole or not at all; a dry run reads the input,
+/// settles the format and writes nothing.
+picture_result grade_picture(const output_job& job, const picture_settings& settings);
+
+} // namespace ov1
