@@ -1,0 +1,226 @@
+// The program as a user runs it: what it writes, what it says, how it ends.
+#include "support/temp_folder.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace ov1
+{
+namespace
+{
+
+namespace fs = std::filesystem;
+
+struct outcome
+{
+    int code = -1;
+    std::string out;
+    std::string err;
+};
+
+std::string read_text(const fs::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+class veridial_program : public testing::Test
+{
+protected:
+    void SetUp() override { fs::current_path(fs::path(folder / "")); }
+    void TearDown() override { fs::current_path("/"); }
+
+    /// Runs a shell line in the test's folder; $V is the program.
+    outcome run(const std::string& line) const
+    {
+        const std::string whole = "V=" VERIDIAL_PROGRAM "; { " + line + "; } >stdout.txt 2>stderr.txt";
+        const int status = std::system(whole.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_text("stdout.txt"),
+                read_text("stderr.txt")};
+    }
+
+    /// A binary PPM of three channels that differ, which the program reads.
+    void write_picture(const std::string& name, int width, int height) const
+    {
+        std::ofstream file(name, std::ios::binary);
+        file << "P6\n" << width << ' ' << height << "\n255\n";
+        for (int i = 0; i < width * height; ++i)
+            for (const int v : {i * 7 % 256, i * 13 % 256, 255 - i * 5 % 256})
+                file.put(static_cast<char>(v));
+    }
+
+    std::vector<std::string> entries() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator("."))
+            if (const auto name = entry.path().filename().string(); name != "stdout.txt" && name != "stderr.txt")
+                names.push_back(name);
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    const temp_folder folder;
+};
+
+TEST_F(veridial_program, mistakes_end_with_one_clear_line_and_their_own_code)
+{
+    write_picture("in.ppm", 9, 7);
+    write_picture("taken.png", 1, 1);
+    std::ofstream("text.png") << "this is no picture\n";
+    std::ofstream("empty.png");
+    std::ofstream("state.bin") << "s1vcXXXX";
+    fs::create_directory("closed");
+    fs::permissions("closed", fs::perms::owner_read | fs::perms::owner_exec);
+    const struct
+    {
+        const char* line;
+        int code;
+        const char* said;
+    } rows[] = {
+        {"$V grade none.png -o o.png", 3, R"("none.png": no such file)"},
+        {"$V grade text.png -o o.png", 4, R"("text.png": is not a picture)"},
+        {"$V grade empty.png -o o.png", 3, R"("empty.png": the file is empty)"},
+        {"$V grade . -o o.png", 3, R"(".": is a folder)"},
+        {"$V grade in.ppm -s 'Sky Strenght=60' -o o.png", 2, R"((did you mean "Sky Strength"?))"},
+        {"$V grade in.ppm -s 'Sky Strength=160' -o o.png", 2, R"("Sky Strength": 160 is out of range (0 to 100))"},
+        {"$V grade in.ppm -s 'Sky Strength=60,5' -o o.png", 2, "60.5"},
+        {"$V grade in.ppm -s 'Sky Strength=nan' -o o.png", 2, "Sky Strength"},
+        {"$V grade in.ppm --wheel shadow=1,2 -o o.png", 2, "shadows"},
+        {"$V grade in.ppm --depth 9 -o o.png", 2, "--depth"},
+        {"$V grade in.ppm --quality 0 -o o.jpg", 2, "--quality"},
+        {"$V grade in.ppm -o o.xyz", 4, R"("o.xyz")"},
+        {"$V grade in.ppm --depth half -o o.png", 4, "half"},
+        {"$V grade in.ppm -o taken.png", 6, R"("taken.png": exists already (-f)"},
+        {"$V grade in.ppm -o none/o.png", 6, "none"},
+        {"$V grade in.ppm --state none.bin -o o.png", 3, "none.bin"},
+        {"$V grade in.ppm --state state.bin -o o.png", 5, "state.bin"},
+        {"$V grade in.ppm", 2, R"("-o": is missing)"},
+        {"$V grade -o o.png", 2, R"("INPUT": is missing)"},
+        {"$V lut -o o.txt", 4, ".cube"},
+        {"$V lut --size 33 -o o.cube", 2, "--size"},
+        {"$V lut --size 17 -o o.3dl", 2, "--size"},
+        {"$V grad in.ppm -o o.png", 2, R"(did you mean "grade"?)"},
+        {"$V grade in.ppm --tranfer none -o o.png", 2, R"(did you mean "--transfer"?)"},
+        {"(ulimit -f 1; exec $V lut -o o.cube)", 6, R"("o.cube")"},
+    };
+    const auto before = entries();
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.line);
+        const outcome o = run(row.line);
+        EXPECT_EQ(o.code, row.code);
+        EXPECT_NE(o.err.find(row.said), std::string::npos) << o.err;
+        EXPECT_EQ(std::count(o.err.begin(), o.err.end(), '\n'), 1) << o.err;
+        EXPECT_EQ(o.err.substr(0, 10), "veridial: ") << o.err;
+        EXPECT_EQ(o.out, "");
+        EXPECT_EQ(entries(), before) << "nothing is left behind";
+    }
+}
+
+TEST_F(veridial_program, several_pictures_go_into_a_folder_and_a_bad_one_stops_no_other)
+{
+    write_picture("a.ppm", 4, 4);
+    write_picture("b.ppm", 1, 1);
+    std::ofstream("bad.png") << "\x89PNG\r\n\x1a\n and no more";
+    const outcome o = run("for i in a b; do $V grade $i.ppm -o $i.png || exit 9; done;"
+                          "$V grade a.png bad.png b.png --sky 90,50 -o done/ --json");
+    EXPECT_EQ(o.code, 1);
+    EXPECT_NE(o.out.find(R"("output":"done/b.png","exit_code":0)"), std::string::npos) << o.out;
+    EXPECT_TRUE(fs::exists("done/a.png") && fs::exists("done/b.png") && !fs::exists("done/bad.png"));
+}
+
+TEST_F(veridial_program, a_bypassed_picture_comes_back_untouched_and_a_graded_one_does_not)
+{
+    write_picture("in.ppm", 31, 17);
+    const outcome o = run("$V grade in.ppm --depth 16 -o a.png && $V grade a.png --bypass --sky 90,100 -o b.png && "
+                          "$V grade b.png --wheel shadows=220,60 -o c.png && cmp a.png b.png && ! cmp -s b.png c.png");
+    EXPECT_EQ(o.code, 0) << o.err;
+}
+
+TEST_F(veridial_program, dry_runs_say_what_would_be_done_and_write_nothing)
+{
+    write_picture("in.ppm", 31, 17);
+    const outcome o = run("$V grade in.ppm --depth 16 -o out.tif --dry-run");
+    EXPECT_EQ(o.code, 0);
+    EXPECT_EQ(o.out, "would write out.tif: 31 x 17, TIFF 16\n");
+    EXPECT_EQ(run("$V lut -o x.cube --size 32 --dry-run").out, "would write x.cube, 32 points per axis\n");
+    EXPECT_EQ(entries(), std::vector<std::string>{"in.ppm"});
+}
+
+TEST_F(veridial_program, numbers_read_and_write_alike_under_a_german_locale)
+{
+    const outcome o =
+        run("LC_ALL=de_DE.UTF-8 $V lut --wheel shadows=220.5,40.25 -o de.cube && "
+            "LC_ALL=C $V lut --wheel shadows=220.5,40.25 -o c.cube && sed -i 2d de.cube c.cube && "
+            "cmp de.cube c.cube && LC_ALL=de_DE.UTF-8 $V params --json >de.txt && $V params --json | cmp - de.txt");
+    EXPECT_EQ(o.code, 0) << o.err;
+}
+
+TEST_F(veridial_program, an_interrupt_leaves_nothing_half_done)
+{
+    write_picture("in.ppm", 3000, 2500);
+    run("$V grade in.ppm -o big.png && rm in.ppm && for i in 1 2 3 4 5 6 7 8; do ln big.png in$i.png; done");
+    const outcome o = run("$V grade in*.png -o done/ & pid=$!; "
+                          "for i in $(seq 600); do [ -e done/in1.png ] && break; sleep 0.05; done; "
+                          "kill -TERM $pid; wait $pid"); // shells start background jobs with SIGINT ignored
+    EXPECT_EQ(o.code, 130);
+    const auto files = []
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator("done"))
+            names.push_back(entry.path().filename().string());
+        return names;
+    }();
+    EXPECT_LT(files.size(), 8u);
+    for (const std::string& name : files)
+        EXPECT_EQ(name.substr(0, 2), "in") << "a temporary file was left";
+}
+
+TEST_F(veridial_program, another_programs_trilinear_lookup_of_our_cube_gives_our_picture)
+{
+    if (std::system("command -v ffmpeg >/dev/null") != 0)
+        GTEST_SKIP() << "ffmpeg is not installed";
+    std::ofstream raw("in.rgb", std::ios::binary);
+    constexpr int width = 96, height = 64;
+    std::uint32_t state = 1;
+    for (int i = 0; i < width * height * 3 * 2; ++i)
+        raw.put(static_cast<char>((state = state * 1664525u + 1013904223u) >> 24));
+    raw.close();
+    const std::string form = " -f rawvideo -pix_fmt rgb48le ";
+    const std::string grade =
+        " --wheel shadows=220,55 --wheel highlights=40,30 -s 'Global Chroma=20' -s 'Mids Lightness=2' ";
+    const outcome o = run("F='ffmpeg -v error -y'; $F" + form +
+                          "-s 96x64 -i in.rgb -pix_fmt rgb48be in.png && "
+                          "$V lut" +
+                          grade + "-o g.cube && $V grade in.png" + grade +
+                          "-o ours.png && "
+                          "$F -i in.png -vf lut3d=g.cube:interp=trilinear" +
+                          form +
+                          "theirs.rgb && "
+                          "$F -i ours.png" +
+                          form + "ours.rgb");
+    ASSERT_EQ(o.code, 0) << o.err;
+    const std::string ours = read_text("ours.rgb"), theirs = read_text("theirs.rgb");
+    ASSERT_EQ(ours.size(), std::size_t{width * height * 6});
+    ASSERT_EQ(ours.size(), theirs.size());
+    int largest = 0;
+    for (std::size_t i = 0; i < ours.size(); i += 2)
+    {
+        const auto code = [&](const std::string& s)
+        { return static_cast<unsigned char>(s[i]) + 256 * static_cast<unsigned char>(s[i + 1]); };
+        largest = std::max(largest, std::abs(code(ours) - code(theirs)));
+    }
+    // Half a unit of the fourth decimal is 3.3 of 65,535; one more code where either side rounds or truncates.
+    EXPECT_LE(largest, 5);
+    EXPECT_GT(largest, 0) << "the files differ in their last decimals: equal pictures would mean one was not graded";
+}
+
+} // namespace
+} // namespace ov1
