@@ -21,8 +21,9 @@ install() {
   wanted=$(missing "$@")
   [ -n "$wanted" ] || return 0
   echo "setup: installing" $wanted >&2
-  apt-get -q -y -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 update >&2
-  apt-get -q -y -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 install --no-install-recommends $wanted >&2
+  apt-get -qq -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 update >&2
+  apt-get -qq -y -o DPkg::Lock::Timeout=900 -o Acquire::Retries=5 -o Dpkg::Use-Pty=0 install --no-install-recommends \
+    $wanted >/dev/null
 }
 
 # Number texts are tested under a locale with a decimal comma.

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs what the program needs, builds it, and grades a picture. Arguments go to the program instead:
+#   scripts/run.sh                         grades a sample picture into build/out, and says what it wrote
+#   scripts/run.sh grade photo.jpg -o out.png
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=$root/build/release
+
+"$root/scripts/setup.sh" run
+# A build folder that is there keeps its options: the tests may have been turned on in it.
+[ -f "$build/build.ninja" ] || (cd "$root" && cmake --preset release -DVERIDIAL_TESTS=OFF >/dev/null)
+cmake --build "$build" --target veridial make_samples >&2
+veridial=$build/bin/veridial
+
+if [ $# -gt 0 ]; then
+  exec "$veridial" "$@"
+fi
+
+out=$root/build/out
+mkdir -p "$out"
+"$build/bin/make_samples" "$out"
+grade=(--wheel shadows=205,38 --wheel highlights=38,30 -s "Global Chroma=12" -s "Shadows Smoothness=30")
+"$veridial" grade "$out/landscape.png" "${grade[@]}" -o "$out/graded.png" -f
+"$veridial" lut "${grade[@]}" -o "$out/graded.cube" -f
+cat <<EOF
+The sample picture    $out/landscape.png
+graded                $out/graded.png
+the grade as a table  $out/graded.cube
+EOF
