@@ -6,7 +6,7 @@ set -euo pipefail
 export LC_ALL=C DEBIAN_FRONTEND=noninteractive
 
 run_packages="g++ cmake ninja-build pkg-config ca-certificates libfmt-dev libcli11-dev rapidjson-dev libtbb-dev
-  libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev fonts-liberation"
+  libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev libfontconfig-dev fonts-liberation"
 test_packages="clang-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools libopencolorio-dev git"
 
 missing() {

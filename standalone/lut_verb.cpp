@@ -14,6 +14,7 @@
 #include "standalone/effect_instance.h"
 #include "standalone/file_output.h"
 #include "standalone/hald_clut.h"
+#include "standalone/media_problem.h"
 
 #include <algorithm>
 #include <array>
@@ -115,7 +116,7 @@ bool encode(effect_instance& effect, const lut_request& request, std::vector<std
         media::error failure;
         if (make_hald_clut(*effect.get_renderer(), bytes, failure))
             return true;
-        why = {exit_code::cannot_write, *request.output, failure.reason, failure.hint};
+        why = problem_of(failure, *request.output);
         return false;
     }
     iobject* found = nullptr;

@@ -5,6 +5,7 @@
 #include "standalone/grade_verb.h"
 #include "standalone/lut_verb.h"
 #include "standalone/params_verb.h"
+#include "standalone/sheet_verb.h"
 
 #include <array>
 #include <string>
@@ -14,9 +15,10 @@ int main(int argc, char** argv)
 {
     using namespace ov1;
     watch_interrupts();
-    constexpr std::array<verb, 3> verbs{{
+    constexpr std::array<verb, 4> verbs{{
         {"grade", "sends pictures through a grade", run_grade},
         {"lut", "writes a grade as a table for other software", run_lut},
+        {"sheet", "shows a picture through many grades", run_sheet},
         {"params", "lists the parameters", run_params},
     }};
     console out;

@@ -3,6 +3,7 @@
 #include "media/grade_still.h"
 #include "media/still_reader.h"
 #include "standalone/file_output.h"
+#include "standalone/media_problem.h"
 
 namespace ov1
 {
@@ -10,24 +11,10 @@ namespace ov1
 namespace
 {
 
-exit_code code_of(media::error_kind kind)
-{
-    switch (kind)
-    {
-    case media::error_kind::unreadable:
-        return exit_code::unreadable;
-    case media::error_kind::unsupported:
-        return exit_code::unsupported;
-    case media::error_kind::cannot_write:
-        break;
-    }
-    return exit_code::cannot_write;
-}
-
 picture_result failed(picture_result result, const std::string& subject, const media::error& why)
 {
-    result.code = code_of(why.kind);
-    result.failure = {result.code, subject, why.reason, why.hint};
+    result.failure = problem_of(why, subject);
+    result.code = result.failure.code;
     return result;
 }
 

@@ -1,0 +1,194 @@
+#include "standalone/sheet_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/console.h"
+#include "command_line/json_text.h"
+#include "command_line/output_plan.h"
+#include "command_line/run_options.h"
+#include "media/reduced_picture.h"
+#include "media/still_writer.h"
+#include "media/transfer_curve.h"
+#include "standalone/canvas.h"
+#include "standalone/effect_instance.h"
+#include "standalone/file_output.h"
+#include "standalone/media_problem.h"
+#include "standalone/sheet_cells.h"
+#include "standalone/sheet_layout.h"
+#include "standalone/text_painter.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::size_t sheet_width = 2400;
+constexpr unsigned int caption_size = 14;
+constexpr argb_float background{1.0f, 0.184f, 0.184f, 0.184f}; // the editor's grey, 47 of 255
+constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
+
+struct sheet_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output;
+};
+
+bool asks_for_a_grade(const grade_request& grade)
+{
+    return grade.state_file || !grade.wheels.empty() || grade.sky || grade.greenery || grade.skin || grade.film ||
+           !grade.settings.empty();
+}
+
+bool parse(sheet_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+{
+    argument_parser parser("veridial sheet",
+                           "Shows a picture through every look at full strength and half, or before and after a grade.",
+                           "  veridial sheet photo.jpg -o looks.png\n"
+                           "  veridial sheet photo.jpg --wheel shadows=205,40 --film 270,60 -o before_after.png\n");
+    parser.positionals("INPUT", command.inputs, "a picture");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "SHEET.png", "the contact sheet");
+    add_run_options(parser, command.run);
+    if (!parse_or_explain(parser, arguments, out, code))
+        return false;
+
+    std::vector<problem> problems;
+    bool sound = settle_run_options(command.run, out, problems);
+    if (command.inputs.size() != 1)
+        problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
+    if (!command.output)
+        problems.push_back({exit_code::usage, "-o", "is missing", "it names the sheet to write"});
+    sound = sound && problems.empty();
+    code = fail(problems, out);
+    return sound;
+}
+
+/// What the cells show, and how many stand in a row.
+std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& columns)
+{
+    columns = look_columns;
+    if (!asks_for_a_grade(command.grade))
+        return look_cells();
+    columns = 2;
+    sheet_cell before{"before", {}};
+    before.grade.bypass = true;
+    return {before, {"after", command.grade}};
+}
+
+/// Display-referred, straight, within 0..1: what the table takes.
+void make_gradable(media::reduced_picture& picture, const media::still_info& info)
+{
+    for (argb_float& p : picture.pixels)
+    {
+        if (info.alpha == media::alpha_kind::premultiplied && p.a > 0.0f)
+            p = {p.a, p.r / p.a, p.g / p.a, p.b / p.a};
+        if (info.transfer == media::transfer::linear)
+            p = {p.a, media::srgb_encoded(p.r), media::srgb_encoded(p.g), media::srgb_encoded(p.b)};
+        for (const auto channel : {&argb_float::a, &argb_float::r, &argb_float::g, &argb_float::b})
+            p.*channel = p.*channel > 0.0f ? std::min(p.*channel, 1.0f) : 0.0f;
+    }
+}
+
+/// The picture through the effect's present table, with its own alpha.
+std::vector<argb_float> graded(effect_instance& effect, const media::reduced_picture& picture)
+{
+    std::vector<argb_float> pixels(picture.pixels.size());
+    effect.get_renderer()->render_row(0, picture.pixels.data(), pixels.data(), pixels.size());
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i].a = picture.pixels[i].a;
+    return pixels;
+}
+
+bool encode(const canvas& sheet, const std::string& path, std::vector<std::uint8_t>& bytes, media::error& why)
+{
+    media::still_info info;
+    info.width = sheet.get_width();
+    info.height = sheet.get_height();
+    media::still_writer writer;
+    if (!writer.create(path, info, {}, why))
+        return false;
+    for (std::size_t y = 0; y < info.height; y += media::still_writer::row_multiple)
+        writer.write_rows(y, std::min(media::still_writer::row_multiple, info.height - y), sheet.row(y));
+    return writer.finish(bytes, why);
+}
+
+/// Draws all cells; each grade starts from the defaults.
+bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
+          const media::reduced_picture& picture, std::vector<problem>& problems)
+{
+    effect_instance effect;
+    text_painter captions(caption_size);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+    {
+        effect.get().reset_to_default();
+        if (!effect.apply(cells[i].grade, problems))
+            return false;
+        const auto pixels = graded(effect, picture);
+        const std::size_t left = layout.left_of(i), top = layout.top_of(i);
+        sheet.paint(left, top, pixels.data(), picture.width, picture.height);
+        captions.paint(sheet, left, top + layout.picture_height + caption_size + 3, cells[i].name, layout.picture_width,
+                       caption_colour);
+    }
+    return true;
+}
+
+exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
+{
+    media::still_reader source;
+    media::error why;
+    if (!source.open(command.inputs[0], why))
+    {
+        const problem p = problem_of(why, command.inputs[0]);
+        out.error(p);
+        return p.code;
+    }
+    std::size_t columns = 0;
+    const auto cells = cells_of(command, columns);
+    const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height, sheet_width);
+    auto picture = media::reduce(source, layout.picture_width, layout.picture_height);
+    make_gradable(picture, source.info());
+
+    canvas sheet(layout.width(), layout.height(), background);
+    std::vector<problem> problems;
+    if (!draw(sheet, layout, cells, picture, problems))
+        return fail(problems, out);
+    std::vector<std::uint8_t> bytes;
+    problem failure;
+    if (!encode(sheet, output, bytes, why))
+        failure = problem_of(why, output);
+    else if (command.run.dry_run || write_output(output, bytes, command.run.overwrite, failure))
+    {
+        out.note((command.run.dry_run ? "would write " : "wrote ") + output);
+        return exit_code::done;
+    }
+    out.error(failure);
+    return failure.code;
+}
+
+} // namespace
+
+exit_code run_sheet(std::span<const std::string> arguments, console& out)
+{
+    sheet_command command;
+    exit_code code = exit_code::done;
+    if (!parse(command, arguments, out, code))
+        return code;
+    std::vector<problem> problems;
+    output_job job;
+    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
+    if (!plan_output(*command.output, rules, job, problems))
+        return fail(problems, out);
+    if (job.skipped)
+    {
+        out.note(job.output + " exists and is left");
+        return exit_code::done;
+    }
+    return make_sheet(command, job.output, out);
+}
+
+} // namespace ov1
