@@ -4,6 +4,7 @@
 extern "C"
 {
 #include <libavcodec/avcodec.h>
+#include <libavutil/mem.h>
 }
 
 #include <memory>
@@ -16,7 +17,11 @@ struct libav_deleter
 {
     void operator()(AVFrame* frame) const { av_frame_free(&frame); }
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+    void operator()(AVCodecContext* context) const
+    {
+        av_freep(&context->chroma_intra_matrix); // forgotten by libav 5.1
+        avcodec_free_context(&context);
+    }
 };
 
 using frame_ptr = std::unique_ptr<AVFrame, libav_deleter>;

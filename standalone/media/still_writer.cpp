@@ -101,7 +101,7 @@ std::string what_is_left_out(const still_info& source, const still_info& written
     return true;
 }
 
-/// libav frees the tables with the context.
+/// The context owns the tables.
 void set_jpeg_quality(AVCodecContext& context, int quality)
 {
     const jpeg_tables tables = jpeg_tables_of(quality);
