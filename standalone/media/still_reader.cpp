@@ -53,7 +53,7 @@ struct job_watch
 };
 
 /// Opens a decoder that refuses damage rather than hiding it. That of TIFF would refuse harmless tags as well: it is
-/// left to report damage.
+/// left to report damage. Null when the decoder is not there.
 codec_ptr open_decoder(AVCodecID id)
 {
     const AVCodec* codec = avcodec_find_decoder(id);
@@ -68,8 +68,28 @@ codec_ptr open_decoder(AVCodecID id)
     return avcodec_open2(context.get(), codec, nullptr) == 0 ? std::move(context) : nullptr;
 }
 
-/// Null when the decoder is not there.
-[[nodiscard]] bool decode(const picture_kind& kind, const whole_file& file, frame_ptr& frame, error& why)
+/// A packet that owns the file's bytes: libav would copy what nobody owns. Null without memory.
+packet_ptr packet_of(whole_file& file)
+{
+    packet_ptr packet(av_packet_alloc());
+    if (packet == nullptr)
+        return nullptr;
+    const std::size_t size = file.bytes().size();
+    std::uint8_t* const data = file.release();
+    packet->buf = av_buffer_create(
+        data, size, [](void*, std::uint8_t* bytes) { delete[] bytes; }, nullptr, AV_BUFFER_FLAG_READONLY);
+    if (packet->buf == nullptr)
+    {
+        delete[] data;
+        return nullptr;
+    }
+    packet->data = data;
+    packet->size = static_cast<int>(size);
+    return packet;
+}
+
+/// Uses the file up.
+[[nodiscard]] bool decode(const picture_kind& kind, whole_file& file, frame_ptr& frame, error& why)
 {
     const std::string name(kind.name);
     const libav_messages messages;
@@ -78,12 +98,10 @@ codec_ptr open_decoder(AVCodecID id)
         return fail(why, error_kind::unsupported, "this build of libav does not read " + name);
     job_watch jobs;
     jobs.attach(*context);
-    const packet_ptr packet(av_packet_alloc());
+    const packet_ptr packet = packet_of(file);
     frame.reset(av_frame_alloc());
     if (packet == nullptr || frame == nullptr)
         return fail(why, error_kind::unreadable, "not enough memory");
-    packet->data = const_cast<std::uint8_t*>(file.bytes().data()); // not owned, read only
-    packet->size = static_cast<int>(file.bytes().size());
     int result = avcodec_send_packet(context.get(), packet.get());
     if (result >= 0)
         result = avcodec_send_packet(context.get(), nullptr);

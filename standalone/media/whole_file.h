@@ -21,6 +21,13 @@ public:
 
     std::span<const std::uint8_t> bytes() const { return {data.get(), count}; }
 
+    /// Hands the bytes over, zeros included, to be freed with delete[]; the file is empty then.
+    std::uint8_t* release()
+    {
+        count = 0;
+        return data.release();
+    }
+
 private:
     std::unique_ptr<std::uint8_t[]> data;
     std::size_t count = 0;
