@@ -67,6 +67,8 @@ picture_facts exr_facts(std::span<const std::uint8_t> file)
             display_window = value;
         at += 4 + std::size_t{bytes.u32(at)};
     }
+    if (display_window.u32(0) != 0 || display_window.u32(4) != 0)
+        facts.refusal = "its display window does not begin at 0, 0"; // libav 5.1 would leave it black
     bool same = true;
     for (const std::size_t corner : {0, 4, 8, 12})
         same = same && data_window.u32(corner) == display_window.u32(corner);

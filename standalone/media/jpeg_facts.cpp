@@ -34,7 +34,7 @@ std::size_t after_coded_data(std::span<const std::uint8_t> file, std::size_t at)
         const bool restart = code >= 0xD0 && code <= 0xD7;
         if (code != 0 && code != 0xFF && !restart)
             return at;
-        at += code == 0xFF ? 1 : 2;
+        ++at;
     }
     return file.size();
 }

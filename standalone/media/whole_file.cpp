@@ -34,14 +34,17 @@ bool fail(error& why, std::string reason, std::string hint = {})
 bool whole_file::read(const std::string& path, error& why)
 {
     std::error_code code;
-    if (std::filesystem::is_directory(path, code))
+    const std::filesystem::file_type type = std::filesystem::status(path, code).type();
+    if (type == std::filesystem::file_type::directory)
         return fail(why, "is a folder", "name the pictures in it");
+    if (std::filesystem::exists(path, code) && type != std::filesystem::file_type::regular)
+        return fail(why, "is not a regular file"); // opening a pipe would wait for its other end
     const file_ptr file(std::fopen(path.c_str(), "rb"));
     if (file == nullptr)
         return fail(why, errno == ENOENT ? "no such file" : std::strerror(errno));
     const std::uintmax_t size = std::filesystem::file_size(path, code);
     if (code)
-        return fail(why, "is not a file that can be read whole");
+        return fail(why, "its size is not known");
     if (size == 0)
         return fail(why, "the file is empty");
     if (size > largest)
