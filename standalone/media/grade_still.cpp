@@ -11,7 +11,7 @@ namespace ov1::media
 namespace
 {
 
-constexpr std::size_t piece_rows = 32;
+constexpr std::size_t piece_rows = 16; // of a wide picture as many as a core's cache holds
 static_assert(piece_rows % still_writer::row_multiple == 0);
 
 template <typename function>
@@ -50,7 +50,8 @@ public:
                       (choice == transfer_choice::automatic && source.info().transfer == transfer::linear))
         , to_linear(choice != transfer_choice::none && target.info().transfer == transfer::linear)
         , from_premultiplied(source.info().alpha == alpha_kind::premultiplied)
-        , to_premultiplied(target.info().alpha == alpha_kind::premultiplied || drops_alpha_over_black())
+        , over_black(from_premultiplied && target.info().alpha == alpha_kind::none)
+        , to_premultiplied(over_black || target.info().alpha == alpha_kind::premultiplied)
     {
     }
 
@@ -71,9 +72,6 @@ public:
     std::uint64_t limited_pixels() const { return limited_count; }
 
 private:
-    /// Premultiplied colour whose alpha is not written is what it looks like over black, and stays so.
-    bool drops_alpha_over_black() const { return from_premultiplied && target.info().alpha == alpha_kind::none; }
-
     void grade_rows(std::size_t first, std::vector<argb_float>& pixels)
     {
         std::vector<argb_float> in(width), out(width);
@@ -108,16 +106,28 @@ private:
         return c;
     }
 
+    /// What is not graded still takes the output's transfer.
+    void pass(argb_float& stored) const
+    {
+        if (from_linear && !to_linear)
+            for_channels(stored, srgb_encoded);
+        else if (to_linear && !from_linear)
+            for_channels(stored, srgb_decoded);
+    }
+
     /// Back again; the alpha is the stored one's.
     void leave(argb_float graded, argb_float& stored) const
     {
         if (passes(stored))
-            return;
+            return pass(stored);
         graded.a = stored.a;
-        if (to_linear)
+        const bool lay_as_light = over_black && from_linear && !to_linear;
+        if (to_linear || lay_as_light)
             for_channels(graded, srgb_decoded);
         if (to_premultiplied)
             multiply_by_alpha(graded);
+        if (lay_as_light)
+            for_channels(graded, srgb_encoded);
         stored = graded;
     }
 
@@ -126,7 +136,9 @@ private:
     const row_grade& grade;
     std::size_t width;
     bool from_linear, to_linear;
-    bool from_premultiplied, to_premultiplied;
+    bool from_premultiplied;
+    bool over_black; ///< alpha is dropped: what is left is the picture over black, laid there as the source would
+    bool to_premultiplied;
     std::atomic<std::uint64_t> limited_count = 0;
 };
 

@@ -29,8 +29,9 @@ struct grade_report
 };
 
 /// Takes every row of the picture to the writer, which was created for it with the same transfer choice. Premultiplied
-/// alpha is undone before the grade and redone after it; the picture's own alpha is written. Where a premultiplied
-/// alpha is 0 there is light, but nothing that it lies on: such pixels pass as they are. Linear samples are encoded
+/// alpha is undone before the grade and redone after it; the picture's own alpha is written, or the picture laid over
+/// black where the output has none. Where a premultiplied
+/// alpha is 0 there is light, but nothing that it lies on: such pixels pass ungraded. Linear samples are encoded
 /// with the sRGB curve for the grade. Without a grade (an empty function) samples that the output stores alike pass
 /// untouched. The grade is called from whatever threads the runner uses.
 grade_report grade_still(const still_reader& source, still_writer& target, const row_grade& grade,
