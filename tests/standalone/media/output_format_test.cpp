@@ -49,6 +49,8 @@ TEST(output_format, keeps_the_depth_or_loses_least)
 TEST(output_format, refuses_naming_what_the_format_holds)
 {
     using enum depth;
+    using enum still_format;
+    using enum alpha_kind;
     const struct
     {
         still_format format;
@@ -56,19 +58,11 @@ TEST(output_format, refuses_naming_what_the_format_holds)
         alpha_kind alpha;
         const char *reason, *hint;
     } cases[] = {
-        {still_format::png, {u10, {}}, alpha_kind::none, "PNG holds no samples of depth 10", "ask for 8 or 16"},
-        {still_format::exr, {u16, {}}, alpha_kind::none, "EXR holds no samples of depth 16", "ask for half or float"},
-        {still_format::dpx,
-         {full_float, {}},
-         alpha_kind::none,
-         "DPX holds no samples of depth float",
-         "ask for 8, 10, 12 or 16"},
-        {still_format::dpx, {u10, {}}, alpha_kind::straight, "DPX holds no alpha at depth 10", "ask for 8 or 16"},
-        {still_format::jpeg,
-         {{}, "rgb24"},
-         alpha_kind::none,
-         "JPEG is not written as pixel format rgb24",
-         "ask for yuv444p, yuv422p or yuv420p"},
+        {png, {u10, {}}, none, "PNG holds no samples of depth 10", "ask for 8 or 16"},
+        {exr, {u16, {}}, none, "EXR holds no samples of depth 16", "ask for half or float"},
+        {dpx, {half, {}}, none, "DPX holds no samples of depth half", "ask for 8, 10, 12 or 16"},
+        {dpx, {u10, {}}, straight, "DPX holds no alpha at depth 10", "ask for 8 or 16"},
+        {jpeg, {{}, "rgb24"}, none, "JPEG is not written as pixel format rgb24", "ask for yuv444p, yuv422p or yuv420p"},
     };
     for (const auto& c : cases)
     {

@@ -93,6 +93,8 @@ TEST(unpack_span, interpolates_chroma_from_where_it_sits)
 TEST(unpack_span, takes_range_and_matrix_from_the_frame)
 {
     // Pure colours as the standards code them, rounded: the tolerance is that of one code in the smaller range.
+    constexpr AVPixelFormat eight = AV_PIX_FMT_YUV444P, ten = AV_PIX_FMT_YUV444P10LE;
+    constexpr AVColorRange full = AVCOL_RANGE_JPEG, limited = AVCOL_RANGE_MPEG;
     const struct
     {
         const char* name;
@@ -102,17 +104,11 @@ TEST(unpack_span, takes_range_and_matrix_from_the_frame)
         std::array<int, 3> code;
         argb_float expected;
     } cases[] = {
-        {"601 full red", AV_PIX_FMT_YUV444P, AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG, {76, 85, 255}, {1, 1, 0, 0}},
-        {"601 limited red", AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_SMPTE170M, {81, 90, 240}, {1, 1, 0, 0}},
-        {"709 limited green", AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709, {173, 42, 26}, {1, 0, 1, 0}},
-        {"2020 10-bit blue",
-         AV_PIX_FMT_YUV444P10LE,
-         AVCOL_RANGE_MPEG,
-         AVCOL_SPC_BT2020_NCL,
-         {116, 960, 476},
-         {1, 0, 0, 1}},
-        {"limited white", AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709, {235, 128, 128}, {1, 1, 1, 1}},
-        {"beyond white", AV_PIX_FMT_YUV444P, AVCOL_RANGE_MPEG, AVCOL_SPC_BT709, {250, 128, 128}, {1, 1, 1, 1}},
+        {"601 red", eight, full, AVCOL_SPC_BT470BG, {76, 85, 255}, {1, 1, 0, 0}},
+        {"601 limited red", eight, limited, AVCOL_SPC_SMPTE170M, {81, 90, 240}, {1, 1, 0, 0}},
+        {"709 limited green", eight, limited, AVCOL_SPC_BT709, {173, 42, 26}, {1, 0, 1, 0}},
+        {"2020 limited blue", ten, limited, AVCOL_SPC_BT2020_NCL, {116, 960, 476}, {1, 0, 0, 1}},
+        {"beyond white", eight, limited, AVCOL_SPC_BT709, {250, 128, 128}, {1, 1, 1, 1}},
     };
     for (const auto& c : cases)
     {
