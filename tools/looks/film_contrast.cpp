@@ -1,0 +1,43 @@
+#include "looks/film_contrast.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr double height = 0.085;
+
+/// v^4 (1 - v)^2, scaled to its height at 2/3: flat at both ends.
+double upper_hump(double v)
+{
+    constexpr double peak = (16.0 / 81.0) * (1.0 / 9.0);
+    return height / peak * v * v * v * v * (1.0 - v) * (1.0 - v);
+}
+
+double lower_hump(double v) { return upper_hump(1.0 - v); }
+
+/// v with upper and lower times the humps added.
+rgb_double curved(const rgb_double& code, double upper, double lower)
+{
+    const auto curve = [&](double v) { return v + upper * upper_hump(v) + lower * lower_hump(v); };
+    const double max = std::max({code.r, code.g, code.b});
+    const double min = std::min({code.r, code.g, code.b});
+    const double top = curve(max);
+    if (max == min)
+        return {top, top, top};
+    const double bottom = curve(min);
+    const auto between = [&](double v) { return bottom + (top - bottom) * ((v - min) / (max - min)); };
+    return {between(code.r), between(code.g), between(code.b)};
+}
+
+} // namespace
+
+rgb_double film_contrast_highlights_north(const rgb_double& code) { return curved(code, 1.0, 0.0); }
+rgb_double filmkontrast_minus100(const rgb_double& code) { return curved(code, -1.0, 1.0); }
+rgb_double film_contrast_shadows_south(const rgb_double& code) { return curved(code, 0.0, -1.0); }
+rgb_double filmkontrast_100(const rgb_double& code) { return curved(code, 1.0, -1.0); }
+
+} // namespace ov1

@@ -1,0 +1,47 @@
+#include "looks/region_looks.h"
+
+#include "looks/colour_region.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+// Hue: zero, full, full, zero; lightness: zero, full; chroma: full, zero. A look that turns the hue has a longer edge
+// on the side that it turns to: within an edge narrower than about twice the turn the lattice would fold. Where greens
+// have become emerald nothing is left to do, so the look towards it lets go of them early, else they end as mint.
+
+constexpr colour_region sky{{175, 226, 264, 320}, 0.20, 0.50, 0.115, 0.245};
+constexpr colour_region sky_to_purple{{175, 226, 264, 340}, 0.20, 0.50, 0.115, 0.245};
+constexpr colour_region sky_to_turquoise{{150, 226, 264, 320}, 0.20, 0.50, 0.115, 0.245};
+constexpr colour_region greenery{{70, 112, 146, 190}, 0.10, 0.38, 0.25, 0.40};
+constexpr colour_region greenery_to_emerald{{70, 112, 126, 190}, 0.10, 0.38, 0.25, 0.40};
+constexpr colour_region skin{{-8, 30, 60, 118}, 0.14, 0.42, 0.100, 0.190};
+
+// What the masks select ends before the yellowest grass. The skin tables act through the first mask, so where one edge
+// falls the other is still full or already low: two steep edges in one place would fold.
+constexpr colour_region selected_skin{{-8, 28, 84, 108}, 0.14, 0.42, 0.115, 0.205};
+constexpr colour_region selected_wide_skin{{-20, 26, 84, 108}, 0.10, 0.34, 0.125, 0.225};
+
+} // namespace
+
+rgb_double sky_dark_turquoise(const rgb_double& code) { return moved(code, sky_to_turquoise, {-0.045, 1.08, -29.0}); }
+rgb_double sky_100(const rgb_double& code) { return moved(code, sky, {-0.090, 1.36, 0.0}); }
+rgb_double sky_bright_purple(const rgb_double& code) { return moved(code, sky_to_purple, {0.045, 1.06, 30.0}); }
+rgb_double sky_minus100(const rgb_double& code) { return moved(code, sky, {0.085, 1.0 / 1.36, 0.0}); }
+
+rgb_double greenery_yellow(const rgb_double& code) { return moved(code, greenery, {0.030, 1.05, -18.0}); }
+rgb_double greenery_bright(const rgb_double& code) { return moved(code, greenery, {0.100, 1.25, 0.0}); }
+rgb_double greenery_irish(const rgb_double& code) { return moved(code, greenery_to_emerald, {-0.050, 1.18, 19.0}); }
+rgb_double greenery_olive(const rgb_double& code) { return moved(code, greenery, {-0.075, 0.72, -8.0}); }
+
+rgb_double skin_lighter(const rgb_double& code) { return moved(code, skin, {0.085, 0.96, 0.0}); }
+rgb_double skin_darker(const rgb_double& code) { return moved(code, skin, {-0.090, 1.0 / 0.96, 0.0}); }
+rgb_double skin_yellowish(const rgb_double& code) { return moved(code, skin, {0.0, 1.12, 17.0}); }
+rgb_double skin_reddened(const rgb_double& code) { return moved(code, skin, {-0.010, 1.12, -18.0}); }
+
+double skin_weight(const rgb_double& code) { return mask_weight(code, selected_skin); }
+double wide_skin_weight(const rgb_double& code) { return mask_weight(code, selected_wide_skin); }
+
+} // namespace ov1

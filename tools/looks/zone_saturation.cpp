@@ -1,0 +1,68 @@
+#include "looks/zone_saturation.h"
+
+#include "looks/colour_space.h"
+#include "looks/shaping.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ov1
+{
+
+namespace
+{
+
+struct zone_weights
+{
+    double shadows;
+    double mids;
+    double highlights;
+};
+
+/// By the code value of the grey of the same lightness. They sum to 1.
+zone_weights weights_of(const oklch& colour)
+{
+    const double grey = grey_of_lightness(colour.lightness);
+    const double out_of_shadows = smoothstep(grey, 0.23, 0.50);
+    const double into_highlights = smoothstep(grey, 0.50, 0.78);
+    return {1.0 - out_of_shadows, out_of_shadows - into_highlights, into_highlights};
+}
+
+rgb_double saturated(const rgb_double& code, double zone_weights::*zone)
+{
+    constexpr double full_ratio = 1.6;
+    constexpr double full_steps = 2.0; // grid steps from grey over which the look sets in
+    constexpr double roll_off = 0.75;
+
+    oklch colour = oklch_of(code);
+    const double weight = weights_of(colour).*zone * ramp(grid_distance_from_grey(code), 0.0, full_steps);
+    if (weight == 0.0)
+        return code;
+    colour.chroma *= std::pow(full_ratio, weight);
+    return rolled_off(code, code_of(colour), roll_off);
+}
+
+/// The weights are exponents, so that what one zone leaves the others take: no colour remains after all three.
+rgb_double desaturated(const rgb_double& code, double zone_weights::*zone)
+{
+    constexpr double floor = 0.1;
+
+    oklch colour = oklch_of(code);
+    const double weight = weights_of(colour).*zone;
+    if (weight == 0.0 || grid_distance_from_grey(code) == 0.0)
+        return code;
+    colour.chroma *= (std::pow(floor, weight) - floor) / (1.0 - floor);
+    const rgb_double to = code_of(colour);
+    return {std::clamp(to.r, 0.0, 1.0), std::clamp(to.g, 0.0, 1.0), std::clamp(to.b, 0.0, 1.0)};
+}
+
+} // namespace
+
+rgb_double saturation100_schatten(const rgb_double& code) { return saturated(code, &zone_weights::shadows); }
+rgb_double saturation_minus100_schatten(const rgb_double& code) { return desaturated(code, &zone_weights::shadows); }
+rgb_double saturation100_mitten(const rgb_double& code) { return saturated(code, &zone_weights::mids); }
+rgb_double saturation_minus100_mitten(const rgb_double& code) { return desaturated(code, &zone_weights::mids); }
+rgb_double saturation100_lichter(const rgb_double& code) { return saturated(code, &zone_weights::highlights); }
+rgb_double saturation_minus100_lichter(const rgb_double& code) { return desaturated(code, &zone_weights::highlights); }
+
+} // namespace ov1
