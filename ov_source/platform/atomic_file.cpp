@@ -90,6 +90,14 @@ bool read_file(const std::string& path, std::vector<std::uint8_t>& bytes, std::s
     return true;
 }
 
+bool remove_file(const std::string& path, std::string& reason)
+{
+    if (unlink(path.c_str()) == 0)
+        return true;
+    reason = errno == ENOENT ? "no such file" : plain_reason(errno);
+    return false;
+}
+
 bool folder_takes_files(const std::string& folder, std::string& reason)
 {
     pending_file probe;

@@ -1,4 +1,4 @@
-// Whole files: read at once, and written so that a failure leaves the old one.
+// Whole files: read at once, written so that a failure leaves the old one, and removed.
 #pragma once
 
 #include <cstddef>
@@ -21,6 +21,9 @@ namespace ov1
 /// Reads a file, pipe or device to its end. A folder, and more than `limit` bytes, are refused.
 [[nodiscard]] bool read_file(const std::string& path, std::vector<std::uint8_t>& bytes, std::string& reason,
                              std::size_t limit);
+
+/// Removes a file, or a link and not what it leads to; never a folder.
+[[nodiscard]] bool remove_file(const std::string& path, std::string& reason);
 
 /// Whether a new file can be made in a folder, found out by making one and removing it.
 [[nodiscard]] bool folder_takes_files(const std::string& folder, std::string& reason);

@@ -221,6 +221,8 @@ double cutils_linux::get_dpi_scale()
     return scale >= 1.5 ? 2.0 : 1.0;
 }
 
+std::string cutils_linux::get_resource_directory() { return environment.resource_folder; }
+
 std::unique_ptr<iutils> make_system_utils()
 {
     return std::make_unique<cutils_linux>("vendor", "veridial", read_user_environment());

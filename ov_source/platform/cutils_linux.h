@@ -44,6 +44,7 @@ public:
     bool list_dir(const std::string& path, std::vector<std::string>* files, std::vector<std::string>* directories,
                   bool full_paths) override;
     double get_dpi_scale() override;
+    std::string get_resource_directory() override;
 
 private:
     user_environment environment;

@@ -80,6 +80,8 @@ public:
                                         std::vector<std::string>* directories, bool full_paths) = 0;
     /// How many screen pixels one unit of the editor's layout takes.
     virtual double get_dpi_scale() = 0;
+    /// The folder that get_resource reads, for resources in folders of their own; empty where they lie in no folder.
+    virtual std::string get_resource_directory() { return {}; }
 
 private:
     friend class scoped_utils;

@@ -1,13 +1,12 @@
 #include "platform/atomic_file.h"
 #include "platform/pending_file.h"
 #include "support/plain_user.h"
+#include "support/size_limit.h"
 #include "support/temp_folder.h"
 
 #include <atomic>
-#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -32,23 +31,6 @@ mode_t mode_of(const std::string& path)
     stat(path.c_str(), &facts);
     return facts.st_mode & 07777;
 }
-
-/// While it lives, files end at so many bytes.
-class size_limit
-{
-public:
-    explicit size_limit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit tight{bytes, before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &tight);
-    }
-    ~size_limit() { setrlimit(RLIMIT_FSIZE, &before); }
-
-private:
-    rlimit before{};
-};
 
 TEST(replace_file, writes_the_whole_file_and_leaves_nothing_beside_it)
 {
@@ -278,6 +260,23 @@ TEST(read_file, gives_the_whole_file_or_a_reason)
         EXPECT_EQ(reason, row.reason);
         EXPECT_EQ(bytes, std::vector<std::uint8_t>{7});
     }
+}
+
+TEST(remove_file, takes_files_and_links_but_never_a_folder_or_what_a_link_means)
+{
+    const temp_folder folder;
+    folder.with_file("real", "kept");
+    fs::create_symlink("real", folder / "link");
+    fs::create_directory(folder / "empty");
+    std::string reason;
+    EXPECT_TRUE(remove_file(folder / "link", reason)) << reason;
+    EXPECT_EQ(text_of_file(folder / "real"), "kept");
+    EXPECT_FALSE(remove_file(folder / "link", reason));
+    EXPECT_EQ(reason, "no such file");
+    EXPECT_FALSE(remove_file(folder / "empty", reason));
+    EXPECT_EQ(reason, "is a folder");
+    EXPECT_TRUE(remove_file(folder / "real", reason));
+    EXPECT_EQ(folder.count(), 1);
 }
 
 } // namespace
