@@ -1,0 +1,128 @@
+#include "presets/random_look.h"
+
+#include "framework/cparameter_continuous_v1.h"
+#include "framework/icomponent_v1.h"
+
+#include <cmath>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// The draws of a look. Spelled out where the standard library leaves the way from engine to number open.
+class dice
+{
+public:
+    explicit dice(std::mt19937& engine)
+        : engine(engine)
+    {
+    }
+
+    /// Uniform within a..b, of two numbers of the engine.
+    float uniform(double a, double b)
+    {
+        const double first = engine();
+        const double second = engine();
+        return static_cast<float>(a + (b - a) * ((first + second * 0x1p32) * 0x1p-64));
+    }
+
+    /// The uppermost bit of one number.
+    bool coin() { return engine() >> 31 != 0; }
+
+private:
+    std::mt19937& engine;
+};
+
+/// Sets parameters by name.
+class look
+{
+public:
+    explicit look(icomponent_v1& component)
+        : component(component)
+    {
+    }
+
+    void set(const char* name, float value)
+    {
+        const auto parameter =
+            std::dynamic_pointer_cast<cparameter_continuous_v1>(component.get_parameter(make_uid(name)));
+        if (parameter)
+            parameter->set_value(value, false);
+    }
+
+private:
+    icomponent_v1& component;
+};
+
+void set_whole_image(look& to, dice& from)
+{
+    to.set("Master Hue", 0);
+    to.set("Master Chroma", 0);
+    to.set("Global Chroma", from.uniform(-100, 35));
+    to.set("Global Luminance", 0);
+}
+
+// Of each wheel Chroma comes before Range and Lightness. While it is set, the coupling may move a lightness that leaves
+// it no room, and while Range is set, draw the chroma back; but Lightness, set last, stays, and at these places of
+// Range and Lightness every chroma has room, so that the one just asked for returns.
+void set_wheels(look& to, dice& from)
+{
+    const float hue = std::trunc(from.uniform(0, 360));
+    const float chroma = from.uniform(0, 55);
+    to.set("Shadows Hue", hue);
+    to.set("Shadows Chroma", chroma);
+    to.set("Shadows Range", 7);
+    to.set("Shadows Lightness", 0);
+    to.set("Shadows Smoothness", 70);
+    to.set("Shadows Saturation", from.uniform(-25, 25));
+
+    to.set("Mids Hue", from.coin() ? hue : std::fmod(hue + 180.0f, 360.0f));
+    // In double precision, so that rounding never lifts it above the shadows' chroma.
+    to.set("Mids Chroma", static_cast<float>(double{from.uniform(0, 100)} * chroma / 100.0));
+    to.set("Mids Range", 10);
+    to.set("Mids Lightness", 0);
+    to.set("Mids Smoothness", 100);
+    to.set("Mids Saturation", from.uniform(-25, 25));
+
+    for (const char* name :
+         {"Highlights Hue", "Highlights Chroma", "Highlights Range", "Highlights Lightness", "Highlights Smoothness"})
+        to.set(name, 0);
+    to.set("Highlights Saturation", from.uniform(-25, 25));
+}
+
+void set_pads(look& to, dice& from)
+{
+    to.set("Protect Skin Tones", from.uniform(0, 100));
+    to.set("Skin Angle", from.uniform(0, 360));
+    // The ranges reach below where these two may go: a good part of all looks leaves skin or contrast alone.
+    to.set("Skin Tone Strength", from.uniform(-20, 20));
+    to.set("Skin Tone Brightness", from.uniform(-25, 25));
+    to.set("Sky Angle", from.uniform(0, 360));
+    to.set("Sky Strength", from.uniform(0, 100));
+    to.set("Greenery Angle", from.uniform(0, 360));
+    to.set("Greenery Strength", from.uniform(0, 100));
+    to.set("Film Contrast Angle", from.uniform(0, 360));
+    to.set("Film Contrast Strength", from.uniform(-70, 70));
+}
+
+} // namespace
+
+void randomize_look(icomponent_v1& component, std::mt19937& engine)
+{
+    look to(component);
+    dice from(engine);
+    set_whole_image(to, from);
+    set_wheels(to, from);
+    set_pads(to, from);
+}
+
+void randomize_look(icomponent_v1& component)
+{
+    std::random_device chance;
+    std::mt19937 engine(chance());
+    randomize_look(component, engine);
+}
+
+} // namespace ov1

@@ -1,0 +1,298 @@
+#include "presets/preset_reader.h"
+
+#include "framework/create_ccomponent.h"
+#include "framework/state_blob.h"
+#include "presets/preset_text.h"
+#include "presets/random_look.h"
+#include "support/temp_folder.h"
+#include "support/test_component.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace ov1
+{
+namespace
+{
+
+constexpr auto nothing = "\t\"plugin_state_size\":9,\n\t\"plugin_state\":[115,49,118,99,0,0,0,0,0]\n}"; // no record
+
+std::string entry(const std::string& name, const std::string& id, const std::string& type, const std::string& value)
+{
+    return R"({"param_name":")" + name + R"(","param_id":)" + id + R"(,"param_type":")" + type + R"(","param_value":)" +
+           value + "}";
+}
+std::string entry(const std::string& name, const std::string& type, const std::string& value)
+{
+    return entry(name, std::to_string(make_uid(name)), type, value);
+}
+
+std::string replaced(std::string text, std::string_view from, std::string_view to)
+{
+    const auto at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return text.replace(at, from.size(), to);
+}
+
+class preset_reader : public testing::Test
+{
+protected:
+    bool load(const std::string& text)
+    {
+        preset_content content;
+        return read_preset_text(text, content, reason) && apply_preset(content, *on.component, reason);
+    }
+    void expect_refused(const std::string& text, const std::string& expected_reason)
+    {
+        preset_content content{{preset_entry()}, {7}};
+        EXPECT_FALSE(read_preset_text(text, content, reason));
+        EXPECT_EQ(reason, expected_reason);
+        EXPECT_EQ(content.entries.size() + content.state.size(), 2u) << "what was read before is kept";
+    }
+
+    stage on;
+    std::string reason;
+    const std::string good = write_preset_text(*on.component);
+};
+
+TEST_F(preset_reader, a_file_damaged_in_one_field_is_refused_with_the_fields_name)
+{
+    const std::string amount = "entry 1 of \"parameters\": ";
+    const struct
+    {
+        const char *from, *to;
+        std::string reason;
+    } rows[] = {
+        {"parameter_count", "parameter_kount", "\"parameter_count\" is missing"},
+        {"count\":4", "count\":\"4\"", "\"parameter_count\" is not a whole number of 32 bits"},
+        {"count\":4", "count\":4.0", "\"parameter_count\" is not a whole number of 32 bits"},
+        {"count\":4", "count\":4294967300", "\"parameter_count\" is not a whole number of 32 bits"},
+        {"count\":4", "count\":0", "\"parameter_count\" is less than 1"},
+        {"count\":4", "count\":-4", "\"parameter_count\" is less than 1"},
+        {"count\":4", "count\":5", "\"parameters\" holds 4 elements, but \"parameter_count\" is 5"},
+        {"count\":4", "count\":3", "\"parameters\" holds 4 elements, but \"parameter_count\" is 3"},
+        {"parameters", "parametres", "\"parameters\" is missing"},
+        {"parameters\":[", "parameters\":{},\"x\":[", "\"parameters\" is not an array"},
+        {"4,\n\t\"parameters\":[", "5,\n\t\"parameters\":[[],", "entry 1 of \"parameters\" is not an object"},
+        {"param_name", "param_nome", amount + "\"param_name\" is missing"},
+        {"\"Amount\"", "7", amount + "\"param_name\" is not a text"},
+        {"param_id", "param_ident", amount + "\"param_id\" is missing"},
+        {"param_id\":", "param_id\":-", amount + "\"param_id\" is not an unsigned whole number of 32 bits"},
+        {"param_id\":", "param_id\":4294967296,\"x\":",
+         amount + "\"param_id\" is not an unsigned whole number of 32 bits"},
+        {"param_id\":", "param_id\":\"1\",\"x\":", amount + "\"param_id\" is not an unsigned whole number of 32 bits"},
+        {"param_type", "param_tipe", amount + "\"param_type\" is missing"},
+        {"\"continuous\"", "0", amount + "\"param_type\" is not a text"},
+        {"param_value", "param_valeu", amount + "\"param_value\" is missing"},
+        {"50.000000", "\"50\"", amount + "\"param_value\" is not a number"},
+        {"integral\",\n\t\t\"param_value\":0", "integral\",\n\t\t\"param_value\":0.5",
+         "entry 2 of \"parameters\": \"param_value\" is not a whole number of 32 bits"},
+        {"integral\",\n\t\t\"param_value\":0", "integral\",\n\t\t\"param_value\":3000000000",
+         "entry 2 of \"parameters\": \"param_value\" is not a whole number of 32 bits"},
+        {"false", "0", "entry 3 of \"parameters\": \"param_value\" is not true or false"},
+        {"[1.000000, ", "[", "entry 4 of \"parameters\": \"param_value\" is not an array of four numbers"},
+        {"[1.000000", "[\"1\"", "entry 4 of \"parameters\": \"param_value\" is not an array of four numbers"},
+        {"plugin_state_size", "plugin_state_syze", "\"plugin_state_size\" is missing"},
+        {"size\":200", "size\":199", "\"plugin_state\" holds 200 elements, but \"plugin_state_size\" is 199"},
+        {"plugin_state\"", "plugin_stato\"", "\"plugin_state\" is missing"},
+        {"[115,", "[256,", "element 1 of \"plugin_state\" is not a byte, 0 to 255"},
+        {"[115,49,", "[115,-1,", "element 2 of \"plugin_state\" is not a byte, 0 to 255"},
+        {"[115,49,118,", "[115,49,1.5,", "element 3 of \"plugin_state\" is not a byte, 0 to 255"},
+        {"[115,", "[116,", "\"plugin_state\": not a state: it does not begin with \"s1vc\""},
+        {",99,4,0,", ",99,5,0,", "\"plugin_state\": the state is cut short: it announces 5 parameters and holds 4"},
+        {",99,4,0,0,0", ",99,255,255,255,255", "\"plugin_state\": the state is damaged: it announces -1 parameters"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(std::string(row.from) + " -> " + row.to);
+        expect_refused(replaced(good, row.from, row.to), row.reason);
+    }
+    EXPECT_TRUE(load("\xEF\xBB\xBF" + good)) << "behind a byte order mark: " << reason;
+}
+
+TEST_F(preset_reader, what_is_no_json_or_no_preset_is_refused_with_the_place)
+{
+    const std::size_t value_at = good.find("50.000000");
+    const auto at = [](std::size_t place) { return "not valid JSON at byte " + std::to_string(place) + ": "; };
+    const struct
+    {
+        const char* what;
+        std::string text, reason;
+    } rows[] = {
+        {"empty", "", "holds no text"},
+        {"blanks", std::string(1 << 20, ' '), "holds no text"},
+        {"another kind", "[1]", "not a preset: the text is not an object"},
+        {"truncated", good.substr(0, good.size() - 2),
+         at(good.size() - 2) + "missing a comma or '}' after an object member"},
+        {"text behind it", good + "x", at(good.size()) + "the document root must not be followed by other values"},
+        {"a zero behind it", good + '\0' + "x", at(good.size()) + "a zero byte"},
+        {"NaN", replaced(good, "50.000000", "NaN"), at(value_at) + "invalid value"},
+        {"Infinity", replaced(good, "50.000000", "Infinity"), at(value_at) + "invalid value"},
+        {"1e999", replaced(good, "50.000000", "1e999"), at(value_at) + "number too big to be stored in double"},
+        {"no UTF-8", replaced(good, "Amount", "Am\xFFunt"), at(good.find("Amount") + 2) + "invalid encoding in string"},
+        {"a million levels", std::string(1'000'000, '['), at(1'000'000) + "invalid value"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.what);
+        expect_refused(row.text, row.reason);
+    }
+    const std::string deep = std::string(1'000'000, '[') + std::string(1'000'000, ']');
+    EXPECT_TRUE(load(replaced(good, "{\n", "{\"x\":" + deep + ","))) << reason;
+}
+
+TEST_F(preset_reader, files_that_hold_no_preset_are_refused_in_plain_words)
+{
+    const temp_folder folder;
+    folder.with_file("empty", "");
+    folder.with_file("huge", "");
+    std::filesystem::resize_file(folder / "huge", 100 << 20);
+    std::filesystem::create_symlink("loop", folder / "loop");
+    const struct
+    {
+        std::string path, reason;
+    } rows[] = {{folder / "missing", "no such file"},
+                {folder.path, "is a folder"},
+                {folder / "loop", "too many symbolic links"},
+                {folder / "empty", "holds no text"},
+                {folder / "huge", "is larger than 4194304 bytes"},
+                {"/dev/zero", "is larger than 4194304 bytes"}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.path);
+        preset_content content;
+        EXPECT_FALSE(read_preset_file(row.path, content, reason));
+        EXPECT_EQ(reason, row.reason);
+    }
+}
+
+TEST_F(preset_reader, an_entry_that_does_not_match_is_skipped_and_the_rest_loads)
+{
+    const struct
+    {
+        const char* what;
+        std::string entry;
+        float amount;
+        int steps;
+    } rows[] = {
+        {"the accepted word", entry("Amount", "continuos", "12.5"), 12.5f, 0},
+        {"beyond its bounds", entry("Amount", "continuos", "-1e300"), 0, 0},
+        {"the written word", entry("Amount", "continuous", "12.5"), 50, 0},
+        {"an unknown id", entry("Amount", "1", "continuos", "12.5"), 50, 0},
+        {"the id of another", entry("Steps", std::to_string(make_uid("Amount")), "continuos", "12.5"), 50, 0},
+        {"an unknown name", entry("Amaunt", "continuos", "12.5"), 50, 0},
+        {"the word of another type", entry("Amount", "integral", "12"), 50, 0},
+        {"an unknown word", entry("Amount", "custom", "null"), 50, 0},
+        {"an integer", entry("Steps", "integral", "-7"), 50, -7},
+        {"an integer beyond its bounds", entry("Steps", "integral", "2147483647"), 50, 10},
+        {"a colour beyond its bounds", entry("Tint", "color", "[1, 2, 0, 0]"), 50, 0},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.what);
+        on.component->amount->set_value(80, false);
+        ASSERT_TRUE(load("{\"parameter_count\":3,\"parameters\":[" + row.entry + "," + entry("On", "boolean", "true") +
+                         "," + entry("Tint", "color", "[0.25, 0.5, 0.75, 1]") + "]," + nothing))
+            << reason;
+        EXPECT_EQ(on.component->amount->get_value(), row.amount);
+        EXPECT_EQ(on.component->steps->get_value(), row.steps);
+        EXPECT_TRUE(on.component->on->get_value());
+        EXPECT_EQ(on.component->tint->get_value(), (param_argb{0.25f, 0.5f, 0.75f, 1}));
+    }
+}
+
+TEST_F(preset_reader, a_load_is_one_restore_that_the_host_learns_of)
+{
+    const int restores = on.component->restores;
+    on.component->amount->set_value(80, true);
+    on.host->events.take();
+    ASSERT_TRUE(load(good)) << reason;
+    EXPECT_EQ(on.component->amount->get_value(), 50);
+    EXPECT_EQ(on.component->restores, restores + 1);
+    const auto events = on.host->events.take();
+    EXPECT_EQ(events.size(), 4u + 3u + 4u) << "defaults, entries with an accepted word, state";
+    for (const auto& [kind, id] : events)
+        EXPECT_EQ(kind, event_kind::changed);
+    EXPECT_EQ(on.component->set_while_restoring, 11);
+
+    on.view->editing = true;
+    on.component->amount->set_value(80, false);
+    EXPECT_FALSE(load(good));
+    EXPECT_EQ(reason, "a control is being moved");
+    EXPECT_EQ(on.component->amount->get_value(), 80);
+}
+
+TEST_F(preset_reader, a_state_without_a_number_leaves_the_default)
+{
+    param_value damaged = on.component->amount->get_param_value();
+    damaged.value = param_cell::of(std::numeric_limits<float>::quiet_NaN());
+    preset_content content;
+    const state_record record{damaged, make_uid("Amount")};
+    content.state = write_state({&record, 1});
+    on.component->amount->set_value(80, false);
+    ASSERT_TRUE(apply_preset(content, *on.component, reason));
+    EXPECT_EQ(on.component->amount->get_value(), 50);
+}
+
+class preset_round_trip : public testing::Test
+{
+protected:
+    void SetUp() override { effect->initialize(std::make_shared<chost_v1>(effect)); }
+    void TearDown() override { effect->terminate(); }
+
+    void expect_round_trip()
+    {
+        const std::string saved = write_preset_text(*effect);
+        const auto state = effect->get_state();
+        randomize_look(*effect, engine);
+        preset_content content;
+        std::string reason;
+        ASSERT_TRUE(read_preset_text(saved, content, reason) && apply_preset(content, *effect, reason)) << reason;
+        EXPECT_EQ(effect->get_state(), state);
+        EXPECT_TRUE(write_preset_text(*effect) == saved);
+    }
+
+    std::shared_ptr<icomponent_v1> effect = create_ccomponent();
+    std::mt19937 engine{20};
+};
+
+TEST_F(preset_round_trip, save_load_save_gives_the_same_bytes)
+{
+    expect_round_trip();
+    for (int i = 0; i < 200; ++i)
+    {
+        SCOPED_TRACE(i);
+        randomize_look(*effect, engine);
+        if (i % 2 == 1) // a state that the wheels' coupling would not allow
+            for (int p = 1; p < effect->get_parameter_count(); ++p)
+            {
+                param_value v = effect->get_parameter(p)->get_param_value();
+                v.value = param_cell::of(engine() % 2 ? v.max.as_continuous() : v.min.as_continuous());
+                effect->get_parameter(p)->set_param_value(v, true);
+            }
+        expect_round_trip();
+    }
+}
+
+TEST_F(preset_round_trip, former_parameters_in_the_state_arrive_as_present_ones)
+{
+    const auto former = [](const char* name, float v) {
+        return state_record{{param_type::continuous, param_cell::of(v), {}, {}, {}}, make_uid(name)};
+    };
+    const std::vector<state_record> records{former("Sky", -40), former("Film Contrast", -40),
+                                            former("Greenery Kind", 2), former("Boost Skin Tones", 30),
+                                            former("Skin Tone Hue", 40)};
+    preset_content content;
+    content.state = write_state(records);
+    std::string reason;
+    ASSERT_TRUE(apply_preset(content, *effect, reason)) << reason;
+    const auto value = [this](const char* name)
+    { return effect->get_parameter(name)->get_param_value().value.as_continuous(); };
+    EXPECT_EQ(value("Sky Angle") + value("Sky Strength"), 270 + 40);
+    EXPECT_EQ(value("Film Contrast Angle") + value("Film Contrast Strength"), 90 + 40);
+    EXPECT_EQ(value("Greenery Angle"), 270);
+    EXPECT_FLOAT_EQ(value("Skin Angle"), 53.1301f);
+}
+
+} // namespace
+} // namespace ov1
