@@ -1,0 +1,69 @@
+// Any bytes as a preset: what is accepted can be applied, and what is saved then loads and saves again to the same
+// bytes.
+#include "framework/ccomponent_v1.h"
+#include "framework/chost_v1.h"
+#include "framework/cparameter_boolean_v1.h"
+#include "framework/cparameter_color_v1.h"
+#include "framework/cparameter_continuous_v1.h"
+#include "framework/cparameter_integral_v1.h"
+#include "presets/preset_reader.h"
+#include "presets/preset_text.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+namespace
+{
+
+using namespace ov1;
+
+/// One parameter of each kind.
+class four_kinds : public ccomponent_v1
+{
+public:
+    void init_component() override
+    {
+        register_parameter(std::make_shared<cparameter_continuous_v1>(get_self(), "A", -100.0f, 100.0f, 50.0f));
+        register_parameter(std::make_shared<cparameter_integral_v1>(get_self(), "B", -10, 10, 0));
+        register_parameter(std::make_shared<cparameter_boolean_v1>(get_self(), "C", false));
+        register_parameter(std::make_shared<cparameter_color_v1>(get_self(), "D", param_argb{1, 0, 0.5f, 1}));
+    }
+};
+
+void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+void load(std::string_view text, icomponent_v1& component)
+{
+    preset_content content;
+    std::string reason;
+    require(read_preset_text(text, content, reason) && apply_preset(content, component, reason));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const auto component = []
+    {
+        auto made = std::make_shared<four_kinds>();
+        made->initialize(std::make_shared<chost_v1>(made));
+        return made;
+    }();
+    preset_content content;
+    std::string reason;
+    if (!read_preset_text({reinterpret_cast<const char*>(data), size}, content, reason))
+    {
+        require(!reason.empty() && reason.find('\n') == std::string::npos && content.entries.empty());
+        return 0;
+    }
+    require(apply_preset(content, *component, reason));
+    const std::string saved = write_preset_text(*component);
+    component->reset_to_default();
+    load(saved, *component);
+    require(write_preset_text(*component) == saved);
+    return 0;
+}
