@@ -1,5 +1,6 @@
 #include "presets/preset_manager.h"
 
+#include "framework/create_ccomponent.h"
 #include "platform/cutils_linux.h"
 #include "platform/scoped_utils.h"
 #include "presets/preset_text.h"
@@ -8,6 +9,7 @@
 #include "support/test_component.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 namespace ov1
 {
@@ -163,6 +165,26 @@ TEST_F(preset_manager_test, bundled_looks_are_listed_apart_and_never_touched)
     manager.delete_preset("Look");
     EXPECT_TRUE(manager.load_bundled_preset("Look", reason)) << reason;
     EXPECT_FALSE(manager.load_bundled_preset("../Look", reason));
+}
+
+TEST(bundled_presets, all_load_and_no_two_are_one_look)
+{
+    cutils_linux utils("", "", {{}, "/nowhere", SHARE_DIR, 0.0, language_id::english});
+    const scoped_utils in_place(utils);
+    const auto effect = create_ccomponent();
+    effect->initialize(std::make_shared<chost_v1>(effect));
+    preset_manager manager(effect);
+    names found;
+    EXPECT_TRUE(manager.get_bundled_presets(found));
+    EXPECT_GE(found.size(), 10u);
+    std::set<std::string> looks{write_preset_text(*effect)};
+    std::string reason;
+    for (const std::string& name : found)
+    {
+        EXPECT_TRUE(manager.load_bundled_preset(name, reason)) << name << ": " << reason;
+        EXPECT_TRUE(looks.insert(write_preset_text(*effect)).second) << name;
+    }
+    effect->terminate();
 }
 
 TEST_F(preset_manager_test, without_component_or_home_everything_fails_and_nothing_is_made)
