@@ -5,6 +5,9 @@
 #include "framework/iparameter_v1.h"
 #include "framework/state_blob.h"
 #include "platform/atomic_file.h"
+#include "standalone/preset_source.h"
+
+#include <optional>
 
 namespace ov1
 {
@@ -64,10 +67,22 @@ bool read_state_file(icomponent_v1& component, const std::string& path, std::vec
     return check_state_blob(bytes, why.reason) && !component.is_state_rejected(bytes, true, why.reason);
 }
 
+void assign(icomponent_v1& component, const std::vector<assignment>& assignments)
+{
+    for (const assignment& a : assignments)
+    {
+        const auto parameter = component.get_parameter(static_cast<int>(a.parameter));
+        param_value record = parameter->get_param_value();
+        record.value = cell_of(record.type, a.value);
+        parameter->set_param_value(record, true);
+    }
+}
+
 } // namespace
 
 effect_instance::effect_instance()
     : component(create_ccomponent())
+    , presets(component)
 {
     component->initialize(std::make_shared<chost_v1>(component));
 }
@@ -86,24 +101,35 @@ bool effect_instance::apply(const grade_request& request, std::vector<problem>& 
 {
     std::vector<assignment> assignments;
     bool sound = resolve_grade(request, describe_parameters(), assignments, problems);
-    std::vector<std::uint8_t> state;
-    if (problem why; request.state_file && !read_state_file(*component, *request.state_file, state, why))
+    const auto keep = [&](bool read, const problem& why)
     {
-        problems.push_back(why);
-        sound = false;
+        if (!read)
+            problems.push_back(why);
+        sound = sound && read;
+    };
+    problem why;
+    std::vector<std::uint8_t> state;
+    if (request.state_file)
+        keep(read_state_file(*component, *request.state_file, state, why), why);
+    std::optional<preset_content> preset;
+    if (!request.presets.empty())
+    {
+        why = {exit_code::invalid_grade, request.presets.back(), {}, {}};
+        keep(read_preset(presets, request.presets.back(), preset.emplace(), why) &&
+                 is_preset_accepted(*preset, *component, why.reason),
+             why);
     }
     if (!sound)
         return false;
 
     if (request.state_file)
         component->set_state(state, true);
-    for (const assignment& a : assignments)
+    if (preset && !apply_preset(*preset, *component, why.reason))
     {
-        const auto parameter = component->get_parameter(static_cast<int>(a.parameter));
-        param_value record = parameter->get_param_value();
-        record.value = cell_of(record.type, a.value);
-        parameter->set_param_value(record, true);
+        problems.push_back({exit_code::invalid_grade, request.presets.back(), why.reason, {}});
+        return false;
     }
+    assign(*component, assignments);
     component->notify({event_kind::render_begins});
     return true;
 }

@@ -6,6 +6,7 @@
 #include "command_line/problem.h"
 #include "framework/icomponent_v1.h"
 #include "framework/row_renderer.h"
+#include "presets/preset_manager.h"
 
 #include <memory>
 #include <vector>
@@ -23,6 +24,7 @@ public:
     effect_instance& operator=(const effect_instance&) = delete;
 
     icomponent_v1& get() { return *component; }
+    preset_manager& get_presets() { return presets; }
 
     /// All parameters in registration order.
     std::vector<parameter_info> describe_parameters();
@@ -37,6 +39,7 @@ public:
 
 private:
     std::shared_ptr<icomponent_v1> component;
+    preset_manager presets;
 };
 
 } // namespace ov1

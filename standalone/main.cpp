@@ -3,8 +3,10 @@
 #include "command_line/interrupt.h"
 #include "command_line/program.h"
 #include "standalone/grade_verb.h"
+#include "standalone/inspire_verb.h"
 #include "standalone/lut_verb.h"
 #include "standalone/params_verb.h"
+#include "standalone/preset_verb.h"
 #include "standalone/sheet_verb.h"
 
 #include <array>
@@ -15,10 +17,12 @@ int main(int argc, char** argv)
 {
     using namespace ov1;
     watch_interrupts();
-    constexpr std::array<verb, 4> verbs{{
+    constexpr std::array<verb, 6> verbs{{
         {"grade", "sends pictures through a grade", run_grade},
         {"lut", "writes a grade as a table for other software", run_lut},
         {"sheet", "shows a picture through many grades", run_sheet},
+        {"preset", "keeps grades", run_preset},
+        {"inspire", "makes random looks", run_inspire},
         {"params", "lists the parameters", run_params},
     }};
     console out;

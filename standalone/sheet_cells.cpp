@@ -1,6 +1,7 @@
 #include "standalone/sheet_cells.h"
 
 #include <array>
+#include <cmath>
 
 namespace ov1
 {
@@ -73,6 +74,20 @@ std::vector<sheet_cell> look_cells()
             cell.grade.settings.push_back(std::string(look.parameter) + '=' + std::to_string(look.sign * strength));
             cells.push_back(std::move(cell));
         }
+    return cells;
+}
+
+std::vector<sheet_cell> preset_cells(const std::vector<std::string>& presets, std::size_t& columns)
+{
+    std::vector<sheet_cell> cells(1);
+    cells[0].name = "before";
+    cells[0].grade.bypass = true;
+    for (const std::string& preset : presets)
+    {
+        cells.push_back({preset, {}});
+        cells.back().grade.presets.push_back(preset);
+    }
+    columns = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(cells.size()))));
     return cells;
 }
 

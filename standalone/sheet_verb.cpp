@@ -46,8 +46,11 @@ bool asks_for_a_grade(const grade_request& grade)
 bool parse(sheet_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
 {
     argument_parser parser("veridial sheet",
-                           "Shows a picture through every look at full strength and half, or before and after a grade.",
+                           "Shows a picture through every look at full strength and half, through the presets that are "
+                           "named, or before and "
+                           "after a grade.",
                            "  veridial sheet photo.jpg -o looks.png\n"
+                           "  veridial sheet photo.jpg -p \"Golden Hour\" -p Noir -o presets.png\n"
                            "  veridial sheet photo.jpg --wheel shadows=205,40 --film 270,60 -o before_after.png\n");
     parser.positionals("INPUT", command.inputs, "a picture");
     add_grade_options(parser, command.grade);
@@ -72,8 +75,10 @@ bool parse(sheet_command& command, std::span<const std::string> arguments, conso
 std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& columns)
 {
     columns = look_columns;
-    if (!asks_for_a_grade(command.grade))
+    if (!asks_for_a_grade(command.grade) && command.grade.presets.empty())
         return look_cells();
+    if (!asks_for_a_grade(command.grade))
+        return preset_cells(command.grade.presets, columns);
     columns = 2;
     sheet_cell before{"before", {}};
     before.grade.bypass = true;

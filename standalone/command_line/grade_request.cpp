@@ -95,6 +95,7 @@ private:
 void add_grade_options(argument_parser& parser, grade_request& request)
 {
     parser.group("Grade");
+    parser.texts("-p,--preset", request.presets, "NAME|FILE|-", "begin with a preset, before the options below");
     parser.texts("-s,--set", request.settings, "NAME=VALUE",
                  "set a parameter, as in \"Sky Strength=60\"; repeatable, the last one wins");
     parser.texts("--wheel", request.wheels, "ZONE=HUE,CHROMA", "shadows, mids, highlights or master; repeatable");

@@ -19,8 +19,9 @@ class argument_parser;
 struct grade_request
 {
     std::optional<std::string> state_file;
-    std::vector<std::string> wheels; ///< "shadows=HUE,CHROMA"
-    std::optional<std::string> sky;  ///< "ANGLE,STRENGTH", and the next three
+    std::vector<std::string> presets; ///< a name, a file, or "-" for the standard input; the last one holds
+    std::vector<std::string> wheels;  ///< "shadows=HUE,CHROMA"
+    std::optional<std::string> sky;   ///< "ANGLE,STRENGTH", and the next three
     std::optional<std::string> greenery;
     std::optional<std::string> skin;
     std::optional<std::string> film;
@@ -41,8 +42,8 @@ struct assignment
 void add_grade_options(argument_parser& parser, grade_request& request);
 
 /// The values to set, in the order in which they are to be set: wheels, pads, the bypass, then the settings as they
-/// stand on the command line, so that a later one wins. The state file comes before all of them and is the caller's
-/// matter. On failure there is one problem for each option that is wrong.
+/// stand on the command line, so that a later one wins. The state file and the preset come before all of
+/// them and are the caller's matter. On failure there is one problem for each option that is wrong.
 [[nodiscard]] bool resolve_grade(const grade_request& request, std::span<const parameter_info> table,
                                  std::vector<assignment>& assignments, std::vector<problem>& problems);
 

@@ -14,20 +14,17 @@ namespace
 {
 
 constexpr std::size_t summary_column = 12;
-constexpr const char* usage_line = "Usage: veridial COMMAND [OPTIONS]...\n";
 
-std::string program_help(std::span<const verb> verbs)
+std::string verbs_help(const std::string& command, const std::string& summary, std::span<const verb> verbs)
 {
-    std::string text = "Veridial grades pictures.\n";
-    text += usage_line;
-    text += "\nCommands:\n";
+    std::string text = summary + "\nUsage: " + command + " COMMAND [OPTIONS]...\n\nCommands:\n";
     for (const verb& v : verbs)
     {
         std::string name = v.name;
         name.resize(std::max(summary_column, name.size() + 1), ' ');
         text += "  " + name + v.summary + '\n';
     }
-    return text += "\n\"veridial COMMAND --help\" tells what a command takes; \"veridial --version\" the version.\n";
+    return text += "\n\"" + command + " COMMAND --help\" tells what a command takes.\n";
 }
 
 std::string version_line()
@@ -36,7 +33,7 @@ std::string version_line()
            std::to_string(product_version.patch) + '\n';
 }
 
-problem no_such_verb(const std::string& name, std::span<const verb> verbs)
+problem no_such_verb(const std::string& command, const std::string& name, std::span<const verb> verbs)
 {
     std::vector<std::string> names;
     for (const verb& v : verbs)
@@ -44,37 +41,39 @@ problem no_such_verb(const std::string& name, std::span<const verb> verbs)
     const std::string near = did_you_mean(name, names);
     const bool is_option = name.starts_with('-');
     return {exit_code::usage, name, is_option ? "a command comes first" : "no such command",
-            near.empty() || is_option ? "\"veridial --help\" lists them" : near};
-}
-
-exit_code run_verb(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
-{
-    if (arguments.empty())
-    {
-        out.error({exit_code::usage, {}, "no command", "\"veridial --help\" lists them"});
-        return exit_code::usage;
-    }
-    const std::string& name = arguments[0];
-    if (name == "--help" || name == "-h" || name == "help")
-        out.result(program_help(verbs));
-    else if (name == "--version")
-        out.result(version_line());
-    else
-    {
-        const auto found = std::find_if(verbs.begin(), verbs.end(), [&](const verb& v) { return name == v.name; });
-        if (found != verbs.end())
-            return found->run(arguments.subspan(1), out);
-        out.error(no_such_verb(name, verbs));
-        return exit_code::usage;
-    }
-    return exit_code::done;
+            near.empty() || is_option ? "\"" + command + " --help\" lists them" : near};
 }
 
 } // namespace
 
+exit_code run_verbs(const std::string& command, const std::string& summary, std::span<const std::string> arguments,
+                    std::span<const verb> verbs, console& out)
+{
+    if (arguments.empty())
+    {
+        out.error({exit_code::usage, {}, "no command", "\"" + command + " --help\" lists them"});
+        return exit_code::usage;
+    }
+    const std::string& name = arguments[0];
+    if (name == "--help" || name == "-h" || name == "help")
+    {
+        out.result(verbs_help(command, summary, verbs));
+        return exit_code::done;
+    }
+    const auto found = std::find_if(verbs.begin(), verbs.end(), [&](const verb& v) { return name == v.name; });
+    if (found != verbs.end())
+        return found->run(arguments.subspan(1), out);
+    out.error(no_such_verb(command, name, verbs));
+    return exit_code::usage;
+}
+
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
 {
-    const exit_code code = run_verb(arguments, verbs, out);
+    exit_code code = exit_code::done;
+    if (!arguments.empty() && arguments[0] == "--version")
+        out.result(version_line());
+    else
+        code = run_verbs("veridial", "Veridial grades pictures.", arguments, verbs, out);
     return out.finish() || code != exit_code::done ? code : exit_code::cannot_write;
 }
 

@@ -25,6 +25,10 @@ struct verb
 /// Finds the verb and runs it, or answers --help and --version. The first argument is the verb's name.
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out);
 
+/// A verb that has verbs of its own: runs the one that the first argument names, or shows all of them.
+exit_code run_verbs(const std::string& command, const std::string& summary, std::span<const std::string> arguments,
+                    std::span<const verb> verbs, console& out);
+
 /// Parses a verb's arguments. True if there is something to run; otherwise the code is what the verb ends with, and the
 /// help or the mistake has been told.
 [[nodiscard]] bool parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out,

@@ -40,7 +40,9 @@ protected:
     /// Runs a shell line in the test's folder; $V is the program.
     outcome run(const std::string& line) const
     {
-        const std::string whole = "V=" VERIDIAL_PROGRAM "; { " + line + "; } >stdout.txt 2>stderr.txt";
+        const std::string whole = "export XDG_DATA_HOME=$PWD/data XDG_CONFIG_HOME=$PWD/config; V=" VERIDIAL_PROGRAM
+                                  "; { " +
+                                  line + "; } >stdout.txt 2>stderr.txt";
         const int status = std::system(whole.c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_text("stdout.txt"),
                 read_text("stderr.txt")};
@@ -60,7 +62,8 @@ protected:
     {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator("."))
-            if (const auto name = entry.path().filename().string(); name != "stdout.txt" && name != "stderr.txt")
+            if (const auto name = entry.path().filename().string();
+                name != "stdout.txt" && name != "stderr.txt" && name != "data")
                 names.push_back(name);
         std::sort(names.begin(), names.end());
         return names;
@@ -106,6 +109,13 @@ TEST_F(veridial_program, mistakes_end_with_one_clear_line_and_their_own_code)
         {"$V lut -o o.txt", 4, ".cube"},
         {"$V lut --size 33 -o o.cube", 2, "--size"},
         {"$V lut --size 17 -o o.3dl", 2, "--size"},
+        {"$V grade in.ppm -p Nior -o o.png", 3, R"((did you mean "Noir"?))"},
+        {"$V grade in.ppm -p text.png.json -o o.png", 3, "text.png.json"},
+        {"$V grade in.ppm -p - -o o.png <text.png", 5, R"("-": )"},
+        {"$V preset delete Noir", 6, R"("Noir": comes with Veridial and stays)"},
+        {"$V preset save a/b", 2, R"("a/b")"},
+        {"$V inspire --seed 1.5", 2, R"("--seed": 1.5 is no whole number)"},
+        {"$V inspire -n 3", 2, "-o FOLDER or --save NAME"},
         {"$V grad in.ppm -o o.png", 2, R"(did you mean "grade"?)"},
         {"$V grade in.ppm --tranfer none -o o.png", 2, R"(did you mean "--transfer"?)"},
         {"(ulimit -f 1; exec $V lut -o o.cube)", 6, R"("o.cube")"},
@@ -152,6 +162,49 @@ TEST_F(veridial_program, dry_runs_say_what_would_be_done_and_write_nothing)
     EXPECT_EQ(o.out, "would write out.tif: 31 x 17, TIFF 16\n");
     EXPECT_EQ(run("$V lut -o x.cube --size 32 --dry-run").out, "would write x.cube, 32 points per axis\n");
     EXPECT_EQ(entries(), std::vector<std::string>{"in.ppm"});
+}
+
+TEST_F(veridial_program, presets_are_kept_shown_and_used_and_never_replaced_unasked)
+{
+    write_picture("in.ppm", 31, 17);
+    const outcome o =
+        run("$V preset save Mine --wheel shadows=205,38 && ! $V preset save Mine --sky 90,50 2>/dev/null && "
+            "$V preset show Mine && $V grade in.ppm -p Mine -o a.png && "
+            "$V grade in.ppm --wheel shadows=205,38 -o b.png && cmp a.png b.png && "
+            "$V preset save Mine -f --sky 90,50 && $V preset show Mine && $V preset delete Mine && "
+            "! $V preset show Mine 2>/dev/null");
+    EXPECT_EQ(o.code, 0) << o.err;
+    EXPECT_EQ(o.out, "Shadows Hue=205\nShadows Chroma=38\nSky Angle=90\nSky Strength=50\n");
+}
+
+TEST_F(veridial_program, a_seed_gives_one_look_and_none_gives_another_each_time)
+{
+    write_picture("in.ppm", 31, 17);
+    const outcome o =
+        run("$V inspire --seed 7 >a.json && $V inspire --seed 7 >b.json && cmp a.json b.json && "
+            "$V inspire >c.json && $V inspire >d.json && ! cmp -s c.json d.json && "
+            "$V inspire -n 2 --seed 6 --save Idea && $V preset show 'Idea 2' >saved.txt && "
+            "$V preset show ./a.json | cmp - saved.txt && "
+            "$V inspire --seed 7 | $V grade in.ppm -p - -o a.png && $V grade in.ppm -p ./a.json -o b.png && "
+            "cmp a.png b.png");
+    EXPECT_EQ(o.code, 0) << o.err;
+}
+
+TEST_F(veridial_program, a_sheet_shows_looks_presets_or_a_grade)
+{
+    write_picture("in.ppm", 90, 60);
+    const auto size_of = [&](const std::string& arguments)
+    {
+        run("$V sheet in.ppm " + arguments + " -o sheet.png -f");
+        const std::string png = read_text("sheet.png");
+        const auto at = [&](std::size_t i)
+        { return static_cast<unsigned char>(png[i]) * 256 + static_cast<unsigned char>(png[i + 1]); };
+        return png.size() < 24 ? std::pair{0, 0} : std::pair{at(18), at(22)};
+    };
+    // A cell is 90 x 60 and a caption of 24, with 12 between and around.
+    EXPECT_EQ(size_of(""), std::pair(8 * 102 + 12, 6 * 96 + 12));
+    EXPECT_EQ(size_of("--sky 90,50"), std::pair(2 * 102 + 12, 96 + 12));
+    EXPECT_EQ(size_of("-p Noir -p Autumn -p Pastel -p Moonlight"), std::pair(3 * 102 + 12, 2 * 96 + 12));
 }
 
 TEST_F(veridial_program, numbers_read_and_write_alike_under_a_german_locale)

@@ -1,0 +1,11 @@
+// "veridial preset": list, show, save, check and delete presets.
+#pragma once
+
+#include "command_line/program.h"
+
+namespace ov1
+{
+
+exit_code run_preset(std::span<const std::string> arguments, console& out);
+
+} // namespace ov1
