@@ -163,14 +163,12 @@ grade_report grade_still(const still_reader& source, still_writer& target, const
     road way(source, target, grade, choice);
     run((info.height + piece_rows - 1) / piece_rows, [&](std::size_t piece) { way.carry(piece); });
 
-    grade_report report{way.limited_pixels(), source.warnings()};
+    grade_report report{way.limited_pixels(), {}};
     if (info.transfer == transfer::pq || info.transfer == transfer::hlg)
         report.warnings.push_back(std::string(info.transfer == transfer::pq ? "PQ" : "HLG") +
                                   " material is graded on its code values");
     if (report.limited_pixels != 0)
         report.warnings.push_back(limited_warning(report.limited_pixels, info));
-    if (!target.warning().empty())
-        report.warnings.push_back(target.warning());
     return report;
 }
 

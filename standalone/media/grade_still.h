@@ -25,7 +25,7 @@ void run_in_turn(std::size_t pieces, const std::function<void(std::size_t piece)
 struct grade_report
 {
     std::uint64_t limited_pixels = 0;  ///< with a colour channel outside 0..1, NaN included, before the grade
-    std::vector<std::string> warnings; ///< one line each
+    std::vector<std::string> warnings; ///< of the grade, one line each; reader and writer keep their own
 };
 
 /// Takes every row of the picture to the writer, which was created for it with the same transfer choice. Premultiplied

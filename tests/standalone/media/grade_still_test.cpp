@@ -89,6 +89,7 @@ TEST_F(grading, alpha_is_the_sources_own)
     const still_reader veil =
         stored("a.exr", picture_info(1, 1, depth::half, alpha_kind::premultiplied), {{0.5f, 0.25f, 0.25f, 0.25f}});
     expect_near(graded(veil, "b.jpg", keep, report)[0], {1, 0.537099f, 0.537099f, 0.537099f}, 2.0f / 255);
+    EXPECT_TRUE(report.warnings.empty()) << "that alpha is dropped is the writer's to say, once";
     const rows straight = graded(light, "b.png", keep, report);
     expect_near(straight[0], {0, 1, 0.735357f, 0}, 2e-5f);
     expect_near(straight[1], {1, 0.537099f, 0.537099f, 0.735357f}, 2e-5f); // sRGB of 0.25 and of 0.5
