@@ -2,7 +2,7 @@
 
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
-#include "command_line/json_text.h"
+#include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "media/reduced_picture.h"
@@ -24,7 +24,9 @@ namespace ov1
 namespace
 {
 
-constexpr std::size_t sheet_width = 2400;
+constexpr int usual_width = 2400;
+constexpr int least_width = 320;
+constexpr int most_width = 20'000;
 constexpr unsigned int caption_size = 14;
 constexpr argb_float background{1.0f, 0.184f, 0.184f, 0.184f}; // the editor's grey, 47 of 255
 constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
@@ -35,6 +37,8 @@ struct sheet_command
     run_options run;
     std::vector<std::string> inputs;
     std::optional<std::string> output;
+    std::optional<std::string> width_text;
+    int width = usual_width;
 };
 
 bool asks_for_a_grade(const grade_request& grade)
@@ -56,6 +60,7 @@ bool parse(sheet_command& command, std::span<const std::string> arguments, conso
     add_grade_options(parser, command.grade);
     parser.group("Output");
     parser.text("-o,--output", command.output, "SHEET.png", "the contact sheet");
+    parser.text("--width", command.width_text, "PIXELS", "how wide the sheet may become, 2400 unless asked");
     add_run_options(parser, command.run);
     if (!parse_or_explain(parser, arguments, out, code))
         return false;
@@ -66,6 +71,10 @@ bool parse(sheet_command& command, std::span<const std::string> arguments, conso
         problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
     if (!command.output)
         problems.push_back({exit_code::usage, "-o", "is missing", "it names the sheet to write"});
+    problem why{exit_code::usage, "--width", {}, {}};
+    if (command.width_text &&
+        !read_whole_number_within(*command.width_text, least_width, most_width, command.width, why))
+        problems.push_back(why);
     sound = sound && problems.empty();
     code = fail(problems, out);
     return sound;
@@ -154,7 +163,8 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
     }
     std::size_t columns = 0;
     const auto cells = cells_of(command, columns);
-    const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height, sheet_width);
+    const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height,
+                                      static_cast<std::size_t>(command.width));
     auto picture = media::reduce(source, layout.picture_width, layout.picture_height);
     make_gradable(picture, source.info());
 
