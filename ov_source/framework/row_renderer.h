@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shared/argb_float.h"
+#include "shared/half_float.h"
 
 #include <cstddef>
 
@@ -16,6 +17,10 @@ public:
 
     /// Renders count pixels of row y. in and out may be the same. Safe from several threads at once.
     virtual void render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count) const = 0;
+
+    /// The same on halfs, four a pixel in the order R, G, B, A. All four are limited to 0..1 on the way in, a NaN being
+    /// 0; the results are rounded to the nearest half and not limited. This one goes through render_row.
+    virtual void render_row_half(std::size_t y, const half_bits* in, half_bits* out, std::size_t count) const;
 };
 
 } // namespace ov1

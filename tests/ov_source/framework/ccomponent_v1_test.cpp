@@ -8,6 +8,7 @@
 #include "platform/scoped_utils.h"
 #include "support/test_component.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <thread>
@@ -296,6 +297,19 @@ TEST(ccomponent_v1, opens_the_manual_among_the_resources)
     test_component().open_manual();
     unsetenv("VERIDIAL_RESOURCES");
     EXPECT_TRUE(utils.opened == "/somewhere/share/manual/index.html" || is_url(utils.opened)) << utils.opened;
+}
+
+TEST(ccomponent_v1, halfs_are_limited_on_the_way_in_alone_and_come_back_in_their_order)
+{
+    const auto rows = stage().component->get_row_renderer();
+    std::vector<half_bits> row;
+    for (const float value : {1.5f, -0.25f, 0.5f, 2.0f, 0.125f, std::nanf(""), 0.75f, 0.0f})
+        row.push_back(float_to_half(value));
+    rows->render_row_half(7, row.data(), row.data(), 2);
+    std::vector<float> got;
+    for (const half_bits half : row)
+        got.push_back(half_to_float(half));
+    EXPECT_EQ(got, (std::vector<float>{0.5f, 0, 1, 70, 0.75f, 0, 0.125f, 71}));
 }
 
 TEST(ccomponent_v1, is_used_from_several_threads)

@@ -1,0 +1,34 @@
+#include "framework/row_renderer.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace ov1
+{
+
+namespace
+{
+
+float limited(half_bits half)
+{
+    const float v = half_to_float(half);
+    return v > 0.0f ? std::min(v, 1.0f) : 0.0f; // a NaN fails the comparison
+}
+
+} // namespace
+
+void row_renderer::render_row_half(std::size_t y, const half_bits* in, half_bits* out, std::size_t count) const
+{
+    std::vector<argb_float> row(count); // in one piece: pixels are told their column
+    for (argb_float& pixel : row)
+    {
+        pixel = {limited(in[3]), limited(in[0]), limited(in[1]), limited(in[2])};
+        in += 4;
+    }
+    render_row(y, row.data(), row.data(), count);
+    for (const argb_float& pixel : row)
+        for (const float value : {pixel.r, pixel.g, pixel.b, pixel.a})
+            *out++ = float_to_half(value);
+}
+
+} // namespace ov1
