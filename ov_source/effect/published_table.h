@@ -26,6 +26,11 @@ public:
         table.render_row(in, out, count);
     }
 
+    void render_row_half(std::size_t, const half_bits* in, half_bits* out, std::size_t count) const override
+    {
+        table.render_row_half(in, out, count);
+    }
+
     const lut_argb<lut_edge>& get_table() const { return table.get_table(); }
     bool is_built_from(const grade_settings& settings) const { return built_from && built_from->same_bytes(settings); }
 

@@ -120,6 +120,19 @@ TEST_F(veridial_test, a_renderer_keeps_the_table_it_was_taken_with)
     EXPECT_EQ(new_pixel, graded(sample)) << "rows and pixels agree to the bit";
 }
 
+TEST_F(veridial_test, halfs_go_through_the_published_table_too)
+{
+    host_sets("Global Luminance", 20);
+    rebuild();
+    half_bits pixel[] = {float_to_half(0.25f), float_to_half(0.5f), float_to_half(0.75f), float_to_half(0.5f)};
+    effect->get_row_renderer()->render_row_half(0, pixel, pixel, 1);
+    const argb_float wanted = graded({1, 0.25f, 0.5f, 0.75f});
+    EXPECT_EQ(pixel[0], float_to_half(wanted.r));
+    EXPECT_EQ(pixel[1], float_to_half(wanted.g));
+    EXPECT_EQ(pixel[2], float_to_half(wanted.b));
+    EXPECT_EQ(half_to_float(pixel[3]), 1.0f) << "alpha is the table's";
+}
+
 TEST_F(veridial_test, unchanged_values_keep_the_published_table)
 {
     rebuild();
