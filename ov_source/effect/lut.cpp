@@ -11,16 +11,6 @@ namespace
 
 constexpr std::size_t falloff_count = 65536;
 
-/// Turns the radius as given into the reach (R squared) and its scale onto the falloff table.
-void derive_reach(lut_point& point)
-{
-    const float radius = point.radius > 1.0f ? point.radius : 1.0f;
-    const float t = radius > 256.0f ? 1.0f : (radius - 1.0f) / 255.0f;
-    const float reach = t * 510.0f + 2.0f;
-    point.radius = reach * reach;
-    point.radius_scale = u16_max / point.radius;
-}
-
 float distance(const argb_float& p, const argb_float& q)
 {
     const float r = p.r - q.r, g = p.g - q.g, b = p.b - q.b;

@@ -11,9 +11,6 @@ namespace ov1::lut_utils
 namespace
 {
 
-constexpr double least_push = 0.001;
-constexpr double most_chroma_percent = 40.0;
-
 template <std::size_t edge>
 void protect_skin(lut_argb<edge>& table, double amount)
 {
@@ -57,11 +54,11 @@ void modify_skin_tones(lut_argb<edge>& table, double protect, double chroma_push
 {
     if (protect > 0.0)
         protect_skin(table, protect);
-    if (std::abs(chroma_push) >= least_push)
-        push_chroma(table, static_cast<int>(chroma_push * most_chroma_percent));
-    if (std::abs(hue_push) >= least_push)
+    if (std::abs(chroma_push) >= least_skin_push)
+        push_chroma(table, static_cast<int>(chroma_push * most_skin_chroma_percent));
+    if (std::abs(hue_push) >= least_skin_push)
         push_towards(table, hue_push > 0.0 ? yellowish : reddened, std::abs(hue_push));
-    if (std::abs(brightness) >= least_push)
+    if (std::abs(brightness) >= least_skin_push)
         push_towards(table, brightness > 0.0 ? lighter : darker, std::abs(brightness));
 }
 

@@ -6,6 +6,9 @@
 namespace ov1::lut_utils
 {
 
+inline constexpr double least_skin_push = 0.001;
+inline constexpr double most_skin_chroma_percent = 40.0;
+
 /// Holds skin back, then pushes it. All amounts at 0 change nothing.
 ///   protect      0..1: first moves skin entries towards the identity, against wheels and looks alike
 ///   chroma_push  -1..1: more or less chroma, 40 % at most

@@ -1,11 +1,14 @@
 #include "effect/build_lut.h"
 
+#include "effect/build_lut_reference.h"
+#include "effect/instruction_sets.h"
 #include "platform/iutils.h"
 #include "platform/scoped_utils.h"
 #include "reference_build.h"
 #include "synthetic_looks.h"
 
 #include <algorithm>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -45,6 +48,21 @@ grade_settings with(std::initializer_list<std::pair<parameter_index, float>> val
     return settings;
 }
 
+/// A third of the values is at a bound or at the default: that is where steps are skipped or limited.
+grade_settings random_settings(std::mt19937& engine)
+{
+    grade_settings settings;
+    for (std::size_t i = 1; i < parameter_count; ++i)
+    {
+        const parameter_row& row = parameter_table[i];
+        const float extremes[] = {row.min, 0.0f, row.max};
+        settings.settings[i].value = engine() % 3 == 0
+                                         ? extremes[engine() % 3]
+                                         : std::uniform_real_distribution<float>(row.min, row.max)(engine);
+    }
+    return settings;
+}
+
 double largest_difference(const lut_argb<17>& table, const test::grid& reference)
 {
     double largest = 0.0;
@@ -63,18 +81,34 @@ TEST_F(build_lut_test, random_settings_agree_with_the_double_precision_build)
     for (int round = 0; round < 60; ++round)
     {
         SCOPED_TRACE(round);
-        grade_settings settings;
-        for (std::size_t i = 1; i < parameter_count; ++i)
-        {
-            // A third of the values is at a bound or at the default: that is where steps are skipped or limited.
-            const parameter_row& row = parameter_table[i];
-            const float extremes[] = {row.min, 0.0f, row.max};
-            settings.settings[i].value = engine() % 3 == 0
-                                             ? extremes[engine() % 3]
-                                             : std::uniform_real_distribution<float>(row.min, row.max)(engine);
-        }
+        const grade_settings settings = random_settings(engine);
         // Thousandths of a percent, doubled by the sums, and floats: far below what is promised, 0.0005.
         EXPECT_LT(largest_difference(built(settings), test::reference_build(settings, look)), 2e-4);
+    }
+}
+
+TEST_F(build_lut_test, has_the_bits_of_the_readable_build_on_every_instruction_set)
+{
+    std::mt19937 engine(500);
+    std::vector<grade_settings> rows(500);
+    std::generate(rows.begin() + 3, rows.end(), [&] { return random_settings(engine); });
+    for (std::size_t i = 1; i < parameter_count; ++i) // all at one end, then at the other; row 2 is the defaults
+    {
+        rows[0].settings[i].value = parameter_table[i].min;
+        rows[1].settings[i].value = parameter_table[i].max;
+    }
+    for (std::size_t row = 0; row < rows.size(); ++row)
+    {
+        lut<17> wanted;
+        build_lut_reference(rows[row], looks, skin, wanted);
+        for (const instruction_set& set : present_instruction_sets())
+        {
+            SCOPED_TRACE(set.name + ", settings " + std::to_string(row));
+            const forced_instruction_set forced(set);
+            lut_argb<17> got(lut_argb<17>::init_mode::none);
+            build_lut(rows[row], looks, skin, got);
+            ASSERT_EQ(std::memcmp(got.get_entries().data(), wanted.get_entries().data(), 4913 * sizeof(argb_float)), 0);
+        }
     }
 }
 
