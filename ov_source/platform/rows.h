@@ -1,0 +1,44 @@
+// Rows of a picture on several threads.
+#pragma once
+
+#include <cstddef>
+
+namespace ov1
+{
+
+namespace row_pieces
+{
+
+using function = void (*)(const void* context, std::size_t first, std::size_t end);
+
+/// for_each_row_piece with the function as a pointer.
+void run(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const void* context, function piece);
+
+/// Below so many pixels a picture is done sooner on one thread than others are woken.
+inline constexpr std::size_t least_pixels_for_threads = 16 * 1024;
+inline constexpr std::size_t usual_rows = 16;
+
+} // namespace row_pieces
+
+/// Calls piece(first, end) once for all rows first..end-1 of each piece: first is a multiple of rows_per_piece, and
+/// only the last piece may be shorter. At most max_threads run at a time, 0 being as many as there are processors; the
+/// caller's is one of them. Returns when all pieces are done. The pieces come in any order; what they throw ends the
+/// program.
+template <class function>
+void for_each_row_piece(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const function& piece)
+{
+    row_pieces::run(rows, rows_per_piece, max_threads, &piece,
+                    [](const void* context, std::size_t first, std::size_t end)
+                    { (*static_cast<const function*>(context))(first, end); });
+}
+
+/// for_each_row_piece over a picture, in pieces that suit the pixel loops; a small picture stays on the caller's
+/// thread.
+template <class function>
+void for_each_picture_piece(std::size_t width, std::size_t rows, unsigned max_threads, const function& piece)
+{
+    const bool is_small = width * rows < row_pieces::least_pixels_for_threads;
+    for_each_row_piece(rows, row_pieces::usual_rows, is_small ? 1 : max_threads, piece);
+}
+
+} // namespace ov1

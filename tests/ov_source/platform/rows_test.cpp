@@ -1,0 +1,78 @@
+#include "platform/rows.h"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+#include <vector>
+
+namespace ov1
+{
+namespace
+{
+
+TEST(rows, every_row_is_in_one_piece_whatever_the_threads)
+{
+    for (const std::size_t rows : {0, 1, 15, 16, 17, 33, 1000})
+        for (const std::size_t rows_per_piece : {1, 7, 16, 5000})
+            for (const unsigned max_threads : {0u, 1u, 2u, 5u})
+            {
+                SCOPED_TRACE(testing::Message() << rows << " by " << rows_per_piece << " on " << max_threads);
+                std::vector<int> calls(rows, 0); // no atomics: pieces share no row
+                std::atomic<int> odd = 0;
+                for_each_row_piece(rows, rows_per_piece, max_threads,
+                                   [&](std::size_t first, std::size_t end)
+                                   {
+                                       odd += first % rows_per_piece != 0 || first >= end;
+                                       odd += end - first != rows_per_piece && end != rows;
+                                       for (std::size_t row = first; row < end; ++row)
+                                           ++calls[row];
+                                   });
+                EXPECT_EQ(calls, std::vector<int>(rows, 1));
+                EXPECT_EQ(odd, 0);
+            }
+}
+
+TEST(rows, no_more_than_so_many_threads_run_at_a_time)
+{
+    for (const int max_threads : {1, 2, 3})
+    {
+        std::atomic<int> running = 0, most = 0;
+        for_each_row_piece(2000, 1, static_cast<unsigned>(max_threads),
+                           [&](std::size_t, std::size_t)
+                           {
+                               const int now = ++running;
+                               for (int seen = most; seen < now && !most.compare_exchange_weak(seen, now);)
+                               {
+                               }
+                               --running;
+                           });
+        EXPECT_LE(most, max_threads);
+        EXPECT_GE(most, 1);
+    }
+}
+
+TEST(rows, a_small_picture_stays_on_the_callers_thread)
+{
+    const auto caller = std::this_thread::get_id();
+    std::size_t pieces = 0;
+    for_each_picture_piece(127, 129, 0, // one pixel fewer than 16 K
+                           [&](std::size_t, std::size_t)
+                           {
+                               ++pieces;
+                               EXPECT_EQ(std::this_thread::get_id(), caller);
+                           });
+    EXPECT_EQ(pieces, 9u);
+}
+
+TEST(rows, pieces_may_have_pieces)
+{
+    std::atomic<std::size_t> sum = 0;
+    for_each_row_piece(
+        20, 1, 0,
+        [&](std::size_t outer, std::size_t)
+        { for_each_row_piece(30, 4, 0, [&](std::size_t first, std::size_t end) { sum += outer * (end - first); }); });
+    EXPECT_EQ(sum, 190u * 30);
+}
+
+} // namespace
+} // namespace ov1
