@@ -23,13 +23,13 @@ namespace HWY_NAMESPACE
 
 // No vectors to speak of: the lookup itself, which compilers turn into four lanes where there are four.
 
-void render_argb_rows(const render_lines& table, const argb_float* in, argb_float* out, std::size_t count)
+void argb_here(const render_lines& table, const argb_float* in, argb_float* out, std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i)
         out[i] = table.table->lookup(in[i]);
 }
 
-void render_half_rows(const render_lines& table, const half_bits* in, half_bits* out, std::size_t count)
+void half_here(const render_lines& table, const half_bits* in, half_bits* out, std::size_t count)
 {
     for (; count > 0; --count, in += 4, out += 4)
     {
@@ -42,8 +42,8 @@ void render_half_rows(const render_lines& table, const half_bits* in, half_bits*
     }
 }
 
-void render_plane_rows(const render_lines& table, const rgb_planes<const float>& in, const rgb_planes<float>& out,
-                       std::size_t count)
+void planes_here(const render_lines& table, const rgb_planes<const float>& in, const rgb_planes<float>& out,
+                 std::size_t count)
 {
     for (std::size_t i = 0; i < count; ++i)
     {
@@ -449,20 +449,20 @@ void render_plane_rows(const float* lines, const rgb_planes<const float>& in, co
                });
 }
 
-void render_argb_rows(const render_lines& table, const argb_float* in, argb_float* out, std::size_t count)
+void argb_here(const render_lines& table, const argb_float* in, argb_float* out, std::size_t count)
 {
     const auto rows = table.with_deltas ? render_argb_rows<true> : render_argb_rows<false>;
     rows(table.lines, &in->a, &out->a, count);
 }
 
-void render_half_rows(const render_lines& table, const half_bits* in, half_bits* out, std::size_t count)
+void half_here(const render_lines& table, const half_bits* in, half_bits* out, std::size_t count)
 {
     const auto rows = table.with_deltas ? render_half_rows<true> : render_half_rows<false>;
     rows(table.lines, in, out, count);
 }
 
-void render_plane_rows(const render_lines& table, const rgb_planes<const float>& in, const rgb_planes<float>& out,
-                       std::size_t count)
+void planes_here(const render_lines& table, const rgb_planes<const float>& in, const rgb_planes<float>& out,
+                 std::size_t count)
 {
     const auto rows = table.with_deltas ? render_plane_rows<true> : render_plane_rows<false>;
     rows(table.lines, in, out, count);
@@ -479,24 +479,24 @@ HWY_AFTER_NAMESPACE();
 namespace ov1::row_kernel
 {
 
-HWY_EXPORT(render_argb_rows);
-HWY_EXPORT(render_half_rows);
-HWY_EXPORT(render_plane_rows);
+HWY_EXPORT(argb_here);
+HWY_EXPORT(half_here);
+HWY_EXPORT(planes_here);
 
 void render_argb(const render_lines& table, const argb_float* in, argb_float* out, std::size_t count)
 {
-    HWY_DYNAMIC_DISPATCH(render_argb_rows)(table, in, out, count);
+    HWY_DYNAMIC_DISPATCH(argb_here)(table, in, out, count);
 }
 
 void render_half(const render_lines& table, const half_bits* in, half_bits* out, std::size_t count)
 {
-    HWY_DYNAMIC_DISPATCH(render_half_rows)(table, in, out, count);
+    HWY_DYNAMIC_DISPATCH(half_here)(table, in, out, count);
 }
 
 void render_planes(const render_lines& table, const rgb_planes<const float>& in, const rgb_planes<float>& out,
                    std::size_t count)
 {
-    HWY_DYNAMIC_DISPATCH(render_plane_rows)(table, in, out, count);
+    HWY_DYNAMIC_DISPATCH(planes_here)(table, in, out, count);
 }
 
 } // namespace ov1::row_kernel
