@@ -14,8 +14,6 @@ namespace
 constexpr double grey_steps = 1.0;
 constexpr double full_colour_steps = 3.5;
 constexpr double full_lightness_steps = 5.0;
-// A mask only shares out what tables with edges of their own do; dark skin has not many steps.
-constexpr double full_mask_steps = 2.5;
 
 constexpr double roll_off = 0.6;
 
@@ -44,9 +42,9 @@ rgb_double moved(const rgb_double& code, const colour_region& region, const colo
     return rolled_off(code, code_of(to), roll_off);
 }
 
-double mask_weight(const rgb_double& code, const colour_region& region)
+double mask_weight(const rgb_double& code, const colour_region& region, double full_steps)
 {
-    return region.weight(oklch_of(code)) * ramp(grid_distance_from_grey(code), grey_steps, full_mask_steps);
+    return region.weight(oklch_of(code)) * ramp(grid_distance_from_grey(code), grey_steps, full_steps);
 }
 
 } // namespace ov1

@@ -33,7 +33,7 @@ struct colour_move
 /// grey diagonal, so that greys stay greys to the bit.
 rgb_double moved(const rgb_double& code, const colour_region& region, const colour_move& move);
 
-/// The region's weight for a mask: 0 on near-greys, as for moves.
-double mask_weight(const rgb_double& code, const colour_region& region);
+/// The region's weight for a mask: 0 on near-greys, as for moves, and full from so many grid steps from grey on.
+double mask_weight(const rgb_double& code, const colour_region& region, double full_steps);
 
 } // namespace ov1

@@ -41,7 +41,9 @@ rgb_double skin_darker(const rgb_double& code) { return moved(code, skin, {-0.09
 rgb_double skin_yellowish(const rgb_double& code) { return moved(code, skin, {0.0, 1.12, 17.0}); }
 rgb_double skin_reddened(const rgb_double& code) { return moved(code, skin, {-0.010, 1.12, -18.0}); }
 
-double skin_weight(const rgb_double& code) { return mask_weight(code, selected_skin); }
-double wide_skin_weight(const rgb_double& code) { return mask_weight(code, selected_wide_skin); }
+// Dark skin is few steps from grey. What acts through the first mask has an edge of its own there; the push of chroma,
+// which acts through the wide one, has next to none and would blotch warm walls.
+double skin_weight(const rgb_double& code) { return mask_weight(code, selected_skin, 2.5); }
+double wide_skin_weight(const rgb_double& code) { return mask_weight(code, selected_wide_skin, 3.5); }
 
 } // namespace ov1
