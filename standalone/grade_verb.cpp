@@ -174,7 +174,8 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
         return why.code;
     }
     const picture_settings settings{effect.get().get_bypass() ? nullptr : effect.get_renderer(), command.format,
-                                    command.run.overwrite, command.run.dry_run};
+                                    command.run.overwrite, command.run.dry_run,
+                                    static_cast<unsigned int>(command.run.threads)};
     return run_jobs(plan, command, settings, out);
 }
 

@@ -2,6 +2,7 @@
 
 #include "media/grade_still.h"
 #include "media/still_reader.h"
+#include "platform/rows.h"
 #include "standalone/file_output.h"
 #include "standalone/media_problem.h"
 
@@ -47,7 +48,16 @@ picture_result grade_picture(const output_job& job, const picture_settings& sett
     if (settings.renderer != nullptr)
         grade = [&](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
         { settings.renderer->render_row(y, in, out, count); };
-    const auto report = media::grade_still(source, target, grade, settings.format.transfer);
+    const auto on_all = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
+    {
+        for_each_row_piece(pieces, 1, settings.threads,
+                           [&](std::size_t first, std::size_t end)
+                           {
+                               for (std::size_t piece = first; piece < end; ++piece)
+                                   work(piece);
+                           });
+    };
+    const auto report = media::grade_still(source, target, grade, settings.format.transfer, on_all);
     result.limited_pixels = report.limited_pixels;
     for (const std::string& warning : report.warnings)
         warn(result, job.input, warning);

@@ -21,6 +21,7 @@ struct picture_settings
     media::write_request format;
     bool overwrite = false;
     bool dry_run = false;
+    unsigned int threads = 0; ///< 0 for all processors
 };
 
 /// What became of a picture.

@@ -1,11 +1,11 @@
 // Compiled once for every instruction set: foreach_target.h includes this file again for each.
+#include "effect/row_kernel.h"
+
 #include "effect/highway_targets.h" // before Highway
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "effect/row_kernel.cpp"
 #include <hwy/foreach_target.h> // before highway.h, by its own rule
-
-#include "effect/row_kernel.h"
 
 #include <hwy/cache_control.h>
 #include <hwy/highway.h>

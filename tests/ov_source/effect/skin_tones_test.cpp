@@ -139,7 +139,7 @@ TEST(skin_controls, move_skin_of_all_tones_and_leave_sky_grass_and_greys)
     };
     const skin_tables skin;
     const veridial_luts looks;
-    lut<lut_edge> plain, pushed;
+    lut_argb<lut_edge> plain, pushed;
     build_lut({}, looks, skin, plain);
     for (const auto& row : rows)
     {
