@@ -1,0 +1,36 @@
+// FFmpeg's lut3d filter with the same table.
+#pragma once
+
+#include "effect/lut_argb.h"
+#include "opencolorio_peer.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace ov1::bench
+{
+
+/// One filter graph, on one thread, from frames of one size and format to frames of the same.
+class lut3d_peer
+{
+public:
+    /// format is FFmpeg's name: gbrpf32le or rgb24. The program ends with a message where libavfilter refuses.
+    lut3d_peer(const lut_argb<lut_edge>& table, interpolation how, const std::string& format, std::size_t width,
+               std::size_t height);
+    ~lut3d_peer();
+
+    /// The frame that is rendered: rows of floats of a plane, 0 green, 1 blue, 2 red; or rows of bytes r, g, b in plane
+    /// 0.
+    unsigned char* in_row(int plane, std::size_t y);
+    void render();
+    /// The frame rendered last.
+    const unsigned char* out_row(int plane, std::size_t y) const;
+
+private:
+    struct body;
+    std::unique_ptr<body> peer;
+};
+
+} // namespace ov1::bench

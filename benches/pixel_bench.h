@@ -1,0 +1,15 @@
+// A frame through the table: our loops, plain code, memcpy and other LUT renderers.
+#pragma once
+
+#include "effect/lut_argb.h"
+#include "frames.h"
+#include "report.h"
+
+namespace ov1::bench
+{
+
+/// Compares all answers, then the times, and hands the ratios to the report.
+void run_pixel_bench(report& to, const lut_argb<lut_edge>& table, content what, std::size_t width, std::size_t height,
+                     int rounds);
+
+} // namespace ov1::bench

@@ -1,0 +1,80 @@
+#include "plain_code.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ov1::bench
+{
+
+namespace
+{
+
+class plain_renderer : public pixel_renderer
+{
+public:
+    explicit plain_renderer(const lut_argb<lut_edge>& table)
+        : table(table)
+    {
+    }
+
+    void render_pixel(std::size_t, std::size_t, const argb_float& in, argb_float& out) const override
+    {
+        const grid_position r = grid_position_of<lut_edge>(in.r);
+        const grid_position g = grid_position_of<lut_edge>(in.g);
+        const grid_position b = grid_position_of<lut_edge>(in.b);
+        const auto along_red = [&](std::size_t gi, std::size_t bi)
+        { return lerp(table.get_direct(r.lower, gi, bi), table.get_direct(r.upper, gi, bi), r.fraction); };
+        const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
+        const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
+        out = lerp(c0, c1, b.fraction);
+    }
+
+private:
+    lut_argb<lut_edge> table;
+};
+
+} // namespace
+
+std::unique_ptr<pixel_renderer> make_plain_renderer(const lut_argb<lut_edge>& table)
+{
+    return std::make_unique<plain_renderer>(table);
+}
+
+argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c)
+{
+    struct axis
+    {
+        double way;
+        std::size_t step;
+    };
+    std::size_t at = 0;
+    std::array<axis, 3> axes;
+    const float channels[] = {c.r, c.g, c.b};
+    const std::size_t steps[] = {lut_edge * lut_edge, lut_edge, 1};
+    for (std::size_t i = 0; i < 3; ++i)
+    {
+        const double x = std::clamp(channels[i] * 16.0, 0.0, 16.0);
+        const auto lower = std::min(static_cast<std::size_t>(x), lut_edge - 2);
+        axes[i] = {x - static_cast<double>(lower), steps[i]};
+        at += lower * steps[i];
+    }
+    std::sort(axes.begin(), axes.end(), [](const axis& a, const axis& b) { return a.way > b.way; });
+
+    // From the lower corner along the axis with the longest way first: four corners, weighted by what the ways lack.
+    const auto& entries = table.get_entries();
+    double weight = 1.0 - axes[0].way;
+    double r = 0.0, g = 0.0, b = 0.0;
+    for (std::size_t corner = 0;; ++corner)
+    {
+        r += weight * entries[at].r;
+        g += weight * entries[at].g;
+        b += weight * entries[at].b;
+        if (corner == 3)
+            break;
+        at += axes[corner].step;
+        weight = axes[corner].way - (corner < 2 ? axes[corner + 1].way : 0.0);
+    }
+    return {1.0f, static_cast<float>(r), static_cast<float>(g), static_cast<float>(b)};
+}
+
+} // namespace ov1::bench

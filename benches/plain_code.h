@@ -1,0 +1,24 @@
+// The effect as one writes it first: a virtual call for every pixel, entries read through a range check.
+#pragma once
+
+#include "effect/lut_argb.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace ov1::bench
+{
+
+class pixel_renderer
+{
+public:
+    virtual ~pixel_renderer() = default;
+    virtual void render_pixel(std::size_t x, std::size_t y, const argb_float& in, argb_float& out) const = 0;
+};
+
+std::unique_ptr<pixel_renderer> make_plain_renderer(const lut_argb<lut_edge>& table);
+
+/// As a fast LUT filter of the tetrahedral kind does it, in double precision: what those peers must come to.
+argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c);
+
+} // namespace ov1::bench

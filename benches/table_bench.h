@@ -1,0 +1,16 @@
+// The build of the table, and one step of a drag in the editor.
+#pragma once
+
+#include "effect/grade_settings.h"
+#include "report.h"
+
+namespace ov1::bench
+{
+
+/// A grade in which every step of the build acts.
+grade_settings everything_active();
+
+/// Builds with everything active and with the defaults; builds, publishes, renders and converts a preview.
+void run_table_bench(report& to, int rounds);
+
+} // namespace ov1::bench
