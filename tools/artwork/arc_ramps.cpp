@@ -1,0 +1,48 @@
+#include "artwork/arc_ramps.h"
+
+#include "artwork/anchor_colours.h"
+
+#include <array>
+
+namespace ov1
+{
+
+namespace
+{
+
+rgb_double graded_anchor(engine_colours& engine, const rgb_double& anchor, std::initializer_list<asked_value> values)
+{
+    return engine.graded(std::span(&anchor, 1), std::span(values.begin(), values.size())).front();
+}
+
+} // namespace
+
+rgb_double lightness_ramp(double place)
+{
+    // Short of black and white, so that the arc stands out against the panel and the arrow against the arc.
+    constexpr double darkest = 0.10, lightest = 0.90;
+    const double level = darkest + (lightest - darkest) * place;
+    return {level, level, level};
+}
+
+rgb_double chroma_ramp(engine_colours& engine, double place)
+{
+    // Half of what its lightness holds: the top of the arc is then the most colourful there is.
+    const rgb_double half_orange = rgb_of({25'000, 50'000, 50'000});
+    return graded_anchor(engine, half_orange, {{parameter_index::global_chroma, 200.0 * place - 100.0}});
+}
+
+rgb_double skin_brightness_ramp(engine_colours& engine, double place)
+{
+    return graded_anchor(engine, skin_anchor, {{parameter_index::skin_tone_brightness, 200.0 * place - 100.0}});
+}
+
+rgb_double protection_ramp(engine_colours& engine, double place)
+{
+    constexpr double paler = 180.0;
+    return graded_anchor(
+        engine, skin_anchor,
+        {{parameter_index::skin_angle, paler}, {parameter_index::skin_tone_strength, 100.0 * (1.0 - place)}});
+}
+
+} // namespace ov1

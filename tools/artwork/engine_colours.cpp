@@ -1,0 +1,25 @@
+#include "artwork/engine_colours.h"
+
+#include "effect/build_lut.h"
+
+namespace ov1
+{
+
+std::vector<rgb_double> engine_colours::graded(std::span<const rgb_double> colours, std::span<const asked_value> values)
+{
+    grade_settings settings;
+    for (const asked_value& v : values)
+        settings.settings[static_cast<std::size_t>(v.parameter)].value = static_cast<float>(v.value);
+    build_lut(settings, looks, skin, table);
+
+    std::vector<rgb_double> found;
+    for (const rgb_double& c : colours)
+    {
+        const argb_float to =
+            table.lookup({1.0f, static_cast<float>(c.r), static_cast<float>(c.g), static_cast<float>(c.b)});
+        found.push_back({to.r, to.g, to.b});
+    }
+    return found;
+}
+
+} // namespace ov1

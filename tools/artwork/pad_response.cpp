@@ -1,0 +1,46 @@
+#include "artwork/pad_response.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace ov1
+{
+
+namespace
+{
+
+rgb_double between(const rgb_double& from, const rgb_double& to, double way)
+{
+    return {from.r + (to.r - from.r) * way, from.g + (to.g - from.g) * way, from.b + (to.b - from.b) * way};
+}
+
+} // namespace
+
+pad_response::pad_response(engine_colours& engine, parameter_index angle, parameter_index strength,
+                           const std::vector<rgb_double>& colours)
+{
+    for (std::size_t a = 0; a < angles; ++a)
+        for (std::size_t s = 0; s <= strengths; ++s)
+            answers.push_back(
+                engine.graded(colours, std::array{asked_value{angle, 360.0 * static_cast<double>(a) / angles},
+                                                  asked_value{strength, 100.0 * static_cast<double>(s) / strengths}}));
+}
+
+const rgb_double& pad_response::point(std::size_t colour, std::size_t angle, std::size_t strength) const
+{
+    return answers[angle % angles * (strengths + 1) + strength][colour];
+}
+
+rgb_double pad_response::at(std::size_t colour, double angle, double strength) const
+{
+    const double around = std::clamp(angle, 0.0, 360.0) / 360.0 * angles;
+    const double out = std::clamp(strength, 0.0, 100.0) / 100.0 * strengths;
+    const auto a = static_cast<std::size_t>(around);
+    const auto s = std::min(static_cast<std::size_t>(out), strengths - 1);
+    const auto along = [&](std::size_t i)
+    { return between(point(colour, i, s), point(colour, i, s + 1), out - static_cast<double>(s)); };
+    return between(along(a), along(a + 1), around - static_cast<double>(a));
+}
+
+} // namespace ov1
