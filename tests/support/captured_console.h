@@ -14,17 +14,12 @@ namespace ov1
 class memory_stream
 {
 public:
-    memory_stream()
-        : file(open_memstream(&data, &size))
-    {
-    }
     ~memory_stream()
     {
         std::fclose(file);
         std::free(data);
     }
-    memory_stream(const memory_stream&) = delete;
-    memory_stream& operator=(const memory_stream&) = delete;
+    memory_stream& operator=(memory_stream&&) = delete;
 
     std::FILE* get() const { return file; }
     std::string text() const
@@ -36,7 +31,7 @@ public:
 private:
     char* data = nullptr;
     std::size_t size = 0;
-    std::FILE* file;
+    std::FILE* file = open_memstream(&data, &size);
 };
 
 struct captured_console

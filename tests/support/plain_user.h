@@ -11,20 +11,15 @@ namespace ov1
 class plain_user
 {
 public:
-    plain_user()
-        : changed(geteuid() == 0 && seteuid(65534) == 0)
-    {
-    }
     ~plain_user()
     {
         if (changed && seteuid(0) != 0)
             std::abort();
     }
-    plain_user(const plain_user&) = delete;
-    plain_user& operator=(const plain_user&) = delete;
+    plain_user& operator=(plain_user&&) = delete;
 
 private:
-    bool changed;
+    bool changed = geteuid() == 0 && seteuid(65534) == 0;
 };
 
 } // namespace ov1

@@ -19,8 +19,7 @@ public:
         setrlimit(RLIMIT_FSIZE, &tight);
     }
     ~size_limit() { setrlimit(RLIMIT_FSIZE, &before); }
-    size_limit(const size_limit&) = delete;
-    size_limit& operator=(const size_limit&) = delete;
+    size_limit& operator=(size_limit&&) = delete;
 
 private:
     rlimit before{};

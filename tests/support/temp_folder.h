@@ -22,13 +22,8 @@ public:
         if (mkdtemp(path.data()) == nullptr)
             std::abort();
     }
-    ~temp_folder()
-    {
-        std::error_code error;
-        std::filesystem::remove_all(path, error);
-    }
-    temp_folder(const temp_folder&) = delete;
-    temp_folder& operator=(const temp_folder&) = delete;
+    ~temp_folder() { std::filesystem::remove_all(path, ignored); }
+    temp_folder& operator=(temp_folder&&) = delete;
 
     std::string operator/(std::string_view name) const { return path + '/' + std::string(name); }
 
@@ -45,6 +40,9 @@ public:
     auto count() const { return std::distance(std::filesystem::directory_iterator(path), {}); }
 
     std::string path;
+
+private:
+    std::error_code ignored;
 };
 
 inline std::string text_of_file(const std::string& path)

@@ -8,6 +8,7 @@
 #include "framework/cparameter_continuous_v1.h"
 #include "framework/cparameter_integral_v1.h"
 #include "framework/iview_v1.h"
+#include "framework/state_blob.h"
 
 #include <functional>
 #include <mutex>
@@ -38,9 +39,10 @@ private:
     std::vector<T> list;
 };
 
-class test_host : public chost_v1
+using told = std::vector<std::pair<event_kind, uid>>;
+
+struct test_host : chost_v1
 {
-public:
     using chost_v1::chost_v1;
     void notify(event e) override
     {
@@ -53,9 +55,8 @@ public:
     std::function<void()> meanwhile = [] {}; ///< called within notify
 };
 
-class test_view : public iview_v1
+struct test_view : iview_v1
 {
-public:
     bool query_interface(const std::string&, iobject**) override { return false; }
     rect get_rect() const override { return {}; }
     bool open(std::shared_ptr<window>) override { return false; }
@@ -79,9 +80,8 @@ public:
     std::function<void()> meanwhile = [] {}; ///< called within set_control_from_parameter
 };
 
-class test_component : public ccomponent_v1
+struct test_component : ccomponent_v1
 {
-public:
     using ccomponent_v1::register_parameter;
     using ccomponent_v1::set_view;
     using ccomponent_v1::with_records_locked;
@@ -117,6 +117,11 @@ public:
     std::atomic<int> restores = 0;
     std::atomic<int> set_while_restoring = 0;
 };
+
+inline state_record continuous_record(const char* name, float v)
+{
+    return {{param_type::continuous, param_cell::of(v), {}, {}, {}}, make_uid(name)};
+}
 
 /// A component in use: initialized, its view open, and nothing noted yet.
 struct stage

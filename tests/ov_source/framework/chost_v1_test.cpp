@@ -10,9 +10,8 @@ namespace ov1
 namespace
 {
 
-class listening_component : public ccomponent_v1
+struct listening_component : ccomponent_v1
 {
-public:
     void notify(event e) override { heard.push_back(e.type); }
 
     std::vector<event_kind> heard;
@@ -20,23 +19,20 @@ public:
 
 TEST(chost_v1, keeps_its_flags_by_the_kind_of_event)
 {
-    const struct
-    {
-        int kind;
-        int dirty; ///< 1 raised, 0 lowered, -1 left as it was
-        int legacy;
-    } rows[] = {{0, -1, 0},  {1, -1, -1}, {2, 1, -1}, {3, 1, -1},  {4, -1, -1}, {5, 0, -1},
-                {6, -1, -1}, {7, -1, -1}, {8, 1, -1}, {9, -1, -1}, {10, -1, 1}, {11, -1, -1}};
+    // the kind, then the dirty and the legacy flag: 1 raised, 0 lowered, -1 left as it was
+    const std::tuple<int, int, int> rows[] = {{0, -1, 0},  {1, -1, -1}, {2, 1, -1},  {3, 1, -1},
+                                              {4, -1, -1}, {5, 0, -1},  {6, -1, -1}, {7, -1, -1},
+                                              {8, 1, -1},  {9, -1, -1}, {10, -1, 1}, {11, -1, -1}};
     for (const bool before : {false, true})
-        for (const auto& row : rows)
+        for (const auto& [kind, dirty, legacy] : rows)
         {
-            SCOPED_TRACE(row.kind);
+            SCOPED_TRACE(kind);
             chost_v1 host({});
             host.notify({before ? event_kind::edited : event_kind::terminated});
             host.notify({before ? event_kind::unknown_parameter : event_kind::terminated});
-            host.notify({static_cast<event_kind>(row.kind)});
-            EXPECT_EQ(host.component_is_dirty(), row.dirty < 0 ? before : row.dirty == 1);
-            EXPECT_EQ(host.has_legacy_parameters(), row.legacy < 0 ? before : row.legacy == 1);
+            host.notify({static_cast<event_kind>(kind)});
+            EXPECT_EQ(host.component_is_dirty(), dirty < 0 ? before : dirty == 1);
+            EXPECT_EQ(host.has_legacy_parameters(), legacy < 0 ? before : legacy == 1);
         }
 }
 
@@ -54,13 +50,11 @@ TEST(chost_v1, passes_events_on_while_the_component_lives)
 
 TEST(editor_factory, makes_editors_while_installed)
 {
-    const auto component = std::make_shared<test_component>();
     const auto view = std::make_shared<test_view>();
-    EXPECT_EQ(create_editor(component), nullptr) << "a program without windows";
-    install_editor_factory([&](auto c) { return c.lock() == component ? view : nullptr; });
-    EXPECT_EQ(create_editor(component), view);
+    install_editor_factory([&](auto) { return view; });
+    EXPECT_EQ(create_editor({}), view);
     install_editor_factory({});
-    EXPECT_EQ(create_editor(component), nullptr);
+    EXPECT_EQ(create_editor({}), nullptr) << "a program without windows";
 }
 
 } // namespace

@@ -14,9 +14,8 @@ undo_ring::bytes mark(int n) { return {static_cast<std::uint8_t>(n), static_cast
 undo_ring ring_of(int commits)
 {
     undo_ring ring;
-    for (int i = 0; i < commits; ++i)
-        ring.store(mark(i), true);
-    ring.store(mark(commits), false);
+    for (int i = 0; i <= commits; ++i)
+        ring.store(mark(i), i < commits);
     return ring;
 }
 
@@ -31,46 +30,28 @@ TEST(undo_ring, forty_commits_keep_thirty_two)
     EXPECT_EQ(ring.step_back(), std::nullopt);
     EXPECT_EQ(ring.store(mark(50), true), 8);
     EXPECT_EQ(ring.range(), (undo_range{8, 9, 9})) << "of what lies below, nothing is left";
+    EXPECT_EQ(ring_of(100).range(), (undo_range{69, 100, 100})) << "never an overwritten step";
 }
 
 TEST(undo_ring, reaches_down_to_the_bottom_of_the_ring)
 {
     // commits, lowest position: (top - depth) mod 32
-    const std::pair<int, int> rows[] = {{0, 0}, {1, 0}, {32, 0}, {33, 1}, {63, 31}, {64, 0}, {70, 6}};
-    for (const auto& [commits, lowest] : rows)
+    for (const auto& [commits, lowest] : {std::pair(0, 0), {1, 0}, {32, 0}, {33, 1}, {63, 31}, {64, 0}, {70, 6}})
     {
         SCOPED_TRACE(commits);
         undo_ring ring = ring_of(commits);
         for (const int beyond : {lowest - 1, commits, commits + 1})
             EXPECT_EQ(ring.jump(beyond), std::nullopt);
         EXPECT_EQ(ring.get_position(), commits);
-        while (ring.step_back())
-        {
-        }
-        EXPECT_EQ(ring.get_position(), lowest);
+        for (int step = commits; step > lowest; --step)
+            EXPECT_NE(ring.step_back(), std::nullopt);
+        EXPECT_EQ(ring.step_back(), std::nullopt);
         EXPECT_EQ(ring.jump(commits), commits == 0 ? std::nullopt : std::optional(mark(commits)));
     }
 }
 
-TEST(undo_ring, a_commit_after_undo_discards_what_came_later)
+TEST(undo_ring, every_step_that_is_offered_gives_the_state_of_its_gesture)
 {
-    undo_ring ring = ring_of(5);
-    EXPECT_EQ(ring.step_back(), mark(4));
-    EXPECT_EQ(ring.step_back(), mark(3));
-    EXPECT_EQ(ring.step_forward(), mark(4));
-    EXPECT_EQ(ring.store(mark(14), true), 4);
-    EXPECT_EQ(ring.get_depth(), 5);
-    EXPECT_EQ(ring.step_forward(), std::nullopt);
-    EXPECT_EQ(ring.step_back(), mark(14));
-    ring.flush();
-    EXPECT_EQ(ring.range(), undo_range{});
-    EXPECT_EQ(ring.get_depth(), 0);
-}
-
-TEST(undo_ring, offers_thirty_one_steps_and_never_an_overwritten_one)
-{
-    EXPECT_EQ(ring_of(100).range(), (undo_range{69, 100, 100}));
-
     std::mt19937 random(20240611);
     undo_ring ring;
     std::map<int, int> states = {{0, 0}};
@@ -78,18 +59,16 @@ TEST(undo_ring, offers_thirty_one_steps_and_never_an_overwritten_one)
     {
         const undo_range range = ring.range();
         ASSERT_LE(range.newest - range.oldest, 31);
+        const int steps[] = {-1, -1, -1, 1, range.oldest - range.position + static_cast<int>(random() % 32)};
         const unsigned choice = random() % 8;
-        const int to = choice < 3    ? range.position - 1
-                       : choice == 3 ? range.position + 1
-                                     : range.oldest + static_cast<int>(random() % 32);
-        if (choice < 5 && to >= range.oldest && to <= range.newest)
-        {
-            ASSERT_EQ(ring.jump(to).value_or(mark(states[range.position])), mark(states[to])) << gesture;
-        }
         if (choice >= 5)
         {
             ring.store(mark(states[range.position]), true);
             ring.store(mark(states[range.position + 1] = gesture), false);
+        }
+        else if (const int to = range.position + steps[choice]; to >= range.oldest && to <= range.newest)
+        {
+            ASSERT_EQ(ring.jump(to).value_or(mark(states[range.position])), mark(states[to])) << gesture;
         }
     }
 }
