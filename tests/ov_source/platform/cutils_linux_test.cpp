@@ -31,20 +31,16 @@ TEST_F(cutils_linux_test, the_two_scopes_are_apart)
 {
     bytes data;
     std::string text;
-    EXPECT_TRUE(utils.set_bytes("k", bytes{1, 2, 3}));
-    EXPECT_TRUE(utils.set_vendor_string("k", "Größe"));
-    EXPECT_TRUE(utils.get_bytes("k", data));
+    EXPECT_TRUE(utils.set_bytes("k", bytes{1, 2, 3}) && utils.set_vendor_string("k", "Größe"));
+    EXPECT_TRUE(utils.get_bytes("k", data) && utils.get_vendor_string("k", text));
     EXPECT_EQ(data, (bytes{1, 2, 3}));
-    EXPECT_TRUE(utils.get_vendor_string("k", text));
     EXPECT_EQ(text, "Größe");
-    EXPECT_FALSE(utils.get_string("k", text));
-    EXPECT_FALSE(utils.get_vendor_bytes("k", data));
+    EXPECT_FALSE(utils.get_string("k", text) || utils.get_vendor_bytes("k", data));
     EXPECT_TRUE(utils.set_vendor_bytes("v", bytes{9}) && utils.get_vendor_bytes("v", data));
     EXPECT_EQ(data, bytes{9});
     EXPECT_TRUE(utils.del_bytes("k"));
     EXPECT_FALSE(utils.get_bytes("k", data));
-    EXPECT_TRUE(utils.get_vendor_string("k", text));
-    EXPECT_TRUE(utils.del_vendor_key("k"));
+    EXPECT_TRUE(utils.get_vendor_string("k", text) && utils.del_vendor_key("k"));
     EXPECT_FALSE(utils.get_vendor_string("k", text));
     EXPECT_EQ(text, "Größe") << "a failure leaves the output";
 }
@@ -52,13 +48,11 @@ TEST_F(cutils_linux_test, the_two_scopes_are_apart)
 TEST_F(cutils_linux_test, an_empty_key_or_a_missing_domain_stores_nothing)
 {
     std::uint32_t number = 5;
-    EXPECT_FALSE(utils.set_bytes("", bytes{1}));
-    EXPECT_FALSE(utils.set_vendor_uint32("", 1));
-    EXPECT_FALSE(utils.get_vendor_uint32("never set", number));
+    cutils_linux product_only("", "veridial", environment);
+    EXPECT_FALSE(utils.set_bytes("", bytes{1}) || utils.set_vendor_uint32("", 1));
+    EXPECT_FALSE(utils.get_vendor_uint32("never set", number) || product_only.set_vendor_uint32("k", 1));
     EXPECT_EQ(number, 5u);
     EXPECT_FALSE(fs::exists(folder / "config"));
-    cutils_linux product_only("", "veridial", environment);
-    EXPECT_FALSE(product_only.set_vendor_uint32("k", 1));
     EXPECT_TRUE(product_only.set_string("k", "x"));
     EXPECT_TRUE(utils.set_vendor_uint32("k", 4000000000u) && utils.get_vendor_uint32("k", number));
     EXPECT_EQ(number, 4000000000u);
@@ -66,10 +60,8 @@ TEST_F(cutils_linux_test, an_empty_key_or_a_missing_domain_stores_nothing)
 
 TEST_F(cutils_linux_test, resources_come_from_the_top_level_only)
 {
-    folder.with_file("share/look.v2.bin", "abc");
-    folder.with_file("share/plain", "p");
-    folder.with_file("share/sub/x.bin", "s");
-    folder.with_file("secret.bin", "t");
+    for (const char* name : {"share/look.v2.bin", "share/plain", "share/sub/x.bin", "secret.bin"})
+        folder.with_file(name, "abc");
     bytes data{7};
     for (const char* name : {"", "look.v2", "look.bin", "sub/x.bin", "../secret.bin", "sub", ".", ".."})
         EXPECT_FALSE(utils.get_resource(name, data)) << name;
@@ -85,9 +77,8 @@ TEST_F(cutils_linux_test, create_dir_makes_one_directory_with_the_users_mask)
     EXPECT_TRUE(utils.create_dir(folder / "d"));
     umask(mask);
     EXPECT_EQ(fs::status(folder / "d").permissions(), static_cast<fs::perms>(0750));
-    EXPECT_FALSE(utils.create_dir(folder / "d")) << "it is there already";
-    EXPECT_FALSE(utils.create_dir(folder / "a/b"));
-    EXPECT_FALSE(utils.create_dir(""));
+    for (const std::string& path : {folder / "d", folder / "a/b", std::string()})
+        EXPECT_FALSE(utils.create_dir(path)) << path;
     EXPECT_EQ(utils.get_common_directory(), folder / "data/orvane");
     EXPECT_TRUE(fs::is_directory(folder / "data/orvane"));
 }
@@ -98,20 +89,15 @@ TEST_F(cutils_linux_test, list_dir_parts_directories_from_everything_else)
     folder.with_file("l/.hidden", "");
     fs::create_directory(folder / "l/d");
     fs::create_directory_symlink(folder / "l/d", folder / "l/link");
-    std::vector<std::string> files{"old"};
-    std::vector<std::string> directories{"old"};
-    const auto sorted = [](std::vector<std::string> names)
-    {
-        std::sort(names.begin(), names.end());
-        return names;
-    };
+    std::vector<std::string> files{"old"}, directories{"old"};
     EXPECT_FALSE(utils.list_dir("", &files, &directories, false));
     EXPECT_FALSE(utils.list_dir(folder / "l", nullptr, nullptr, false));
     EXPECT_FALSE(utils.list_dir(folder / "missing", &files, &directories, false));
     EXPECT_EQ(files, std::vector<std::string>{"old"});
 
     ASSERT_TRUE(utils.list_dir(folder / "l", &files, &directories, false));
-    EXPECT_EQ(sorted(files), (std::vector<std::string>{".hidden", "a.json", "link"}));
+    std::ranges::sort(files);
+    EXPECT_EQ(files, (std::vector<std::string>{".hidden", "a.json", "link"}));
     EXPECT_EQ(directories, std::vector<std::string>{"d"});
     for (const std::string& path : {folder / "l", folder / "l/"})
     {
@@ -122,11 +108,9 @@ TEST_F(cutils_linux_test, list_dir_parts_directories_from_everything_else)
 
 TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
 {
-    int width = 0;
-    int height = 0;
+    int width = 0, height = 0;
     utils.get_screen_dimensions(nullptr, width, height);
-    EXPECT_EQ(width, 1920);
-    EXPECT_EQ(height, 1080);
+    EXPECT_EQ(std::pair(width, height), std::pair(1920, 1080));
     EXPECT_EQ(utils.get_dpi_scale(), 1.0);
     testing::internal::CaptureStderr();
     EXPECT_FALSE(utils.alert_box(nullptr, "Title", "What happened", "OK"));
@@ -135,30 +119,22 @@ TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
     std::string shown;
     double dpi = 143;
     bool knows_screen = true;
-    install_desktop_services({
-        [&](void*, const std::string& title, const std::string& message, const std::string& first,
-            const std::string& second)
-        {
-            shown = title + '|' + message + '|' + first + '|' + second;
-            return true;
-        },
-        [&](void*, int& w, int& h)
-        {
-            w = 3840;
-            h = 2160;
-            return knows_screen;
-        },
-        [&] { return dpi; },
-    });
+    desktop_services services;
+    services.show_alert = [&](void*, const auto& title, const auto& message, const auto& first, const auto& second)
+    { return !(shown = title + '|' + message + '|' + first + '|' + second).empty(); };
+    services.query_screen = [&](void*, int& w, int& h) { return w = 3840, h = 2160, knows_screen; };
+    services.query_dpi = [&] { return dpi; };
+    install_desktop_services(services);
     EXPECT_TRUE(utils.alert_box(nullptr, "t", "m", "OK"));
     EXPECT_EQ(shown, "t|m|OK|") << "no second button";
     EXPECT_TRUE(utils.alert_box(nullptr, "t", "m", "Yes", "No"));
     EXPECT_EQ(shown, "t|m|Yes|No");
-    utils.get_screen_dimensions(nullptr, width, height);
-    EXPECT_EQ(width, 3840);
-    knows_screen = false;
-    utils.get_screen_dimensions(nullptr, width, height);
-    EXPECT_EQ(height, 1080);
+    for (const auto& size : {std::pair(3840, 2160), {1920, 1080}})
+    {
+        utils.get_screen_dimensions(nullptr, width, height);
+        EXPECT_EQ(std::pair(width, height), size);
+        knows_screen = false;
+    }
     EXPECT_EQ(utils.get_dpi_scale(), 1.0);
     dpi = 144;
     EXPECT_EQ(utils.get_dpi_scale(), 2.0);
@@ -168,12 +144,9 @@ TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
 
 TEST_F(cutils_linux_test, describes_the_system)
 {
-    std::string version;
-    std::string name;
-    EXPECT_EQ(utils.get_os_name_string(), "Linux");
-    ASSERT_TRUE(utils.get_os_version_string(version));
-    EXPECT_EQ(std::count(version.begin(), version.end(), '.'), 2) << version;
-    ASSERT_TRUE(utils.get_os_string(name));
+    std::string version, name;
+    EXPECT_TRUE(utils.get_os_version_string(version) && utils.get_os_string(name));
+    EXPECT_EQ(std::ranges::count(version, '.'), 2) << version;
     EXPECT_TRUE(name.ends_with(" Bits)")) << name;
     EXPECT_TRUE(utils.is_main_thread());
     std::thread([&] { EXPECT_FALSE(utils.is_main_thread()); }).join();
@@ -182,10 +155,9 @@ TEST_F(cutils_linux_test, describes_the_system)
 TEST_F(cutils_linux_test, a_scope_puts_other_utilities_in_place)
 {
     iutils& usual = iutils::get_instance();
+    cutils_linux other("", "", environment);
     {
         const scoped_utils outer(utils);
-        EXPECT_EQ(&iutils::get_instance(), &utils);
-        cutils_linux other("", "", environment);
         {
             const scoped_utils inner(other);
             EXPECT_EQ(&iutils::get_instance(), &other);

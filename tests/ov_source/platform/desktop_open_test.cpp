@@ -15,26 +15,10 @@ namespace
 
 TEST(desktop_open, tells_urls_from_paths)
 {
-    const struct
-    {
-        const char *text, *argument;
-    } rows[] = {
-        {"https://example.org/a?b=c", "https://example.org/a?b=c"},
-        {"mailto:a@example.org", "mailto:a@example.org"},
-        {"file:///tmp/x", "file:///tmp/x"},
-        {"/tmp/manual/index.html", "/tmp/manual/index.html"},
-        {"index.html", "./index.html"},
-        {"--help", "./--help"},
-        {"my picture: 1.png", "./my picture: 1.png"},
-        {"a:", "./a:"},
-        {"1a:b", "./1a:b"},
-        {":x", "./:x"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(opener_argument(row.text), row.argument);
-    }
+    for (const char* text : {"https://example.org/a?b=c", "mailto:a@example.org", "file:///tmp/x", "/tmp/index.html"})
+        EXPECT_EQ(opener_argument(text), text);
+    for (const std::string text : {"index.html", "--help", "my picture: 1.png", "a:", "1a:b", ":x"})
+        EXPECT_EQ(opener_argument(text), "./" + text);
 }
 
 TEST(desktop_open, hands_the_text_to_the_opener_untouched_by_a_shell)
@@ -48,18 +32,14 @@ TEST(desktop_open, hands_the_text_to_the_opener_untouched_by_a_shell)
     const int pipe = open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
 
     setenv("PATH", (folder.path + ':' + path).c_str(), 1);
-    const bool started = open_with_desktop("/a b/$(touch x)'\"; c");
+    EXPECT_TRUE(open_with_desktop("/a b/$(touch x)'\"; c"));
     pollfd waited{pipe, POLLIN, 0};
-    const int answers = poll(&waited, 1, 20'000);
+    EXPECT_EQ(poll(&waited, 1, 20'000), 1);
     setenv("PATH", folder.path.c_str(), 1);
     std::filesystem::remove(script);
-    const bool started_without_opener = open_with_desktop("/x");
+    EXPECT_FALSE(open_with_desktop("/x")) << "there is no opener";
     setenv("PATH", path.c_str(), 1);
-
-    EXPECT_FALSE(started_without_opener);
     EXPECT_FALSE(open_with_desktop(""));
-    ASSERT_TRUE(started);
-    ASSERT_EQ(answers, 1);
     std::array<char, 100> text{};
     EXPECT_GT(read(pipe, text.data(), text.size() - 1), 0);
     EXPECT_STREQ(text.data(), "1:/a b/$(touch x)'\"; c");

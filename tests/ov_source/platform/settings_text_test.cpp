@@ -1,6 +1,7 @@
 #include "platform/settings_text.h"
 
 #include <gtest/gtest.h>
+#include <numeric>
 
 namespace ov1
 {
@@ -11,73 +12,42 @@ using bytes = std::vector<std::uint8_t>;
 
 TEST(settings_text, values_and_keys_of_any_bytes_come_back)
 {
-    std::string all;
-    bytes octets;
-    for (int i = 0; i < 256; ++i)
-    {
-        all += static_cast<char>(i);
-        octets.push_back(static_cast<std::uint8_t>(i));
-    }
-    const struct
-    {
-        const char* name;
-        std::string key;
-        setting value;
-    } rows[] = {
-        {"every byte in a string", "s", all},
-        {"every byte in bytes", "b", octets},
-        {"every byte in a key", all, 7u},
-        {"an empty string", "es", std::string()},
-        {"empty bytes", "eb", bytes()},
-        {"the largest number", "n", 0xFFFFFFFFu},
-        {"blanks at both ends", " k ", std::string(" v ")},
-    };
+    std::string all(256, 'x');
+    std::iota(all.begin(), all.end(), '\0');
+    const std::pair<std::string, setting> rows[] = {{"every byte", all},
+                                                    {"octets", bytes(all.begin(), all.end())},
+                                                    {all, 7u},
+                                                    {"empty", std::string()},
+                                                    {"no octets", bytes()},
+                                                    {"the largest", 0xFFFFFFFFu},
+                                                    {" blanks at both ends ", std::string(" v ")}};
     settings_text text;
-    for (const auto& row : rows)
-        text.set(row.key, row.value);
+    for (const auto& [key, value] : rows)
+        text.set(key, value);
     const settings_text again(text.to_text());
-    for (const auto& row : rows)
+    for (const auto& [key, value] : rows)
     {
-        SCOPED_TRACE(row.name);
-        ASSERT_NE(again.find(row.key), nullptr);
-        EXPECT_EQ(*again.find(row.key), row.value);
+        SCOPED_TRACE(key);
+        ASSERT_NE(again.find(key), nullptr);
+        EXPECT_EQ(*again.find(key), value);
     }
 }
 
 TEST(settings_text, passes_over_damaged_lines_and_keeps_them)
 {
-    const struct
+    for (const std::string line :
+         {"# uint32 k 1", "", "uint32", "uint32 k", "uint32 k x", "uint32 k 1 ", "uint32 k 4294967296", "uint32 k -1",
+          "bytes k 00f", "bytes k 0g", "bytes k +1", "string k a%2", "string k%zz a", "float64 k 1.5", "string  a"})
     {
-        const char* name;
-        const char* line;
-    } rows[] = {
-        {"comment", "# uint32 k 1"},
-        {"no fields", ""},
-        {"kind alone", "uint32"},
-        {"no value", "uint32 k"},
-        {"no number", "uint32 k x"},
-        {"something behind the number", "uint32 k 1 "},
-        {"number too large", "uint32 k 4294967296"},
-        {"negative", "uint32 k -1"},
-        {"odd digits", "bytes k 00f"},
-        {"no digits", "bytes k 0g"},
-        {"signed digits", "bytes k +1"},
-        {"a broken escape in the value", "string k a%2"},
-        {"a broken escape in the key", "string k%zz a"},
-        {"a later kind", "float64 k 1.5"},
-        {"no key", "string  a"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.name);
-        const std::string before = "uint32 a 1\n" + std::string(row.line) + "\nstring b x\n";
+        SCOPED_TRACE(line);
+        const std::string before = "uint32 a 1\n" + line + "\nstring b x\n";
         settings_text text(before);
         EXPECT_EQ(text.to_text(), before);
         EXPECT_EQ(text.find("k"), nullptr);
         EXPECT_EQ(text.find(""), nullptr);
         ASSERT_NE(text.find("b"), nullptr) << "the line after the damage is read";
         text.set("a", 2u);
-        EXPECT_EQ(text.to_text(), "uint32 a 2\n" + std::string(row.line) + "\nstring b x\n");
+        EXPECT_EQ(text.to_text(), "uint32 a 2\n" + line + "\nstring b x\n");
     }
 }
 

@@ -11,10 +11,7 @@ TEST(translate, picks_the_pieces_of_one_language_and_keeps_the_common_text)
 {
     const struct
     {
-        const char* name;
-        const char* literal;
-        const char* english;
-        const char* german;
+        const char *name, *literal, *english, *german;
     } rows[] = {
         {"one piece each", "{en:Save}{de:Sichern}", "Save", "Sichern"},
         {"common text before, between, after", "<{en:a}|{de:b}>", "<a|>", "<|b>"},

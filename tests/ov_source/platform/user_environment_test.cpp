@@ -20,63 +20,42 @@ user_environment read(const std::map<std::string, std::string>& variables)
 
 TEST(user_environment, folders_follow_the_variables_and_then_the_home)
 {
-    const user_environment bare = read({});
-    EXPECT_EQ(bare.settings_folder, "/passwd/home/.config/orvane");
-    EXPECT_EQ(bare.common_folder, "/passwd/home/.local/share/orvane");
-    EXPECT_EQ(bare.resource_folder, "/opt/veridial/share/veridial");
-
-    const user_environment home = read({{"HOME", "/h"}, {"XDG_DATA_HOME", "relative/path"}});
-    EXPECT_EQ(home.settings_folder, "/h/.config/orvane");
-    EXPECT_EQ(home.common_folder, "/h/.local/share/orvane") << "a relative folder is ignored";
-
-    const user_environment set =
-        read({{"XDG_CONFIG_HOME", "/c"}, {"XDG_DATA_HOME", "/d"}, {"VERIDIAL_RESOURCES", "/r"}});
-    EXPECT_EQ(set.settings_folder, "/c/orvane");
-    EXPECT_EQ(set.common_folder, "/d/orvane");
-    EXPECT_EQ(set.resource_folder, "/r");
-
+    const std::string share = "/opt/veridial/share/veridial";
+    const std::pair<std::map<std::string, std::string>, std::string> rows[] = {
+        {{}, "/passwd/home/.config/orvane /passwd/home/.local/share/orvane " + share},
+        {{{"HOME", "/h"}, {"XDG_DATA_HOME", "relative/path"}}, "/h/.config/orvane /h/.local/share/orvane " + share},
+        {{{"XDG_CONFIG_HOME", "/c"}, {"XDG_DATA_HOME", "/d"}, {"VERIDIAL_RESOURCES", "/r"}}, "/c/orvane /d/orvane /r"}};
+    for (const auto& [variables, expected] : rows)
+    {
+        const user_environment got = read(variables);
+        EXPECT_EQ(got.settings_folder + ' ' + got.common_folder + ' ' + got.resource_folder, expected);
+    }
     const auto nothing = [](const char*) { return std::string(); };
     EXPECT_EQ(read_user_environment(nothing, "/bin", "").settings_folder, "");
 }
 
 TEST(user_environment, scale_is_a_number_within_reason_or_not_set)
 {
-    const struct
-    {
-        const char* text;
-        double scale;
-    } rows[] = {
-        {"", 0},    {"2", 2},   {"1.5", 1.5}, {"0.5", 0.5}, {"4", 4},   {"0.4", 0},
-        {"4.1", 0}, {"1,5", 0}, {"2x", 0},    {"nan", 0},   {"inf", 0}, {"-1", 0},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(read({{"VERIDIAL_SCALE", row.text}}).scale, row.scale);
-    }
+    const std::pair<const char*, double> rows[] = {{"", 0},   {"2", 2},   {"1.5", 1.5}, {"0.5", 0.5},
+                                                   {"4", 4},  {"0.4", 0}, {"4.1", 0},   {"1,5", 0},
+                                                   {"2x", 0}, {"nan", 0}, {"inf", 0},   {"-1", 0}};
+    for (const auto& [text, scale] : rows)
+        EXPECT_EQ(read({{"VERIDIAL_SCALE", text}}).scale, scale) << text;
 }
 
 TEST(user_environment, language_is_that_of_the_first_locale_variable_set)
 {
-    const struct
-    {
-        const char *all, *messages, *lang;
-        language_id language;
-    } rows[] = {
-        {"", "", "", language_id::english},
-        {"", "", "de_DE.UTF-8", language_id::german},
-        {"", "de", "en_GB.UTF-8", language_id::german},
-        {"C", "de_AT@euro", "de_DE", language_id::english},
-        {"de.UTF-8", "en_US", "en_US", language_id::german},
-        {"", "", "den_CA", language_id::english},
-        {"", "", "fr_FR.UTF-8", language_id::english},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(std::string(row.all) + '/' + row.messages + '/' + row.lang);
-        EXPECT_EQ(read({{"LC_ALL", row.all}, {"LC_MESSAGES", row.messages}, {"LANG", row.lang}}).language,
-                  row.language);
-    }
+    const std::tuple<const char*, const char*, const char*, bool> rows[] = {{"", "", "", false},
+                                                                            {"", "", "de_DE.UTF-8", true},
+                                                                            {"", "de", "en_GB.UTF-8", true},
+                                                                            {"C", "de_AT@euro", "de_DE", false},
+                                                                            {"de.UTF-8", "en_US", "en_US", true},
+                                                                            {"", "", "den_CA", false},
+                                                                            {"", "", "fr_FR.UTF-8", false}};
+    for (const auto& [all, messages, lang, german] : rows)
+        EXPECT_EQ(read({{"LC_ALL", all}, {"LC_MESSAGES", messages}, {"LANG", lang}}).language,
+                  german ? language_id::german : language_id::english)
+            << all << '/' << messages << '/' << lang;
 }
 
 } // namespace
