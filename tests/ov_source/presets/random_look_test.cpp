@@ -1,8 +1,6 @@
 #include "presets/random_look.h"
 
-#include "framework/chost_v1.h"
-#include "framework/cparameter_continuous_v1.h"
-#include "framework/create_ccomponent.h"
+#include "support/effect_stage.h"
 #include "support/test_component.h"
 
 #include <algorithm>
@@ -15,22 +13,8 @@ namespace ov1
 namespace
 {
 
-class random_look : public testing::Test
+struct random_look : testing::Test, effect_stage
 {
-protected:
-    void SetUp() override { effect->initialize(std::make_shared<chost_v1>(effect)); }
-    void TearDown() override { effect->terminate(); }
-
-    std::shared_ptr<cparameter_continuous_v1> parameter(int i) const
-    {
-        return std::dynamic_pointer_cast<cparameter_continuous_v1>(effect->get_parameter(i));
-    }
-    float value(const std::string& name) const
-    {
-        return effect->get_parameter(name)->get_param_value().value.as_continuous();
-    }
-
-    std::shared_ptr<icomponent_v1> effect = create_ccomponent();
 };
 
 /// The look of an engine, from the published table of ranges; not yet within the parameters' bounds.
@@ -46,10 +30,7 @@ std::map<std::string, float> expected_look(std::mt19937& engine)
          {"Master Hue", "Master Chroma", "Global Luminance", "Shadows Lightness", "Mids Lightness", "Highlights Hue",
           "Highlights Chroma", "Highlights Range", "Highlights Lightness", "Highlights Smoothness"})
         look[zeroed] = 0;
-    look["Shadows Range"] = 7;
-    look["Shadows Smoothness"] = 70;
-    look["Mids Range"] = 10;
-    look["Mids Smoothness"] = 100;
+    look.insert({{"Shadows Range", 7}, {"Shadows Smoothness", 70}, {"Mids Range", 10}, {"Mids Smoothness", 100}});
     look["Global Chroma"] = draw(-100, 35);
     const int hue = static_cast<int>(draw(0, 360));
     look["Shadows Hue"] = static_cast<float>(hue);
@@ -57,16 +38,13 @@ std::map<std::string, float> expected_look(std::mt19937& engine)
     look["Shadows Saturation"] = draw(-25, 25);
     look["Mids Hue"] = static_cast<float>(engine() >= 0x80000000u ? hue : (hue + 180) % 360);
     look["Mids Chroma"] = draw(0, 100) * look["Shadows Chroma"] / 100;
-    const struct
-    {
-        const char* name;
-        double a, b;
-    } rest[] = {{"Mids Saturation", -25, 25},  {"Highlights Saturation", -25, 25}, {"Protect Skin Tones", 0, 100},
-                {"Skin Angle", 0, 360},        {"Skin Tone Strength", -20, 20},    {"Skin Tone Brightness", -25, 25},
-                {"Sky Angle", 0, 360},         {"Sky Strength", 0, 100},           {"Greenery Angle", 0, 360},
-                {"Greenery Strength", 0, 100}, {"Film Contrast Angle", 0, 360},    {"Film Contrast Strength", -70, 70}};
-    for (const auto& row : rest)
-        look[row.name] = draw(row.a, row.b);
+    const std::tuple<const char*, double, double> rest[] = {
+        {"Mids Saturation", -25, 25},  {"Highlights Saturation", -25, 25}, {"Protect Skin Tones", 0, 100},
+        {"Skin Angle", 0, 360},        {"Skin Tone Strength", -20, 20},    {"Skin Tone Brightness", -25, 25},
+        {"Sky Angle", 0, 360},         {"Sky Strength", 0, 100},           {"Greenery Angle", 0, 360},
+        {"Greenery Strength", 0, 100}, {"Film Contrast Angle", 0, 360},    {"Film Contrast Strength", -70, 70}};
+    for (const auto& [name, a, b] : rest)
+        look[name] = draw(a, b);
     return look;
 }
 
@@ -80,7 +58,8 @@ TEST_F(random_look, ends_on_the_drawn_values_whatever_was_there_before)
         for (int i = 1; i < effect->get_parameter_count(); ++i) // at the bounds, and anywhere between
         {
             const float places[] = {0.0f, 1.0f, static_cast<float>(chance() >> 8) * 0x1p-24f};
-            parameter(i)->set_value_normalized(places[chance() % 3], chance() % 2 == 0);
+            std::dynamic_pointer_cast<cparameter_continuous_v1>(effect->get_parameter(i))
+                ->set_value_normalized(places[chance() % 3], chance() % 2 == 0);
         }
         std::mt19937 engine(seed), again(seed);
         randomize_look(*effect, engine);
