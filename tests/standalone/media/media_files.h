@@ -4,13 +4,11 @@
 #include "media/still_reader.h"
 #include "media/still_writer.h"
 
+#include "support/temp_folder.h"
+
 #include <cmath>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace ov1::media
@@ -18,39 +16,6 @@ namespace ov1::media
 
 using file_bytes = std::vector<std::uint8_t>;
 using rows = std::vector<argb_float>;
-
-/// A test with a folder that goes with it.
-class media_test : public testing::Test
-{
-protected:
-    media_test()
-    {
-        std::string name = (std::filesystem::temp_directory_path() / "media_test_XXXXXX").string();
-        folder = mkdtemp(name.data());
-    }
-    ~media_test() override { std::filesystem::remove_all(folder); }
-
-    std::string path(const std::string& name) const { return (folder / name).string(); }
-
-    std::string save(const std::string& name, const file_bytes& bytes) const
-    {
-        std::filesystem::remove(path(name)); // some file systems flush a file that is written anew
-        std::ofstream file(path(name), std::ios::binary);
-        file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        return path(name);
-    }
-
-    /// Opens a file, which must succeed.
-    still_reader opened(const std::string& where) const
-    {
-        still_reader reader;
-        error why;
-        EXPECT_TRUE(reader.open(where, why)) << why.reason;
-        return reader;
-    }
-
-    std::filesystem::path folder;
-};
 
 inline still_info picture_info(std::size_t width, std::size_t height, depth d, alpha_kind alpha = alpha_kind::none)
 {
@@ -74,6 +39,32 @@ inline file_bytes encoded(const std::string& name, const still_info& info, const
     EXPECT_TRUE(writer.finish(bytes, why)) << why.reason;
     return bytes;
 }
+
+/// A test with a folder that goes with it.
+class media_test : public testing::Test
+{
+protected:
+    std::string save(const std::string& name, const file_bytes& bytes) const
+    {
+        std::filesystem::remove(folder / name); // some file systems flush a file that is written anew
+        return folder.with_file(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    }
+
+    /// Saves and opens a file, which must succeed.
+    still_reader opened(const std::string& name, const file_bytes& bytes) const
+    {
+        still_reader reader;
+        error why;
+        EXPECT_TRUE(reader.open(save(name, bytes), why)) << why.reason;
+        return reader;
+    }
+    still_reader stored(const std::string& name, const still_info& info, const rows& pixels) const
+    {
+        return opened(name, encoded(name, info, pixels));
+    }
+
+    temp_folder folder;
+};
 
 inline rows all_rows(const still_reader& reader)
 {

@@ -1,32 +1,17 @@
 #include "media/output_format.h"
 
-#include <gtest/gtest.h>
+#include "media_files.h"
 
 namespace ov1::media
 {
 namespace
 {
 
-still_info source_of(depth d, alpha_kind alpha)
-{
-    still_info info;
-    info.depth = d;
-    info.alpha = alpha;
-    return info;
-}
-
 TEST(output_format, keeps_the_depth_or_loses_least)
 {
     using enum depth;
     using enum still_format;
-    const struct
-    {
-        still_format format;
-        depth source;
-        bool alpha;
-        depth written;
-        bool written_alpha;
-    } cases[] = {
+    const std::tuple<still_format, depth, bool, depth, bool> cases[] = {
         {png, u8, true, u8, true},      {png, u10, false, u16, false},        {png, full_float, true, u16, true},
         {png, half, false, u16, false}, {jpeg, u16, true, u8, false},         {jpeg, full_float, false, u8, false},
         {tiff, u12, false, u16, false}, {tiff, u16, true, u16, true},         {exr, u8, true, half, true},
@@ -34,15 +19,15 @@ TEST(output_format, keeps_the_depth_or_loses_least)
         {exr, half, true, half, true},  {dpx, u10, false, u10, false},        {dpx, u12, false, u12, false},
         {dpx, half, false, u16, false}, {dpx, u10, true, u16, true},          {dpx, u8, true, u8, true},
     };
-    for (const auto& c : cases)
+    for (const auto& [format, source, alpha, written, written_alpha] : cases)
     {
-        SCOPED_TRACE(std::string(name_of(c.format)) + " from " + std::string(name_of(c.source)));
+        SCOPED_TRACE(std::string(name_of(format)) + " from " + std::string(name_of(source)));
         output_layout layout{};
         error why;
-        const still_info source = source_of(c.source, c.alpha ? alpha_kind::straight : alpha_kind::none);
-        ASSERT_TRUE(choose_layout(c.format, source, {}, layout, why)) << why.reason;
-        EXPECT_EQ(layout.depth, c.written);
-        EXPECT_EQ(layout.has_alpha, c.written_alpha);
+        const still_info info = picture_info(1, 1, source, alpha ? alpha_kind::straight : alpha_kind::none);
+        ASSERT_TRUE(choose_layout(format, info, {}, layout, why)) << why.reason;
+        EXPECT_EQ(layout.depth, written);
+        EXPECT_EQ(layout.has_alpha, written_alpha);
     }
 }
 
@@ -51,26 +36,20 @@ TEST(output_format, refuses_naming_what_the_format_holds)
     using enum depth;
     using enum still_format;
     using enum alpha_kind;
-    const struct
-    {
-        still_format format;
-        layout_request request;
-        alpha_kind alpha;
-        const char *reason, *hint;
-    } cases[] = {
+    const std::tuple<still_format, layout_request, alpha_kind, const char*, const char*> cases[] = {
         {png, {u10, {}}, none, "PNG holds no samples of depth 10", "ask for 8 or 16"},
         {exr, {u16, {}}, none, "EXR holds no samples of depth 16", "ask for half or float"},
         {dpx, {half, {}}, none, "DPX holds no samples of depth half", "ask for 8, 10, 12 or 16"},
         {dpx, {u10, {}}, straight, "DPX holds no alpha at depth 10", "ask for 8 or 16"},
         {jpeg, {{}, "rgb24"}, none, "JPEG is not written as pixel format rgb24", "ask for yuv444p, yuv422p or yuv420p"},
     };
-    for (const auto& c : cases)
+    for (const auto& [format, request, alpha, reason, hint] : cases)
     {
         output_layout layout{};
         error why;
-        EXPECT_FALSE(choose_layout(c.format, source_of(u8, c.alpha), c.request, layout, why));
-        EXPECT_EQ(why.reason, c.reason);
-        EXPECT_EQ(why.hint, c.hint);
+        EXPECT_FALSE(choose_layout(format, picture_info(1, 1, u8, alpha), request, layout, why));
+        EXPECT_EQ(why.reason, reason);
+        EXPECT_EQ(why.hint, hint);
     }
 }
 

@@ -23,10 +23,10 @@ frame_ptr frame_of(AVPixelFormat format, int width, int height)
     return frame;
 }
 
-std::vector<argb_float> unpacked(const AVFrame& frame, std::size_t y)
+std::vector<argb_float> unpacked(const AVFrame& frame, std::size_t y, std::size_t first = 0)
 {
-    std::vector<argb_float> row(static_cast<std::size_t>(frame.width));
-    unpack_span(frame, 0, y, row.size(), row.data());
+    std::vector<argb_float> row(static_cast<std::size_t>(frame.width) - first);
+    unpack_span(frame, first, y, row.size(), row.data());
     return row;
 }
 
@@ -36,14 +36,11 @@ frame_ptr chroma_steps(AVChromaLocation where)
     frame_ptr frame = frame_of(AV_PIX_FMT_YUV420P, 4, 4);
     frame->color_range = AVCOL_RANGE_JPEG;
     frame->chroma_location = where;
-    for (int y = 0; y < 4; ++y)
-        std::fill_n(frame->data[0] + y * frame->linesize[0], 4, std::uint8_t{128});
-    for (int y = 0; y < 2; ++y)
-        for (int x = 0; x < 2; ++x)
-        {
-            frame->data[1][y * frame->linesize[1] + x] = static_cast<std::uint8_t>(128 + x * 40 + y * 4);
-            frame->data[2][y * frame->linesize[2] + x] = static_cast<std::uint8_t>(128 + x * 80 + y * 8);
-        }
+    for (int plane = 0; plane < 3; ++plane)
+        for (int y = 0; y < (plane == 0 ? 4 : 2); ++y)
+            for (int x = 0; x < (plane == 0 ? 4 : 2); ++x)
+                frame->data[plane][y * frame->linesize[plane] + x] =
+                    static_cast<std::uint8_t>(128 + plane * (x * 40 + y * 4));
     return frame;
 }
 
@@ -52,12 +49,7 @@ TEST(unpack_span, interpolates_chroma_from_where_it_sits)
     // How far each pixel lies from the first chroma sample to the second, held at both ends.
     using places = std::array<double, 4>;
     constexpr places amid{0, 0.25, 0.75, 1}, on_first{0, 0.5, 1, 1}, on_last{0, 0, 0.5, 1};
-    const struct
-    {
-        const char* name;
-        AVChromaLocation where;
-        places across, down;
-    } cases[] = {
+    const std::tuple<const char*, AVChromaLocation, places, places> cases[] = {
         {"centre", AVCHROMA_LOC_CENTER, amid, amid},
         {"unspecified", AVCHROMA_LOC_UNSPECIFIED, amid, amid},
         {"left", AVCHROMA_LOC_LEFT, on_first, amid},
@@ -66,25 +58,23 @@ TEST(unpack_span, interpolates_chroma_from_where_it_sits)
         {"bottom", AVCHROMA_LOC_BOTTOM, amid, on_last},
         {"bottom left", AVCHROMA_LOC_BOTTOMLEFT, on_first, on_last},
     };
-    for (const auto& c : cases)
+    for (const auto& [name, where, across, down] : cases)
     {
-        SCOPED_TRACE(c.name);
-        const frame_ptr frame = chroma_steps(c.where);
+        SCOPED_TRACE(name);
+        const frame_ptr frame = chroma_steps(where);
         ASSERT_TRUE(can_unpack(*frame));
         for (std::size_t y = 0; y < 4; ++y)
         {
             const std::vector<argb_float> row = unpacked(*frame, y);
             for (std::size_t x = 0; x < 4; ++x)
             {
-                const double cr = 80 * c.across[x] + 8 * c.down[y];
+                const double cr = 80 * across[x] + 8 * down[y];
                 const double cb = cr / 2;
                 // T.871: R = Y + 1.402 Cr, G = Y - 0.344136 Cb - 0.714136 Cr, B = Y + 1.772 Cb
                 EXPECT_NEAR(row[x].r, std::min(1.0, (128 + 1.402 * cr) / 255), 1e-6) << x << " " << y;
                 EXPECT_NEAR(row[x].g, (128 - 0.344136 * cb - 0.714136 * cr) / 255, 1e-6);
                 EXPECT_NEAR(row[x].b, (128 + 1.772 * cb) / 255, 1e-6);
-                argb_float alone;
-                unpack_span(*frame, x, y, 1, &alone);
-                EXPECT_EQ(alone, row[x]) << "a span that begins inside";
+                EXPECT_EQ(unpacked(*frame, y, x)[0], row[x]) << "a span that begins inside";
             }
         }
     }
@@ -101,7 +91,7 @@ TEST(unpack_span, takes_range_and_matrix_from_the_frame)
         AVPixelFormat format;
         AVColorRange range;
         AVColorSpace matrix;
-        std::array<int, 3> code;
+        std::uint16_t code[3];
         argb_float expected;
     } cases[] = {
         {"601 red", eight, full, AVCOL_SPC_BT470BG, {76, 85, 255}, {1, 1, 0, 0}},
@@ -117,27 +107,19 @@ TEST(unpack_span, takes_range_and_matrix_from_the_frame)
         frame->color_range = c.range;
         frame->colorspace = c.matrix;
         for (int plane = 0; plane < 3; ++plane)
-        {
-            frame->data[plane][0] = static_cast<std::uint8_t>(c.code[plane]);
-            frame->data[plane][1] = static_cast<std::uint8_t>(c.code[plane] >> 8);
-        }
+            std::memcpy(frame->data[plane], &c.code[plane], 2); // little-endian; frames are padded
         const argb_float color = unpacked(*frame, 0)[0];
-        EXPECT_NEAR(color.r, c.expected.r, 0.007);
-        EXPECT_NEAR(color.g, c.expected.g, 0.007);
-        EXPECT_NEAR(color.b, c.expected.b, 0.007);
-        EXPECT_LE(std::max({color.r, color.g, color.b}), 1.0f);
+        for (const auto channel : {&argb_float::r, &argb_float::g, &argb_float::b})
+        {
+            EXPECT_NEAR(color.*channel, c.expected.*channel, 0.007);
+            EXPECT_LE(color.*channel, 1.0f);
+        }
     }
 }
 
 TEST(unpack_span, knows_packed_words_palettes_and_bits)
 {
-    const struct
-    {
-        const char* name;
-        AVPixelFormat format;
-        std::vector<std::uint8_t> bytes;
-        argb_float expected;
-    } cases[] = {
+    const std::tuple<const char*, AVPixelFormat, std::vector<std::uint8_t>, argb_float> cases[] = {
         {"bgra", AV_PIX_FMT_BGRA, {51, 102, 153, 204}, {0.8f, 0.6f, 0.4f, 0.2f}},
         {"rgb48be", AV_PIX_FMT_RGB48BE, {0x33, 0x33, 0x66, 0x66, 0x99, 0x99}, {1, 0.2f, 0.4f, 0.6f}},
         {"rgb48le", AV_PIX_FMT_RGB48LE, {0xFF, 0, 0, 0, 0xFF, 0xFF}, {1, 255.0f / 65535, 0, 1}},
@@ -148,13 +130,13 @@ TEST(unpack_span, knows_packed_words_palettes_and_bits)
         {"monowhite", AV_PIX_FMT_MONOWHITE, {0x7F}, {1, 1, 1, 1}},
         {"monoblack", AV_PIX_FMT_MONOBLACK, {0x7F}, {1, 0, 0, 0}},
     };
-    for (const auto& c : cases)
+    for (const auto& [name, format, bytes, expected] : cases)
     {
-        SCOPED_TRACE(c.name);
-        const frame_ptr frame = frame_of(c.format, 1, 1);
+        SCOPED_TRACE(name);
+        const frame_ptr frame = frame_of(format, 1, 1);
         ASSERT_TRUE(can_unpack(*frame));
-        std::copy(c.bytes.begin(), c.bytes.end(), frame->data[0]);
-        EXPECT_EQ(unpacked(*frame, 0)[0], c.expected);
+        std::copy(bytes.begin(), bytes.end(), frame->data[0]);
+        EXPECT_EQ(unpacked(*frame, 0)[0], expected);
     }
     const frame_ptr palette = frame_of(AV_PIX_FMT_PAL8, 2, 1);
     palette->data[0][1] = 7;
