@@ -12,34 +12,30 @@ namespace
 
 struct parsed
 {
+    explicit parsed(const std::vector<std::string>& arguments)
+    {
+        parser.positionals("INPUT", inputs, "pictures");
+        parser.text("-o,--output", output, "OUT", "where to");
+        add_grade_options(parser, grade);
+        add_run_options(parser, run);
+        outcome = parser.parse(arguments, why);
+    }
+
+    argument_parser parser{"veridial grade", "Grades pictures.", "Example"};
     argument_parser::outcome outcome;
-    std::string problem;
+    problem why;
     std::vector<std::string> inputs;
     grade_request grade;
     run_options run;
     std::optional<std::string> output;
 };
 
-parsed parse(const std::vector<std::string>& arguments)
-{
-    parsed result;
-    argument_parser parser("veridial grade", "Grades pictures.", "Example");
-    parser.positionals("INPUT", result.inputs, "pictures");
-    parser.text("-o,--output", result.output, "OUT", "where to");
-    add_grade_options(parser, result.grade);
-    add_run_options(parser, result.run);
-    problem why;
-    result.outcome = parser.parse(arguments, why);
-    result.problem = problem_line(why);
-    return result;
-}
-
 TEST(argument_parser, sorts_options_from_inputs)
 {
     using texts = std::vector<std::string>;
-    const parsed p = parse({"a.png", "-s", "Sky Strength=60", "b.png", "-fv", "--sky", "-5,6", "-o", "x", "--set=c=1",
-                            "-ofile", "--wheel", "shadows=1,2", "--", "-c.png", "--film"});
-    ASSERT_EQ(p.outcome, argument_parser::outcome::run) << p.problem;
+    const parsed p({"a.png", "-s", "Sky Strength=60", "b.png", "-fv", "--sky", "-5,6", "-o", "x", "--set=c=1", "-ofile",
+                    "--wheel", "shadows=1,2", "--", "-c.png", "--film"});
+    ASSERT_EQ(p.outcome, argument_parser::outcome::run) << problem_line(p.why);
     EXPECT_EQ(p.inputs, (texts{"a.png", "b.png", "-c.png", "--film"}));
     EXPECT_EQ(p.grade.settings, (texts{"Sky Strength=60", "c=1"}));
     EXPECT_EQ(p.grade.wheels, texts{"shadows=1,2"});
@@ -51,11 +47,7 @@ TEST(argument_parser, sorts_options_from_inputs)
 
 TEST(argument_parser, tells_each_mistake_on_one_plain_line)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* line;
-    } rows[] = {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{"--ouput", "x"}, "\"--ouput\": no such option (did you mean \"--output\"?)"},
         {{"--overwrit=1"}, "\"--overwrit\": no such option (did you mean \"--overwrite\"?)"},
         {{"a.png", "-z"}, "\"-z\": no such option (\"veridial grade --help\" lists what there is)"},
@@ -63,14 +55,14 @@ TEST(argument_parser, tells_each_mistake_on_one_plain_line)
         {{"--set"}, "\"--set\": its value is missing"},
         {{"--dry-run=maybe"}, "\"--dry-run\": takes no value"},
     };
-    for (const auto& row : rows)
+    for (const auto& [arguments, line] : rows)
     {
-        SCOPED_TRACE(row.line);
-        const parsed p = parse(row.arguments);
+        SCOPED_TRACE(line);
+        const parsed p(arguments);
         EXPECT_EQ(p.outcome, argument_parser::outcome::wrong);
-        EXPECT_EQ(p.problem, row.line);
+        EXPECT_EQ(problem_line(p.why), line);
     }
-    EXPECT_EQ(parse({"a.png", "--help"}).outcome, argument_parser::outcome::help);
+    EXPECT_EQ(parsed({"a.png", "--help"}).outcome, argument_parser::outcome::help);
 }
 
 TEST(argument_parser, a_command_without_inputs_expects_none)
@@ -83,11 +75,7 @@ TEST(argument_parser, a_command_without_inputs_expects_none)
 
 TEST(run_options, are_settled_from_their_texts)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* lines;
-    } rows[] = {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{"-j", "4", "--progress", "JSON"}, ""},
         {{"-j", "-1"}, "\"--threads\": -1 is out of range (0 to 1024)\n"},
         {{"-j", "many", "--progress", "jsn"},
@@ -95,17 +83,17 @@ TEST(run_options, are_settled_from_their_texts)
         {{"-fn"}, "\"--overwrite\": cannot go with --no-clobber (leave one out)\n"},
         {{"-qv"}, "\"--quiet\": cannot go with --verbose (leave one out)\n"},
     };
-    for (const auto& row : rows)
+    for (const auto& [arguments, expected] : rows)
     {
-        SCOPED_TRACE(row.arguments.front());
-        parsed p = parse(row.arguments);
+        SCOPED_TRACE(arguments.front());
+        parsed p(arguments);
         captured_console captured;
         std::vector<problem> problems;
-        EXPECT_EQ(settle_run_options(p.run, captured.console, problems), row.lines[0] == '\0');
+        EXPECT_EQ(settle_run_options(p.run, captured.console, problems), expected[0] == '\0');
         std::string lines;
         for (const problem& each : problems)
             lines += problem_line(each) + '\n';
-        EXPECT_EQ(lines, row.lines);
+        EXPECT_EQ(lines, expected);
         EXPECT_EQ(problems.empty(), p.run.threads == 4 && p.run.progress == progress_style::json);
     }
 }

@@ -10,21 +10,17 @@ namespace
 
 TEST(edit_distance, counts_the_fewest_steps)
 {
-    const struct
-    {
-        const char *x, *y;
-        std::size_t steps;
-    } rows[] = {
+    const std::tuple<const char*, const char*, std::size_t> rows[] = {
         {"", "", 0},       {"", "abc", 3},
         {"hue", "hue", 0}, {"kitten", "sitting", 3},
         {"ab", "ba", 1},   {"strenght", "strength", 1},
         {"ca", "abc", 3}, // no character is touched twice
     };
-    for (const auto& row : rows)
+    for (const auto& [x, y, steps] : rows)
     {
-        SCOPED_TRACE(std::string(row.x) + " " + row.y);
-        EXPECT_EQ(edit_distance(row.x, row.y), row.steps);
-        EXPECT_EQ(edit_distance(row.y, row.x), row.steps);
+        SCOPED_TRACE(std::string(x) + " " + y);
+        EXPECT_EQ(edit_distance(x, y), steps);
+        EXPECT_EQ(edit_distance(y, x), steps);
     }
 }
 
@@ -32,10 +28,7 @@ TEST(edit_distance, suggests_what_was_meant_and_nothing_far_off)
 {
     const std::vector<std::string> names{"Sky Angle",   "Sky Strength", "Skin Angle",    "Master Hue",
                                          "Shadows Hue", "Mids Hue",     "Highlights Hue"};
-    const struct
-    {
-        const char *typed, *hint;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"Sky Strenght", "did you mean \"Sky Strength\"?"},
         {"sky-strenth", "did you mean \"Sky Strength\"?"},
         {"sky", "did you mean \"Sky Angle\" or \"Sky Strength\"?"},
@@ -47,10 +40,10 @@ TEST(edit_distance, suggests_what_was_meant_and_nothing_far_off)
         {"", ""},
         {"s", ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [typed, hint] : rows)
     {
-        SCOPED_TRACE(row.typed);
-        EXPECT_EQ(did_you_mean(row.typed, names), row.hint);
+        SCOPED_TRACE(typed);
+        EXPECT_EQ(did_you_mean(typed, names), hint);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "command_line/grade_request.h"
 
+#include "command_line/argument_parser.h"
+
 #include <gtest/gtest.h>
 
 namespace ov1
@@ -33,70 +35,50 @@ std::string resolved(const grade_request& request)
     return text;
 }
 
-TEST(grade_request, reads_settings_and_says_what_is_wrong_with_them)
+TEST(grade_request, reads_settings_wheels_and_pads_and_says_what_is_wrong_with_them)
 {
-    const struct
-    {
-        const char *setting, *result;
-    } rows[] = {
-        {"Sky Strength=60.5", "4=605 "},
-        {"sky-strength = 60", "4=600 "},
-        {"SKY_STRENGTH=100", "4=1000 "},
-        {"skystrength=0", "4=0 "},
-        {"Steps=-3", "5=-30 "},
-        {"global bypass=On", "0=10 "},
-        {"Sky Strenght=60", "\"Sky Strenght\": no such parameter (did you mean \"Sky Strength\"?)\n"},
-        {"Zoom=1", "\"Zoom\": no such parameter (\"veridial params\" lists them)\n"},
-        {"=1", "no such parameter (\"veridial params\" lists them)\n"},
-        {"Sky Strength=160", "\"Sky Strength\": 160 is out of range (0 to 100)\n"},
-        {"Sky Strength=-0.01", "\"Sky Strength\": -0.01 is out of range (0 to 100)\n"},
-        {"Sky Strength=60,5", "\"Sky Strength\": \"60,5\" is no number (write 60.5)\n"},
-        {"Sky Strength=nan", "\"Sky Strength\": \"nan\" is no number\n"},
-        {"Sky Strength=", "\"Sky Strength\": a number is missing\n"},
-        {"Sky Strength=1=2", "\"Sky Strength\": \"1=2\" is no number\n"},
-        {"Sky Strength", "\"--set Sky Strength\": no \"=\" in it (write \"Name=value\")\n"},
-        {"Steps=1.5", "\"Steps\": \"1.5\" is no whole number\n"},
-        {"Tint=#ff0000", "\"Tint\": cannot be set on the command line\n"},
-        {"Global Bypass=2", "\"Global Bypass\": \"2\" is no choice (one of true, false, on, off, yes, no, 1, 0)\n"},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.setting);
-        grade_request request;
-        request.settings = {row.setting};
-        EXPECT_EQ(resolved(request), row.result);
-    }
-}
-
-TEST(grade_request, reads_wheels_and_pads)
-{
-    const struct
-    {
-        const char *wheel, *sky, *result;
-    } rows[] = {
-        {"shadows=220,40", nullptr, "1=2200 2=400 "},
-        {"Shadows=220, 40", "90,60.5", "1=2200 2=400 3=900 4=605 "},
-        {"shadow=1,2", nullptr, "\"--wheel shadow=1,2\": \"shadow\" is no choice (did you mean \"shadows\"?)\n"},
-        {"shadows", nullptr, "\"--wheel shadows\": no \"=\" in it (write shadows=HUE,CHROMA)\n"},
-        {"shadows=220", nullptr,
-         "\"--wheel shadows=220\": needs two numbers with one comma between them (write HUE,CHROMA, decimals with a "
-         "point)\n"},
-        {"shadows=361,101", nullptr,
+    const std::string two = ": needs two numbers with one comma between them (write ";
+    const std::tuple<const char*, const char*, std::string> rows[] = {
+        {"--set", "Sky Strength=60.5", "4=605 "},
+        {"--set", "sky-strength = 60", "4=600 "},
+        {"--set", "SKY_STRENGTH=100", "4=1000 "},
+        {"--set", "skystrength=0", "4=0 "},
+        {"--set", "Steps=-3", "5=-30 "},
+        {"--set", "global bypass=On", "0=10 "},
+        {"--set", "Sky Strenght=60", "\"Sky Strenght\": no such parameter (did you mean \"Sky Strength\"?)\n"},
+        {"--set", "Zoom=1", "\"Zoom\": no such parameter (\"veridial params\" lists them)\n"},
+        {"--set", "=1", "no such parameter (\"veridial params\" lists them)\n"},
+        {"--set", "Sky Strength=160", "\"Sky Strength\": 160 is out of range (0 to 100)\n"},
+        {"--set", "Sky Strength=-0.01", "\"Sky Strength\": -0.01 is out of range (0 to 100)\n"},
+        {"--set", "Sky Strength=60,5", "\"Sky Strength\": \"60,5\" is no number (write 60.5)\n"},
+        {"--set", "Sky Strength=nan", "\"Sky Strength\": \"nan\" is no number\n"},
+        {"--set", "Sky Strength=", "\"Sky Strength\": a number is missing\n"},
+        {"--set", "Sky Strength=1=2", "\"Sky Strength\": \"1=2\" is no number\n"},
+        {"--set", "Sky Strength", "\"--set Sky Strength\": no \"=\" in it (write \"Name=value\")\n"},
+        {"--set", "Steps=1.5", "\"Steps\": \"1.5\" is no whole number\n"},
+        {"--set", "Tint=#ff0000", "\"Tint\": cannot be set on the command line\n"},
+        {"--set", "Global Bypass=2",
+         "\"Global Bypass\": \"2\" is no choice (one of true, false, on, off, yes, no, 1, 0)\n"},
+        {"--wheel", "shadows=220,40", "1=2200 2=400 "},
+        {"--wheel", "Shadows=220, 40", "1=2200 2=400 "},
+        {"--sky", "90,60.5", "3=900 4=605 "},
+        {"--wheel", "shadow=1,2", "\"--wheel shadow=1,2\": \"shadow\" is no choice (did you mean \"shadows\"?)\n"},
+        {"--wheel", "shadows", "\"--wheel shadows\": no \"=\" in it (write shadows=HUE,CHROMA)\n"},
+        {"--wheel", "shadows=220", "\"--wheel shadows=220\"" + two + "HUE,CHROMA, decimals with a point)\n"},
+        {"--wheel", "shadows=361,101",
          "\"Shadows Hue\": 361 is out of range (0 to 360)\n\"Shadows Chroma\": 101 is out of range (0 to 100)\n"},
-        {nullptr, "90,60,5",
-         "\"--sky 90,60,5\": needs two numbers with one comma between them (write ANGLE,STRENGTH, decimals with a "
-         "point)\n"},
-        {nullptr, "90,", "\"Sky Strength\": a number is missing\n"},
+        {"--sky", "90,60,5", "\"--sky 90,60,5\"" + two + "ANGLE,STRENGTH, decimals with a point)\n"},
+        {"--sky", "90,", "\"Sky Strength\": a number is missing\n"},
     };
-    for (const auto& row : rows)
+    for (const auto& [option, text, result] : rows)
     {
-        SCOPED_TRACE(row.result);
+        SCOPED_TRACE(text);
         grade_request request;
-        if (row.wheel != nullptr)
-            request.wheels = {row.wheel};
-        if (row.sky != nullptr)
-            request.sky = row.sky;
-        EXPECT_EQ(resolved(request), row.result);
+        argument_parser parser("", "", "");
+        add_grade_options(parser, request);
+        problem why;
+        ASSERT_EQ(parser.parse(std::vector<std::string>{option, text}, why), argument_parser::outcome::run);
+        EXPECT_EQ(resolved(request), result);
     }
 }
 

@@ -9,51 +9,33 @@ namespace
 {
 
 /// The decimal comma of many desktops.
-class comma_locale
+struct comma : std::numpunct<char>
 {
-public:
-    comma_locale()
-        : before(std::locale::global(std::locale(std::locale::classic(), new comma)))
-    {
-    }
-    ~comma_locale() { std::locale::global(before); }
-
-private:
-    struct comma : std::numpunct<char>
-    {
-        char do_decimal_point() const override { return ','; }
-    };
-    std::locale before;
+    char do_decimal_point() const override { return ','; }
 };
 
 TEST(number, reads_finite_numbers_with_a_point)
 {
-    const comma_locale desktop;
-    const struct
-    {
-        const char* text;
-        double value;
-    } rows[] = {
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new comma));
+    const std::pair<const char*, double> rows[] = {
         {"60", 60}, {"-0.5", -0.5}, {"+7", 7}, {".5", 0.5}, {"1e2", 100}, {" 3 ", 3}, {"60.5", 60.5},
     };
-    for (const auto& row : rows)
+    for (const auto& [text, expected] : rows)
     {
-        SCOPED_TRACE(row.text);
+        SCOPED_TRACE(text);
         double value = 0;
         problem why;
-        EXPECT_TRUE(read_number(row.text, value, why));
-        EXPECT_EQ(value, row.value);
+        EXPECT_TRUE(read_number(text, value, why));
+        EXPECT_EQ(value, expected);
     }
     EXPECT_EQ(number_text(0.1f), "0.1");
     EXPECT_EQ(number_text(-60.0), "-60");
+    std::locale::global(before);
 }
 
 TEST(number, refuses_what_is_none_and_helps_where_it_can)
 {
-    const struct
-    {
-        const char *text, *reason, *hint;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"60,5", "\"60,5\" is no number", "write 60.5"},
         {"60%", "\"60%\" is no number", "write 60"},
         {"90\u00B0", "\"90\u00B0\" is no number", "write 90"},
@@ -69,35 +51,42 @@ TEST(number, refuses_what_is_none_and_helps_where_it_can)
         {"++1", "\"++1\" is no number", ""},
         {"sixty", "\"sixty\" is no number", ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [text, reason, hint] : rows)
     {
-        SCOPED_TRACE(row.text);
+        SCOPED_TRACE(text);
         double value = 7;
         problem why;
-        EXPECT_FALSE(read_number(row.text, value, why));
+        EXPECT_FALSE(read_number(text, value, why));
         EXPECT_EQ(value, 7);
-        EXPECT_EQ(why.reason, row.reason);
-        EXPECT_EQ(why.hint, row.hint);
+        EXPECT_EQ(why.reason, reason);
+        EXPECT_EQ(why.hint, hint);
     }
 }
 
 TEST(number, is_refused_beyond_its_range_and_never_clamped)
 {
-    double value = 7;
-    problem why;
-    EXPECT_TRUE(read_number_within("-10", -10, 10, value, why) && value == -10);
-    EXPECT_TRUE(read_number_within("10", -10, 10, value, why) && value == 10);
-    EXPECT_FALSE(read_number_within("10.001", -10, 10, value, why));
-    EXPECT_EQ(why.reason, "10.001 is out of range");
-    EXPECT_EQ(why.hint, "-10 to 10");
-    EXPECT_FALSE(read_number_within("-10.001", -10, 10, value, why));
-    EXPECT_EQ(value, 10);
-    int whole = 7;
-    EXPECT_FALSE(read_whole_number_within("2.5", 0, 10, whole, why));
-    EXPECT_EQ(why.reason, "\"2.5\" is no whole number");
-    EXPECT_FALSE(read_whole_number_within("11", 0, 10, whole, why));
-    EXPECT_EQ(whole, 7);
-    EXPECT_TRUE(read_whole_number_within("3", 0, 10, whole, why) && whole == 3);
+    const std::tuple<const char*, bool, double, const char*, const char*> rows[] = {
+        {"-10", false, -10, "", ""},
+        {"10", true, 10, "", ""},
+        {"2.5", false, 2.5, "", ""},
+        {"10.001", false, 7, "10.001 is out of range", "-10 to 10"},
+        {"-10.001", false, 7, "-10.001 is out of range", "-10 to 10"},
+        {"2.5", true, 7, "\"2.5\" is no whole number", ""},
+        {"11", true, 7, "11 is out of range", "-10 to 10"},
+    };
+    for (const auto& [text, whole, expected, reason, hint] : rows)
+    {
+        SCOPED_TRACE(text);
+        double value = 7;
+        int number = 7;
+        problem why;
+        const bool read = whole ? read_whole_number_within(text, -10, 10, number, why)
+                                : read_number_within(text, -10, 10, value, why);
+        EXPECT_EQ(read, why.reason.empty());
+        EXPECT_EQ(whole ? number : value, expected);
+        EXPECT_EQ(why.reason, reason);
+        EXPECT_EQ(why.hint, hint);
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 #include <sys/stat.h>
 
 namespace ov1
@@ -29,11 +30,12 @@ protected:
     }
 
     /// "in>out" for each job, a star where it is skipped, or the problem lines; the temporary folder appears as @.
-    std::string plan(const std::vector<std::string>& inputs, const std::string& output, const output_rules& rules = {})
+    std::string plan(const std::string& inputs, const std::string& output, const output_rules& rules = {})
     {
+        std::istringstream names(inputs);
         std::vector<std::string> paths;
-        for (const std::string& input : inputs)
-            paths.push_back(folder / input);
+        for (std::string name; names >> name;)
+            paths.push_back(folder / name);
         output_plan plan;
         std::vector<problem> problems;
         std::string text;
@@ -53,117 +55,75 @@ protected:
     std::ptrdiff_t before = 0;
 };
 
-constexpr output_rules overwrite{true, false, false};
-constexpr output_rules no_clobber{false, true, false};
-constexpr output_rules dry_run{false, false, true};
+constexpr output_rules overwrite{true, false, false}, no_clobber{false, true, false}, dry_run{false, false, true};
+
+const std::string exists = ": exists already (-f replaces it, -n leaves it)\n";
+const std::string itself = ": is the input itself (-f replaces it)\n";
+const std::string two_folders = " (grade them into two folders)\n";
+const std::string new_folder = " (end the name of a new folder with \"/\")\n";
 
 TEST_F(output_plan_test, names_the_outputs)
 {
-    const struct
-    {
-        const char* name;
-        std::vector<std::string> inputs;
-        const char* output;
-        const char* result;
-    } rows[] = {
-        {"a file", {"a.png"}, "new.tif", "a.png>@/new.tif "},
-        {"a folder", {"a.png"}, "out", "a.png>@/out/a.png "},
-        {"a folder with its slash", {"a.png"}, "out/", "a.png>@/out/a.png "},
-        {"a new folder", {"a.png"}, "fresh/", "a.png>@/fresh/a.png +@/fresh"},
-        {"a file without an extension", {"a.png"}, "fresh", "a.png>@/fresh "},
-        {"several into a folder", {"a.png", "old.png"}, "out", "a.png>@/out/a.png old.png>@/out/old.png "},
-        {"several into a new folder", {"a.png", "b.png"}, "fresh", "a.png>@/fresh/a.png b.png>@/fresh/b.png +@/fresh"},
-        {"a pipe", {"a.png"}, "pipe", "a.png>@/pipe "},
+    const std::tuple<const char*, const char*, const char*, std::string> rows[] = {
+        {"a file", "a.png", "new.tif", "a.png>@/new.tif "},
+        {"a folder", "a.png", "out", "a.png>@/out/a.png "},
+        {"a folder with its slash", "a.png", "out/", "a.png>@/out/a.png "},
+        {"a new folder", "a.png", "fresh/", "a.png>@/fresh/a.png +@/fresh"},
+        {"a file without an extension", "a.png", "fresh", "a.png>@/fresh "},
+        {"several into a folder", "a.png old.png", "out", "a.png>@/out/a.png old.png>@/out/old.png "},
+        {"several into a new folder", "a.png b.png", "fresh", "a.png>@/fresh/a.png b.png>@/fresh/b.png +@/fresh"},
+        {"a pipe", "a.png", "pipe", "a.png>@/pipe "},
     };
-    for (const auto& row : rows)
+    for (const auto& [name, inputs, output, result] : rows)
     {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(plan(row.inputs, row.output), row.result);
+        SCOPED_TRACE(name);
+        EXPECT_EQ(plan(inputs, output), result);
         constexpr fs::file_time_type long_ago{};
-        for (const char* name : {".", "out"})
-            fs::last_write_time(folder / name, long_ago);
-        EXPECT_EQ(plan(row.inputs, row.output, dry_run), row.result);
-        for (const char* name : {".", "out"})
-            EXPECT_EQ(fs::last_write_time(folder / name), long_ago) << "a dry run has written to " << name;
+        for (const char* place : {".", "out"})
+            fs::last_write_time(folder / place, long_ago);
+        EXPECT_EQ(plan(inputs, output, dry_run), result);
+        for (const char* place : {".", "out"})
+            EXPECT_EQ(fs::last_write_time(folder / place), long_ago) << "a dry run has written to " << place;
     }
     EXPECT_EQ(folder.count(), before) << "planning leaves nothing behind";
 }
 
 TEST_F(output_plan_test, refuses_what_would_lose_something)
 {
-    const struct
-    {
-        const char* name;
-        std::vector<std::string> inputs;
-        const char* output;
-        output_rules rules;
-        const char* result;
-    } rows[] = {
-        {"an old file", {"a.png"}, "old.png", {}, "6 \"@/old.png\": exists already (-f replaces it, -n leaves it)\n"},
-        {"a link to nowhere",
-         {"a.png"},
-         "dangling.png",
-         {},
-         "6 \"@/dangling.png\": exists already (-f replaces it, -n leaves it)\n"},
-        {"an old file, overwriting", {"a.png"}, "old.png", overwrite, "a.png>@/old.png "},
-        {"an old file, leaving it", {"a.png"}, "old.png", no_clobber, "a.png>@/old.png* "},
-        {"one of several",
-         {"a.png", "b.png"},
-         "out",
-         {},
-         "6 \"@/out/b.png\": exists already (-f replaces it, -n leaves it)\n"},
-        {"the input itself", {"a.png"}, "a.png", {}, "6 \"@/a.png\": is the input itself (-f replaces it)\n"},
-        {"the input, leaving it",
-         {"a.png"},
-         "a.png",
-         no_clobber,
-         "6 \"@/a.png\": is the input itself (-f replaces it)\n"},
-        {"the input, overwriting", {"a.png"}, "a.png", overwrite, "a.png>@/a.png "},
-        {"the input through a link",
-         {"a.png"},
-         "link.png",
-         {},
-         "6 \"@/link.png\": is the input itself (-f replaces it)\n"},
-        {"the input through a hard link",
-         {"a.png"},
-         "hard.png",
-         {},
-         "6 \"@/hard.png\": is the input itself (-f replaces it)\n"},
-        {"the input's own folder", {"a.png"}, ".", {}, "6 \"@/./a.png\": is the input itself (-f replaces it)\n"},
-        {"another's input",
-         {"sub/a.png", "b.png", "a.png"},
-         "sub",
-         overwrite,
+    const std::tuple<const char*, const char*, const char*, output_rules, std::string> rows[] = {
+        {"an old file", "a.png", "old.png", {}, "6 \"@/old.png\"" + exists},
+        {"a link to nowhere", "a.png", "dangling.png", {}, "6 \"@/dangling.png\"" + exists},
+        {"an old file, overwriting", "a.png", "old.png", overwrite, "a.png>@/old.png "},
+        {"an old file, leaving it", "a.png", "old.png", no_clobber, "a.png>@/old.png* "},
+        {"one of several", "a.png b.png", "out", {}, "6 \"@/out/b.png\"" + exists},
+        {"the input itself", "a.png", "a.png", {}, "6 \"@/a.png\"" + itself},
+        {"the input, leaving it", "a.png", "a.png", no_clobber, "6 \"@/a.png\"" + itself},
+        {"the input, overwriting", "a.png", "a.png", overwrite, "a.png>@/a.png "},
+        {"the input through a link", "a.png", "link.png", {}, "6 \"@/link.png\"" + itself},
+        {"the input through a hard link", "a.png", "hard.png", {}, "6 \"@/hard.png\"" + itself},
+        {"the input's own folder", "a.png", ".", {}, "6 \"@/./a.png\"" + itself},
+        {"another's input", "sub/a.png b.png a.png", "sub", overwrite,
          "6 \"@/sub/a.png\": is an input as well (choose another folder)\n"
-         "2 \"@/sub/a.png\": would hold both \"@/sub/a.png\" and \"@/a.png\" (grade them into two folders)\n"},
-        {"one name for two",
-         {"a.png", "sub/a.png"},
-         "out",
-         overwrite,
-         "2 \"@/out/a.png\": would hold both \"@/a.png\" and \"@/sub/a.png\" (grade them into two folders)\n"},
-        {"one file behind two names",
-         {"a.png", "b.png"},
-         "linked",
-         overwrite,
-         "2 \"@/linked/b.png\": would hold both \"@/a.png\" and \"@/b.png\" (grade them into two folders)\n"},
-        {"several into a file",
-         {"a.png", "b.png"},
-         "old.png",
-         overwrite,
-         "2 \"@/old.png\": is no folder (end the name of a new folder with \"/\")\n"},
+         "2 \"@/sub/a.png\": would hold both \"@/sub/a.png\" and \"@/a.png\"" +
+             two_folders},
+        {"one name for two", "a.png sub/a.png", "out", overwrite,
+         "2 \"@/out/a.png\": would hold both \"@/a.png\" and \"@/sub/a.png\"" + two_folders},
+        {"one file behind two names", "a.png b.png", "linked", overwrite,
+         "2 \"@/linked/b.png\": would hold both \"@/a.png\" and \"@/b.png\"" + two_folders},
+        {"several into a file", "a.png b.png", "old.png", overwrite, "2 \"@/old.png\": is no folder" + new_folder},
         {"several into a new file",
-         {"a.png", "b.png"},
+         "a.png b.png",
          "new.png",
          {},
-         "2 \"@/new.png\": several inputs need a folder (end the name of a new folder with \"/\")\n"},
-        {"a missing folder", {"a.png"}, "no/where.png", {}, "6 \"@/no\": no such folder\n"},
-        {"a folder in a missing one", {"a.png"}, "no/where/", {}, "6 \"@/no\": no such folder\n"},
-        {"below a file", {"a.png"}, "old.png/x.png", dry_run, "6 \"@/old.png\": a part of the path is no folder\n"},
+         "2 \"@/new.png\": several inputs need a folder" + new_folder},
+        {"a missing folder", "a.png", "no/where.png", {}, "6 \"@/no\": no such folder\n"},
+        {"a folder in a missing one", "a.png", "no/where/", {}, "6 \"@/no\": no such folder\n"},
+        {"below a file", "a.png", "old.png/x.png", dry_run, "6 \"@/old.png\": a part of the path is no folder\n"},
     };
-    for (const auto& row : rows)
+    for (const auto& [name, inputs, output, rules, result] : rows)
     {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(plan(row.inputs, row.output, row.rules), row.result);
+        SCOPED_TRACE(name);
+        EXPECT_EQ(plan(inputs, output, rules), result);
     }
 }
 
@@ -173,8 +133,8 @@ TEST_F(output_plan_test, finds_a_closed_folder_before_the_work)
     chmod(folder.path.c_str(), 0755);
     chmod((folder / "closed").c_str(), 0555);
     const plain_user plain;
-    EXPECT_EQ(plan({"a.png"}, "closed"), "6 \"@/closed\": permission denied\n");
-    EXPECT_EQ(plan({"a.png"}, "closed", dry_run), "6 \"@/closed\": permission denied\n");
+    EXPECT_EQ(plan("a.png", "closed"), "6 \"@/closed\": permission denied\n");
+    EXPECT_EQ(plan("a.png", "closed", dry_run), "6 \"@/closed\": permission denied\n");
 }
 
 TEST_F(output_plan_test, an_output_without_an_input_keeps_the_same_rules)

@@ -24,12 +24,7 @@ constexpr verb verbs[] = {{"greet", "say hello", greet}, {"grade", "grade pictur
 
 TEST(program, runs_a_verb_or_explains)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        exit_code code;
-        const char *out, *err;
-    } rows[] = {
+    const std::tuple<std::vector<std::string>, exit_code, const char*, const char*> rows[] = {
         {{"greet"}, exit_code::done, "hello", "veridial: warning: \"it\": rains\n"},
         {{"greet", "a"}, exit_code::unreadable, "hello a", "veridial: warning: \"it\": rains\n"},
         {{"gerte"}, exit_code::usage, "", "veridial: \"gerte\": no such command (\"veridial --help\" lists them)\n"},
@@ -41,13 +36,13 @@ TEST(program, runs_a_verb_or_explains)
         {{}, exit_code::usage, "", "veridial: no command (\"veridial --help\" lists them)\n"},
         {{"--version"}, exit_code::done, "veridial 3.7.0\n", ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [arguments, code, out, err] : rows)
     {
-        SCOPED_TRACE(row.err);
+        SCOPED_TRACE(err);
         captured_console captured;
-        EXPECT_EQ(run_program(row.arguments, verbs, captured.console), row.code);
-        EXPECT_EQ(captured.out.text(), row.out);
-        EXPECT_EQ(captured.err.text(), row.err);
+        EXPECT_EQ(run_program(arguments, verbs, captured.console), code);
+        EXPECT_EQ(captured.out.text(), out);
+        EXPECT_EQ(captured.err.text(), err);
     }
 }
 
@@ -76,13 +71,7 @@ TEST(exit_code, is_common_to_inputs_that_end_alike)
 
 TEST(progress, counts_in_the_form_asked_for)
 {
-    const struct
-    {
-        const char* name;
-        progress_style style;
-        bool is_terminal, is_quiet;
-        const char* err;
-    } rows[] = {
+    const std::tuple<const char*, progress_style, bool, bool, const char*> rows[] = {
         {"plain", progress_style::plain, false, true, "1 of 2: \"a\"\n2 of 2: \"b\" failed\n"},
         {"json", progress_style::json, true, false,
          "{\"done\":1,\"total\":2,\"input\":\"a\",\"ok\":true}\n{\"done\":2,\"total\":2,\"input\":\"b\",\"ok\":false}"
@@ -91,15 +80,15 @@ TEST(progress, counts_in_the_form_asked_for)
         {"no terminal", progress_style::automatic, false, false, ""},
         {"quiet", progress_style::automatic, true, true, ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [name, style, is_terminal, is_quiet, err] : rows)
     {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         captured_console captured;
-        captured.console.set_quiet(row.is_quiet);
-        progress report(captured.console, row.style, row.is_terminal, 2);
+        captured.console.set_quiet(is_quiet);
+        progress report(captured.console, style, is_terminal, 2);
         report.step("a", true);
         report.step("b", false);
-        EXPECT_EQ(captured.err.text(), row.err);
+        EXPECT_EQ(captured.err.text(), err);
     }
 }
 
