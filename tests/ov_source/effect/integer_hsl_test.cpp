@@ -15,11 +15,7 @@ namespace
 TEST(integer_hsl, converts_the_six_corners_and_half_grey)
 {
     constexpr double half = 128.0 / 255.0; // the scale by 256 / 255
-    const struct
-    {
-        hsl_milli from;
-        rgb_double to;
-    } rows[] = {
+    const std::pair<hsl_milli, rgb_double> rows[] = {
         {{0, 100'000, 50'000}, {1, 0, 0}},          {{60'000, 100'000, 50'000}, {1, 1, 0}},
         {{120'000, 100'000, 50'000}, {0, 1, 0}},    {{180'000, 100'000, 50'000}, {0, 1, 1}},
         {{240'000, 100'000, 50'000}, {0, 0, 1}},    {{300'000, 100'000, 50'000}, {1, 0, 1}},
@@ -27,13 +23,13 @@ TEST(integer_hsl, converts_the_six_corners_and_half_grey)
         {{210'000, 100'000, 50'000}, {0, half, 1}}, {{123'456, 0, 50'000}, {half, half, half}},
         {{360'000, 100'000, 50'000}, {1, 0, 0}},    {{-60'000, 100'000, 50'000}, {1, 0, 1}},
     };
-    for (const auto& row : rows)
+    for (const auto& [from, to] : rows)
     {
-        SCOPED_TRACE(row.from.hue);
-        const rgb_double got = rgb_of(row.from);
-        EXPECT_NEAR(got.r, row.to.r, 1e-12);
-        EXPECT_NEAR(got.g, row.to.g, 1e-12);
-        EXPECT_NEAR(got.b, row.to.b, 1e-12);
+        SCOPED_TRACE(from.hue);
+        const rgb_double got = rgb_of(from);
+        EXPECT_NEAR(got.r, to.r, 1e-12);
+        EXPECT_NEAR(got.g, to.g, 1e-12);
+        EXPECT_NEAR(got.b, to.b, 1e-12);
     }
 }
 
@@ -66,13 +62,12 @@ TEST(integer_hsl, hue_comes_back_from_the_hexcone)
 
 TEST(angle_weights, sit_at_the_quarters_and_sum_to_one)
 {
-    EXPECT_EQ(angle_weights(0), (std::array<double, 4>{1, 0, 0, 0}));
-    EXPECT_EQ(angle_weights(90), (std::array<double, 4>{0, 1, 0, 0}));
-    EXPECT_EQ(angle_weights(180), (std::array<double, 4>{0, 0, 1, 0}));
-    EXPECT_EQ(angle_weights(270), (std::array<double, 4>{0, 0, 0, 1}));
-    EXPECT_EQ(angle_weights(360), (std::array<double, 4>{1, 0, 0, 0}));
-    EXPECT_EQ(angle_weights(45), (std::array<double, 4>{0.5, 0.5, 0, 0}));
-    EXPECT_EQ(angle_weights(315), (std::array<double, 4>{0.5, 0, 0, 0.5}));
+    const std::pair<double, std::array<double, 4>> rows[] = {
+        {0, {1, 0, 0, 0}},   {90, {0, 1, 0, 0}},     {180, {0, 0, 1, 0}},     {270, {0, 0, 0, 1}},
+        {360, {1, 0, 0, 0}}, {45, {0.5, 0.5, 0, 0}}, {315, {0.5, 0, 0, 0.5}},
+    };
+    for (const auto& [angle, weights] : rows)
+        EXPECT_EQ(angle_weights(angle), weights) << angle;
     for (double angle = 0; angle <= 360; angle += 0.7)
     {
         const auto w = angle_weights(angle);
@@ -82,16 +77,14 @@ TEST(angle_weights, sit_at_the_quarters_and_sum_to_one)
 
 TEST(skin_square, reaches_sides_and_corners_and_is_unbroken)
 {
-    const struct
+    const std::tuple<double, double, double> rows[] = {
+        {0, 100, 0},      {45, 100, -100}, {90, 0, -100},   {135, -100, -100}, {180, -100, 0},
+        {225, -100, 100}, {270, 0, 100},   {315, 100, 100}, {360, 100, 0},     {22.5, 100, -50}};
+    for (const auto& [angle, u, v] : rows)
     {
-        double angle, u, v;
-    } rows[] = {{0, 100, 0},      {45, 100, -100}, {90, 0, -100},   {135, -100, -100}, {180, -100, 0},
-                {225, -100, 100}, {270, 0, 100},   {315, 100, 100}, {360, 100, 0},     {22.5, 100, -50}};
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.angle);
-        EXPECT_NEAR(skin_square_of(row.angle).u, row.u, 1e-5);
-        EXPECT_NEAR(skin_square_of(row.angle).v, row.v, 1e-5);
+        SCOPED_TRACE(angle);
+        EXPECT_NEAR(skin_square_of(angle).u, u, 1e-5);
+        EXPECT_NEAR(skin_square_of(angle).v, v, 1e-5);
     }
     for (double angle = 0; angle < 360; angle += 0.01)
     {

@@ -50,24 +50,20 @@ double weighted_corners(const table& t, const argb_float& c, float argb_float::*
 
 TEST(lut_argb, modes_fill_as_named)
 {
-    const struct
-    {
-        table::init_mode mode;
-        argb_float first, last;
-    } rows[] = {
+    const std::tuple<table::init_mode, argb_float, argb_float> rows[] = {
         {table::init_mode::identity, {1, 0, 0, 0}, {1, 1, 1, 1}},
         {table::init_mode::black, {1, 0, 0, 0}, {1, 0, 0, 0}},
         {table::init_mode::white, {1, 1, 1, 1}, {1, 1, 1, 1}},
         {table::init_mode::none, {0, 0, 0, 0}, {0, 0, 0, 0}},
         {static_cast<table::init_mode>(9), {0, 0, 0, 0}, {0, 0, 0, 0}},
     };
-    for (const auto& row : rows)
+    for (const auto& [mode, first, last] : rows)
     {
-        SCOPED_TRACE(static_cast<int>(row.mode));
-        const table t(row.mode);
+        SCOPED_TRACE(static_cast<int>(mode));
+        const table t(mode);
         EXPECT_EQ(t.get_entries().size(), 4913u);
-        EXPECT_EQ(t.get_entries().front(), row.first);
-        EXPECT_EQ(t.get_entries().back(), row.last);
+        EXPECT_EQ(t.get_entries().front(), first);
+        EXPECT_EQ(t.get_entries().back(), last);
     }
 }
 
@@ -113,16 +109,14 @@ TEST(lut_argb, lookup_clamps_what_lies_outside_and_takes_nan_as_zero)
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     constexpr float big = std::numeric_limits<float>::max();
     const table t = scrambled();
-    const struct
+    const std::pair<float, float> rows[] = {{-0.001f, 0}, {1.001f, 1}, {-inf, 0}, {inf, 1},  {big, 1},
+                                            {-big, 0},    {nan, 0},    {-nan, 0}, {-0.0f, 0}};
+    for (const auto& [given, same_as] : rows)
     {
-        float given, same_as;
-    } rows[] = {{-0.001f, 0}, {1.001f, 1}, {-inf, 0}, {inf, 1}, {big, 1}, {-big, 0}, {nan, 0}, {-nan, 0}, {-0.0f, 0}};
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.given);
-        EXPECT_EQ(t.lookup({0, row.given, 0.3f, 0.7f}), t.lookup({0, row.same_as, 0.3f, 0.7f}));
-        EXPECT_EQ(t.lookup({0, 0.3f, row.given, 0.7f}), t.lookup({0, 0.3f, row.same_as, 0.7f}));
-        EXPECT_EQ(t.lookup({0, 0.3f, 0.7f, row.given}), t.lookup({0, 0.3f, 0.7f, row.same_as}));
+        SCOPED_TRACE(given);
+        EXPECT_EQ(t.lookup({0, given, 0.3f, 0.7f}), t.lookup({0, same_as, 0.3f, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, given, 0.7f}), t.lookup({0, 0.3f, same_as, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, 0.7f, given}), t.lookup({0, 0.3f, 0.7f, same_as}));
     }
 }
 
@@ -138,87 +132,65 @@ TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
         ASSERT_EQ(back.get_entries()[i], (argb_float{1.0f, e.r, e.g, e.b}));
     }
 
-    auto header_33 = bytes;
+    auto header_33 = bytes, header_273 = bytes, longer = bytes, shorter = bytes;
     header_33[0] = 33;
-    auto header_273 = bytes; // 17 + 256: the second byte counts
-    header_273[1] = 1;
-    auto longer = bytes;
+    header_273[1] = 1; // 17 + 256: the second byte counts
     longer.push_back(0);
-    auto shorter = bytes;
     shorter.pop_back();
     for (const auto& damaged : {header_33, header_273, longer, shorter, std::vector<unsigned char>{}, {17, 0}})
         EXPECT_EQ(table::from_vec(damaged), table());
 }
 
-TEST(lut, no_points_and_points_that_stay_give_the_identity)
+constexpr float step = 4095.9375f; // from one grid point to the next
+
+lut<17> bent(std::vector<lut_point> points)
 {
     lut<17> t;
-    EXPECT_EQ(t.get_entries(), table().get_entries());
+    t.update(std::move(points));
+    return t;
+}
+
+TEST(lut, no_points_and_points_that_stay_give_the_identity)
+{
     const argb_float grey{0, 30000, 31000, 32000};
-    t.update({{grey, grey, 140, 0}});
-    EXPECT_EQ(t.get_entries(), table().get_entries());
+    EXPECT_EQ(lut<17>().get_entries(), table().get_entries());
+    EXPECT_EQ(bent({}).get_entries(), table().get_entries());
+    EXPECT_EQ(bent({{grey, grey, 140, 0}}).get_entries(), table().get_entries());
 }
 
 TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
 {
     // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
-    constexpr float step = 4095.9375f;
     const argb_float source{0, 4 * step, 8 * step, 12 * step};
-    lut<17> t;
-    t.update({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
-
-    const auto moved = [&](std::size_t r, std::size_t g, std::size_t b)
-    {
-        const argb_float to = t.get_direct(r, g, b);
-        const argb_float from = table().get_direct(r, g, b);
-        return std::array{(to.r - from.r) * 65535, (to.g - from.g) * 65535, (to.b - from.b) * 65535};
-    };
+    const lut<17> t = bent({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
+    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::*channel)
+    { return (t.get_direct(4, g, b).*channel - table().get_direct(4, g, b).*channel) * 65535; };
     // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
     constexpr float tolerance = 0.05f;
-    const auto at_source = moved(4, 8, 12);
-    EXPECT_NEAR(at_source[0], 1000, tolerance);
-    EXPECT_NEAR(at_source[1], -2000, tolerance);
-    EXPECT_NEAR(at_source[2], 3000, tolerance);
-    const auto one_step_off = moved(4, 9, 12);
-    EXPECT_NEAR(one_step_off[2], 3000 * (1 - step / 10816), tolerance);
-    const auto beyond = moved(4, 8, 9); // three steps are farther than the reach
-    EXPECT_EQ(beyond[0], 0);
+    EXPECT_NEAR(moved(8, 12, &argb_float::r), 1000, tolerance);
+    EXPECT_NEAR(moved(8, 12, &argb_float::g), -2000, tolerance);
+    EXPECT_NEAR(moved(8, 12, &argb_float::b), 3000, tolerance);
+    EXPECT_NEAR(moved(9, 12, &argb_float::b), 3000 * (1 - step / 10816), tolerance);
+    EXPECT_EQ(moved(8, 9, &argb_float::r), 0) << "three steps are farther than the reach";
 }
 
-TEST(lut, radius_is_limited_to_1_and_256_and_offsets_add_up)
+TEST(lut, radius_and_values_are_limited_and_offsets_add_up)
 {
-    constexpr float step = 4095.9375f;
     const argb_float source{0, 5 * step, 5 * step, 5 * step};
     const argb_float target{0, source.r + 6553.5f, source.g, source.b};
-    const auto made = [&](std::vector<lut_point> points)
-    {
-        lut<17> t;
-        t.update(std::move(points));
-        return t.get_entries();
-    };
-    EXPECT_EQ(made({{source, target, 300, 0}}), made({{source, target, 256, 0}}));
-    EXPECT_EQ(made({{source, target, -5, 0}}), made({{source, target, 1, 0}}));
-
-    const auto widest = made({{source, target, 256, 0}}); // reach 262,144: every grid point moves
-    EXPECT_GT(widest.back().r * 65535 + 6553.5f, 65535);
+    const auto widest = bent({{source, target, 256, 0}}).get_entries(); // reach 262,144: every grid point moves
+    const auto narrow = bent({{source, target, 1, 0}}).get_entries();   // reach 4: its own grid point only
+    EXPECT_EQ(bent({{source, target, 300, 0}}).get_entries(), widest);
+    EXPECT_EQ(bent({{source, target, -5, 0}}).get_entries(), narrow);
     EXPECT_NEAR(widest.front().r * 65535, 6553.5 * (1 - std::sqrt(75.0) * step / 262144), 0.3);
-
-    const auto narrow = made({{source, target, 1, 0}}); // reach 4: its own grid point only
     std::size_t changed = 0;
     for (std::size_t i = 0; i < narrow.size(); ++i)
         changed += narrow[i] != table().get_entries()[i];
     EXPECT_EQ(changed, 1u);
 
-    const auto twice = made({{source, target, 1, 0}, {source, target, 1, 0}});
-    EXPECT_NEAR(twice[table::index(5, 5, 5)].r, 5 / 16.0 + 0.2, 1e-6);
-}
-
-TEST(lut, values_are_limited_to_the_unit_range)
-{
-    const argb_float black{};
-    lut<17> t;
-    t.update({{black, {0, -50000, 90000, 0}, 256, 0}});
-    EXPECT_EQ(t.get_direct(0, 0, 0), (argb_float{1, 0, 1, 0}));
+    const lut<17> twice = bent({{source, target, 1, 0}, {source, target, 1, 0}});
+    EXPECT_NEAR(twice.get_direct(5, 5, 5).r, 5 / 16.0 + 0.2, 1e-6);
+    EXPECT_EQ(bent({{{}, {0, -50000, 90000, 0}, 256, 0}}).get_direct(0, 0, 0), (argb_float{1, 0, 1, 0}));
 }
 
 } // namespace

@@ -62,18 +62,16 @@ TEST(lut_utils_apply, composes_wholly_partly_or_not)
         return t;
     }();
     const table start = constant({1, 0.3f, 0.5f, 0.9f});
-    const struct
+    const std::tuple<float, float, float, float> rows[] = {
+        {0.0f, 0.3f, 0.5f, 0.9f}, {1.0f, 0.7f, 0.5f, 0.1f}, {0.25f, 0.4f, 0.5f, 0.7f}};
+    for (const auto& [amount, r, g, b] : rows)
     {
-        float amount, r, g, b;
-    } rows[] = {{0.0f, 0.3f, 0.5f, 0.9f}, {1.0f, 0.7f, 0.5f, 0.1f}, {0.25f, 0.4f, 0.5f, 0.7f}};
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.amount);
+        SCOPED_TRACE(amount);
         table t = start;
-        lut_utils::apply(t, inverse, row.amount);
-        EXPECT_NEAR(t.get_direct(5, 6, 7).r, row.r, 1e-6);
-        EXPECT_NEAR(t.get_direct(5, 6, 7).g, row.g, 1e-6);
-        EXPECT_NEAR(t.get_direct(5, 6, 7).b, row.b, 1e-6);
+        lut_utils::apply(t, inverse, amount);
+        EXPECT_NEAR(t.get_direct(5, 6, 7).r, r, 1e-6);
+        EXPECT_NEAR(t.get_direct(5, 6, 7).g, g, 1e-6);
+        EXPECT_NEAR(t.get_direct(5, 6, 7).b, b, 1e-6);
     }
 }
 
@@ -94,46 +92,37 @@ TEST(lut_mask, mixes_all_four_fields_by_weight_or_its_complement)
     EXPECT_EQ(complement.get_entries()[8].r, 1.0f);
 }
 
-/// One colour's chroma in percent after a push.
-double chroma_after(const argb_float& colour, int amount, float weight)
+/// A colour after a push of chroma where the mask has a weight.
+argb_float pushed(const argb_float& colour, int amount, float weight)
 {
     auto mask = std::make_unique<lut_mask<17>>();
     mask->weights[0] = weight;
     table t = constant(colour);
     lut_utils::add_chroma(t, amount, *mask, mask_mode::as_is);
-    const argb_float c = t.get_entries()[0];
-    return (std::max({c.r, c.g, c.b}) - std::min({c.r, c.g, c.b})) * 100.0 * 255 / 256;
+    return t.get_entries()[0];
 }
 
 TEST(lut_utils_add_chroma, ramps_in_above_one_percent)
 {
-    const struct
-    {
-        double chroma;
-        int amount;
-        float weight;
-        double expected;
-    } rows[] = {
+    const std::tuple<double, int, float, double> rows[] = {
         {20, 15, 1, 35}, {20, 15, 0, 20}, {20, 15, 0.5f, 27.5}, {20, -15, 1, 5},    {20, -50, 1, 0},
         {4, 12, 1, 10},  {1, 40, 1, 1},   {0, 40, 1, 0},        {0.5, -40, 1, 0.5}, {90, 40, 1, 100.0 * 255 / 256},
     };
-    for (const auto& row : rows)
+    for (const auto& [given, amount, weight, expected] : rows)
     {
-        SCOPED_TRACE(row.chroma);
-        const auto half = static_cast<float>(row.chroma / 200);
+        SCOPED_TRACE(given);
+        const auto half = static_cast<float>(given / 200);
+        const argb_float c = pushed({1, 0.5f + half, 0.5f, 0.5f - half}, amount, weight);
+        const double chroma = (std::max({c.r, c.g, c.b}) - std::min({c.r, c.g, c.b})) * 100.0 * 255 / 256;
         // At 100 the largest channel is capped at 1. Tolerance: two channels of whole thousandths, and the float of the
         // entry.
-        EXPECT_NEAR(chroma_after({1, 0.5f + half, 0.5f, 0.5f - half}, row.amount, row.weight), row.expected, 0.005);
+        EXPECT_NEAR(chroma, expected, 0.005);
     }
 }
 
 TEST(lut_utils_add_chroma, keeps_alpha_hue_and_lightness)
 {
-    auto mask = std::make_unique<lut_mask<17>>();
-    mask->weights.fill(1.0f);
-    table t = constant({0.25f, 0.2f, 0.5f, 0.3f});
-    lut_utils::add_chroma(t, 20, *mask, mask_mode::as_is);
-    const argb_float c = t.get_direct(1, 2, 3);
+    const argb_float c = pushed({0.25f, 0.2f, 0.5f, 0.3f}, 20, 1.0f);
     EXPECT_EQ(c.a, 0.25f);
     EXPECT_NEAR(hexcone_hue({c.r, c.g, c.b}), 140'000, 10);
     EXPECT_NEAR((c.g + c.r) / 2, 0.35 * 256 / 255, 2e-5);

@@ -64,12 +64,7 @@ TEST(modify_skin_tones, signs_choose_the_reference_and_protection_comes_first)
     const std::size_t i = skin_entry();
     const float w = lut_masks::select_skintones.weights[i];
     ASSERT_GT(w, 0.95f);
-    const struct
-    {
-        const char* name;
-        amounts by;
-        float r, g, b;
-    } rows[] = {
+    const std::tuple<const char*, amounts, float, float, float> rows[] = {
         {"yellowish", {0, 0, 0.5, 0}, -0.01f, 0, 0},
         {"reddened", {0, 0, -1, 0}, 0, 0.03f, 0},
         {"lighter", {0, 0, 0, 1}, 0, 0, 0.04f},
@@ -78,19 +73,19 @@ TEST(modify_skin_tones, signs_choose_the_reference_and_protection_comes_first)
         {"none", {1, 0, 0, 0}, 0, 0, 0},
     };
     const argb_float still = table().get_entries()[i];
-    for (const auto& row : rows)
+    for (const auto& [name, asked, r, g, b] : rows)
         for (const double protect : {0.0, 0.25, 1.0})
         {
-            SCOPED_TRACE(row.name);
+            SCOPED_TRACE(name);
             table graded = moved(&argb_float::r, -0.1f);
-            amounts by = row.by;
+            amounts by = asked;
             by.protect = protect;
             modify(graded, by);
             const argb_float got = graded.get_entries()[i];
             const float left = 1.0f - w * static_cast<float>(protect);
-            EXPECT_NEAR(got.r, still.r - 0.1f * left + w * row.r, 1e-6);
-            EXPECT_NEAR(got.g, still.g + w * row.g, 1e-6);
-            EXPECT_NEAR(got.b, still.b + w * row.b, 1e-6);
+            EXPECT_NEAR(got.r, still.r - 0.1f * left + w * r, 1e-6);
+            EXPECT_NEAR(got.g, still.g + w * g, 1e-6);
+            EXPECT_NEAR(got.b, still.b + w * b, 1e-6);
         }
 }
 
@@ -124,12 +119,7 @@ rgb_double graded(const table& t, const rgb_double& c)
 
 TEST(skin_controls, move_skin_of_all_tones_and_leave_sky_grass_and_greys)
 {
-    const struct
-    {
-        const char* name;
-        parameter_index control;
-        float value, angle;
-    } rows[] = {
+    const std::tuple<const char*, parameter_index, float, float> rows[] = {
         {"more colour", parameter_index::skin_tone_strength, 100, 0},
         {"yellowish", parameter_index::skin_tone_strength, 100, 90},
         {"paler", parameter_index::skin_tone_strength, 100, 180},
@@ -141,18 +131,18 @@ TEST(skin_controls, move_skin_of_all_tones_and_leave_sky_grass_and_greys)
     const veridial_luts looks;
     lut_argb<lut_edge> plain, pushed;
     build_lut({}, looks, skin, plain);
-    for (const auto& row : rows)
+    for (const auto& [name, control, value, angle] : rows)
     {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         grade_settings settings;
-        settings.settings[static_cast<std::size_t>(row.control)].value = row.value;
-        settings.settings[static_cast<std::size_t>(parameter_index::skin_angle)].value = row.angle;
+        settings.settings[static_cast<std::size_t>(control)].value = value;
+        settings.settings[static_cast<std::size_t>(parameter_index::skin_angle)].value = angle;
         build_lut(settings, looks, skin, pushed);
         const auto change = [&](const rgb_double& c) { return delta_e_2000(graded(plain, c), graded(pushed, c)); };
-        for (const char* name : {"light skin", "dark skin"})
-            EXPECT_GE(change(patch(name)), 3.0) << name;
-        for (const char* name : {"blue sky", "foliage", "green", "blue", "purple"})
-            EXPECT_LT(change(patch(name)), 0.5) << name;
+        for (const char* colour : {"light skin", "dark skin"})
+            EXPECT_GE(change(patch(colour)), 3.0) << colour;
+        for (const char* colour : {"blue sky", "foliage", "green", "blue", "purple"})
+            EXPECT_LT(change(patch(colour)), 0.5) << colour;
         for (int i = 0; i <= 255; ++i)
             ASSERT_LT(change({i / 255.0, i / 255.0, i / 255.0}), 0.5) << i;
     }
