@@ -58,13 +58,18 @@ void planes_here(const render_lines& table, const rgb_planes<const float>& in, c
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-using wide = hn::ScalableTag<float>; ///< as many lanes as there are
+using wide = hn::CappedTag<float, 8>; ///< a group of pixels
 using colour = hn::CappedTag<float, 4>;
-using colour_vector = hn::Vec<colour>;
 using wide_vector = hn::Vec<wide>;
 
 constexpr std::size_t chunk_pixels = 128;
-constexpr std::size_t group_pixels = 4; ///< of argb floats: a cache line
+constexpr std::size_t group_pixels = hn::MaxLanes(wide()); ///< 8, or 4 where vectors are short
+constexpr std::size_t group_blocks = group_pixels / 4;     ///< blocks of four lanes in a vector
+
+/// In vectors and places the pixels of a group stand in this order: 0 2 4 6 in the first block of four lanes, 1 3 5 7
+/// in the second, which costs the fewest moves in and puts neighbours at the same lane of both. Groups of 4 are in
+/// order.
+constexpr std::size_t lane_of(std::size_t pixel) { return pixel % group_blocks * 4 + pixel / group_blocks; }
 
 struct alignas(64) chunk_places
 {
@@ -79,13 +84,18 @@ struct alignas(64) chunk_colours
     float values[4 * chunk_pixels];
 };
 
-/// grid_position_of in vectors: the same clamps, and a NaN fails the same comparison.
+/// grid_position_of in vectors: the same clamps.
 HWY_INLINE wide_vector on_axis(wide_vector channel)
 {
     const wide d;
     const auto last = hn::Set(d, static_cast<float>(lut_edge - 1));
     const auto x = hn::Mul(channel, last);
-    return hn::Min(hn::IfThenElseZero(hn::Gt(x, hn::Zero(d)), x), last);
+#if HWY_ARCH_X86
+    const auto positive = hn::Max(x, hn::Zero(d)); // x > 0 ? x : 0, NaN included: what the instruction is defined as
+#else
+    const auto positive = hn::IfThenElseZero(hn::Gt(x, hn::Zero(d)), x);
+#endif
+    return hn::Min(positive, last);
 }
 
 template <bool with_deltas>
@@ -129,13 +139,11 @@ HWY_INLINE hn::Vec<D> along_red(D d, const float* line, hn::Vec<D> way)
 
 #if HWY_MAX_BYTES >= 32
 
-using two_colours = hn::CappedTag<float, 8>;
-
 /// Interpolated along red and green: lower blue in the lower half, upper blue in the upper.
 template <bool with_deltas>
-HWY_INLINE hn::Vec<two_colours> along_red_and_green(const float* lines, const chunk_places& places, std::size_t i)
+HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_places& places, std::size_t i)
 {
-    const two_colours d;
+    const wide d;
     const float* line = lines + places.line[i];
 #if HWY_MAX_BYTES >= 64
     const hn::CappedTag<float, 16> all;
@@ -148,48 +156,63 @@ HWY_INLINE hn::Vec<two_colours> along_red_and_green(const float* lines, const ch
     return between(lower, upper, hn::Set(d, places.green[i]));
 }
 
-template <bool with_deltas>
-HWY_INLINE void interpolate_one(const float* lines, const chunk_places& places, std::size_t i, float* out)
+/// Two neighbours on their way: interpolated along red and green.
+struct pixel_pair
 {
-    const colour d;
-    const auto row = along_red_and_green<with_deltas>(lines, places, i);
-    hn::StoreU(between(hn::LowerHalf(d, row), hn::UpperHalf(d, row), hn::Set(d, places.blue[i])), d, out);
-}
+    wide_vector first;
+    wide_vector second;
+};
 
 template <bool with_deltas>
-HWY_INLINE void interpolate_two(const float* lines, const chunk_places& places, std::size_t i, float* out)
+HWY_INLINE pixel_pair begin_pair(const float* lines, const chunk_places& places, std::size_t group, std::size_t pair)
 {
-    const two_colours d;
-    const auto first = along_red_and_green<with_deltas>(lines, places, i);
-    const auto second = along_red_and_green<with_deltas>(lines, places, i + 1);
-    const auto way = hn::Combine(d, hn::Set(colour(), places.blue[i + 1]), hn::Set(colour(), places.blue[i]));
-    hn::StoreU(between(hn::ConcatLowerLower(d, second, first), hn::ConcatUpperUpper(d, second, first), way), d, out);
+    return {along_red_and_green<with_deltas>(lines, places, group + lane_of(2 * pair)),
+            along_red_and_green<with_deltas>(lines, places, group + lane_of(2 * pair + 1))};
+}
+
+template <std::size_t pair>
+HWY_INLINE void end_pair(const pixel_pair& rows, wide_vector blue, float* out)
+{
+    const wide d;
+    const auto lower = hn::ConcatLowerLower(d, rows.second, rows.first);
+    const auto upper = hn::ConcatUpperUpper(d, rows.second, rows.first);
+    hn::StoreU(between(lower, upper, hn::Broadcast<pair>(blue)), d, out + 8 * pair);
+}
+
+/// All pairs begin before the first one ends: loads are done with sooner, and more of them are on their way at a time.
+template <bool with_deltas>
+HWY_INLINE void interpolate_group(const float* lines, const chunk_places& places, std::size_t group, float* out)
+{
+    const auto blue = hn::Load(wide(), places.blue + group);
+    const auto pair_0 = begin_pair<with_deltas>(lines, places, group, 0);
+    const auto pair_1 = begin_pair<with_deltas>(lines, places, group, 1);
+    const auto pair_2 = begin_pair<with_deltas>(lines, places, group, 2);
+    const auto pair_3 = begin_pair<with_deltas>(lines, places, group, 3);
+    end_pair<0>(pair_0, blue, out);
+    end_pair<1>(pair_1, blue, out);
+    end_pair<2>(pair_2, blue, out);
+    end_pair<3>(pair_3, blue, out);
 }
 
 #else
 
 template <bool with_deltas>
-HWY_INLINE void interpolate_one(const float* lines, const chunk_places& places, std::size_t i, float* out)
+HWY_INLINE void interpolate_group(const float* lines, const chunk_places& places, std::size_t group, float* out)
 {
     const colour d;
-    const float* line = lines + places.line[i];
-    const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);
-    const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<with_deltas>(d, line + 4 * k, red); };
-    const auto lower = between(corner(0), corner(2), green), upper = between(corner(1), corner(3), green);
-    hn::StoreU(between(lower, upper, hn::Set(d, places.blue[i])), d, out);
-}
-
-template <bool with_deltas>
-HWY_INLINE void interpolate_two(const float* lines, const chunk_places& places, std::size_t i, float* out)
-{
-    interpolate_one<with_deltas>(lines, places, i, out);
-    interpolate_one<with_deltas>(lines, places, i + 1, out + 4);
+    for (std::size_t i = group; i < group + group_pixels; ++i, out += 4)
+    {
+        const float* line = lines + places.line[i];
+        const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);
+        const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<with_deltas>(d, line + 4 * k, red); };
+        const auto lower = between(corner(0), corner(2), green), upper = between(corner(1), corner(3), green);
+        hn::StoreU(between(lower, upper, hn::Set(d, places.blue[i])), d, out);
+    }
 }
 
 #endif
 
-/// What to bring into the cache while a chunk is interpolated, a part with every group of pixels. Prefetching needs no
-/// valid address.
+/// What to bring into the cache while a chunk is interpolated. Prefetching needs no valid address.
 struct cache_plan
 {
     const char* next_in;
@@ -197,21 +220,22 @@ struct cache_plan
     std::size_t bytes_per_group;
 };
 
+/// Whole groups: up to group_pixels - 1 pixels are written after the n-th.
 template <bool with_deltas>
 HWY_INLINE void interpolate(const float* lines, const chunk_places& places, std::size_t n, float* out,
                             const cache_plan& plan)
 {
-    std::size_t i = 0;
+    constexpr std::size_t cache_line = 64;
     std::size_t ahead = 0;
-    for (; i + group_pixels <= n; i += group_pixels, ahead += plan.bytes_per_group)
+    for (std::size_t i = 0; i < n; i += group_pixels)
     {
-        hwy::Prefetch(plan.next_in + ahead);
-        hwy::Prefetch(plan.next_out + ahead);
-        interpolate_two<with_deltas>(lines, places, i, out + 4 * i);
-        interpolate_two<with_deltas>(lines, places, i + 2, out + 4 * i + 8);
+        for (const std::size_t end = ahead + plan.bytes_per_group; ahead < end; ahead += cache_line)
+        {
+            hwy::Prefetch(plan.next_in + ahead);
+            hwy::Prefetch(plan.next_out + ahead);
+        }
+        interpolate_group<with_deltas>(lines, places, i, out + 4 * i);
     }
-    for (; i < n; ++i)
-        interpolate_one<with_deltas>(lines, places, i, out + 4 * i);
 }
 
 /// Pixels of four floats; red is the one at first_colour.
@@ -220,19 +244,41 @@ struct interleaved_source
 {
     const float* in;
 
+    /// The group that begins at pixel i.
     HWY_INLINE void load(std::size_t i, wide_vector& r, wide_vector& g, wide_vector& b) const
     {
-        wide_vector other;
+        const wide d;
+        const hn::Repartition<double, wide> two_floats;
+        const auto from = [&](std::size_t k) HWY_ATTR { return hn::LoadU(d, in + 4 * i + k * group_pixels); };
+        const auto v0 = from(0), v1 = from(1), v2 = from(2), v3 = from(3);
+        const auto channels_01_lower = hn::BitCast(two_floats, hn::InterleaveLower(d, v0, v1));
+        const auto channels_01_upper = hn::BitCast(two_floats, hn::InterleaveLower(d, v2, v3));
+        const auto channels_23_lower = hn::BitCast(two_floats, hn::InterleaveUpper(d, v0, v1));
+        const auto channels_23_upper = hn::BitCast(two_floats, hn::InterleaveUpper(d, v2, v3));
+        const auto lower = [&](auto x, auto y) HWY_ATTR
+        { return hn::BitCast(d, hn::InterleaveLower(two_floats, x, y)); };
+        const auto upper = [&](auto x, auto y) HWY_ATTR
+        { return hn::BitCast(d, hn::InterleaveUpper(two_floats, x, y)); };
+        const auto channel_1 = upper(channels_01_lower, channels_01_upper);
+        const auto channel_2 = lower(channels_23_lower, channels_23_upper);
         if constexpr (first_colour == 1)
-            hn::LoadInterleaved4(wide(), in + 4 * i, other, r, g, b);
+        {
+            r = channel_1;
+            g = channel_2;
+            b = upper(channels_23_lower, channels_23_upper);
+        }
         else
-            hn::LoadInterleaved4(wide(), in + 4 * i, r, g, b, other);
+        {
+            r = lower(channels_01_lower, channels_01_upper);
+            g = channel_1;
+            b = channel_2;
+        }
     }
 
-    /// Fewer pixels than lanes, from i to n; the other lanes are zeros.
+    /// Fewer pixels than a group, from i to n; the others are zeros.
     HWY_INLINE void load_rest(std::size_t i, std::size_t n, wide_vector& r, wide_vector& g, wide_vector& b) const
     {
-        HWY_ALIGN float rest[4 * hn::MaxLanes(wide())] = {};
+        HWY_ALIGN float rest[4 * group_pixels] = {};
         std::copy(in + 4 * i, in + 4 * n, rest);
         interleaved_source{rest}.load(0, r, g, b);
     }
@@ -242,16 +288,25 @@ struct planar_source
 {
     rgb_planes<const float> in;
 
+    static wide_vector in_order_of_lanes(const float* from)
+    {
+        const wide d;
+        HWY_ALIGN std::int32_t pixels[group_pixels];
+        for (std::size_t pixel = 0; pixel < group_pixels; ++pixel)
+            pixels[lane_of(pixel)] = static_cast<std::int32_t>(pixel);
+        return hn::TableLookupLanes(hn::LoadU(d, from), hn::SetTableIndices(d, pixels));
+    }
+
     HWY_INLINE void load(std::size_t i, wide_vector& r, wide_vector& g, wide_vector& b) const
     {
-        r = hn::LoadU(wide(), in.r + i);
-        g = hn::LoadU(wide(), in.g + i);
-        b = hn::LoadU(wide(), in.b + i);
+        r = in_order_of_lanes(in.r + i);
+        g = in_order_of_lanes(in.g + i);
+        b = in_order_of_lanes(in.b + i);
     }
 
     HWY_INLINE void load_rest(std::size_t i, std::size_t n, wide_vector& r, wide_vector& g, wide_vector& b) const
     {
-        HWY_ALIGN float rest[3][hn::MaxLanes(wide())] = {};
+        float rest[3][group_pixels] = {};
         std::copy(in.r + i, in.r + n, rest[0]);
         std::copy(in.g + i, in.g + n, rest[1]);
         std::copy(in.b + i, in.b + n, rest[2]);
@@ -259,13 +314,13 @@ struct planar_source
     }
 };
 
-/// The places of the first n pixels. The last vector can reach over n, up to the end of the chunk.
+/// The places of the first n pixels, in whole groups.
 template <bool with_deltas, class source>
 HWY_INLINE void place_all(const source& from, std::size_t n, chunk_places& places)
 {
     wide_vector r, g, b;
     std::size_t i = 0;
-    for (; i + hn::Lanes(wide()) <= n; i += hn::Lanes(wide()))
+    for (; i + group_pixels <= n; i += group_pixels)
     {
         from.load(i, r, g, b);
         place<with_deltas>(r, g, b, i, places);
@@ -285,12 +340,17 @@ HWY_INLINE void each_chunk(std::size_t count, const function& chunk)
         chunk(first, std::min(chunk_pixels, count - first));
 }
 
-/// Input is wanted a chunk ahead, output lines two: they are only written, so they have to come from farther away.
+/// So far ahead that memory answers in time; measured on frames that fit no cache. Lines that are only written have to
+/// come from memory too.
+constexpr std::size_t chunks_ahead_in = 3;
+constexpr std::size_t chunks_ahead_out = 8;
+
 template <class sample>
 cache_plan plan_for(const sample* in, const sample* out, std::size_t samples_per_pixel)
 {
     const std::size_t per_chunk = chunk_pixels * samples_per_pixel * sizeof(sample);
-    return {reinterpret_cast<const char*>(in) + per_chunk, reinterpret_cast<const char*>(out) + 2 * per_chunk,
+    return {reinterpret_cast<const char*>(in) + chunks_ahead_in * per_chunk,
+            reinterpret_cast<const char*>(out) + chunks_ahead_out * per_chunk,
             group_pixels * samples_per_pixel * sizeof(sample)};
 }
 
@@ -304,7 +364,13 @@ void render_argb_rows(const float* lines, const float* in, float* out, std::size
                    const float* from = in + 4 * first;
                    float* to = out + 4 * first;
                    place_all<with_deltas>(interleaved_source<1>{from}, n, places);
-                   interpolate<with_deltas>(lines, places, n, to, plan_for(from, to, 4));
+                   const std::size_t whole = n - n % group_pixels;
+                   interpolate<with_deltas>(lines, places, whole, to, plan_for(from, to, 4));
+                   if (whole == n)
+                       return;
+                   float rest[4 * group_pixels];
+                   interpolate_group<with_deltas>(lines, places, whole, rest);
+                   std::copy(rest, rest + 4 * (n - whole), to + 4 * whole);
                });
 }
 
@@ -373,7 +439,7 @@ HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
         hn::Store(widen(in + i), d, out + i);
     if (i < samples)
     {
-        half_bits rest[hn::MaxLanes(wide())] = {};
+        half_bits rest[group_pixels] = {};
         std::copy(in + i, in + samples, rest);
         hn::Store(widen(rest), d, out + i);
     }
@@ -389,7 +455,7 @@ HWY_INLINE void narrow_all(const float* in, std::size_t samples, half_bits* out)
         narrow(alpha_last(i), out + i);
     if (i < samples)
     {
-        half_bits rest[hn::MaxLanes(wide())];
+        half_bits rest[group_pixels];
         narrow(alpha_last(i), rest);
         std::copy(rest, rest + (samples - i), out + i);
     }
