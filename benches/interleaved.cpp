@@ -1,14 +1,33 @@
 #include "interleaved.h"
 
 #include <algorithm>
-#include <chrono>
+#include <time.h>
 
 namespace ov1::bench
 {
 
+namespace
+{
+
+double seconds(clockid_t clock)
+{
+    timespec now{};
+    clock_gettime(clock, &now);
+    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+}
+
+double time_of(const contender& each)
+{
+    const clockid_t clock = each.one_thread ? CLOCK_THREAD_CPUTIME_ID : CLOCK_MONOTONIC;
+    const double begin = seconds(clock);
+    each.run();
+    return seconds(clock) - begin;
+}
+
+} // namespace
+
 std::vector<double> median_seconds(const std::vector<contender>& contenders, int rounds)
 {
-    using clock = std::chrono::steady_clock;
     const std::size_t count = contenders.size();
     std::vector<std::vector<double>> times(count);
     for (const contender& each : contenders)
@@ -17,9 +36,7 @@ std::vector<double> median_seconds(const std::vector<contender>& contenders, int
         for (std::size_t i = 0; i < count; ++i)
         {
             const std::size_t which = (i + static_cast<std::size_t>(round)) % count;
-            const auto begin = clock::now();
-            contenders[which].run();
-            times[which].push_back(std::chrono::duration<double>(clock::now() - begin).count());
+            times[which].push_back(time_of(contenders[which]));
         }
     std::vector<double> medians;
     for (auto& each : times)

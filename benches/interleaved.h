@@ -12,10 +12,12 @@ struct contender
 {
     std::string name;
     std::function<void()> run;
+    bool one_thread = true;
 };
 
-/// The median wall time of each in seconds, over so many rounds after one that does not count. Every round runs each
-/// once, beginning with another one each time.
+/// The median time of each in seconds, over so many rounds after one that does not count. Every round runs each once,
+/// beginning with another one each time. On one thread it is processor time, so that other programs take as little part
+/// as they can; on several it is time by the clock.
 std::vector<double> median_seconds(const std::vector<contender>& contenders, int rounds);
 
 } // namespace ov1::bench

@@ -77,11 +77,11 @@ public:
     std::vector<contender> contenders()
     {
         return {{"memcpy", [this] { copy(1); }},
-                {"memcpy, 2 threads", [this] { copy(2); }},
+                {"memcpy, 2 threads", [this] { copy(2); }, false},
                 {"Veridial, float", [this] { render_floats(1); }},
-                {"Veridial, float, 2 threads", [this] { render_floats(2); }},
+                {"Veridial, float, 2 threads", [this] { render_floats(2); }, false},
                 {"Veridial, half", [this] { render_halfs(1); }},
-                {"Veridial, half, 2 threads", [this] { render_halfs(2); }},
+                {"Veridial, half, 2 threads", [this] { render_halfs(2); }, false},
                 {"plain code, float", [this] { render_plainly(); }},
                 {"OpenColorIO, float, trilinear",
                  [this] { ocio[0].render(in_rgba.data(), out.data(), in.width, in.height); }},
