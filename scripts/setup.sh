@@ -8,7 +8,7 @@ export LC_ALL=C DEBIAN_FRONTEND=noninteractive
 run_packages="g++ cmake ninja-build pkg-config ca-certificates libfmt-dev libcli11-dev rapidjson-dev libtbb-dev libhwy-dev
   libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev libfontconfig-dev fonts-liberation"
 test_packages="clang-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools libopencolorio-dev git
-  libbenchmark-dev libavfilter-dev g++-aarch64-linux-gnu qemu-user"
+  libavfilter-dev g++-aarch64-linux-gnu qemu-user"
 
 missing() {
   local package

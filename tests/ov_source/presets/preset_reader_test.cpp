@@ -137,7 +137,9 @@ TEST_F(preset_reader, files_that_hold_no_preset_are_refused_in_plain_words)
     const temp_folder folder;
     folder.with_file("huge", "");
     std::filesystem::resize_file(folder / "huge", 100 << 20);
+    std::filesystem::create_symlink("loop", folder / "loop");
     const std::pair<std::string, const char*> rows[] = {{folder / "missing", "no such file"},
+                                                        {folder / "loop", "too many symbolic links"},
                                                         {folder.with_file("empty", ""), "holds no text"},
                                                         {folder.path, "is a folder"},
                                                         {folder / "huge", "is larger than 4194304 bytes"}};
