@@ -24,8 +24,7 @@ struct user_environment
 };
 
 /// Reads the variables. The program's folder is where its executable lies; the home is used where $HOME is not set.
-/// Relative folders in the XDG variables are ignored, as the XDG Base Directory standard has it
-/// (https://specifications.freedesktop.org/basedir-spec/latest/).
+/// Relative folders in the XDG variables are ignored, as the XDG Base Directory standard has it (freedesktop.org).
 user_environment read_user_environment(const variable_reader& read, const std::string& program_folder,
                                        const std::string& home);
 
