@@ -5,7 +5,6 @@
 #include "opencolorio_peer.h"
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 

@@ -21,20 +21,15 @@ namespace
 
 constexpr std::size_t preview_width = 1600, preview_height = 900;
 
-using screen = std::vector<std::uint8_t>;
+/// Blue, green, red, unused, from the lowest byte on: what windows take.
+using screen = std::vector<std::uint32_t>;
 
-/// Blue, green, red, unused: what windows take. The same loop for both roads.
-void to_screen(const std::vector<argb_float>& from, screen& to)
+/// The same loop for both roads, a row at a time.
+void to_screen(const std::vector<argb_float>& row, std::uint32_t* to)
 {
-    const auto code = [](float v)
-    { return static_cast<std::uint8_t>(std::min(std::max(v, 0.0f), 1.0f) * 255.0f + 0.5f); };
-    for (std::size_t i = 0; i < from.size(); ++i)
-    {
-        to[4 * i] = code(from[i].b);
-        to[4 * i + 1] = code(from[i].g);
-        to[4 * i + 2] = code(from[i].r);
-        to[4 * i + 3] = 255;
-    }
+    const auto code = [](float v) { return static_cast<int>(std::min(std::max(v, 0.0f), 1.0f) * 255.0f + 0.5f); };
+    for (std::size_t i = 0; i < row.size(); ++i)
+        to[i] = static_cast<std::uint32_t>(code(row[i].r) << 16 | code(row[i].g) << 8 | code(row[i].b)) | 0xff000000u;
 }
 
 bool same_bits(const lut_argb<lut_edge>& a, const lut_argb<lut_edge>& b)
@@ -86,18 +81,22 @@ private:
         build_lut(all, looks, skin, built);
         published = std::make_shared<render_table>(built);
         for (std::size_t at = 0; at < preview.count(); at += preview.width)
-            published->render_row(&preview.pixels[at], &out[at], preview.width);
-        to_screen(out, pixels);
+        {
+            published->render_row(&preview.pixels[at], row.data(), preview.width);
+            to_screen(row, &pixels[at]);
+        }
     }
 
     void plain_drag_step()
     {
         build_lut_reference(all, looks, skin, readable);
         const auto renderer = make_plain_renderer(readable);
-        for (std::size_t y = 0, at = 0; y < preview.height; ++y)
-            for (std::size_t x = 0; x < preview.width; ++x, ++at)
-                renderer->render_pixel(x, y, preview.pixels[at], out[at]);
-        to_screen(out, pixels);
+        for (std::size_t y = 0, at = 0; y < preview.height; ++y, at += preview.width)
+        {
+            for (std::size_t x = 0; x < preview.width; ++x)
+                renderer->render_pixel(x, y, preview.pixels[at + x], row[x]);
+            to_screen(row, &pixels[at]);
+        }
     }
 
     const grade_settings all = everything_active();
@@ -107,8 +106,8 @@ private:
     lut<lut_edge> readable;
     std::shared_ptr<const render_table> published;
     const frame preview = make_frame(content::natural, preview_width, preview_height);
-    std::vector<argb_float> out{preview.count()};
-    screen pixels = screen(4 * preview.count());
+    std::vector<argb_float> row = std::vector<argb_float>(preview.width);
+    screen pixels = screen(preview.count());
 };
 
 std::vector<double> time(report& to, const std::vector<contender>& contenders, int rounds)
