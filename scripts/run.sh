@@ -19,11 +19,13 @@ fi
 out=$root/build/out
 mkdir -p "$out"
 "$build/bin/make_samples" "$out"
-grade=(--wheel shadows=205,38 --wheel highlights=38,30 -s "Global Chroma=12" -s "Shadows Smoothness=30")
-"$veridial" grade "$out/landscape.png" "${grade[@]}" -o "$out/graded.png" -f
-"$veridial" lut "${grade[@]}" -o "$out/graded.cube" -f
+look="Cinematic Teal and Orange"
+"$veridial" grade "$out/landscape.png" -p "$look" -o "$out/graded.png" -f
+"$veridial" sheet "$out/landscape.png" -p "$look" -o "$out/before_after.png" -f
+"$veridial" lut -p "$look" -o "$out/graded.cube" -f
 cat <<EOF
 The sample picture    $out/landscape.png
 graded                $out/graded.png
+before and after      $out/before_after.png
 the grade as a table  $out/graded.cube
 EOF
