@@ -2,6 +2,7 @@
 
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
+#include "command_line/json_text.h"
 #include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
@@ -151,6 +152,21 @@ bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cel
     return true;
 }
 
+void report(const run_options& run, const std::string& output, const canvas& sheet, console& out)
+{
+    if (run.json)
+    {
+        json_text json;
+        json.begin_object().key("output").value(output).key("written").value(!run.dry_run);
+        json.key("width").value(sheet.get_width()).key("height").value(sheet.get_height()).end();
+        out.result(json.text() + '\n');
+    }
+    else if (run.dry_run)
+        out.result("would write " + output + '\n');
+    else
+        out.note("wrote " + output);
+}
+
 exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
 {
     media::still_reader source;
@@ -178,7 +194,7 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
         failure = problem_of(why, output);
     else if (command.run.dry_run || write_output(output, bytes, command.run.overwrite, failure))
     {
-        out.note((command.run.dry_run ? "would write " : "wrote ") + output);
+        report(command.run, output, sheet, out);
         return exit_code::done;
     }
     out.error(failure);

@@ -160,6 +160,7 @@ TEST_F(veridial_program, dry_runs_say_what_would_be_done_and_write_nothing)
     const outcome o = run("$V grade in.ppm --depth 16 -o out.tif --dry-run");
     EXPECT_EQ(o.code, 0);
     EXPECT_EQ(o.out, "would write out.tif: 31 x 17, TIFF 16\n");
+    EXPECT_EQ(run("$V sheet in.ppm -o s.png --dry-run").out, "would write s.png\n");
     EXPECT_EQ(run("$V lut -o x.cube --size 32 --dry-run").out, "would write x.cube, 32 points per axis\n");
     EXPECT_EQ(entries(), std::vector<std::string>{"in.ppm"});
 }
