@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Installs what is missing of Debian's packages. Run as root; quick when all is there.
+# Installs what is missing of Debian's packages, and fetches the editor's toolkit. Run as root; quick when all is there.
 #   scripts/setup.sh run     what the program itself needs
 #   scripts/setup.sh test    that, and what the tests, sanitizers, fuzzers and benchmarks need
 set -euo pipefail
 export LC_ALL=C DEBIAN_FRONTEND=noninteractive
 
 run_packages="g++ cmake ninja-build pkg-config ca-certificates libfmt-dev libcli11-dev rapidjson-dev libtbb-dev libhwy-dev
-  libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev libfontconfig-dev fonts-liberation"
+  libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev libfontconfig-dev fonts-liberation
+  libx11-dev libxcb1-dev libxcb-util-dev libxcb-cursor-dev libxcb-keysyms1-dev libxcb-xkb-dev libxcb-randr0-dev
+  libxkbcommon-dev libxkbcommon-x11-dev libcairo2-dev libpango1.0-dev libglib2.0-dev"
 test_packages="clang-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools libopencolorio-dev git
-  libavfilter-dev g++-aarch64-linux-gnu qemu-user"
+  libavfilter-dev g++-aarch64-linux-gnu qemu-user xvfb xdotool"
 
 missing() {
   local package
@@ -34,10 +36,14 @@ german_locale() {
 }
 
 case ${1:-run} in
-  run) install $run_packages ;;
+  run)
+    install $run_packages
+    "$(dirname "$0")/fetch_vstgui.sh" >/dev/null
+    ;;
   test)
     install $run_packages $test_packages
     german_locale
+    "$(dirname "$0")/fetch_vstgui.sh" >/dev/null
     ;;
   *)
     echo "setup: 'run' or 'test', not '$1'" >&2
