@@ -39,3 +39,5 @@ target_compile_definitions(vstgui PUBLIC
   $<IF:$<CONFIG:Debug>,DEBUG=1,NDEBUG=1>)
 target_compile_options(vstgui PRIVATE -w -fvisibility=hidden -fvisibility-inlines-hidden)
 set_target_properties(vstgui PROPERTIES CXX_STANDARD 17)
+# Its interfaces have no virtual destructors; their objects are counted, not deleted through them.
+target_compile_options(vstgui INTERFACE -Wno-non-virtual-dtor)

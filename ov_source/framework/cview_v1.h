@@ -1,0 +1,79 @@
+// The view that editors derive from: window, listeners and undo brackets, but no controls of its own.
+#pragma once
+
+#include "framework/icomponent_v1.h"
+#include "framework/iview_v1.h"
+#include "framework/window.h"
+
+#include "vstgui/lib/controls/icontrollistener.h"
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace ov1
+{
+
+/// Listens to every control of the editor. A control's tag is the uid of its parameter.
+class cview_v1 : public iview_v1, public VSTGUI::IControlListener
+{
+public:
+    static constexpr uid ifc_id = make_uid("cview_v1");
+
+    explicit cview_v1(std::weak_ptr<icomponent_v1> component);
+    ~cview_v1() override;
+
+    bool query_interface(const std::string& name, iobject** out) override;
+    /// Nine tenths of the screen that shows the host's window, at least 1024 x 528.
+    rect get_rect() const override;
+    /// Also keeps the state for cancelling and begins the undo history. Says "Cannot open GUI window." on stderr when
+    /// it fails.
+    [[nodiscard]] bool open(std::shared_ptr<window> window) override;
+    void close() override;
+    bool is_open() override;
+    bool is_editing() override { return editing; }
+    /// Also shows what other threads have set since the last call.
+    bool idle() override;
+    void init_view() override {}
+    /// From another thread than the one that opened the view, the showing waits for the next idle.
+    void set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
+    void update_controls(bool edit) override;
+    void register_parameter_change_listener(iparameter_change_listener_v1* listener) override;
+    void unregister_parameter_change_listener(iparameter_change_listener_v1* listener) override;
+
+    void valueChanged(VSTGUI::CControl*) override {}
+    void controlBeginEdit(VSTGUI::CControl* control) override;
+    void controlEndEdit(VSTGUI::CControl* control) override;
+
+protected:
+    std::shared_ptr<icomponent_v1> get_component() const { return component.lock(); }
+    /// Null while closed.
+    std::shared_ptr<window> get_window() const;
+    /// Whether the call comes from another thread than the editor's; then the parameter is kept for the next idle.
+    [[nodiscard]] bool defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit);
+    /// A gesture that no parameter's control makes; nested gestures count as one.
+    void begin_gesture();
+    void end_gesture();
+
+private:
+    struct change
+    {
+        std::shared_ptr<iparameter_v1> parameter;
+        bool edit;
+    };
+
+    bool stands_for_parameter(VSTGUI::CControl& control) const;
+
+    const std::weak_ptr<icomponent_v1> component;
+    mutable std::mutex shared_mutex; ///< guards opened, editor_thread and deferred
+    std::shared_ptr<window> opened;
+    std::thread::id editor_thread;
+    std::vector<change> deferred;
+    std::vector<iparameter_change_listener_v1*> listeners; ///< in the order of registration, each once
+    std::atomic<bool> editing = false;
+    int open_gestures = 0;
+};
+
+} // namespace ov1

@@ -1,0 +1,30 @@
+// The toolkit, its run loop and the connection to the desktop, for as long as a program shows windows.
+#pragma once
+
+#include <memory>
+
+namespace ov1
+{
+
+/// One at a time, made and destroyed by the editor's thread, and held for the life of the program or plug-in: the
+/// toolkit does not survive that its connection to the desktop is closed and opened again. Installs the window maker
+/// and the desktop's services, and removes them at its end. Works without a desktop, too; windows are then not to be
+/// had.
+class toolkit_scope
+{
+public:
+    toolkit_scope();
+    ~toolkit_scope();
+    toolkit_scope(const toolkit_scope&) = delete;
+    toolkit_scope& operator=(const toolkit_scope&) = delete;
+
+    /// Serves windows and timers once, waiting up to 25 ms: for questions that are asked in the middle of an event, and
+    /// for tests.
+    static void turn();
+
+private:
+    struct parts;
+    const std::unique_ptr<parts> held;
+};
+
+} // namespace ov1
