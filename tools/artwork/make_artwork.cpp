@@ -1,4 +1,7 @@
-// Draws the editor's pads: make_artwork FOLDER writes their pictures there. Look tables are read from the resources.
+// Draws the editor's pads and arcs: make_artwork FOLDER writes their pictures there. Look tables are read from the
+// resources.
+#include "artwork/arc_geometry.h"
+#include "artwork/arc_pictures.h"
 #include "artwork/pad_geometry.h"
 #include "artwork/pad_pictures.h"
 #include "media/still_writer.h"
@@ -11,17 +14,18 @@ namespace
 
 using namespace ov1;
 
-bool write_picture(const std::string& path, const std::vector<argb_float>& pixels)
+bool write_picture(const std::string& path, std::size_t width, const std::vector<argb_float>& pixels)
 {
     media::still_info info;
-    info.width = info.height = pad_pixels;
+    info.width = width;
+    info.height = pixels.size() / width;
     info.alpha = media::alpha_kind::straight;
     media::still_writer writer;
     media::error why;
     std::vector<std::uint8_t> bytes;
     if (writer.create(path, info, {}, why))
     {
-        writer.write_rows(0, pad_pixels, pixels.data());
+        writer.write_rows(0, info.height, pixels.data());
         if (writer.finish(bytes, why) && replace_file(path, bytes, why.reason))
             return true;
     }
@@ -38,9 +42,13 @@ int main(int argc, char** argv)
         std::fputs("usage: make_artwork FOLDER\n", stderr);
         return 2;
     }
+    const std::string folder = std::string(argv[1]) + "/";
     engine_colours engine;
     for (const pad_picture& pad : make_pad_pictures(engine))
-        if (!write_picture(std::string(argv[1]) + "/" + pad.name, draw_pad(pad)))
+        if (!write_picture(folder + pad.name, pad_pixels, draw_pad(pad)))
+            return 1;
+    for (const arc_picture& arc : make_arc_pictures(engine))
+        if (!write_picture(folder + arc.name, arc_width_pixels, draw_arc(arc)))
             return 1;
     return 0;
 }

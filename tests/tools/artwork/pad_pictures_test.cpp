@@ -4,7 +4,7 @@
 #include "artwork/pad_geometry.h"
 #include "effect/build_lut.h"
 #include "effect/zone.h"
-#include "media/still_reader.h"
+#include "support/picture_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,21 +19,15 @@ namespace
 using index = parameter_index;
 
 /// A pad's file, asked by the place of the handle.
-class pad_file
+class pad_file : public picture_file
 {
 public:
     explicit pad_file(const std::string& name)
+        : picture_file(name)
     {
-        media::error why;
-        EXPECT_TRUE(reader.open(std::string(VERIDIAL_SHARE_DIR) + "/" + name, why)) << name << ": " << why.reason;
-        EXPECT_EQ(reader.info().width, std::size_t{pad_pixels});
-        EXPECT_EQ(reader.info().height, std::size_t{pad_pixels});
-        EXPECT_EQ(reader.info().alpha, media::alpha_kind::straight);
-        pixels.resize(reader.info().width * reader.info().height);
-        reader.read_rows(0, reader.info().height, pixels.data());
+        EXPECT_EQ(width, pad_pixels);
+        EXPECT_EQ(height, pad_pixels);
     }
-
-    argb_float at_pixel(int x, int y) const { return pixels[static_cast<std::size_t>(y * pad_pixels + x)]; }
 
     /// The pixel under the middle of the handle.
     argb_float at(double angle, double strength) const
@@ -43,10 +37,6 @@ public:
         const auto place = [](double v) { return static_cast<int>(std::floor(pad_pixels / 2.0 + v)); };
         return at_pixel(place(-radius * std::sin(turn)), place(-radius * std::cos(turn)));
     }
-
-private:
-    media::still_reader reader;
-    std::vector<argb_float> pixels;
 };
 
 argb_float graded(const rgb_double& c, std::initializer_list<std::pair<index, double>> values)
