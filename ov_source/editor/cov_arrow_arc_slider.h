@@ -1,0 +1,36 @@
+// A vertical slider drawn as an arrow that swings along an arc beside a wheel.
+#pragma once
+
+#include "editor/arc_geometry.h"
+#include "vstgui/vstgui.h"
+
+namespace ov1
+{
+
+/// The arrow jumps to a press of the left button; the right button, and Alt with the left one, set the default value.
+/// Wheel events are left to what lies around the slider.
+class COVArrowArcSlider : public VSTGUI::CVerticalSlider
+{
+public:
+    /// A press at min_pos, in the parent's points, gives value 1, one at max_pos value 0.
+    COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+                      std::int32_t min_pos, std::int32_t max_pos, VSTGUI::CBitmap* background);
+
+    /// pivot_right, unless set.
+    virtual void setOrientation(COVArrowArcOrientation side);
+    /// How far two arrows are apart, half of it on either side of the value's angle; at 0 there is one arrow.
+    virtual void setSpreadAngle(double degrees);
+
+    void draw(VSTGUI::CDrawContext* context) override;
+    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+    void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
+
+private:
+    void draw_arrow(VSTGUI::CDrawContext& context, double angle) const;
+
+    arc_angles angles;
+    double spread = 0.0; // radians
+    COVArrowArcOrientation orientation = COVArrowArcOrientation::pivot_right;
+};
+
+} // namespace ov1

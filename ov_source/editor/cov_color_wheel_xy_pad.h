@@ -1,0 +1,63 @@
+// A round colour wheel on which one handle sets two parameters, an angle and a radius.
+#pragma once
+
+#include "editor/pad_geometry.h"
+#include "vstgui/vstgui.h"
+
+namespace ov1
+{
+
+/// The control's value is the handle's packed place, its own tag the angle's. The handle jumps to a press of the left
+/// button; the right button, and Alt with the left one, reset handle, angle and radius. Wheel events are left to what
+/// lies around the pad. Presses outside the wheel go through to what lies beneath.
+class COVColorWheelXYPad : public VSTGUI::CXYPad
+{
+public:
+    /// The tags are the uids of the two parameters; the picture is drawn in the middle of size, at its own size.
+    COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t angle_tag,
+                       std::int32_t radius_tag, VSTGUI::CBitmap* background);
+
+    /// The handle's diameter, in points; the wheel's rim follows from it and from the frame width set before.
+    void setRoundRectRadius(const VSTGUI::CCoord& diameter) override;
+
+    virtual std::int32_t getAngleTag() const { return getTag(); }
+    virtual std::int32_t getRadiusTag() const { return radius_tag; }
+
+    /// Move the handle and redraw; the listener is not told. The handle's place is rounded, and both angle and radius
+    /// are read from it again, unless it lies on an axis. The value that is set already changes nothing.
+    virtual void setRadius(float percent);
+    virtual void setAngle(float degrees);
+    virtual float getRadius() const { return polar.radius; } ///< percent, 0..100
+    virtual float getAngle() const { return polar.angle; }   ///< degrees, 0 <= angle < 360
+
+    void setValue(float packed) override;
+
+    void draw(VSTGUI::CDrawContext* context) override;
+    bool hitTest(const VSTGUI::CPoint& where, const VSTGUI::Event& event = VSTGUI::noEvent()) override;
+    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+    /// Gives back the handle, angle and radius of the press.
+    void onMouseCancelEvent(VSTGUI::MouseCancelEvent& event) override;
+    void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
+    /// Escape cancels a drag.
+    void onKeyboardEvent(VSTGUI::KeyboardEvent& event) override;
+
+private:
+    struct pad_state
+    {
+        float value = pad_centre_value;
+        pad_polar polar;
+    };
+
+    void begin_drag(VSTGUI::MouseDownEvent& event);
+    void reset();
+    void restore(const pad_state& state);
+    void place_handle();
+    void draw_handle(VSTGUI::CDrawContext& context) const;
+
+    std::int32_t radius_tag;
+    pad_polar polar;
+    pad_state at_press;
+    float max_radius = 1.0F;
+};
+
+} // namespace ov1

@@ -1,0 +1,116 @@
+// A frame without a window, whose controls are driven by synthetic events and drawn offscreen.
+#pragma once
+
+#include "vstgui/vstgui.h"
+
+#include <string>
+#include <utility>
+
+namespace ov1
+{
+
+/// Writes down what controls tell: "begin", "value" and "end", in order.
+struct control_log : VSTGUI::IControlListener
+{
+    void valueChanged(VSTGUI::CControl*) override { calls += "value "; }
+    void controlBeginEdit(VSTGUI::CControl*) override { calls += "begin "; }
+    void controlEndEdit(VSTGUI::CControl*) override { calls += "end "; }
+    std::string take() { return std::exchange(calls, {}); }
+
+    std::string calls;
+};
+
+class control_stage
+{
+public:
+    control_stage()
+    {
+        frame->attached(frame);
+        frame->onActivate(true); // or the keyboard reaches nothing
+    }
+    ~control_stage()
+    {
+        frame->removed(frame);
+        frame->forget();
+    }
+
+    /// The frame owns the view from here on.
+    template <class T>
+    T& add(T* view)
+    {
+        frame->addView(view);
+        return *view;
+    }
+
+    /// Sends an event through the frame and gives back whether anything took it.
+    template <class E>
+    bool send(E event, VSTGUI::Modifiers modifiers = {})
+    {
+        event.modifiers = modifiers;
+        frame->dispatchEvent(event);
+        return event.consumed;
+    }
+    bool press(double x, double y, VSTGUI::MouseButton button = VSTGUI::MouseButton::Left, VSTGUI::Modifiers keys = {})
+    {
+        return send(VSTGUI::MouseDownEvent({x, y}, button), keys);
+    }
+    bool drag(double x, double y, VSTGUI::Modifiers keys = {})
+    {
+        return send(VSTGUI::MouseMoveEvent({x, y}, VSTGUI::MouseButton::Left), keys);
+    }
+    bool release(double x, double y) { return send(VSTGUI::MouseUpEvent({x, y}, VSTGUI::MouseButton::Left)); }
+    bool type(VSTGUI::VirtualKey key)
+    {
+        VSTGUI::KeyboardEvent event;
+        event.virt = key;
+        return send(std::move(event));
+    }
+    bool turn_wheel_up(double x, double y)
+    {
+        VSTGUI::MouseWheelEvent event;
+        event.mousePosition = {x, y};
+        event.deltaY = 1.0;
+        return send(std::move(event));
+    }
+
+    control_log log;
+    VSTGUI::CFrame* frame = new VSTGUI::CFrame({0.0, 0.0, 400.0, 300.0}, nullptr);
+};
+
+/// A picture that draw(CDrawContext&) makes in points, at 2 pixels to the point.
+template <class F>
+VSTGUI::SharedPointer<VSTGUI::CBitmap> painted(double width, double height, F draw)
+{
+    const auto offscreen = VSTGUI::COffscreenContext::create({width, height}, 2.0);
+    offscreen->beginDraw();
+    {
+        const VSTGUI::CDrawContext::Transform scaled(*offscreen, VSTGUI::CGraphicsTransform().scale(2.0, 2.0));
+        draw(*offscreen);
+    }
+    offscreen->endDraw();
+    return VSTGUI::shared(offscreen->getBitmap());
+}
+
+inline VSTGUI::SharedPointer<VSTGUI::CBitmap> picture_of(VSTGUI::CView& view)
+{
+    return painted(view.getViewSize().right, view.getViewSize().bottom, [&](auto& context) { view.draw(&context); });
+}
+
+/// The pixel at a place in points, colours premultiplied.
+inline VSTGUI::CColor pixel(VSTGUI::CBitmap& picture, double x, double y)
+{
+    VSTGUI::CColor colour;
+    const auto pixels = VSTGUI::owned(VSTGUI::CBitmapPixelAccess::create(&picture));
+    if (pixels->setPosition(static_cast<std::uint32_t>(2.0 * x), static_cast<std::uint32_t>(2.0 * y)))
+        pixels->getColor(colour);
+    return colour;
+}
+
+inline void fill(VSTGUI::CDrawContext& context, const VSTGUI::CRect& rect, const VSTGUI::CColor& colour)
+{
+    context.setDrawMode(VSTGUI::kAliasing);
+    context.setFillColor(colour);
+    context.drawRect(rect, VSTGUI::kDrawFilled);
+}
+
+} // namespace ov1
