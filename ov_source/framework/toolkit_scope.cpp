@@ -8,6 +8,7 @@
 #include "platform/desktop_services.h"
 #include "platform/iutils.h"
 
+#include "vstgui/lib/cframe.h"
 #include "vstgui/lib/platform/linux/linuxfactory.h"
 #include "vstgui/lib/platform/linux/x11platform.h"
 #include "vstgui/lib/platform/platformfactory.h"
@@ -116,6 +117,15 @@ void toolkit_scope::turn()
     constexpr std::chrono::milliseconds longest_wait(25);
     if (running_loop)
         running_loop->turn(longest_wait);
+}
+
+bool toolkit_scope::open_frame(VSTGUI::CFrame& frame, void* native_handle)
+{
+    if (!running_loop || !native_handle)
+        return false;
+    VSTGUI::X11::FrameConfig config;
+    config.runLoop = running_loop;
+    return frame.open(native_handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config);
 }
 
 } // namespace ov1

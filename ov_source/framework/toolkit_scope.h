@@ -3,6 +3,11 @@
 
 #include <memory>
 
+namespace VSTGUI
+{
+class CFrame;
+}
+
 namespace ov1
 {
 
@@ -21,6 +26,9 @@ public:
     /// Serves windows and timers once, waiting up to 25 ms: for questions that are asked in the middle of an event, and
     /// for tests.
     static void turn();
+
+    /// Opens the frame in a window's native handle. False where the toolkit or the desktop refuses.
+    [[nodiscard]] static bool open_frame(VSTGUI::CFrame& frame, void* native_handle);
 
 private:
     struct parts;
