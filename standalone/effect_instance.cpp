@@ -80,11 +80,11 @@ void assign(icomponent_v1& component, const std::vector<assignment>& assignments
 
 } // namespace
 
-effect_instance::effect_instance()
+effect_instance::effect_instance(const host_maker& make_host)
     : component(create_ccomponent())
     , presets(component)
 {
-    component->initialize(std::make_shared<chost_v1>(component));
+    component->initialize(make_host ? make_host(component) : std::make_shared<chost_v1>(component));
 }
 
 effect_instance::~effect_instance() { component->terminate(); }

@@ -5,25 +5,30 @@
 #include "command_line/parameter_info.h"
 #include "command_line/problem.h"
 #include "framework/icomponent_v1.h"
+#include "framework/ihost_v1.h"
 #include "framework/row_renderer.h"
 #include "presets/preset_manager.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace ov1
 {
 
-/// A component under the framework's default host, from its making to its end.
+/// A component under the framework's default host or one of the caller's, from its making to its end.
 class effect_instance
 {
 public:
-    effect_instance();
+    using host_maker = std::function<std::shared_ptr<ihost_v1>(std::weak_ptr<icomponent_v1>)>;
+
+    explicit effect_instance(const host_maker& make_host = {});
     ~effect_instance();
     effect_instance(const effect_instance&) = delete;
     effect_instance& operator=(const effect_instance&) = delete;
 
     icomponent_v1& get() { return *component; }
+    std::shared_ptr<icomponent_v1> share() { return component; }
     preset_manager& get_presets() { return presets; }
 
     /// All parameters in registration order.

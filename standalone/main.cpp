@@ -2,6 +2,7 @@
 #include "command_line/console.h"
 #include "command_line/interrupt.h"
 #include "command_line/program.h"
+#include "standalone/edit_verb.h"
 #include "standalone/grade_verb.h"
 #include "standalone/inspire_verb.h"
 #include "standalone/lut_verb.h"
@@ -9,22 +10,41 @@
 #include "standalone/preset_verb.h"
 #include "standalone/sheet_verb.h"
 
+#if VERIDIAL_HAS_EDITOR
+#include "editor/editor_scope.h"
+#endif
+
 #include <array>
 #include <string>
 #include <vector>
+
+namespace
+{
+
+#if VERIDIAL_HAS_EDITOR
+ov1::exit_code run_edit_in_windows(std::span<const std::string> arguments, ov1::console& out)
+{
+    return ov1::run_edit(arguments, out, [] { return std::make_shared<ov1::editor_scope>(); });
+}
+#endif
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     using namespace ov1;
     watch_interrupts();
-    constexpr std::array<verb, 6> verbs{{
-        {"grade", "sends pictures through a grade", run_grade},
-        {"lut", "writes a grade as a table for other software", run_lut},
-        {"sheet", "shows a picture through many grades", run_sheet},
-        {"preset", "keeps grades", run_preset},
-        {"inspire", "makes random looks", run_inspire},
-        {"params", "lists the parameters", run_params},
-    }};
+    constexpr std::array verbs{
+        verb{"grade", "sends pictures through a grade", run_grade},
+#if VERIDIAL_HAS_EDITOR
+        verb{"edit", "opens the editor over a picture", run_edit_in_windows},
+#endif
+        verb{"lut", "writes a grade as a table for other software", run_lut},
+        verb{"sheet", "shows a picture through many grades", run_sheet},
+        verb{"preset", "keeps grades", run_preset},
+        verb{"inspire", "makes random looks", run_inspire},
+        verb{"params", "lists the parameters", run_params},
+    };
     console out;
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     return static_cast<int>(run_program(arguments, verbs, out));

@@ -6,13 +6,12 @@
 #include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
-#include "media/reduced_picture.h"
 #include "media/still_writer.h"
-#include "media/transfer_curve.h"
 #include "standalone/canvas.h"
 #include "standalone/effect_instance.h"
 #include "standalone/file_output.h"
 #include "standalone/media_problem.h"
+#include "standalone/preview_picture.h"
 #include "standalone/sheet_cells.h"
 #include "standalone/sheet_layout.h"
 #include "standalone/text_painter.h"
@@ -96,19 +95,6 @@ std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& colu
 }
 
 /// Display-referred, straight, within 0..1: what the table takes.
-void make_gradable(media::reduced_picture& picture, const media::still_info& info)
-{
-    for (argb_float& p : picture.pixels)
-    {
-        if (info.alpha == media::alpha_kind::premultiplied && p.a > 0.0f)
-            p = {p.a, p.r / p.a, p.g / p.a, p.b / p.a};
-        if (info.transfer == media::transfer::linear)
-            p = {p.a, media::srgb_encoded(p.r), media::srgb_encoded(p.g), media::srgb_encoded(p.b)};
-        for (const auto channel : {&argb_float::a, &argb_float::r, &argb_float::g, &argb_float::b})
-            p.*channel = p.*channel > 0.0f ? std::min(p.*channel, 1.0f) : 0.0f;
-    }
-}
-
 /// The picture through the effect's present table, with its own alpha.
 std::vector<argb_float> graded(effect_instance& effect, const media::reduced_picture& picture)
 {
@@ -181,8 +167,7 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
     const auto cells = cells_of(command, columns);
     const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height,
                                       static_cast<std::size_t>(command.width));
-    auto picture = media::reduce(source, layout.picture_width, layout.picture_height);
-    make_gradable(picture, source.info());
+    const auto picture = make_gradable_picture(source, layout.picture_width, layout.picture_height);
 
     canvas sheet(layout.width(), layout.height(), background);
     std::vector<problem> problems;

@@ -1,0 +1,43 @@
+#include "editor/discard_keys.h"
+
+#include "vstgui/lib/events.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr std::chrono::milliseconds longest_between_escapes(800);
+
+} // namespace
+
+discard_keys::discard_keys(CFrame& frame, std::function<void()> discard)
+    : frame(frame)
+    , discard(std::move(discard))
+{
+    frame.registerKeyboardHook(this);
+}
+
+discard_keys::~discard_keys() noexcept { frame.unregisterKeyboardHook(this); }
+
+void discard_keys::onKeyboardEvent(KeyboardEvent& event, CFrame* of_frame)
+{
+    if (event.type != EventType::KeyDown || event.virt != VirtualKey::Escape || event.isRepeat ||
+        of_frame->getModalView())
+        return;
+    const auto now = clock::now();
+    const bool is_second = now - last_escape < longest_between_escapes;
+    last_escape = is_second ? clock::time_point{} : now;
+    if (is_second)
+    {
+        event.consumed = true;
+        discard();
+    }
+}
+
+} // namespace ov1

@@ -1,0 +1,43 @@
+#include "editor/editor_scope.h"
+
+#include "editor/editor_dialogs.h"
+#include "editor/veridial_ui.h"
+#include "framework/editor_factory.h"
+#include "platform/desktop_services.h"
+#include "platform/user_environment.h"
+
+#include <cstdio>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// Over the editor that stands open; without one the text goes where messages of programs without windows go.
+bool show_alert(void*, const std::string& title, const std::string& message, const std::string& first_button,
+                const std::string& second_button)
+{
+    VSTGUI::CFrame* const frame = veridial_ui::get_open_frame();
+    if (!frame)
+    {
+        std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
+        return false;
+    }
+    return ask_and_wait(*frame, read_user_environment().language, {title, message, first_button, second_button});
+}
+
+} // namespace
+
+editor_scope::editor_scope()
+{
+    desktop_services services = *get_desktop_services();
+    services.show_alert = show_alert;
+    install_desktop_services(services);
+    install_editor_factory([](std::weak_ptr<icomponent_v1> component)
+                           { return std::make_shared<veridial_ui>(std::move(component)); });
+}
+
+editor_scope::~editor_scope() { install_editor_factory({}); }
+
+} // namespace ov1

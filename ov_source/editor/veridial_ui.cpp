@@ -1,0 +1,387 @@
+#include "editor/veridial_ui.h"
+
+#include "editor/ccached_nine_part_tiled_bitmap.h"
+#include "editor/cov_plugin_toolbar.h"
+#include "editor/discard_keys.h"
+#include "editor/editor_style.h"
+#include "editor/panel_layout.h"
+#include "editor/preview_bar.h"
+#include "editor/reset_click.h"
+#include "editor/tooltip_layer.h"
+#include "framework/cparameter_boolean_v1.h"
+#include "framework/cparameter_continuous_v1.h"
+#include "framework/ihost_v1.h"
+#include "framework/toolkit_scope.h"
+#include "platform/iutils.h"
+#include "presets/random_look.h"
+#include "shared/image.h"
+
+#include "vstgui/lib/controls/cscrollbar.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr std::int32_t preview_scroll_style = 0x43;
+constexpr CCoord scrollbar_width = 12;
+constexpr std::uint32_t tooltip_delay_ms = 4000;
+constexpr CCoord panel_margin = 3; ///< of the panel's picture, the part that is not stretched
+constexpr CCoord preview_bar_height = 34;
+constexpr float least_value_of_a_press = 0.5f;
+
+CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
+
+std::shared_ptr<cparameter_continuous_v1> find_continuous(icomponent_v1& component, std::int32_t tag)
+{
+    return std::dynamic_pointer_cast<cparameter_continuous_v1>(component.get_parameter(static_cast<uid>(tag)));
+}
+
+void colour_scrollbar(CScrollbar* bar, const CColor& back)
+{
+    if (!bar)
+        return;
+    bar->setFrameColor(back);
+    bar->setBackgroundColor(back);
+    bar->setScrollerColor(style::scroller);
+}
+
+std::uint64_t now_ms()
+{
+    const auto since_start = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since_start).count());
+}
+
+SharedPointer<CBitmap> render_panel(CFrame* frame)
+{
+    const CNinePartTiledDescription margins(panel_margin, panel_margin, panel_margin, panel_margin);
+    const auto tiles = makeOwned<CNinePartTiledBitmap>(CResourceDescription("panel_first.png"), margins);
+    if (const auto pixels = tiles->getPlatformBitmap())
+        pixels->setScaleFactor(2);
+    auto panel = makeOwned<CCachedNinePartTiledBitmap>(tiles);
+    panel->generate(frame, panel_width, panel_height);
+    return panel;
+}
+
+/// Of all open editors, in the order of their opening. The editor's thread alone.
+std::vector<CFrame*>& open_frames()
+{
+    static std::vector<CFrame*> frames;
+    return frames;
+}
+
+language_id language_of(icomponent_v1* component)
+{
+    const auto host = component ? component->get_host() : nullptr;
+    return host ? host->get_language() : language_id{};
+}
+
+} // namespace
+
+veridial_ui::veridial_ui(std::weak_ptr<icomponent_v1> component)
+    : cview_v1(std::move(component))
+{
+}
+
+veridial_ui::~veridial_ui() { close(); }
+
+bool veridial_ui::query_interface(const std::string& name, iobject** out)
+{
+    return answer_query(ifc_id, static_cast<cview_v1*>(this), name, out);
+}
+
+void veridial_ui::init_view()
+{
+    CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
+    scale = iutils::get_instance().get_dpi_scale();
+    const rect size = get_rect();
+    const auto window = get_window();
+    build_frame(size.width / scale, size.height / scale);
+    if (!window || !toolkit_scope::open_frame(*frame, window->get_native_handle()))
+    {
+        std::exchange(frame, nullptr)->close();
+        return;
+    }
+    open_frames().push_back(frame);
+    frame->setZoom(scale);
+    window->set_resize_listener([this](int width, int height) { resize(width, height); });
+    toolbar->setWindow(window);
+}
+
+CFrame* veridial_ui::get_open_frame() { return open_frames().empty() ? nullptr : open_frames().back(); }
+
+void veridial_ui::build_frame(double width, double height)
+{
+    frame = new CFrame(CRect(0, 0, width, height), this);
+    frame->setBackgroundColor(style::background);
+    frame->enableTooltips(true, tooltip_delay_ms);
+    add_preview(width, height);
+    add_toolbar(width);
+    add_column(width, height);
+    keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
+    tooltips = std::make_unique<tooltip_layer>(*frame, tooltip_delay_ms);
+}
+
+void veridial_ui::add_preview(double width, double height)
+{
+    const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
+    preview = new COVImagePreview<veridial_ui>(place, get_component());
+    preview->setOwner(*this);
+    preview_scroller = new COVScrollView(place, place, preview_scroll_style);
+    preview_scroller->setBackgroundColor(kBlackCColor);
+    preview_scroller->setScrollbarWidth(scrollbar_width);
+    colour_scrollbar(preview_scroller->getHorizontalScrollbar(), kBlackCColor);
+    colour_scrollbar(preview_scroller->getVerticalScrollbar(), kBlackCColor);
+    preview_scroller->addView(preview);
+    preview->setScroller(preview_scroller);
+    frame->addView(preview_scroller);
+
+    CRect strip = place;
+    strip.top = strip.bottom - preview_bar_height;
+    bar = new preview_bar(strip, *preview, *preview_scroller, language_of(get_component().get()));
+    frame->addView(bar);
+}
+
+void veridial_ui::add_toolbar(double width)
+{
+    toolbar =
+        new COVPluginToolbar(to_crect(place_toolbar(static_cast<int>(width))), frame, get_component(), get_window());
+    toolbar->setDiscardAction([this] { discard_and_close(); });
+    register_parameter_change_listener(toolbar);
+    toolbar->show_undo_redo_button(true, {}, {});
+    frame->addView(toolbar);
+}
+
+void veridial_ui::add_column(double width, double height)
+{
+    const CRect place = to_crect(place_column(static_cast<int>(width), static_cast<int>(height)));
+    column = new CScrollView(place, CRect(0, 0, column_width, panel_height),
+                             CScrollView::kHorizontalScrollbar | CScrollView::kVerticalScrollbar);
+    column->setScrollbarWidth(scrollbar_width);
+    column->setBackgroundColor(style::background);
+    colour_scrollbar(column->getVerticalScrollbar(), kBlackCColor);
+    colour_scrollbar(column->getHorizontalScrollbar(), kBlackCColor);
+
+    auto* const container = new CViewContainer(CRect(0, 0, panel_width, panel_height));
+    container->setBackground(render_panel(frame));
+    controls = add_panel_controls(*container, *this, language_of(get_component().get()));
+    column->addView(container);
+    frame->addView(column);
+}
+
+void veridial_ui::resize(int width, int height)
+{
+    if (!frame)
+        return;
+    frame->setSize(width, height);
+    lay_out(width / scale, height / scale);
+}
+
+void veridial_ui::lay_out(double width, double height)
+{
+    const auto move = [](CView& view, const CRect& place)
+    {
+        view.setViewSize(place);
+        view.setMouseableArea(place);
+    };
+    const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
+    move(*preview_scroller, place);
+    move(*bar, CRect(place.left, place.bottom - preview_bar_height, place.right, place.bottom));
+    move(*toolbar, to_crect(place_toolbar(static_cast<int>(width))));
+    move(*column, to_crect(place_column(static_cast<int>(width), static_cast<int>(height))));
+    frame->invalid();
+}
+
+void veridial_ui::close()
+{
+    if (const auto component = get_component())
+        if (const auto bypass = component->get_parameter("Global Bypass"))
+        {
+            param_value off = bypass->get_param_value();
+            off.value = param_cell::of(false);
+            bypass->set_param_value(off, false);
+        }
+    if (frame)
+    {
+        if (const auto window = get_window())
+            window->set_resize_listener({});
+        unregister_parameter_change_listener(toolbar);
+        tooltips.reset();
+        keys.reset();
+        controls = {};
+        preview = nullptr;
+        bar = nullptr;
+        std::erase(open_frames(), frame);
+        std::exchange(frame, nullptr)->close();
+    }
+    cview_v1::close();
+}
+
+void veridial_ui::discard_and_close()
+{
+    if (const auto component = get_component())
+        component->cancel_effect();
+    if (const auto window = get_window())
+        window->close(); // the session notices, and closes the view
+}
+
+bool veridial_ui::idle()
+{
+    const bool goes_on = cview_v1::idle();
+    if (goes_on && frame)
+    {
+        preview->idle();
+        toolbar->idle();
+        tooltips->idle(now_ms());
+        frame->idle();
+    }
+    return goes_on;
+}
+
+void veridial_ui::valueChanged(CControl* control)
+{
+    const auto component = get_component();
+    if (!component)
+        return;
+    if (const auto* pad = as_pad(*control)) // first: a pad's own tag is its angle's
+        write_pad(*pad);
+    else if (const auto parameter = find_continuous(*component, control->getTag()))
+    {
+        parameter->set_value_normalized(control->getValueNormalized(), false);
+        if (auto* const arc = find_spread_arc(*control))
+            spread_arc(*arc, control->getValueNormalized());
+    }
+    else if (control == controls.inspire && control->getValue() > least_value_of_a_press)
+        inspire_randomize();
+}
+
+COVColorWheelXYPad* veridial_ui::as_pad(CControl& control) const
+{
+    const auto found = std::ranges::find(controls.pads, &control);
+    return found == controls.pads.end() ? nullptr : *found;
+}
+
+void veridial_ui::write_pad(const COVColorWheelXYPad& pad)
+{
+    const auto component = get_component();
+    // Both are read before either is set: a set moves the handle of any other pad with the same parameters.
+    const float angle = pad.getAngle(), radius = pad.getRadius();
+    if (const auto parameter = find_continuous(*component, pad.getAngleTag()))
+        parameter->set_value(angle, false);
+    if (const auto parameter = find_continuous(*component, pad.getRadiusTag()))
+        parameter->set_value(radius, false);
+}
+
+void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
+{
+    if (defer(parameter, edit))
+        return;
+    cview_v1::set_control_from_parameter(parameter, edit);
+    if (!frame)
+        return;
+    const auto continuous = std::dynamic_pointer_cast<cparameter_continuous_v1>(parameter);
+    if (continuous && (show_in_list(*continuous) || show_in_pads(*continuous)))
+        return;
+    if (edit)
+        frame->invalid();
+}
+
+bool veridial_ui::show_in_list(cparameter_continuous_v1& parameter)
+{
+    const auto tag = static_cast<std::int32_t>(parameter.get_uid());
+    const auto found =
+        std::ranges::find_if(controls.others, [&](const CControl* c) { return c->getTag() == tag && !c->isEditing(); });
+    if (found == controls.others.end())
+        return false;
+    CControl& control = **found;
+    const float value = parameter.get_value_normalized();
+    if (control.getValueNormalized() != value)
+    {
+        control.setValueNormalized(value);
+        control.invalid();
+    }
+    if (auto* const arc = find_spread_arc(control))
+        spread_arc(*arc, value);
+    return true;
+}
+
+bool veridial_ui::show_in_pads(cparameter_continuous_v1& parameter)
+{
+    const auto tag = static_cast<std::int32_t>(parameter.get_uid());
+    for (COVColorWheelXYPad* pad : controls.pads)
+    {
+        if (pad->isEditing())
+            continue;
+        if (pad->getAngleTag() == tag)
+            pad->setAngle(parameter.get_value());
+        else if (pad->getRadiusTag() == tag)
+            pad->setRadius(parameter.get_value());
+        else
+            continue;
+        return true;
+    }
+    return false;
+}
+
+bool veridial_ui::has_parameter_of(CControl& control) const
+{
+    const auto component = get_component();
+    const auto* pad = as_pad(control);
+    if (!component || !pad)
+        return false;
+    return component->get_parameter(static_cast<uid>(pad->getAngleTag())) ||
+           component->get_parameter(static_cast<uid>(pad->getRadiusTag()));
+}
+
+void veridial_ui::controlBeginEdit(CControl* control)
+{
+    // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
+    if (has_parameter_of(*control) || control == controls.inspire)
+        begin_gesture();
+    cview_v1::controlBeginEdit(control);
+}
+
+void veridial_ui::controlEndEdit(CControl* control)
+{
+    if (has_parameter_of(*control) || control == controls.inspire)
+        end_gesture();
+    cview_v1::controlEndEdit(control);
+}
+
+void veridial_ui::inspire_randomize()
+{
+    if (const auto component = get_component())
+        randomize_look(*component);
+}
+
+void veridial_ui::set_preview_image(image& picture)
+{
+    if (preview)
+        preview->update(picture);
+}
+
+void veridial_ui::set_preview_source(const image& picture)
+{
+    if (preview)
+        preview->updateSource(picture);
+}
+
+void veridial_ui::offer_frames(int count, std::function<void(int frame)> chosen)
+{
+    if (bar)
+        bar->offerFrames(count, std::move(chosen));
+}
+
+void veridial_ui::colour_picked(const std::optional<picked_colour>& colour)
+{
+    if (bar)
+        bar->showColour(colour);
+}
+
+} // namespace ov1

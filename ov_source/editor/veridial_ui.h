@@ -1,0 +1,88 @@
+// The effect's editor window: preview on the left; toolbar and the panel of wheels on the right.
+#pragma once
+
+#include "editor/cov_image_preview.h"
+#include "editor/panel_controls.h"
+#include "framework/cview_v1.h"
+#include "framework/preview_sink.h"
+
+#include "vstgui/lib/cframe.h"
+
+#include <chrono>
+#include <memory>
+
+namespace ov1
+{
+
+class cparameter_continuous_v1;
+class COVPluginToolbar;
+class preview_bar;
+class discard_keys;
+class tooltip_layer;
+
+/// A control's tag is its parameter's uid, a pad's is that of its angle. Belongs to the editor's thread, but for
+/// set_control_from_parameter, is_open, is_editing and set_preview_image.
+class veridial_ui : public cview_v1, public preview_sink, public VSTGUI::VSTGUIEditorInterface
+{
+public:
+    static constexpr uid ifc_id = make_uid("veridial_ui");
+
+    explicit veridial_ui(std::weak_ptr<icomponent_v1> component);
+    ~veridial_ui() override;
+
+    bool query_interface(const std::string& name, iobject** out) override;
+    /// Switches the bypass off, so that closing never leaves the effect bypassed.
+    void close() override;
+    bool idle() override;
+    /// Builds the whole window; nothing where the toolkit cannot open its frame.
+    void init_view() override;
+    void set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
+
+    void valueChanged(VSTGUI::CControl* control) override;
+    void controlBeginEdit(VSTGUI::CControl* control) override;
+    void controlEndEdit(VSTGUI::CControl* control) override;
+
+    void set_preview_image(image& picture) override;
+    void set_preview_source(const image& picture) override;
+    void offer_frames(int count, std::function<void(int frame)> chosen) override;
+
+    /// A random look; see randomize_look.
+    void inspire_randomize();
+    /// Goes back to the state at opening and closes.
+    void discard_and_close();
+    /// For COVImagePreview.
+    void colour_picked(const std::optional<picked_colour>& colour);
+
+    /// The frame is built but opened in no window: for tests and pictures of the editor.
+    void build_frame(double width, double height);
+    VSTGUI::CFrame* getFrame() const override { return frame; }
+    /// The frame of the editor that was opened last and is open still; null without one.
+    static VSTGUI::CFrame* get_open_frame();
+    const panel_controls& get_controls() const { return controls; }
+    std::chrono::system_clock::time_point get_creation_time() const { return created; }
+
+private:
+    void add_preview(double width, double height);
+    void add_toolbar(double width);
+    void add_column(double width, double height);
+    void lay_out(double width, double height);
+    void resize(int width, int height);
+    void write_pad(const COVColorWheelXYPad& pad);
+    bool show_in_list(cparameter_continuous_v1& parameter);
+    bool show_in_pads(cparameter_continuous_v1& parameter);
+    bool has_parameter_of(VSTGUI::CControl& control) const;
+    COVColorWheelXYPad* as_pad(VSTGUI::CControl& control) const;
+
+    const std::chrono::system_clock::time_point created = std::chrono::system_clock::now();
+    double scale = 1;
+    COVImagePreview<veridial_ui>* preview = nullptr;
+    COVScrollView* preview_scroller = nullptr;
+    VSTGUI::CScrollView* column = nullptr;
+    COVPluginToolbar* toolbar = nullptr;
+    preview_bar* bar = nullptr;
+    panel_controls controls;
+    std::unique_ptr<discard_keys> keys;
+    std::unique_ptr<tooltip_layer> tooltips;
+};
+
+} // namespace ov1
