@@ -5,6 +5,9 @@
 #include "platform/cache_size.h"
 #include "report.h"
 #include "table_bench.h"
+#if VERIDIAL_HAS_EDITOR
+#include "editor_bench.h"
+#endif
 
 #include <charconv>
 #include <cstring>
@@ -84,6 +87,9 @@ int run(const options& given)
     const std::size_t width = given.brief ? 960 : 3840, height = given.brief ? 540 : 2160;
     const int rounds = given.brief ? 3 : given.rounds;
     run_table_bench(to, rounds);
+#if VERIDIAL_HAS_EDITOR
+    run_editor_bench(to, rounds);
+#endif
     run_pixel_bench(to, table, content::natural, width, height, rounds);
     run_pixel_bench(to, table, content::random, width, height, rounds);
     to.print_ratios();

@@ -19,7 +19,7 @@ double preview_geometry::fit_zoom() const
 {
     if (picture_width <= 0 || picture_height <= 0 || view_width <= 0 || free_height() <= 0)
         return 1;
-    return std::min({view_width / picture_width, free_height() / picture_height, 1.0});
+    return std::min({view_width / picture_width, free_height() / picture_height, largest_zoom});
 }
 
 double preview_geometry::limit_zoom(double zoom) const { return std::clamp(zoom, fit_zoom(), largest_zoom); }

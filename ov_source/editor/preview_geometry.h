@@ -15,6 +15,8 @@ struct preview_point
 /// Sizes of the picture in its own pixels, of the view in points; zoom is points for each pixel.
 struct preview_geometry
 {
+    static constexpr double largest_zoom = 8;
+
     double picture_width = 0;
     double picture_height = 0;
     double view_width = 0;
@@ -23,9 +25,7 @@ struct preview_geometry
     /// scrolled out from beneath it.
     double covered_bottom = 0;
 
-    static constexpr double largest_zoom = 8;
-
-    /// The zoom at which the whole picture is seen, at most 1: small pictures are not blown up. 1 without a picture.
+    /// The zoom at which the whole picture is seen and fills the view, at most largest_zoom; 1 without a picture.
     double fit_zoom() const;
     /// Limited to fit_zoom .. largest_zoom.
     double limit_zoom(double zoom) const;
