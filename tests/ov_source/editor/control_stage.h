@@ -9,7 +9,7 @@
 namespace ov1
 {
 
-/// Writes down what controls tell: "begin", "value" and "end", in order.
+/// Writes down what controls tell.
 struct control_log : VSTGUI::IControlListener
 {
     void valueChanged(VSTGUI::CControl*) override { calls += "value "; }
@@ -20,9 +20,8 @@ struct control_log : VSTGUI::IControlListener
     std::string calls;
 };
 
-class control_stage
+struct control_stage
 {
-public:
     control_stage()
     {
         frame->attached(frame);
@@ -44,9 +43,9 @@ public:
 
     /// Sends an event through the frame and gives back whether anything took it.
     template <class E>
-    bool send(E event, VSTGUI::Modifiers modifiers = {})
+    bool send(E event, VSTGUI::Modifiers keys = {})
     {
-        event.modifiers = modifiers;
+        event.modifiers = keys;
         frame->dispatchEvent(event);
         return event.consumed;
     }
@@ -54,21 +53,21 @@ public:
     {
         return send(VSTGUI::MouseDownEvent({x, y}, button), keys);
     }
-    bool drag(double x, double y, VSTGUI::Modifiers keys = {})
+    void drag(double x, double y, VSTGUI::Modifiers keys = {})
     {
-        return send(VSTGUI::MouseMoveEvent({x, y}, VSTGUI::MouseButton::Left), keys);
+        send(VSTGUI::MouseMoveEvent({x, y}, VSTGUI::MouseButton::Left), keys);
     }
-    bool release(double x, double y) { return send(VSTGUI::MouseUpEvent({x, y}, VSTGUI::MouseButton::Left)); }
+    void release(double x, double y) { send(VSTGUI::MouseUpEvent({x, y}, VSTGUI::MouseButton::Left)); }
     bool type(VSTGUI::VirtualKey key)
     {
         VSTGUI::KeyboardEvent event;
         event.virt = key;
         return send(std::move(event));
     }
-    bool turn_wheel_up(double x, double y)
+    bool turn_wheel_up(const VSTGUI::CPoint& where)
     {
         VSTGUI::MouseWheelEvent event;
-        event.mousePosition = {x, y};
+        event.mousePosition = where;
         event.deltaY = 1.0;
         return send(std::move(event));
     }
@@ -77,16 +76,13 @@ public:
     VSTGUI::CFrame* frame = new VSTGUI::CFrame({0.0, 0.0, 400.0, 300.0}, nullptr);
 };
 
-/// A picture that draw(CDrawContext&) makes in points, at 2 pixels to the point.
+/// A picture that draw(CDrawContext&) makes, 1 pixel to the point.
 template <class F>
 VSTGUI::SharedPointer<VSTGUI::CBitmap> painted(double width, double height, F draw)
 {
-    const auto offscreen = VSTGUI::COffscreenContext::create({width, height}, 2.0);
+    const auto offscreen = VSTGUI::COffscreenContext::create({width, height});
     offscreen->beginDraw();
-    {
-        const VSTGUI::CDrawContext::Transform scaled(*offscreen, VSTGUI::CGraphicsTransform().scale(2.0, 2.0));
-        draw(*offscreen);
-    }
+    draw(*offscreen);
     offscreen->endDraw();
     return VSTGUI::shared(offscreen->getBitmap());
 }
@@ -96,12 +92,12 @@ inline VSTGUI::SharedPointer<VSTGUI::CBitmap> picture_of(VSTGUI::CView& view)
     return painted(view.getViewSize().right, view.getViewSize().bottom, [&](auto& context) { view.draw(&context); });
 }
 
-/// The pixel at a place in points, colours premultiplied.
+/// Colours are premultiplied.
 inline VSTGUI::CColor pixel(VSTGUI::CBitmap& picture, double x, double y)
 {
     VSTGUI::CColor colour;
     const auto pixels = VSTGUI::owned(VSTGUI::CBitmapPixelAccess::create(&picture));
-    if (pixels->setPosition(static_cast<std::uint32_t>(2.0 * x), static_cast<std::uint32_t>(2.0 * y)))
+    if (pixels->setPosition(static_cast<std::uint32_t>(x), static_cast<std::uint32_t>(y)))
         pixels->getColor(colour);
     return colour;
 }

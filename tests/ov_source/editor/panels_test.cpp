@@ -51,7 +51,7 @@ struct modal_stage : control_stage
 TEST(modal_panel, answers_once_to_buttons_return_and_escape_and_to_nothing_else)
 {
     modal_stage stage;
-    auto& beneath = stage.add(new VSTGUI::CTextButton({0.0, 0.0, 50.0, 50.0}, &stage.log, 1, "beneath"));
+    stage.add(new VSTGUI::CTextButton({0.0, 0.0, 50.0, 50.0}, &stage.log, 1, "beneath"));
     const std::pair<void (*)(modal_stage&), const char*> cases[] = {
         {[](modal_stage& s) { s.click(340.0, 170.0); }, "yes "},
         {[](modal_stage& s) { s.click(230.0, 170.0); }, "no "},
@@ -65,26 +65,18 @@ TEST(modal_panel, answers_once_to_buttons_return_and_escape_and_to_nothing_else)
         EXPECT_TRUE(stage.type(VSTGUI::VirtualKey::Delete)) << "no key gets past";
         EXPECT_EQ(stage.answers, "");
         act(stage);
-        EXPECT_EQ(std::exchange(stage.answers, {}), expected);
         act(stage);
-        EXPECT_EQ(stage.answers, "");
+        EXPECT_EQ(std::exchange(stage.answers, {}), expected);
     }
     EXPECT_EQ(stage.log.take(), "");
-    EXPECT_TRUE(beneath.isAttached());
-}
 
-TEST(modal_panel, gives_back_a_name_without_outer_blanks_and_takes_none_of_blanks)
-{
-    modal_stage stage;
     stage.frame->onActivate(false); // the toolkit's text field needs a window for its caret
-    stage.ask(" Warm evening  ");
-    stage.type(VSTGUI::VirtualKey::Return);
-    EXPECT_EQ(std::exchange(stage.answers, {}), "yes Warm evening");
-    stage.ask("  ");
-    stage.type(VSTGUI::VirtualKey::Return);
-    EXPECT_EQ(stage.answers, "");
-    stage.type(VSTGUI::VirtualKey::Escape);
-    EXPECT_EQ(stage.answers, "no ");
+    for (const auto& [name, expected] : {std::pair(" Warm evening  ", "yes Warm evening"), {"  ", ""}})
+    {
+        stage.ask(name);
+        stage.type(VSTGUI::VirtualKey::Return);
+        EXPECT_EQ(std::exchange(stage.answers, {}), expected);
+    }
 }
 
 TEST(tooltip_layer, a_tooltip_lies_within_the_frame_and_off_the_mouse)
@@ -104,30 +96,23 @@ TEST(tooltip_layer, comes_after_rest_and_goes_with_the_next_move_or_press)
 {
     control_stage stage;
     auto& button = stage.add(new VSTGUI::CTextButton({0.0, 0.0, 300.0, 200.0}, &stage.log, 1, ""));
+    button.setTooltipText("text");
     tooltip_layer tips(*stage.frame);
     const auto move = [&](double x) { stage.send(VSTGUI::MouseMoveEvent({x, 20.0})); };
-    const auto is_shown_at = [&](std::uint64_t ms)
-    {
-        tips.idle(ms);
-        return tips.shown() != nullptr;
-    };
+    const auto is_shown_at = [&](std::uint64_t ms) { return tips.idle(ms), tips.shown() != nullptr; };
     move(20.0);
-    EXPECT_FALSE(is_shown_at(0) || is_shown_at(9000)) << "no text";
-    button.setTooltipText("text");
-    move(350.0);
-    move(20.0);
-    EXPECT_FALSE(is_shown_at(10000) || is_shown_at(13000));
+    EXPECT_FALSE(is_shown_at(1000) || is_shown_at(4000));
     move(21.0);
-    EXPECT_FALSE(is_shown_at(13010) || is_shown_at(17009));
-    EXPECT_TRUE(is_shown_at(17010));
-    const VSTGUI::CPoint on_tip = tips.shown()->getViewSize().getCenter();
+    EXPECT_FALSE(is_shown_at(4010) || is_shown_at(8009));
+    EXPECT_TRUE(is_shown_at(8010));
     move(22.0);
-    EXPECT_FALSE(is_shown_at(17020));
-    EXPECT_TRUE(is_shown_at(22000));
-    EXPECT_TRUE(stage.press(on_tip.x, on_tip.y)) << "to the button beneath";
+    EXPECT_FALSE(is_shown_at(8020));
+    EXPECT_TRUE(is_shown_at(13000));
+    const VSTGUI::CPoint on_tip = tips.shown()->getViewSize().getCenter();
+    stage.press(on_tip.x, on_tip.y);
+    EXPECT_EQ(stage.log.take(), "begin ") << "the press is for the button beneath";
     stage.release(on_tip.x, on_tip.y);
-    EXPECT_EQ(stage.log.take(), "begin value value end ");
-    EXPECT_FALSE(is_shown_at(22100) || is_shown_at(99000)) << "not after a press";
+    EXPECT_FALSE(is_shown_at(13100) || is_shown_at(99000)) << "not after a press";
     move(23.0);
     EXPECT_FALSE(is_shown_at(100000));
     EXPECT_TRUE(is_shown_at(104000));
