@@ -20,8 +20,8 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     : CXYPad(size)
     , radius_tag(radius_tag)
 {
-    setListener(listener);
     setTag(angle_tag);
+    setListener(listener);
     setBackground(background);
     setTransparency(true);
     setWantsFocus(true);

@@ -114,11 +114,6 @@ tooltip_layer::~tooltip_layer()
 
 void tooltip_layer::idle(std::uint64_t now_ms)
 {
-    if (owner && !owner->isAttached())
-    {
-        hide();
-        owner = nullptr;
-    }
     if (!rests_since)
         rests_since = now_ms;
     if (may_show && owner && now_ms - *rests_since >= delay_ms)

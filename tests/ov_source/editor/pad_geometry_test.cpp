@@ -75,8 +75,8 @@ TEST(pad_geometry, the_handle_stays_within_the_view_and_on_the_wheel)
     }
     const pad_point corner = handle_centre({0.0F, 1.0F}, 121.0, 101.0, 12.0);
     EXPECT_TRUE(corner.x == 6.0 && corner.y == 95.0);
-    EXPECT_TRUE(pad_contains({50.0, 36.0}, 100.0, 40.0, 0.8F)) << "the rim belongs to the wheel";
-    EXPECT_FALSE(pad_contains({50.0, 36.1}, 100.0, 40.0, 0.8F) || pad_contains({20.0, 8.0}, 100.0, 40.0, 0.8F));
+    EXPECT_TRUE(pad_contains({50.0, 35.0}, 100.0, 40.0, 0.75F)) << "the rim belongs to the wheel";
+    EXPECT_FALSE(pad_contains({50.0, 35.1}, 100.0, 40.0, 0.75F) || pad_contains({20.0, 8.0}, 100.0, 40.0, 0.75F));
 }
 
 } // namespace
