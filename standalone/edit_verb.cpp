@@ -10,6 +10,7 @@
 #include "framework/chost_v1.h"
 #include "framework/editor_session.h"
 #include "framework/iparameter_v1.h"
+#include "platform/user_environment.h"
 #include "standalone/edit_picture.h"
 #include "standalone/effect_instance.h"
 #include "standalone/picture_job.h"
@@ -31,12 +32,13 @@ struct edit_command
     output_plan plan;
 };
 
-/// Takes note of a grade that the user threw away.
+/// Speaks the user's language, and takes note of a grade that the user threw away.
 class edit_host : public chost_v1
 {
 public:
     using chost_v1::chost_v1;
 
+    language_id get_language() const override { return read_user_environment().language; }
     void notify(event e) override
     {
         if (e.type == event_kind::cancelled)

@@ -120,6 +120,7 @@ void veridial_ui::build_frame(double width, double height)
 {
     frame = new CFrame(CRect(0, 0, width, height), this);
     frame->setBackgroundColor(style::background);
+    frame->setFocusColor(style::accent); // of selected text, too
     frame->enableTooltips(true, tooltip_delay_ms);
     add_preview(width, height);
     add_toolbar(width);
