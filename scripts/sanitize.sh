@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh test
+export LSAN_OPTIONS=suppressions=$PWD/scripts/known_leaks.txt TSAN_OPTIONS=suppressions=$PWD/scripts/known_races.txt
 
 tests_under() {
   cmake --preset "$1" >/dev/null
