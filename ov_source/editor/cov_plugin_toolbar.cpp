@@ -2,6 +2,7 @@
 
 #include "editor/editor_dialogs.h"
 #include "editor/editor_style.h"
+#include "editor/grade_clipboard.h"
 #include "editor/popup_menu.h"
 #include "effect/lut_argb_variable.h"
 #include "framework/ihost_v1.h"
@@ -27,7 +28,7 @@ namespace
 {
 
 constexpr CCoord margin = 12;
-constexpr CCoord preset_width = 184;
+constexpr CCoord preset_width = 156;
 constexpr CCoord preset_height = 28;
 constexpr CCoord button_size = 28;
 constexpr CCoord gap = 1;
@@ -43,12 +44,13 @@ language_id language_of(const std::weak_ptr<icomponent_v1>& component)
     return host ? host->get_language() : language_id{};
 }
 
-/// Where a table is written unless the user says otherwise: the home folder, under the preset's name.
-std::string offered_path(const std::optional<preset_entry>& preset, bool as_3dl)
+/// Where a table is written unless the user says otherwise: beside the last one, under the preset's name.
+std::string offered_path(const std::string& last_folder, const std::optional<listed_preset>& preset, bool as_3dl)
 {
     const std::string name = preset ? preset->name : "Veridial";
     const char* const home = std::getenv("HOME");
-    return (std::filesystem::path(home ? home : "/") / (name + (as_3dl ? ".3dl" : ".cube"))).string();
+    const std::filesystem::path folder = !last_folder.empty() ? last_folder : home ? home : "/";
+    return (folder / (name + (as_3dl ? ".3dl" : ".cube"))).string();
 }
 
 } // namespace
@@ -79,6 +81,7 @@ COVPluginToolbar::COVPluginToolbar(const CRect& size, CFrame* frame, std::weak_p
     export_button = add_button("toolbar_export.png", "{en:Export as a LUT}{de:Als LUT exportieren}", kick, 0);
     undo_button = add_button("toolbar_undo.png", "{en:Undo}{de:Rückgängig}", kick, 1);
     redo_button = add_button("toolbar_redo.png", "{en:Redo}{de:Wiederholen}", kick, 1);
+    history_button = add_button("toolbar_history.png", "{en:History}{de:Verlauf}", kick, 1);
     reset_button = add_button("toolbar_reset.png", "{en:Reset everything}{de:Alles zurücksetzen}", kick, 1);
     bypass_button =
         add_button("toolbar_bypass.png", "{en:Bypass the effect}{de:Effekt umgehen}", CTextButton::kOnOffStyle, 2);
@@ -184,6 +187,8 @@ void COVPluginToolbar::valueChanged(CControl* control)
         undo();
     else if (control == redo_button)
         redo();
+    else if (control == history_button)
+        showHistory();
     else if (control == reset_button)
         resetGrade();
     else if (control == manual_button)
@@ -204,30 +209,57 @@ void COVPluginToolbar::change_grade(const std::function<void(icomponent_v1&)>& c
 
 void COVPluginToolbar::choosePreset()
 {
-    std::vector<preset_entry> entries;
-    if (!list_presets(presets, entries))
-        tell(*owner_frame, language, "Veridial", preset_messages::cannot_list);
-    std::vector<popup_item> items;
-    for (std::size_t i = 0; i < entries.size(); ++i)
-    {
-        popup_item item{entries[i].name, current == entries[i]};
-        item.begins_group = i > 0 && entries[i].is_bundled != entries[i - 1].is_bundled;
-        items.push_back(std::move(item));
-    }
-    show_popup(*owner_frame, *preset_button, items, [this, entries](std::size_t chosen) { load(entries[chosen]); });
+    if (preset_chooser)
+        preset_chooser();
 }
 
-void COVPluginToolbar::load(const preset_entry& entry)
+void COVPluginToolbar::listPresets(std::vector<listed_preset>& entries, std::vector<std::string>& files)
+{
+    if (!list_presets(presets, entries))
+        tell(*owner_frame, language, "Veridial", preset_messages::cannot_list);
+    files.clear();
+    std::string reason;
+    for (const listed_preset& entry : entries)
+        files.push_back(entry.is_bundled ? presets.get_bundled_preset_file(entry.name, reason)
+                                         : presets.get_preset_file(entry.name, reason));
+}
+
+void COVPluginToolbar::showHistory()
+{
+    const auto alive = component.lock();
+    if (!alive)
+        return;
+    const auto steps = list_history(*alive, labels, language);
+    const int present = alive->get_undo_range().position;
+    std::vector<popup_item> items;
+    for (const history_step& step : steps)
+        items.push_back({step.name, step.position == present});
+    show_popup(*owner_frame, *history_button, items,
+               [this, steps](std::size_t chosen)
+               {
+                   if (const auto still_alive = component.lock())
+                       still_alive->jump_undo_stack(steps[chosen].position);
+               });
+}
+
+void COVPluginToolbar::load(const listed_preset& entry)
 {
     const auto alive = component.lock();
     if (!alive)
         return;
     std::string reason;
-    if (!load_preset_entry(*alive, presets, entry, reason))
+    if (!load_listed_preset(*alive, presets, entry, reason))
         return tell(*owner_frame, language, entry.name, translated(preset_messages::cannot_load) + reason);
+    labels.remember(*alive, entry.name);
     current = entry;
     preset_is_changed = false;
     show_preset_name();
+}
+
+void COVPluginToolbar::labelStep(const char* name)
+{
+    if (const auto alive = component.lock())
+        labels.remember(*alive, translated(name));
 }
 
 void COVPluginToolbar::savePreset()
@@ -255,7 +287,7 @@ void COVPluginToolbar::save_as(const std::string& name, bool overwrite)
         return tell(*owner_frame, language, name,
                     translated("{en:The preset cannot be saved: }{de:Das Preset kann nicht gesichert werden: }") +
                         reason);
-    current = preset_entry{name, false};
+    current = listed_preset{name, false};
     preset_is_changed = false;
     show_preset_name();
 }
@@ -287,17 +319,48 @@ void COVPluginToolbar::exportLut()
 {
     const std::vector<popup_item> items = {{translated("{en:.cube, 17 points}{de:.cube, 17 Punkte}")},
                                            {translated("{en:.cube, 32 points}{de:.cube, 32 Punkte}")},
-                                           {translated("{en:.3dl, 17 points}{de:.3dl, 17 Punkte}")}};
+                                           {translated("{en:.3dl, 17 points}{de:.3dl, 17 Punkte}")},
+                                           {translated("{en:Copy the grade}{de:Grading kopieren}"), false, true},
+                                           {translated("{en:Paste a grade}{de:Grading einsetzen}")}};
     show_popup(*owner_frame, *export_button, items,
                [this](std::size_t chosen)
-               { export_table(chosen == 1 ? fine_table_points : table_points, chosen == 2); });
+               {
+                   if (chosen < 3)
+                       export_table(chosen == 1 ? fine_table_points : table_points, chosen == 2);
+                   else if (chosen == 3)
+                       copyGrade();
+                   else
+                       pasteGrade();
+               });
+}
+
+void COVPluginToolbar::copyGrade()
+{
+    const auto alive = component.lock();
+    std::string reason;
+    if (alive && !copy_grade(*alive, reason))
+        tell(*owner_frame, language, "Veridial",
+             translated("{en:The grade cannot be copied: }{de:Das Grading kann nicht kopiert werden: }") + reason);
+}
+
+void COVPluginToolbar::pasteGrade()
+{
+    const auto alive = component.lock();
+    std::string reason;
+    if (!alive)
+        return;
+    if (paste_grade(*alive, reason))
+        labelStep("{en:Pasted grade}{de:Eingesetztes Grading}");
+    else
+        tell(*owner_frame, language, "Veridial",
+             translated("{en:There is no grade to paste: }{de:Es gibt kein Grading zum Einsetzen: }") + reason);
 }
 
 void COVPluginToolbar::export_table(unsigned int points, bool as_3dl)
 {
     const editor_question question{"{en:Export as a LUT}{de:Als LUT exportieren}", "{en:File}{de:Datei}",
                                    "{en:Export}{de:Exportieren}"};
-    ask_for_text(*owner_frame, language, question, offered_path(current, as_3dl),
+    ask_for_text(*owner_frame, language, question, offered_path(last_folder, current, as_3dl),
                  [this, points, as_3dl](const std::string& path)
                  {
                      if (!std::filesystem::exists(path))
@@ -326,7 +389,9 @@ void COVPluginToolbar::write_table(const std::string& path, unsigned int points,
         return;
     const std::string creator = alive->get_name();
     const bool written = as_3dl ? table.save_as_3dl(path, creator, "") : table.save_as_cube(path, points, creator, "");
-    if (!written)
+    if (written)
+        last_folder = std::filesystem::path(path).parent_path().string();
+    else
         tell(*owner_frame, language, path,
              "{en:The file cannot be written.}{de:Die Datei kann nicht geschrieben werden.}");
 }
@@ -350,6 +415,7 @@ void COVPluginToolbar::redo()
 void COVPluginToolbar::resetGrade()
 {
     change_grade([](icomponent_v1& c) { c.reset_to_default(); });
+    labelStep("{en:Reset}{de:Zurückgesetzt}");
     current.reset();
     show_preset_name();
 }

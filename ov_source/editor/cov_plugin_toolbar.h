@@ -4,6 +4,7 @@
 #include "editor/cov_button.h"
 #include "editor/cov_rounded_grey_button.h"
 #include "editor/preset_menu.h"
+#include "editor/step_names.h"
 #include "framework/icomponent_v1.h"
 #include "framework/iparameter_change_listener_v1.h"
 #include "framework/window.h"
@@ -31,8 +32,17 @@ public:
 
     /// Without callbacks the buttons step on the component's own history.
     void show_undo_redo_button(bool show, std::function<void()> undo, std::function<void()> redo);
+    /// What the preset button opens; without one it does nothing.
+    void setPresetChooser(std::function<void()> chooser) { preset_chooser = std::move(chooser); }
     void setDiscardAction(std::function<void()> action) { discard = std::move(action); }
     void setWindow(std::weak_ptr<window> window) { opened = std::move(window); }
+
+    /// Where the last table was written, and where the next one is offered to go; empty for the home folder.
+    const std::string& getLastFolder() const { return last_folder; }
+    void setLastFolder(std::string folder) { last_folder = std::move(folder); }
+
+    /// Names the step that was just made, in the history; a localised literal.
+    void labelStep(const char* name);
 
     /// Shows what can be undone and whether the effect is bypassed.
     void idle();
@@ -44,6 +54,9 @@ public:
 
     /// What the buttons do; each asks what it has to ask.
     void choosePreset();
+    void showHistory();
+    void copyGrade();
+    void pasteGrade();
     void savePreset();
     void deletePreset();
     void exportLut();
@@ -54,13 +67,17 @@ public:
     void openManual();
     void closeEditor(bool discard_changes);
 
+    /// All presets and the files that hold them, for choosers. Says so where they cannot be listed.
+    void listPresets(std::vector<listed_preset>& entries, std::vector<std::string>& files);
+    /// Replaces the grade, or says why not.
+    void load(const listed_preset& entry);
+
     /// The preset that was loaded or saved last, for tests.
-    const std::optional<preset_entry>& getCurrentPreset() const { return current; }
+    const std::optional<listed_preset>& getCurrentPreset() const { return current; }
 
 private:
     COVButton* add_button(const char* artwork, const char* tooltip, VSTGUI::CTextButton::Style style, int group);
     void show_preset_name();
-    void load(const preset_entry& entry);
     void save_as(const std::string& name, bool overwrite);
     void export_table(unsigned int points, bool as_3dl);
     void write_table(const std::string& path, unsigned int points, bool as_3dl);
@@ -72,9 +89,12 @@ private:
     std::weak_ptr<window> opened;
     const language_id language;
     preset_manager presets;
-    std::optional<preset_entry> current;
+    std::optional<listed_preset> current;
     bool preset_is_changed = false;
+    step_labels labels;
+    std::string last_folder;
     std::function<void()> discard;
+    std::function<void()> preset_chooser;
     std::function<void()> undo_callback;
     std::function<void()> redo_callback;
     bool shift_is_held = false;
@@ -87,6 +107,7 @@ private:
     COVButton* export_button = nullptr;
     COVButton* undo_button = nullptr;
     COVButton* redo_button = nullptr;
+    COVButton* history_button = nullptr;
     COVButton* reset_button = nullptr;
     COVButton* bypass_button = nullptr;
     COVButton* manual_button = nullptr;

@@ -18,19 +18,6 @@ constexpr std::uint32_t opaque = 0xff000000u;
 /// From here on a picture's pixels show as squares.
 constexpr double least_zoom_of_squares = 2;
 
-void convert_row(const argb_float* from, std::uint32_t* to, std::uint32_t width)
-{
-    // Written so that the compiler does several at once; a NaN fails both comparisons and gives 0.
-    const auto code = [](float v)
-    {
-        const float above = v > 0.f ? v : 0.f;
-        const float limited = above < 1.f ? above : 1.f;
-        return static_cast<std::uint32_t>(static_cast<std::int32_t>(limited * 255.f + 0.5f));
-    };
-    for (std::uint32_t x = 0; x < width; ++x)
-        to[x] = opaque | code(from[x].r) << 16 | code(from[x].g) << 8 | code(from[x].b);
-}
-
 /// What one screen row or column takes of the picture: weights of count neighbours from first on; they add up to
 /// weight_one.
 struct tap_list
@@ -163,6 +150,19 @@ void copy_nearest(const display_picture& picture, const resample_axis& rows, con
 
 } // namespace
 
+void convert_row_to_display(const argb_float* from, std::uint32_t* to, std::size_t count)
+{
+    // Written so that the compiler does several at once; a NaN fails both comparisons and gives 0.
+    const auto code = [](float v)
+    {
+        const float above = v > 0.f ? v : 0.f;
+        const float limited = above < 1.f ? above : 1.f;
+        return static_cast<std::uint32_t>(static_cast<std::int32_t>(limited * 255.f + 0.5f));
+    };
+    for (std::size_t x = 0; x < count; ++x)
+        to[x] = opaque | code(from[x].r) << 16 | code(from[x].g) << 8 | code(from[x].b);
+}
+
 void convert_to_display(const image& frame, display_picture& target)
 {
     const std::uint32_t width = frame.get_width(), height = frame.get_height();
@@ -175,8 +175,8 @@ void convert_to_display(const image& frame, display_picture& target)
         for (std::size_t y = first; y < end; ++y)
         {
             const std::size_t from = upside_down ? height - 1 - y : y;
-            convert_row(reinterpret_cast<const argb_float*>(frame.row(static_cast<std::uint32_t>(from))),
-                        target.pixels.data() + y * width, width);
+            convert_row_to_display(reinterpret_cast<const argb_float*>(frame.row(static_cast<std::uint32_t>(from))),
+                                   target.pixels.data() + y * width, width);
         }
     };
     for_each_picture_piece(width, height, 0, convert_rows);

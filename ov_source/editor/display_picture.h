@@ -9,6 +9,7 @@ namespace ov1
 {
 
 class image;
+struct argb_float;
 
 /// Opaque pixels in rows from the top, without padding; in memory blue, green, red, 255.
 struct display_picture
@@ -26,8 +27,11 @@ inline std::uint8_t red_of(std::uint32_t pixel) { return static_cast<std::uint8_
 inline std::uint8_t green_of(std::uint32_t pixel) { return static_cast<std::uint8_t>(pixel >> 8); }
 inline std::uint8_t blue_of(std::uint32_t pixel) { return static_cast<std::uint8_t>(pixel); }
 
-/// Replaces target by the frame, on all cores. Channels are limited to 0..1 and rounded to the nearest of 256 values, a
-/// NaN gives 0; alpha is ignored. Storage of the same size is used again.
+/// A row of pixels. Channels are limited to 0..1 and rounded to the nearest of 256 values, a NaN gives 0; alpha is
+/// ignored.
+void convert_row_to_display(const argb_float* from, std::uint32_t* to, std::size_t count);
+
+/// Replaces target by the frame, on all cores, row by row as above. Storage of the same size is used again.
 void convert_to_display(const image& frame, display_picture& target);
 
 /// A part of the picture as it looks at one zoom, in screen pixels.

@@ -7,7 +7,7 @@
 namespace ov1
 {
 
-bool list_presets(preset_manager& manager, std::vector<preset_entry>& entries)
+bool list_presets(preset_manager& manager, std::vector<listed_preset>& entries)
 {
     entries.clear();
     std::vector<std::string> own, bundled;
@@ -22,8 +22,8 @@ bool list_presets(preset_manager& manager, std::vector<preset_entry>& entries)
     return readable;
 }
 
-bool load_preset_entry(icomponent_v1& component, preset_manager& manager, const preset_entry& entry,
-                       std::string& reason)
+bool load_listed_preset(icomponent_v1& component, preset_manager& manager, const listed_preset& entry,
+                        std::string& reason)
 {
     component.save_state(true);
     const bool loaded =

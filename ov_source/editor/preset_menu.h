@@ -9,20 +9,20 @@
 namespace ov1
 {
 
-struct preset_entry
+struct listed_preset
 {
     std::string name;
     bool is_bundled = false; ///< comes with the product and cannot be deleted
 
-    bool operator==(const preset_entry&) const = default;
+    bool operator==(const listed_preset&) const = default;
 };
 
 /// The user's own in alphabetical order, then the bundled ones. False where the user's folder cannot be read; the
 /// bundled ones are then listed all the same.
-bool list_presets(preset_manager& manager, std::vector<preset_entry>& entries);
+bool list_presets(preset_manager& manager, std::vector<listed_preset>& entries);
 
 /// Replaces the grade as one undo step; the reason of a failure is one line, and the grade is as it was.
-bool load_preset_entry(icomponent_v1& component, preset_manager& manager, const preset_entry& entry,
-                       std::string& reason);
+bool load_listed_preset(icomponent_v1& component, preset_manager& manager, const listed_preset& entry,
+                        std::string& reason);
 
 } // namespace ov1

@@ -1,5 +1,7 @@
 #include "editor/preview_view.h"
 
+#include "editor/preset_thumbnails.h"
+
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/cgraphicspath.h"
@@ -71,6 +73,13 @@ void preview_view::idle()
     invalid();
 }
 
+void preview_view::showTrial(std::shared_ptr<const row_renderer> renderer)
+{
+    trial.picture = renderer ? grade_picture(before.picture, *renderer) : display_picture{};
+    trial.drawn_zoom = 0;
+    invalid();
+}
+
 void preview_view::setComparison(comparison new_mode)
 {
     if (std::exchange(mode, new_mode) != new_mode)
@@ -114,6 +123,7 @@ bool preview_view::is_on_line(const CPoint& where) const
 
 void preview_view::draw(CDrawContext* context)
 {
+    layer& graded = trial.picture.is_empty() ? after : trial;
     CRect area = picture_area();
     area.bound(getVisibleViewSize());
     if (!area.isEmpty() && !after.picture.is_empty())
@@ -121,20 +131,20 @@ void preview_view::draw(CDrawContext* context)
         switch (mode)
         {
         case comparison::after:
-            draw_layer(context, after, area);
+            draw_layer(context, graded, area);
             break;
         case comparison::before:
             draw_layer(context, before, area);
             break;
         case comparison::split:
-            draw_split(context, area);
+            draw_split(context, graded, area);
             break;
         }
     }
     setDirty(false);
 }
 
-void preview_view::draw_split(CDrawContext* context, const CRect& area)
+void preview_view::draw_split(CDrawContext* context, layer& graded, const CRect& area)
 {
     CRect left = area, right = area;
     left.right = right.left = std::clamp(line_x(), area.left, area.right);
@@ -144,7 +154,7 @@ void preview_view::draw_split(CDrawContext* context, const CRect& area)
     }
     {
         ConcatClip clip(*context, right);
-        draw_layer(context, after, area);
+        draw_layer(context, graded, area);
     }
     draw_line(context);
 }

@@ -3,11 +3,13 @@
 
 #include "editor/cov_scroll_view.h"
 #include "editor/display_picture.h"
+#include "framework/row_renderer.h"
 
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cview.h"
 
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 
@@ -47,6 +49,11 @@ public:
     /// Shows what has arrived.
     void idle();
 
+    /// The frame before the grade; empty until one has come.
+    const display_picture& getBefore() const { return before.picture; }
+    /// Shows the frame through another grade in the graded picture's place; null ends that.
+    void showTrial(std::shared_ptr<const row_renderer> renderer);
+
     void setComparison(comparison mode);
     comparison getComparison() const { return mode; }
     /// Place of the split's line, 0 at the left edge of the picture, 1 at its right.
@@ -85,7 +92,7 @@ private:
     VSTGUI::CRect picture_area() const;
     double line_x() const;
     bool is_on_line(const VSTGUI::CPoint& where) const;
-    void draw_split(VSTGUI::CDrawContext* context, const VSTGUI::CRect& area);
+    void draw_split(VSTGUI::CDrawContext* context, layer& graded, const VSTGUI::CRect& area);
     void draw_layer(VSTGUI::CDrawContext* context, layer& shown, const VSTGUI::CRect& area);
     void render_layer(layer& shown, const VSTGUI::CRect& area, double scale);
     void draw_line(VSTGUI::CDrawContext* context);
@@ -96,6 +103,7 @@ private:
     std::mutex arrival_mutex;
     layer before;
     layer after;
+    layer trial; ///< its picture is empty while there is none
     comparison mode = comparison::after;
     double split = 0.5;
     dragging drag = dragging::nothing;

@@ -5,6 +5,7 @@
 #include "editor/discard_keys.h"
 #include "editor/editor_style.h"
 #include "editor/panel_layout.h"
+#include "editor/preset_browser.h"
 #include "editor/preview_bar.h"
 #include "editor/reset_click.h"
 #include "editor/tooltip_layer.h"
@@ -96,6 +97,22 @@ bool veridial_ui::query_interface(const std::string& name, iobject** out)
     return answer_query(ifc_id, static_cast<cview_v1*>(this), name, out);
 }
 
+rect veridial_ui::get_rect() const
+{
+    const rect suitable = cview_v1::get_rect();
+    int width = 0, height = 0;
+    iutils::get_instance().get_screen_dimensions(nullptr, width, height);
+    const bool fits = memory.window_width > 0 && memory.window_width <= width && memory.window_height <= height;
+    return fits ? rect{0, 0, memory.window_width, memory.window_height} : suitable;
+}
+
+void veridial_ui::remember()
+{
+    memory.split = preview->getSplit();
+    memory.last_folder = toolbar->getLastFolder();
+    keep_editor_memory(memory);
+}
+
 void veridial_ui::init_view()
 {
     CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
@@ -125,6 +142,8 @@ void veridial_ui::build_frame(double width, double height)
     add_preview(width, height);
     add_toolbar(width);
     add_column(width, height);
+    browser = std::make_unique<preset_browser>(*frame, *preview, *toolbar, language_of(get_component().get()));
+    toolbar->setPresetChooser([this] { browser->toggle(column->getViewSize()); });
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
     tooltips = std::make_unique<tooltip_layer>(*frame, tooltip_delay_ms);
 }
@@ -134,6 +153,7 @@ void veridial_ui::add_preview(double width, double height)
     const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
     preview = new COVImagePreview<veridial_ui>(place, get_component());
     preview->setOwner(*this);
+    preview->setSplit(memory.split);
     preview_scroller = new COVScrollView(place, place, preview_scroll_style);
     preview_scroller->setBackgroundColor(kBlackCColor);
     preview_scroller->setScrollbarWidth(scrollbar_width);
@@ -154,6 +174,7 @@ void veridial_ui::add_toolbar(double width)
     toolbar =
         new COVPluginToolbar(to_crect(place_toolbar(static_cast<int>(width))), frame, get_component(), get_window());
     toolbar->setDiscardAction([this] { discard_and_close(); });
+    toolbar->setLastFolder(memory.last_folder);
     register_parameter_change_listener(toolbar);
     toolbar->show_undo_redo_button(true, {}, {});
     frame->addView(toolbar);
@@ -180,6 +201,8 @@ void veridial_ui::resize(int width, int height)
 {
     if (!frame)
         return;
+    memory.window_width = width;
+    memory.window_height = height;
     frame->setSize(width, height);
     lay_out(width / scale, height / scale);
 }
@@ -211,8 +234,12 @@ void veridial_ui::close()
     if (frame)
     {
         if (const auto window = get_window())
+        {
             window->set_resize_listener({});
+            remember();
+        }
         unregister_parameter_change_listener(toolbar);
+        browser.reset();
         tooltips.reset();
         keys.reset();
         controls = {};
@@ -239,6 +266,7 @@ bool veridial_ui::idle()
     {
         preview->idle();
         toolbar->idle();
+        browser->idle();
         tooltips->idle(now_ms());
         frame->idle();
     }
@@ -352,6 +380,8 @@ void veridial_ui::controlEndEdit(CControl* control)
 {
     if (has_parameter_of(*control) || control == controls.inspire)
         end_gesture();
+    if (control == controls.inspire && toolbar)
+        toolbar->labelStep("{en:Random look}{de:Zufälliger Look}");
     cview_v1::controlEndEdit(control);
 }
 

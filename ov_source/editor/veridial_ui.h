@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/cov_image_preview.h"
+#include "editor/editor_memory.h"
 #include "editor/panel_controls.h"
 #include "framework/cview_v1.h"
 #include "framework/preview_sink.h"
@@ -16,6 +17,7 @@ namespace ov1
 
 class cparameter_continuous_v1;
 class COVPluginToolbar;
+class preset_browser;
 class preview_bar;
 class discard_keys;
 class tooltip_layer;
@@ -31,6 +33,8 @@ public:
     ~veridial_ui() override;
 
     bool query_interface(const std::string& name, iobject** out) override;
+    /// The size that the window had last, where it fits the screen; else the one that suits the screen.
+    rect get_rect() const override;
     /// Switches the bypass off, so that closing never leaves the effect bypassed.
     void close() override;
     bool idle() override;
@@ -67,6 +71,7 @@ private:
     void add_column(double width, double height);
     void lay_out(double width, double height);
     void resize(int width, int height);
+    void remember();
     void write_pad(const COVColorWheelXYPad& pad);
     bool show_in_list(cparameter_continuous_v1& parameter);
     bool show_in_pads(cparameter_continuous_v1& parameter);
@@ -75,12 +80,14 @@ private:
 
     const std::chrono::system_clock::time_point created = std::chrono::system_clock::now();
     double scale = 1;
+    editor_memory memory = recall_editor_memory();
     COVImagePreview<veridial_ui>* preview = nullptr;
     COVScrollView* preview_scroller = nullptr;
     VSTGUI::CScrollView* column = nullptr;
     COVPluginToolbar* toolbar = nullptr;
     preview_bar* bar = nullptr;
     panel_controls controls;
+    std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;
     std::unique_ptr<tooltip_layer> tooltips;
 };

@@ -311,6 +311,8 @@ void ccomponent_v1::flush_state_stack() { undo_states.flush(); }
 
 undo_range ccomponent_v1::get_undo_range() const { return undo_states.range(); }
 
+std::vector<std::uint8_t> ccomponent_v1::get_undo_state(int position) const { return undo_states.peek(position); }
+
 void ccomponent_v1::render_pixel(std::size_t, std::size_t, const argb_float&, argb_float&) {}
 
 void ccomponent_v1::render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count)

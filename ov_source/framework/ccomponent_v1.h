@@ -58,6 +58,7 @@ public:
     void begin_restore() override;
     void end_restore() override;
     undo_range get_undo_range() const override;
+    std::vector<std::uint8_t> get_undo_state(int position) const override;
 
     /// Whether a restore scope is open, on any thread.
     bool is_restoring() const { return open_restores > 0; }

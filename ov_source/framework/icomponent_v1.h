@@ -127,6 +127,8 @@ public:
 
     /// What undo, redo and jump may be offered for.
     virtual undo_range get_undo_range() const = 0;
+    /// The state stored at a position of that range; empty where nothing is.
+    virtual std::vector<std::uint8_t> get_undo_state(int position) const = 0;
 };
 
 } // namespace ov1

@@ -51,6 +51,11 @@ std::optional<undo_ring::bytes> undo_ring::jump(int to)
     return move_to(to);
 }
 
+undo_ring::bytes undo_ring::peek(int at) const
+{
+    return at < oldest_intact || at > top ? bytes() : slots[at & slot_mask];
+}
+
 void undo_ring::flush()
 {
     top = depth = position = oldest_intact = 0;

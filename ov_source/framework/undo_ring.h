@@ -39,6 +39,9 @@ public:
     [[nodiscard]] std::optional<bytes> step_forward();
     [[nodiscard]] std::optional<bytes> jump(int to);
 
+    /// What is stored at a position of range(); empty where nothing is, and for other positions.
+    bytes peek(int at) const;
+
     /// Back to position 0 with slot 0 empty.
     void flush();
 

@@ -1,0 +1,39 @@
+// Opens the preset panel over the column of controls, shows what it hovers over, and loads what is chosen.
+#pragma once
+
+#include "editor/cov_plugin_toolbar.h"
+#include "editor/preset_panel.h"
+#include "editor/preview_view.h"
+
+namespace ov1
+{
+
+/// Belongs to one editor; frame, preview and toolbar outlive it.
+class preset_browser
+{
+public:
+    preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language);
+    ~preset_browser();
+    preset_browser(const preset_browser&) = delete;
+    preset_browser& operator=(const preset_browser&) = delete;
+
+    /// Opens the panel at a place of the frame, or closes it.
+    void toggle(const VSTGUI::CRect& place);
+    void close();
+    bool isOpen() const { return panel != nullptr; }
+    void idle();
+    /// Null while closed.
+    preset_panel* getPanel() const { return panel; }
+
+private:
+    void open(const VSTGUI::CRect& place);
+
+    VSTGUI::CFrame& frame;
+    preview_view& preview;
+    COVPluginToolbar& toolbar;
+    const language_id language;
+    preset_panel* panel = nullptr;        ///< owned by the frame
+    std::optional<listed_preset> to_load; ///< chosen in an event of the panel's, which must not end within it
+};
+
+} // namespace ov1
