@@ -1,7 +1,7 @@
 // Compiled once for every instruction set: foreach_target.h includes this file again for each.
 #include "effect/build_kernel.h"
 
-#include "effect/highway_targets.h" // before Highway
+#include "platform/highway_targets.h" // before Highway
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "effect/build_kernel.cpp"

@@ -1,6 +1,6 @@
 #include "effect/instruction_sets.h"
 
-#include "effect/highway_targets.h" // before Highway
+#include "platform/highway_targets.h" // before Highway
 
 #include <hwy/highway.h>
 

@@ -31,6 +31,11 @@ public:
         table.render_row_half(in, out, count);
     }
 
+    void render_row_planes(std::size_t, const rgb_planes<float>& row, std::size_t count) const override
+    {
+        table.render_row_planes({row.r, row.g, row.b}, row, count);
+    }
+
     const lut_argb<lut_edge>& get_table() const { return table.get_table(); }
     bool is_built_from(const grade_settings& settings) const { return built_from && built_from->same_bytes(settings); }
 

@@ -7,6 +7,7 @@
 
 #include "effect/lut_argb.h"
 #include "shared/half_float.h"
+#include "shared/rgb_planes.h"
 
 #include <cstddef>
 
@@ -28,15 +29,6 @@ struct render_lines
     const lut_argb<lut_edge>* table;
 
     constexpr std::size_t floats_per_point() const { return with_deltas ? 2 * floats_per_line : floats_per_line; }
-};
-
-/// Three rows, one for each colour channel.
-template <class sample>
-struct rgb_planes
-{
-    sample* r;
-    sample* g;
-    sample* b;
 };
 
 namespace row_kernel

@@ -31,4 +31,18 @@ void row_renderer::render_row_half(std::size_t y, const half_bits* in, half_bits
             *out++ = float_to_half(value);
 }
 
+void row_renderer::render_row_planes(std::size_t y, const rgb_planes<float>& row, std::size_t count) const
+{
+    std::vector<argb_float> pixels(count);
+    for (std::size_t x = 0; x < count; ++x)
+        pixels[x] = {1.0f, row.r[x], row.g[x], row.b[x]};
+    render_row(y, pixels.data(), pixels.data(), count);
+    for (std::size_t x = 0; x < count; ++x)
+    {
+        row.r[x] = pixels[x].r;
+        row.g[x] = pixels[x].g;
+        row.b[x] = pixels[x].b;
+    }
+}
+
 } // namespace ov1
