@@ -150,12 +150,6 @@ std::string limited_warning(std::uint64_t count, const still_info& info)
 
 } // namespace
 
-void run_in_turn(std::size_t pieces, const std::function<void(std::size_t piece)>& work)
-{
-    for (std::size_t piece = 0; piece < pieces; ++piece)
-        work(piece);
-}
-
 grade_report grade_still(const still_reader& source, still_writer& target, const row_grade& grade,
                          transfer_choice choice, const piece_runner& run)
 {

@@ -1,6 +1,7 @@
 // The road of a still picture: stored rows, display-referred code values, the grade, and back.
 #pragma once
 
+#include "media/piece_runner.h"
 #include "media/still_reader.h"
 #include "media/still_writer.h"
 
@@ -15,12 +16,6 @@ namespace ov1::media
 
 /// Grades one row: display-referred code values in 0..1, straight. The alpha of out is ignored. The two rows are apart.
 using row_grade = std::function<void(std::size_t y, const argb_float* in, argb_float* out, std::size_t count)>;
-
-/// Calls the work once for each piece 0..pieces-1, in any order and on any threads, and returns when all are done.
-using piece_runner = std::function<void(std::size_t pieces, const std::function<void(std::size_t piece)>& work)>;
-
-/// One piece after the other, on the caller's thread.
-void run_in_turn(std::size_t pieces, const std::function<void(std::size_t piece)>& work);
 
 struct grade_report
 {
