@@ -7,6 +7,8 @@
 #include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
+#include "media/input_kind.h"
+#include "standalone/clip_report.h"
 #include "standalone/effect_instance.h"
 #include "standalone/picture_job.h"
 
@@ -28,28 +30,42 @@ constexpr std::array<choice<media::depth>, 6> depths{{{"8", media::depth::u8},
                                                       {"16", media::depth::u16},
                                                       {"half", media::depth::half},
                                                       {"float", media::depth::full_float}}};
+constexpr std::array<choice<media::range_choice>, 3> ranges{{{"auto", media::range_choice::automatic},
+                                                             {"full", media::range_choice::full},
+                                                             {"limited", media::range_choice::limited}}};
+constexpr std::array<choice<media::matrix_choice>, 4> matrices{{{"auto", media::matrix_choice::automatic},
+                                                                {"601", media::matrix_choice::bt601},
+                                                                {"709", media::matrix_choice::bt709},
+                                                                {"2020", media::matrix_choice::bt2020}}};
 
 struct grade_command
 {
     grade_request grade;
     run_options run;
     std::vector<std::string> inputs;
-    std::optional<std::string> output, transfer, depth, quality, pixel_format;
+    std::optional<std::string> output, transfer, depth, quality, pixel_format, codec, range, matrix;
     media::write_request format;
+    media::clip_request clip;
 };
 
 void declare(argument_parser& parser, grade_command& command)
 {
-    parser.positionals("INPUT", command.inputs, "pictures: PNG, JPEG, TIFF, EXR, DPX and what else can be read");
+    parser.positionals("INPUT", command.inputs,
+                       "pictures and clips: PNG, JPEG, TIFF, EXR, DPX, MOV, MP4, MKV and what else can be read");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "OUT|DIR", "the graded picture, or the folder for several");
+    parser.text("-o,--output", command.output, "OUT|DIR", "the graded picture or clip, or the folder for several");
+    parser.text("--codec", command.codec, "NAME",
+                "of a clip, its own unless asked: h264, hevc, av1, vp9, prores[_hq ..], dnxhr[_hqx ..], ffv1, ..");
     parser.text("--depth", command.depth, choice_names(depths), "bits per sample, the source's unless asked");
-    parser.text("--quality", command.quality, "N", "of a JPEG, 1 to 100, 95 unless asked");
+    parser.text("--quality", command.quality, "N",
+                "1 to 100; of a JPEG (95 unless asked) or of a clip's codec that has one");
     parser.text("--pix-fmt", command.pixel_format, "F", "libav's name of the pixel format");
     parser.group("Input");
     parser.text("--transfer", command.transfer, choice_names(transfers),
                 "how code values relate to light; auto: linear for EXR and what is tagged so");
+    parser.text("--range", command.range, choice_names(ranges), "of a clip's codes, in place of its tag");
+    parser.text("--matrix", command.matrix, choice_names(matrices), "of a clip's luma and chroma, in place of its tag");
     add_run_options(parser, command.run);
 }
 
@@ -64,11 +80,15 @@ bool settle(grade_command& command, console& out, std::vector<problem>& problems
         sound = sound && read;
     };
     if (command.inputs.empty())
-        keep(false, {exit_code::usage, "INPUT", "is missing", "name at least one picture"});
+        keep(false, {exit_code::usage, "INPUT", "is missing", "name at least one picture or clip"});
     if (!command.output)
         keep(false, {exit_code::usage, "-o", "is missing", "it names the file or folder to write"});
     if (problem why{exit_code::usage, "--transfer", {}, {}}; command.transfer)
         keep(read_choice(*command.transfer, transfers, command.format.transfer, why), why);
+    if (problem why{exit_code::usage, "--range", {}, {}}; command.range)
+        keep(read_choice(*command.range, ranges, command.clip.range, why), why);
+    if (problem why{exit_code::usage, "--matrix", {}, {}}; command.matrix)
+        keep(read_choice(*command.matrix, matrices, command.clip.matrix, why), why);
     media::depth depth{};
     if (problem why{exit_code::usage, "--depth", {}, {}}; command.depth)
     {
@@ -82,6 +102,11 @@ bool settle(grade_command& command, console& out, std::vector<problem>& problems
         command.format.quality = quality;
     }
     command.format.pixel_format = command.pixel_format.value_or("");
+    command.clip.codec = command.codec.value_or("");
+    command.clip.depth = command.format.depth;
+    command.clip.quality = command.format.quality;
+    command.clip.pixel_format = command.format.pixel_format;
+    command.clip.threads = static_cast<unsigned int>(command.run.threads);
     return sound;
 }
 
@@ -126,20 +151,57 @@ void tell(const output_job& job, const picture_result& result, const grade_comma
         out.note("wrote " + job.output + ": " + size_text(result.written));
 }
 
-exit_code run_jobs(const output_plan& plan, const grade_command& command, const picture_settings& settings,
-                   console& out)
+/// One input after the other, whatever it is.
+class job_runner
+{
+public:
+    job_runner(const grade_command& command, const std::shared_ptr<const row_renderer>& renderer, console& out)
+        : command(command)
+        , out(out)
+    {
+        const auto threads = static_cast<unsigned int>(command.run.threads);
+        picture = {renderer, command.format, command.run.overwrite, command.run.dry_run, threads};
+        clip = {{},      command.clip,         command.run.overwrite,     command.run.dry_run,
+                threads, command.run.progress, isatty(STDERR_FILENO) != 0};
+        if (renderer != nullptr)
+            clip.grade = [renderer](std::size_t y, const rgb_planes<float>& row, std::size_t count)
+            { renderer->render_row_planes(y, row, count); };
+    }
+
+    exit_code run(const output_job& job, json_text& json)
+    {
+        if (!job.skipped && media::input_kind_of(job.input) == media::input_kind::clip)
+        {
+            const clip_result result = grade_clip_file(job, clip, out);
+            tell_clip(job, result, command.run.dry_run, command.run.json, out);
+            add_clip_json(json, job, result);
+            return result.code;
+        }
+        const picture_result result = job.skipped ? picture_result{} : grade_picture(job, picture);
+        tell(job, result, command, out);
+        add_json(json, job, result, command.run.dry_run);
+        return result.code;
+    }
+
+private:
+    const grade_command& command;
+    console& out;
+    picture_settings picture;
+    clip_settings clip;
+};
+
+exit_code run_jobs(const output_plan& plan, const grade_command& command,
+                   const std::shared_ptr<const row_renderer>& renderer, console& out)
 {
     progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.jobs.size());
+    job_runner runner(command, renderer, out);
     std::vector<exit_code> outcomes;
     json_text json;
     json.begin_array();
     for (const output_job& job : plan.jobs)
     {
-        const picture_result result = job.skipped ? picture_result{} : grade_picture(job, settings);
-        tell(job, result, command, out);
-        add_json(json, job, result, command.run.dry_run);
-        bar.step(job.input, result.code == exit_code::done);
-        outcomes.push_back(result.code);
+        outcomes.push_back(runner.run(job, json));
+        bar.step(job.input, outcomes.back() == exit_code::done);
     }
     if (command.run.json)
         out.result(json.end().text() + '\n');
@@ -151,7 +213,7 @@ exit_code run_jobs(const output_plan& plan, const grade_command& command, const 
 exit_code run_grade(std::span<const std::string> arguments, console& out)
 {
     grade_command command;
-    argument_parser parser("veridial grade", "Sends pictures through a grade.",
+    argument_parser parser("veridial grade", "Sends pictures and clips through a grade.",
                            "  veridial grade photo.jpg -s \"Shadows Hue=220\" -s \"Shadows Chroma=40\" -o out.png\n"
                            "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n");
     declare(parser, command);
@@ -173,10 +235,7 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
         out.error(why);
         return why.code;
     }
-    const picture_settings settings{effect.get().get_bypass() ? nullptr : effect.get_renderer(), command.format,
-                                    command.run.overwrite, command.run.dry_run,
-                                    static_cast<unsigned int>(command.run.threads)};
-    return run_jobs(plan, command, settings, out);
+    return run_jobs(plan, command, effect.get().get_bypass() ? nullptr : effect.get_renderer(), out);
 }
 
 } // namespace ov1

@@ -6,6 +6,7 @@ extern "C"
 }
 
 #include <array>
+#include <atomic>
 #include <cstdarg>
 #include <cstdio>
 #include <mutex>
@@ -23,16 +24,52 @@ struct collector
 };
 thread_local collector messages;
 
-/// libav's callback: every message of the process arrives here, on the thread that reports it.
-void collect(void*, int level, const char* format, va_list values)
+/// What decoders report on their own threads.
+struct decoder_reports
 {
-    if (level > AV_LOG_ERROR || !messages.active || !messages.first.empty())
+    std::mutex mutex;
+    std::string last;
+    std::atomic<std::uint64_t> count = 0;
+};
+
+decoder_reports& reports()
+{
+    static decoder_reports all;
+    return all;
+}
+
+std::string without_end(std::string text)
+{
+    const std::size_t last = text.find_last_not_of(" .\r\n");
+    text.resize(last == std::string::npos ? 0 : last + 1);
+    return text;
+}
+
+bool is_decoder(void* reporter)
+{
+    if (reporter == nullptr || *static_cast<const AVClass**>(reporter) != avcodec_get_class())
+        return false;
+    const AVCodec* codec = static_cast<const AVCodecContext*>(reporter)->codec;
+    return codec != nullptr && av_codec_is_decoder(codec) != 0;
+}
+
+/// libav's callback: every message of the process arrives here, on the thread that reports it.
+void collect(void* reporter, int level, const char* format, va_list values)
+{
+    const bool is_collected = messages.active && messages.first.empty();
+    if (level > AV_LOG_ERROR || (!is_collected && !is_decoder(reporter)))
         return;
-    std::array<char, 512> text{};
-    std::vsnprintf(text.data(), text.size(), format, values);
-    messages.first = text.data();
-    const std::size_t last = messages.first.find_last_not_of(" .\r\n");
-    messages.first.resize(last == std::string::npos ? 0 : last + 1);
+    std::array<char, 512> buffer{};
+    std::vsnprintf(buffer.data(), buffer.size(), format, values);
+    const std::string text = without_end(buffer.data());
+    if (is_collected)
+        messages.first = text;
+    if (is_decoder(reporter))
+    {
+        const std::scoped_lock lock(reports().mutex);
+        reports().last = text;
+        ++reports().count;
+    }
 }
 
 } // namespace
@@ -55,6 +92,14 @@ std::string libav_messages::reason(int error_code) const
     std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
     av_strerror(error_code, text.data(), text.size());
     return text.data();
+}
+
+std::uint64_t decoder_report_count() { return reports().count; }
+
+std::string last_decoder_report()
+{
+    const std::scoped_lock lock(reports().mutex);
+    return reports().last;
 }
 
 } // namespace ov1::media

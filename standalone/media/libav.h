@@ -4,9 +4,11 @@
 extern "C"
 {
 #include <libavcodec/avcodec.h>
+#include <libavutil/dict.h>
 #include <libavutil/mem.h>
 }
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -28,6 +30,29 @@ using frame_ptr = std::unique_ptr<AVFrame, libav_deleter>;
 using packet_ptr = std::unique_ptr<AVPacket, libav_deleter>;
 using codec_ptr = std::unique_ptr<AVCodecContext, libav_deleter>;
 
+/// Owns a dictionary of options.
+struct dictionary
+{
+    AVDictionary* entries = nullptr;
+
+    dictionary() = default;
+    ~dictionary() { av_dict_free(&entries); }
+    dictionary(const dictionary&) = delete;
+    dictionary& operator=(const dictionary&) = delete;
+
+    void set(const std::string& name, const std::string& value)
+    {
+        av_dict_set(&entries, name.c_str(), value.c_str(), 0);
+    }
+
+    /// The first option that nobody has taken; empty if all were.
+    std::string first_left() const
+    {
+        const AVDictionaryEntry* left = av_dict_get(entries, "", nullptr, AV_DICT_IGNORE_SUFFIX);
+        return left != nullptr ? left->key : "";
+    }
+};
+
 /// Collects what libav reports on this thread while it lives; from the first one on, libav prints nothing any more.
 /// One at a time on a thread.
 class libav_messages
@@ -44,5 +69,9 @@ public:
     /// The first error message, one line without a full stop; else the text of the error code.
     std::string reason(int error_code) const;
 };
+
+/// How often decoders have reported an error since the program began, on whatever thread; and what was said last.
+std::uint64_t decoder_report_count();
+std::string last_decoder_report();
 
 } // namespace ov1::media

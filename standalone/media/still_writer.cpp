@@ -27,17 +27,6 @@ bool fail(error& why, error_kind kind, std::string reason, std::string hint = {}
     return false;
 }
 
-struct dictionary
-{
-    AVDictionary* entries = nullptr;
-
-    ~dictionary() { av_dict_free(&entries); }
-    void set(const std::string& name, const std::string& value)
-    {
-        av_dict_set(&entries, name.c_str(), value.c_str(), 0);
-    }
-};
-
 alpha_kind alpha_in(still_format format, const still_info& source)
 {
     switch (format)
@@ -156,9 +145,8 @@ void set_options(dictionary& options, const still_info& info, const write_reques
     if (const int result = avcodec_open2(context.get(), codec, &options.entries); result < 0)
         return fail(why, error_kind::cannot_write,
                     info.format_name + " could not be encoded: " + messages.reason(result));
-    if (const AVDictionaryEntry* unused = av_dict_get(options.entries, "", nullptr, AV_DICT_IGNORE_SUFFIX))
-        return fail(why, error_kind::unsupported,
-                    info.format_name + " has no option named " + std::string(unused->key));
+    if (const std::string left = options.first_left(); !left.empty())
+        return fail(why, error_kind::unsupported, info.format_name + " has no option named " + left);
     return true;
 }
 

@@ -1,0 +1,37 @@
+// Bytes on their way from a muxer into an open file.
+#pragma once
+
+extern "C"
+{
+#include <libavformat/avio.h>
+}
+
+#include <memory>
+#include <string>
+
+namespace ov1::media
+{
+
+class file_sink
+{
+public:
+    /// Does not own the descriptor. What cannot be sought in is written straight on.
+    explicit file_sink(int descriptor);
+    ~file_sink();
+    file_sink(const file_sink&) = delete;
+    file_sink& operator=(const file_sink&) = delete;
+
+    AVIOContext* get() { return context; }
+    /// Why bytes could not be written; empty if all were.
+    std::string reason() const;
+
+private:
+    static int write(void* self, const std::uint8_t* bytes, int count);
+    static std::int64_t seek(void* self, std::int64_t offset, int whence);
+
+    int descriptor;
+    int error_number = 0;
+    AVIOContext* context = nullptr;
+};
+
+} // namespace ov1::media
