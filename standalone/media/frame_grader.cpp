@@ -15,8 +15,9 @@ namespace ov1::media
 namespace
 {
 
-constexpr std::size_t strip_rows = 32; ///< a multiple of the pixels that share a chroma sample
-constexpr std::size_t kept_rows = 8;   ///< of chroma, until a row of samples can be made of them
+constexpr std::size_t strip_rows = 32;    ///< a multiple of the pixels that share a chroma sample
+constexpr std::size_t block_pixels = 512; ///< of a row, which the first cache holds as floats; a multiple of 4
+constexpr std::size_t kept_rows = 8;      ///< of chroma, until a row of samples can be made of them
 using sample_kernel::margin;
 
 /// A frame, or one of its fields.
@@ -106,24 +107,35 @@ public:
     {
     }
 
-    void read(const picture_view& view, const component_form& form, std::size_t y, std::size_t count, float* out)
+    /// Count samples from x on, a row's own or out of it.
+    void read(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
+              float* out)
     {
-        const std::uint8_t* const row = view.row(form.layout.plane, y) + form.layout.offset;
+        const std::uint8_t* const row = place_of(view, form.layout, x, y);
         if (form.layout.is_float)
             return each_code(form.layout, row, count,
                              [=](std::size_t i, std::uint32_t code) { out[i] = std::bit_cast<float>(code); });
         if (form.is_plain() && form.layout.bytes == 1)
             return sample_kernel::widen(row, count, form.range, out);
-        if (form.is_plain())
-            return sample_kernel::widen(reinterpret_cast<const std::uint16_t*>(row), count, form.range, out);
-        each_code(form.layout, row, count,
-                  [this](std::size_t i, std::uint32_t code) { codes[i] = static_cast<std::uint16_t>(code); });
-        sample_kernel::widen(codes.data(), count, form.range, out);
+        sample_kernel::widen(wide_codes(view, form, x, y, count), count, form.range, out);
     }
 
-    void write(const picture_view& view, const component_form& form, std::size_t y, std::size_t count, const float* in)
+    /// Codes of two bytes one behind the other.
+    const std::uint16_t* wide_codes(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
+                                    std::size_t count)
     {
-        std::uint8_t* const row = view.row(form.layout.plane, y) + form.layout.offset;
+        const std::uint8_t* const row = place_of(view, form.layout, x, y);
+        if (form.is_plain() && form.layout.bytes == 2)
+            return reinterpret_cast<const std::uint16_t*>(row);
+        each_code(form.layout, row, count,
+                  [this](std::size_t i, std::uint32_t code) { codes[i] = static_cast<std::uint16_t>(code); });
+        return codes.data();
+    }
+
+    void write(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
+               const float* in)
+    {
+        std::uint8_t* const row = place_of(view, form.layout, x, y);
         if (form.layout.is_float)
             return each_place(form.layout, row, count,
                               [&](std::size_t i, std::uint8_t* to)
@@ -133,9 +145,19 @@ public:
                               });
         if (form.is_plain() && form.layout.bytes == 1)
             return sample_kernel::narrow(in, count, form.range, row);
-        if (form.is_plain())
-            return sample_kernel::narrow(in, count, form.range, reinterpret_cast<std::uint16_t*>(row));
-        sample_kernel::narrow(in, count, form.range, codes.data());
+        write_wide(view, form, x, y, count,
+                   [&](std::uint16_t* to) { sample_kernel::narrow(in, count, form.range, to); });
+    }
+
+    /// Has codes of two bytes made one behind the other, and puts them where they belong.
+    template <typename function>
+    void write_wide(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
+                    std::size_t count, const function& make)
+    {
+        std::uint8_t* const row = place_of(view, form.layout, x, y);
+        if (form.is_plain() && form.layout.bytes == 2)
+            return make(reinterpret_cast<std::uint16_t*>(row));
+        make(codes.data());
         each_place(form.layout, row, count,
                    [&](std::size_t i, std::uint8_t* to)
                    {
@@ -145,6 +167,14 @@ public:
                        else
                            store(to, form.layout.swap ? swapped(code) : code);
                    });
+    }
+
+    /// A row to write codes to that are not wanted.
+    std::uint16_t* spare() { return codes.data(); }
+
+    static std::uint8_t* place_of(const picture_view& view, const sample_layout& layout, std::size_t x, std::size_t y)
+    {
+        return view.row(layout.plane, y) + x * static_cast<std::size_t>(layout.step) + layout.offset;
     }
 
 private:
@@ -196,118 +226,145 @@ public:
         std::size_t sample = first >> to.down.log2;
         for (std::size_t y = begin; y < until; ++y)
         {
-            load(y);
-            if (how)
-                how(y, planes(), in.width);
             const bool is_own = y >= first && y < end;
+            if (from.family == colour_family::ycbcr && shares_chroma(from))
+                load_samples(y);
+            for (std::size_t x = 0; x < in.width; x += block_pixels)
+                carry_block(x, y, std::min(block_pixels, in.width - x), is_own);
             if (is_own)
                 carry_alpha(y);
-            if (to.family != colour_family::ycbcr)
-            {
-                store_colours(y);
+            if (to.family != colour_family::ycbcr || !shares_chroma(to))
                 continue;
-            }
-            store_ycbcr(y, is_own);
-            if (shares_chroma(to))
-                for (; sample < samples_end && last_row_of(sample) <= y; ++sample)
-                    store_chroma(sample);
+            chroma_rows& row = kept[y % kept.size()];
+            gather(blue, row.cb);
+            gather(red, row.cr);
+            for (; sample < samples_end && last_row_of(sample) <= y; ++sample)
+                store_chroma(sample);
         }
     }
 
 private:
     static bool shares_chroma(const frame_form& form) { return form.across.log2 != 0 || form.down.log2 != 0; }
 
-    rgb_planes<float> planes() { return {red.get(), green.get(), blue.get()}; }
+    rgb_planes<float> planes(std::size_t x) { return {red.get() + x, green.get() + x, blue.get() + x}; }
 
-    void load(std::size_t y)
+    void carry_block(std::size_t x, std::size_t y, std::size_t count, bool is_own)
     {
-        access.read(in, from.components[0], y, in.width, from.family == colour_family::rgb ? red.get() : green.get());
-        if (from.family == colour_family::gray)
-        {
-            std::copy_n(green.get(), in.width, red.get());
-            std::copy_n(green.get(), in.width, blue.get());
-        }
-        else if (from.family == colour_family::rgb)
-        {
-            access.read(in, from.components[1], y, in.width, green.get());
-            access.read(in, from.components[2], y, in.width, blue.get());
-        }
-        else
-        {
-            load_chroma(y);
-            sample_kernel::to_rgb(planes(), in.width, from.weights);
-        }
+        const rgb_planes<float> block = planes(x);
+        load(x, y, count, block);
+        if (how)
+            how(y, block, count);
+        if (to.family == colour_family::ycbcr)
+            store_ycbcr(x, y, count, block, is_own);
+        else if (is_own)
+            store_colours(x, y, count, block);
     }
 
-    void load_chroma(std::size_t y)
+    void load(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
     {
-        if (!shares_chroma(from))
+        const component_form& first = from.components[0];
+        if (from.family == colour_family::ycbcr)
+            return load_ycbcr(x, y, count, block);
+        access.read(in, first, x, y, count, block.r);
+        if (from.family == colour_family::gray)
         {
-            access.read(in, from.components[1], y, in.width, blue.get());
-            access.read(in, from.components[2], y, in.width, red.get());
+            std::copy_n(block.r, count, block.g);
+            std::copy_n(block.r, count, block.b);
             return;
         }
-        const chroma_source source = chroma_at(from.down, y, in.chroma_height);
-        if (!loaded || *loaded != source.sample || loaded_next != source.with_next)
+        access.read(in, from.components[1], x, y, count, block.g);
+        access.read(in, from.components[2], x, y, count, block.b);
+    }
+
+    void load_ycbcr(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
+    {
+        const component_form& luma = from.components[0];
+        if (from.across.log2 == 1)
         {
-            load_samples(source, from.components[1], sampled.cb, next.cb);
-            load_samples(source, from.components[2], sampled.cr, next.cr);
-            loaded = source.sample;
-            loaded_next = source.with_next;
+            const float *cb = sampled.cb.get() + x / 2, *cr = sampled.cr.get() + x / 2;
+            if (luma.is_plain() && luma.layout.bytes == 1)
+                sample_kernel::shared_to_rgb({component_access::place_of(in, luma.layout, x, y), cb, cr}, count,
+                                             luma.range, from.across, from.weights, block);
+            else
+                sample_kernel::shared_to_rgb({access.wide_codes(in, luma, x, y, count), cb, cr}, count, luma.range,
+                                             from.across, from.weights, block);
+            return;
         }
-        spread(sampled.cb, blue);
-        spread(sampled.cr, red);
+        access.read(in, luma, x, y, count, block.g);
+        if (!shares_chroma(from))
+        {
+            access.read(in, from.components[1], x, y, count, block.b);
+            access.read(in, from.components[2], x, y, count, block.r);
+        }
+        else
+            for (std::size_t i = 0; i < count; ++i)
+            {
+                block.b[i] = sampled.cb.get()[(x + i) >> from.across.log2];
+                block.r[i] = sampled.cr.get()[(x + i) >> from.across.log2];
+            }
+        sample_kernel::to_rgb(block, count, from.weights);
+    }
+
+    /// The chroma samples of a row of pixels.
+    void load_samples(std::size_t y)
+    {
+        const chroma_source source = chroma_at(from.down, y, in.chroma_height);
+        if (loaded && *loaded == source)
+            return;
+        load_samples(source, from.components[1], sampled.cb, next.cb);
+        load_samples(source, from.components[2], sampled.cr, next.cr);
+        loaded = source;
     }
 
     void load_samples(const chroma_source& source, const component_form& form, float_row& row, float_row& next_row)
     {
         const std::size_t count = from.across.samples(in.width);
-        access.read(in, form, source.sample, count, row.get());
+        access.read(in, form, 0, source.sample, count, row.get());
         if (source.with_next)
         {
-            access.read(in, form, source.sample + 1, count, next_row.get());
+            access.read(in, form, 0, source.sample + 1, count, next_row.get());
             sample_kernel::halve(row.get(), next_row.get(), count, row.get());
         }
         row.extend(count);
     }
 
-    void spread(float_row& samples, float_row& pixels)
-    {
-        if (from.across.log2 == 1)
-            return sample_kernel::spread(samples.get(), in.width, from.across, pixels.get());
-        for (std::size_t x = 0; x < in.width; ++x)
-            pixels.get()[x] = samples.get()[x >> from.across.log2];
-    }
-
-    void store_colours(std::size_t y)
+    void store_colours(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
     {
         if (to.family == colour_family::rgb)
         {
-            access.write(out, to.components[0], y, in.width, red.get());
-            access.write(out, to.components[1], y, in.width, green.get());
-            access.write(out, to.components[2], y, in.width, blue.get());
+            access.write(out, to.components[0], x, y, count, block.r);
+            access.write(out, to.components[1], x, y, count, block.g);
+            access.write(out, to.components[2], x, y, count, block.b);
             return;
         }
-        sample_kernel::to_ycbcr(planes(), in.width, weights_of(ycbcr_matrix::bt709));
-        access.write(out, to.components[0], y, in.width, green.get());
+        store_luma(x, y, count, block, weights_of(ycbcr_matrix::bt709));
     }
 
-    void store_ycbcr(std::size_t y, bool is_own)
+    void store_ycbcr(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block, bool is_own)
     {
-        sample_kernel::to_ycbcr(planes(), in.width, to.weights);
+        // Rows of other strips are needed for their chroma alone: their luma goes where nobody reads it.
         if (is_own)
-            access.write(out, to.components[0], y, in.width, green.get());
-        if (shares_chroma(to))
-        {
-            chroma_rows& rows = kept[y % kept.size()];
-            gather(blue, rows.cb);
-            gather(red, rows.cr);
-        }
+            store_luma(x, y, count, block, to.weights);
         else
-        {
-            access.write(out, to.components[1], y, in.width, blue.get());
-            access.write(out, to.components[2], y, in.width, red.get());
-        }
+            sample_kernel::to_ycbcr(block, count, to.weights, to.components[0].range, access.spare());
+        if (shares_chroma(to))
+            return;
+        access.write(out, to.components[1], x, y, count, block.b);
+        access.write(out, to.components[2], x, y, count, block.r);
+    }
+
+    /// Leaves Cb in b and Cr in r.
+    void store_luma(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block,
+                    const ycbcr_weights& weights)
+    {
+        const component_form& luma = to.components[0];
+        if (luma.is_plain() && luma.layout.bytes == 1)
+            sample_kernel::to_ycbcr(block, count, weights, luma.range,
+                                    component_access::place_of(out, luma.layout, x, y));
+        else
+            access.write_wide(out, luma, x, y, count,
+                              [&](std::uint16_t* codes)
+                              { sample_kernel::to_ycbcr(block, count, weights, luma.range, codes); });
     }
 
     void gather(float_row& pixels, float_row& samples)
@@ -369,7 +426,7 @@ private:
             sample_kernel::mix(sources.data(), weights, rows.size(), width, (next.*part).get());
             result = (next.*part).get();
         }
-        access.write(out, form, sample, width, result);
+        access.write(out, form, 0, sample, width, result);
     }
 
     void carry_alpha(std::size_t y)
@@ -377,10 +434,10 @@ private:
         if (!to.has_alpha)
             return;
         if (from.has_alpha)
-            access.read(in, from.alpha(), y, in.width, next.cb.get());
+            access.read(in, from.alpha(), 0, y, in.width, next.cb.get());
         else
             std::fill_n(next.cb.get(), in.width, 1.0f);
-        access.write(out, to.alpha(), y, in.width, next.cb.get());
+        access.write(out, to.alpha(), 0, y, in.width, next.cb.get());
     }
 
     const frame_form& from;
@@ -391,9 +448,8 @@ private:
     component_access access;
     float_row red, green, blue; ///< or Cr, Y and Cb
     chroma_rows sampled, next;
-    std::optional<std::size_t> loaded; ///< which samples are in `sampled`
-    bool loaded_next = false;
-    std::vector<chroma_rows> kept; ///< row y at y modulo their number
+    std::optional<chroma_source> loaded; ///< which samples are in `sampled`
+    std::vector<chroma_rows> kept;       ///< row y at y modulo their number
 };
 
 } // namespace

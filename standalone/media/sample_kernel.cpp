@@ -19,7 +19,7 @@ namespace HWY_NAMESPACE
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-using floats = hn::CappedTag<float, 16>;
+using floats = hn::CappedTag<float, 8>;
 using vector = hn::Vec<floats>;
 constexpr std::size_t lanes = hn::MaxLanes(floats());
 
@@ -106,51 +106,92 @@ void narrow_16(const float* values, std::size_t count, const code_range& range, 
     narrow_here(values, count, range, codes);
 }
 
-/// Pairs of pixels, each from the samples that first and second give.
-template <class function>
-HWY_INLINE void write_pairs(std::size_t pixels, float* values, const function& pair)
+/// Two vectors of one row from its even and its odd members.
+HWY_INLINE void interleave(vector even, vector odd, vector& first, vector& second)
+{
+#if HWY_TARGET == HWY_SCALAR
+    first = even;
+    second = odd;
+#else
+    const floats d;
+    const auto lower = hn::InterleaveLower(d, even, odd), upper = hn::InterleaveUpper(d, even, odd);
+#if HWY_MAX_BYTES >= 32 && HWY_TARGET != HWY_EMU128
+    first = hn::ConcatLowerLower(d, upper, lower);
+    second = hn::ConcatUpperUpper(d, upper, lower);
+#else
+    first = lower;
+    second = upper;
+#endif
+#endif
+}
+
+/// What chroma adds to each channel, of the even pixels and of the odd ones.
+struct chroma_parts
+{
+    vector red, green, blue;
+};
+
+template <class code>
+void shared_to_rgb_here(const shared_source<code>& from, std::size_t pixels, const code_range& luma,
+                        const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to)
 {
     const floats d;
-    std::size_t i = 0;
-    for (; 2 * i + 2 * lanes <= pixels; i += lanes)
+    const auto zero = hn::Set(d, luma.zero), step = hn::Set(d, 1.0f / luma.codes_per_unit);
+    const auto red_cr = hn::Set(d, weights.red_cr), blue_cb = hn::Set(d, weights.blue_cb);
+    const auto green_cb = hn::Set(d, -weights.green_cb), green_cr = hn::Set(d, -weights.green_cr);
+    const auto half = hn::Set(d, 0.5f);
+    const auto parts_at = [&](std::size_t i) HWY_ATTR -> chroma_parts
+    {
+        const auto cb = hn::LoadU(d, from.cb + i), cr = hn::LoadU(d, from.cr + i);
+        return {hn::Mul(red_cr, cr), hn::Add(hn::Mul(green_cb, cb), hn::Mul(green_cr, cr)), hn::Mul(blue_cb, cb)};
+    };
+    const auto mean = [&](const chroma_parts& a, const chroma_parts& b) HWY_ATTR -> chroma_parts
+    {
+        return {hn::Mul(hn::Add(a.red, b.red), half), hn::Mul(hn::Add(a.green, b.green), half),
+                hn::Mul(hn::Add(a.blue, b.blue), half)};
+    };
+    const auto add = [&](vector y0, vector y1, vector even, vector odd, float* out) HWY_ATTR
     {
         vector first, second;
-        pair(i, first, second);
-        hn::StoreInterleaved2(first, second, d, values + 2 * i);
-    }
-    if (2 * i < pixels)
+        interleave(even, odd, first, second);
+        hn::StoreU(hn::Add(y0, first), d, out);
+        hn::StoreU(hn::Add(y1, second), d, out + lanes);
+    };
+    const auto write = [&](const code* codes, std::size_t x) HWY_ATTR
     {
-        vector first, second;
-        pair(i, first, second);
-        float rest[2 * lanes];
-        hn::StoreInterleaved2(first, second, d, rest);
-        std::copy(rest, rest + (pixels - 2 * i), values + 2 * i);
+        const auto y0 = hn::Mul(hn::Sub(load_codes(codes), zero), step);
+        const auto y1 = hn::Mul(hn::Sub(load_codes(codes + lanes), zero), step);
+        const std::size_t i = x / 2;
+        chroma_parts even = parts_at(i), odd = even;
+        if (axis.site && *axis.site == 0)
+            odd = mean(even, parts_at(i + 1));
+        else if (axis.site)
+            even = mean(parts_at(i - 1), odd);
+        add(y0, y1, even.red, odd.red, to.r + x);
+        add(y0, y1, even.green, odd.green, to.g + x);
+        add(y0, y1, even.blue, odd.blue, to.b + x);
+    };
+    std::size_t x = 0;
+    for (; x + 2 * lanes <= pixels; x += 2 * lanes)
+        write(from.luma + x, x);
+    if (x < pixels)
+    {
+        code rest[2 * lanes] = {};
+        std::copy(from.luma + x, from.luma + pixels, rest);
+        write(rest, x);
     }
 }
 
-void spread_here(const float* samples, std::size_t pixels, const chroma_axis& axis, float* values)
+void shared_to_rgb_8(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
+                     const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to)
 {
-    const floats d;
-    const auto half = hn::Set(d, 0.5f);
-    const auto at = [&](const float* from) HWY_ATTR { return hn::LoadU(d, from); };
-    const auto mean = [&](vector a, vector b) HWY_ATTR { return hn::Mul(hn::Add(a, b), half); };
-    if (!axis.site)
-        write_pairs(pixels, values,
-                    [&](std::size_t i, vector& first, vector& second) HWY_ATTR { first = second = at(samples + i); });
-    else if (*axis.site == 0)
-        write_pairs(pixels, values,
-                    [&](std::size_t i, vector& first, vector& second) HWY_ATTR
-                    {
-                        first = at(samples + i);
-                        second = mean(first, at(samples + i + 1));
-                    });
-    else
-        write_pairs(pixels, values,
-                    [&](std::size_t i, vector& first, vector& second) HWY_ATTR
-                    {
-                        second = at(samples + i);
-                        first = mean(at(samples + i - 1), second);
-                    });
+    shared_to_rgb_here(from, pixels, luma, axis, weights, to);
+}
+
+void shared_to_rgb_16(const shared_source<std::uint16_t>& from, std::size_t pixels, const code_range& luma,
+                      const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to)
+{
+    shared_to_rgb_here(from, pixels, luma, axis, weights, to);
 }
 
 void gather_here(const float* values, std::size_t samples, const chroma_axis& axis, float* out)
@@ -217,21 +258,47 @@ void to_rgb_here(const rgb_planes<float>& row, std::size_t count, const ycbcr_we
     }
 }
 
-void to_ycbcr_here(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights)
+template <class code>
+void to_ycbcr_here(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights,
+                   const code_range& luma_codes, code* codes)
 {
     const floats d;
     const auto kr = hn::Set(d, weights.kr), kg = hn::Set(d, weights.kg), kb = hn::Set(d, weights.kb);
     const auto cb_scale = hn::Set(d, weights.cb_scale), cr_scale = hn::Set(d, weights.cr_scale);
+    const auto zero = hn::Set(d, luma_codes.zero), per_unit = hn::Set(d, luma_codes.codes_per_unit);
     const auto limited = [&](const float* from) HWY_ATTR
     { return hn::Min(at_least(hn::LoadU(d, from), hn::Zero(d)), hn::Set(d, 1.0f)); };
-    for (std::size_t i = 0; i < count; i += lanes)
+    const auto convert = [&](std::size_t i, code* to) HWY_ATTR
     {
         const auto r = limited(row.r + i), g = limited(row.g + i), b = limited(row.b + i);
         const auto luma = hn::Add(hn::Add(hn::Mul(kr, r), hn::Mul(kg, g)), hn::Mul(kb, b));
-        hn::StoreU(luma, d, row.g + i);
         hn::StoreU(hn::Mul(hn::Sub(b, luma), cb_scale), d, row.b + i);
         hn::StoreU(hn::Mul(hn::Sub(r, luma), cr_scale), d, row.r + i);
+        // Within the range already: the weights' sum is 1, give or take far less than half a code.
+        const auto whole = hn::NearestInt(hn::Add(hn::Mul(luma, per_unit), zero));
+        hn::StoreU(hn::DemoteTo(codes_tag<code>(), whole), codes_tag<code>(), to);
+    };
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        convert(i, codes + i);
+    if (i < count)
+    {
+        code rest[lanes];
+        convert(i, rest);
+        std::copy(rest, rest + (count - i), codes + i);
     }
+}
+
+void to_ycbcr_8(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+                std::uint8_t* codes)
+{
+    to_ycbcr_here(row, count, weights, luma, codes);
+}
+
+void to_ycbcr_16(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+                 std::uint16_t* codes)
+{
+    to_ycbcr_here(row, count, weights, luma, codes);
 }
 
 } // namespace HWY_NAMESPACE
@@ -247,12 +314,14 @@ HWY_EXPORT(widen_8);
 HWY_EXPORT(widen_16);
 HWY_EXPORT(narrow_8);
 HWY_EXPORT(narrow_16);
-HWY_EXPORT(spread_here);
+HWY_EXPORT(shared_to_rgb_8);
+HWY_EXPORT(shared_to_rgb_16);
 HWY_EXPORT(gather_here);
 HWY_EXPORT(halve_here);
 HWY_EXPORT(mix_here);
 HWY_EXPORT(to_rgb_here);
-HWY_EXPORT(to_ycbcr_here);
+HWY_EXPORT(to_ycbcr_8);
+HWY_EXPORT(to_ycbcr_16);
 
 void widen(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)
 {
@@ -274,9 +343,16 @@ void narrow(const float* values, std::size_t count, const code_range& range, std
     HWY_DYNAMIC_DISPATCH(narrow_16)(values, count, range, codes);
 }
 
-void spread(const float* samples, std::size_t pixels, const chroma_axis& axis, float* values)
+void shared_to_rgb(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to)
 {
-    HWY_DYNAMIC_DISPATCH(spread_here)(samples, pixels, axis, values);
+    HWY_DYNAMIC_DISPATCH(shared_to_rgb_8)(from, pixels, luma, axis, weights, to);
+}
+
+void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to)
+{
+    HWY_DYNAMIC_DISPATCH(shared_to_rgb_16)(from, pixels, luma, axis, weights, to);
 }
 
 void gather(const float* values, std::size_t samples, const chroma_axis& axis, float* out)
@@ -299,9 +375,16 @@ void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights
     HWY_DYNAMIC_DISPATCH(to_rgb_here)(row, count, weights);
 }
 
-void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights)
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint8_t* codes)
 {
-    HWY_DYNAMIC_DISPATCH(to_ycbcr_here)(row, count, weights);
+    HWY_DYNAMIC_DISPATCH(to_ycbcr_8)(row, count, weights, luma, codes);
+}
+
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint16_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(to_ycbcr_16)(row, count, weights, luma, codes);
 }
 
 } // namespace ov1::media::sample_kernel

@@ -22,12 +22,23 @@ void widen(const std::uint16_t* codes, std::size_t count, const code_range& rang
 void narrow(const float* values, std::size_t count, const code_range& range, std::uint8_t* codes);
 void narrow(const float* values, std::size_t count, const code_range& range, std::uint16_t* codes);
 
-/// One sample for each pixel, from one for every two: as chroma_at has it. Reads a sample before and after the row's,
-/// which the caller has set; writes up to margin floats after the last pixel.
-void spread(const float* samples, std::size_t pixels, const chroma_axis& axis, float* values);
+/// Luma codes, and chroma samples of which two pixels share one, as red, green and blue, not limited. The first pixel
+/// is the first of a sample's two; chroma_at says which samples a pixel takes. Reads a sample before and after the
+/// row's, which the caller has set; writes up to margin floats after the last pixel.
+template <class code>
+struct shared_source
+{
+    const code* luma;
+    const float* cb;
+    const float* cr;
+};
+void shared_to_rgb(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to);
+void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const rgb_planes<float>& to);
 
-/// The inverse of spread. Reads two pixels before the row and three after it, which the caller has set. Writes up to
-/// margin floats after the last sample.
+/// One sample for every two pixels, the inverse of what shared_to_rgb does. Reads two pixels before the row and three
+/// after it, which the caller has set. Writes up to margin floats after the last sample.
 void gather(const float* values, std::size_t samples, const chroma_axis& axis, float* out);
 
 /// The mean of two rows.
@@ -39,7 +50,11 @@ void mix(const float* const* rows, const float* weights, std::size_t row_count, 
 /// From Y in g, Cb in b and Cr in r to red, green and blue, in place and not limited.
 void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights);
 
-/// From red, green and blue, which are limited to 0..1 (a NaN is 0), to Y in g, Cb in b and Cr in r, in place.
-void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights);
+/// From red, green and blue, which are limited to 0..1 (a NaN is 0), to luma codes, and in place to Cb in b and Cr in
+/// r.
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint8_t* codes);
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint16_t* codes);
 
 } // namespace ov1::media::sample_kernel

@@ -69,6 +69,8 @@ struct chroma_source
 {
     std::size_t sample;
     bool with_next;
+
+    bool operator==(const chroma_source&) const = default;
 };
 
 /// Both samples lie within the plane: the outermost go on.
