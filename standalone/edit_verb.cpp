@@ -13,6 +13,7 @@
 #include "platform/user_environment.h"
 #include "standalone/edit_picture.h"
 #include "standalone/effect_instance.h"
+#include "standalone/grade_steps.h"
 #include "standalone/picture_job.h"
 
 #include <atomic>
@@ -113,8 +114,11 @@ exit_code write_outputs(const edit_command& command, effect_instance& effect, co
 {
     for (const output_job& job : command.plan.jobs)
     {
-        const picture_settings settings{
-            effect.get_renderer(), {}, command.run.overwrite, false, static_cast<unsigned int>(command.run.threads)};
+        const picture_settings settings{grade_steps{nullptr, effect.get_renderer()}.for_stills(),
+                                        {},
+                                        command.run.overwrite,
+                                        false,
+                                        static_cast<unsigned int>(command.run.threads)};
         const picture_result result = grade_picture(job, settings);
         for (const problem& warning : result.warnings)
             out.warning(warning);

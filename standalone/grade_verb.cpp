@@ -5,11 +5,13 @@
 #include "command_line/console.h"
 #include "command_line/json_text.h"
 #include "command_line/number.h"
-#include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "media/input_kind.h"
 #include "standalone/clip_report.h"
 #include "standalone/effect_instance.h"
+#include "standalone/frames_job.h"
+#include "standalone/grade_plan.h"
+#include "standalone/grade_steps.h"
 #include "standalone/picture_job.h"
 
 #include <array>
@@ -43,7 +45,8 @@ struct grade_command
     grade_request grade;
     run_options run;
     std::vector<std::string> inputs;
-    std::optional<std::string> output, transfer, depth, quality, pixel_format, codec, range, matrix;
+    std::optional<std::string> output, transfer, depth, quality, pixel_format, codec, range, matrix, frames,
+        input_table;
     media::write_request format;
     media::clip_request clip;
 };
@@ -61,7 +64,11 @@ void declare(argument_parser& parser, grade_command& command)
     parser.text("--quality", command.quality, "N",
                 "1 to 100; of a JPEG (95 unless asked) or of a clip's codec that has one");
     parser.text("--pix-fmt", command.pixel_format, "F", "libav's name of the pixel format");
+    parser.text("--frames", command.frames, "A-B",
+                "of numbered frames (shot.%04d.exr), or of a clip that becomes such");
     parser.group("Input");
+    parser.text("--input-lut", command.input_table, "FILE.cube",
+                "a table to go through before the grade, as for log footage");
     parser.text("--transfer", command.transfer, choice_names(transfers),
                 "how code values relate to light; auto: linear for EXR and what is tagged so");
     parser.text("--range", command.range, choice_names(ranges), "of a clip's codes, in place of its tag");
@@ -155,17 +162,23 @@ void tell(const output_job& job, const picture_result& result, const grade_comma
 class job_runner
 {
 public:
-    job_runner(const grade_command& command, const std::shared_ptr<const row_renderer>& renderer, console& out)
+    job_runner(const grade_command& command, const grade_steps& steps, console& out)
         : command(command)
         , out(out)
     {
         const auto threads = static_cast<unsigned int>(command.run.threads);
-        picture = {renderer, command.format, command.run.overwrite, command.run.dry_run, threads};
-        clip = {{},      command.clip,         command.run.overwrite,     command.run.dry_run,
-                threads, command.run.progress, isatty(STDERR_FILENO) != 0};
-        if (renderer != nullptr)
-            clip.grade = [renderer](std::size_t y, const rgb_planes<float>& row, std::size_t count)
-            { renderer->render_row_planes(y, row, count); };
+        picture = {steps.for_stills(), command.format, command.run.overwrite, command.run.dry_run, threads};
+        clip = {steps.for_clips(), command.clip,         command.run.overwrite,     command.run.dry_run,
+                threads,           command.run.progress, isatty(STDERR_FILENO) != 0};
+    }
+
+    exit_code run_into_frames(const grade_plan& plan, json_text& json)
+    {
+        const output_job& job = plan.outputs.jobs.front();
+        const clip_result result = grade_clip_into_frames(plan, picture, clip, command.run.no_clobber, out);
+        tell_clip(job, result, command.run.dry_run, command.run.json, out);
+        add_clip_json(json, job, result);
+        return result.code;
     }
 
     exit_code run(const output_job& job, json_text& json)
@@ -190,17 +203,16 @@ private:
     clip_settings clip;
 };
 
-exit_code run_jobs(const output_plan& plan, const grade_command& command,
-                   const std::shared_ptr<const row_renderer>& renderer, console& out)
+exit_code run_jobs(const grade_plan& plan, const grade_command& command, const grade_steps& steps, console& out)
 {
-    progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.jobs.size());
-    job_runner runner(command, renderer, out);
+    progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.outputs.jobs.size());
+    job_runner runner(command, steps, out);
     std::vector<exit_code> outcomes;
     json_text json;
     json.begin_array();
-    for (const output_job& job : plan.jobs)
+    for (const output_job& job : plan.outputs.jobs)
     {
-        outcomes.push_back(runner.run(job, json));
+        outcomes.push_back(plan.into_frames ? runner.run_into_frames(plan, json) : runner.run(job, json));
         bar.step(job.input, outcomes.back() == exit_code::done);
     }
     if (command.run.json)
@@ -215,7 +227,9 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
     grade_command command;
     argument_parser parser("veridial grade", "Sends pictures and clips through a grade.",
                            "  veridial grade photo.jpg -s \"Shadows Hue=220\" -s \"Shadows Chroma=40\" -o out.png\n"
-                           "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n");
+                           "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n"
+                           "  veridial grade clip.mov --input-lut log.cube --sky 90,50 -o graded.mov\n"
+                           "  veridial grade shot.%04d.exr --frames 101-200 -p Autumn -o out.%04d.exr\n");
     declare(parser, command);
     exit_code code = exit_code::done;
     if (!parse_or_explain(parser, arguments, out, code))
@@ -225,17 +239,24 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
         return fail(problems, out);
 
     effect_instance effect;
-    output_plan plan;
+    grade_steps steps;
+    grade_plan plan;
     const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
-    const bool graded = effect.apply(command.grade, problems);
-    if (!plan_outputs(command.inputs, *command.output, rules, plan, problems) || !graded)
+    bool graded = effect.apply(command.grade, problems);
+    if (problem why; command.input_table && !read_input_table(*command.input_table, steps.input, why))
+    {
+        problems.push_back(why);
+        graded = false;
+    }
+    if (!plan_grade({command.inputs, *command.output, command.frames}, rules, plan, problems) || !graded)
         return fail(problems, out);
-    if (problem why; !command.run.dry_run && !make_new_folder(plan, why))
+    if (problem why; !command.run.dry_run && !make_new_folder(plan.outputs, why))
     {
         out.error(why);
         return why.code;
     }
-    return run_jobs(plan, command, effect.get().get_bypass() ? nullptr : effect.get_renderer(), out);
+    steps.effect = effect.get().get_bypass() ? nullptr : effect.get_renderer();
+    return run_jobs(plan, command, steps, out);
 }
 
 } // namespace ov1

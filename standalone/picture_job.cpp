@@ -1,7 +1,5 @@
 #include "standalone/picture_job.h"
 
-#include "media/grade_still.h"
-#include "media/still_reader.h"
 #include "platform/rows.h"
 #include "standalone/file_output.h"
 #include "standalone/media_problem.h"
@@ -29,12 +27,19 @@ void warn(picture_result& result, const std::string& subject, const std::string&
 
 picture_result grade_picture(const output_job& job, const picture_settings& settings)
 {
-    picture_result result;
     media::still_reader source;
-    media::still_writer target;
     media::error why;
     if (!source.open(job.input, why))
-        return failed(result, job.input, why);
+        return failed({}, job.input, why);
+    return grade_read_picture(source, job, settings);
+}
+
+picture_result grade_read_picture(const media::still_reader& source, const output_job& job,
+                                  const picture_settings& settings)
+{
+    picture_result result;
+    media::still_writer target;
+    media::error why;
     for (const std::string& note : source.warnings())
         warn(result, job.input, note);
     if (!target.create(job.output, source.info(), settings.format, why))
@@ -44,10 +49,6 @@ picture_result grade_picture(const output_job& job, const picture_settings& sett
     if (settings.dry_run)
         return result;
 
-    media::row_grade grade;
-    if (settings.renderer != nullptr)
-        grade = [&](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
-        { settings.renderer->render_row(y, in, out, count); };
     const auto on_all = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
     {
         for_each_row_piece(pieces, 1, settings.threads,
@@ -57,7 +58,7 @@ picture_result grade_picture(const output_job& job, const picture_settings& sett
                                    work(piece);
                            });
     };
-    const auto report = media::grade_still(source, target, grade, settings.format.transfer, on_all);
+    const auto report = media::grade_still(source, target, settings.grade, settings.format.transfer, on_all);
     result.limited_pixels = report.limited_pixels;
     for (const std::string& warning : report.warnings)
         warn(result, job.input, warning);

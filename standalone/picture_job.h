@@ -3,11 +3,11 @@
 
 #include "command_line/output_plan.h"
 #include "command_line/problem.h"
-#include "framework/row_renderer.h"
+#include "media/grade_still.h"
+#include "media/still_reader.h"
 #include "media/still_writer.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,7 +17,7 @@ namespace ov1
 /// How all pictures of a run are treated.
 struct picture_settings
 {
-    std::shared_ptr<const row_renderer> renderer; ///< null passes samples untouched: the bypass
+    media::row_grade grade; ///< empty passes samples untouched
     media::write_request format;
     bool overwrite = false;
     bool dry_run = false;
@@ -37,5 +37,9 @@ struct picture_result
 /// Takes a picture from its input to its output. The output is written whole or not at all; a dry run reads the input,
 /// settles the format and writes nothing.
 picture_result grade_picture(const output_job& job, const picture_settings& settings);
+
+/// The same for a picture that has been read already.
+picture_result grade_read_picture(const media::still_reader& source, const output_job& job,
+                                  const picture_settings& settings);
 
 } // namespace ov1

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -208,6 +209,29 @@ bool plan_outputs(const std::vector<std::string>& inputs, const std::string& out
         else if (std::any_of(result.jobs.begin(), result.jobs.end(), needs_folder))
             planner.check_folder(folder.empty() ? parent_of(output) : folder);
     }
+    problems.insert(problems.end(), found.begin(), found.end());
+    if (found.empty())
+        plan = std::move(result);
+    return found.empty();
+}
+
+bool plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules, output_plan& plan,
+                std::vector<problem>& problems)
+{
+    output_plan result{jobs, {}};
+    std::vector<problem> found;
+    planner planner(rules, found);
+    std::set<std::string> folders;
+    for (output_job& job : result.jobs)
+    {
+        planner.check_job(job);
+        if (needs_folder(job))
+            folders.insert(parent_of(job.output));
+    }
+    planner.check_against_other_inputs(result.jobs);
+    planner.check_shared_names(result.jobs);
+    for (const std::string& folder : folders)
+        planner.check_folder(folder);
     problems.insert(problems.end(), found.begin(), found.end());
     if (found.empty())
         plan = std::move(result);

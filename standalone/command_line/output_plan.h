@@ -39,6 +39,10 @@ struct output_plan
 [[nodiscard]] bool plan_outputs(const std::vector<std::string>& inputs, const std::string& output,
                                 const output_rules& rules, output_plan& plan, std::vector<problem>& problems);
 
+/// The same rules for inputs whose outputs are known.
+[[nodiscard]] bool plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules, output_plan& plan,
+                              std::vector<problem>& problems);
+
 /// The same rules for an output that has no input.
 [[nodiscard]] bool plan_output(const std::string& output, const output_rules& rules, output_job& job,
                                std::vector<problem>& problems);

@@ -53,7 +53,7 @@ colour_tags tags_of(const AVFrame& frame, const AVCodecParameters& stream, const
 }
 
 /// The tags of the output: the source's, unless its samples are of another family.
-colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelFormat pixels, int height)
+colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelFormat pixels, const AVFrame& frame)
 {
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(pixels);
     const bool to_rgb = (format->flags & AV_PIX_FMT_FLAG_RGB) != 0;
@@ -65,7 +65,9 @@ colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelF
     if (to_rgb != from_rgb)
     {
         tags.range = to_rgb || is_jpeg ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
-        tags.matrix = to_rgb ? AVCOL_SPC_RGB : height > 576 ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
+        tags.matrix = to_rgb                                ? AVCOL_SPC_RGB
+                      : is_large(frame.width, frame.height) ? AVCOL_SPC_BT709
+                                                            : AVCOL_SPC_SMPTE170M;
     }
     return tags;
 }
@@ -195,7 +197,7 @@ bool clip_target::settle_forms(const clip_request& request, error& why)
         return false;
     if (container == nullptr && !can_be_written(source_form))
         pixels = AV_PIX_FMT_GBRP16;
-    tags = tags_for(source_tags, source_form, pixels, frame.height);
+    tags = tags_for(source_tags, source_form, pixels, frame);
     return form_of(pixels, tags, frame.width, frame.height, form, why);
 }
 

@@ -22,7 +22,6 @@ bool is_jpeg_form(AVPixelFormat pixels)
 
 bool find_matrix(AVColorSpace tag, int width, int height, ycbcr_matrix& matrix)
 {
-    constexpr int largest_standard_width = 1024, largest_standard_height = 576;
     switch (tag)
     {
     case AVCOL_SPC_BT709:
@@ -44,8 +43,7 @@ bool find_matrix(AVColorSpace tag, int width, int height, ycbcr_matrix& matrix)
     case AVCOL_SPC_RGB: // a wrong tag on what is none
     case AVCOL_SPC_UNSPECIFIED:
     case AVCOL_SPC_RESERVED:
-        matrix = width > largest_standard_width || height > largest_standard_height ? ycbcr_matrix::bt709
-                                                                                    : ycbcr_matrix::bt601;
+        matrix = is_large(width, height) ? ycbcr_matrix::bt709 : ycbcr_matrix::bt601;
         return true;
     default:
         return false;

@@ -57,6 +57,9 @@ struct frame_form
     const component_form& alpha() const { return components[family == colour_family::gray ? 1 : 3]; }
 };
 
+/// Whether a picture without a tag is taken to have the matrix of BT.709: beyond 1024 pixels a row or 576 rows.
+constexpr bool is_large(int width, int height) { return width > 1024 || height > 576; }
+
 /// The form of a pixel format of 8 to 16 bits or of 32-bit floats. What the tags leave open is limited range, the
 /// matrix of BT.601 up to 576 lines and of BT.709 above, and chroma on the left; full range and chroma amid its pixels
 /// for the formats of JPEG. Fails for what is none of these, and for matrices that are not sums of weights.

@@ -237,6 +237,13 @@ bool still_reader::open(const std::string& path, error& why)
     return true;
 }
 
+void still_reader::take(AVFrame* decoded, still_info known)
+{
+    frame.reset(decoded);
+    description = std::move(known);
+    notes.clear();
+}
+
 void still_reader::read_rows(std::size_t first, std::size_t count, argb_float* out) const
 {
     const turn upright = turn_of(description.orientation);

@@ -29,6 +29,9 @@ public:
     /// of a picture is ever given for the whole. What was open before is then still open.
     [[nodiscard]] bool open(const std::string& path, error& why);
 
+    /// Takes over a frame of a clip and what is known of it, in a layout that can be unpacked.
+    void take(AVFrame* decoded, still_info known);
+
     const still_info& info() const { return description; }
 
     /// One line for each thing in the file that is left out, such as further pages.

@@ -1,0 +1,17 @@
+// Any text either is a table that can be looked up in, or is refused with a reason.
+#include "effect/cube_reader.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    ov1::cube_table table;
+    std::string reason;
+    if (table.read({reinterpret_cast<const char*>(data), size}, reason))
+        for (const float value : {-1e30f, 0.0f, 0.3f, 1.0f, 1e30f})
+            table.lookup({1, value, 1 - value, value * 0.5f});
+    else if (reason.empty())
+        std::abort();
+    return 0;
+}

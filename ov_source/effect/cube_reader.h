@@ -1,0 +1,57 @@
+// Reads .cube tables of other programs, and looks colours up in them.
+//
+//   # a comment
+//   TITLE "log to display"
+//   LUT_3D_SIZE 33                or LUT_1D_SIZE 1024
+//   DOMAIN_MIN 0.0 0.0 0.0        the inputs that the first and the last entry stand for; 0 and 1 if left out
+//   DOMAIN_MAX 1.0 1.0 1.0        or LUT_3D_INPUT_RANGE 0.0 1.0, the same for all channels
+//   0.0 0.0 0.0                   three numbers an entry; in 3D red varies fastest, blue slowest
+//   ...
+#pragma once
+
+#include "shared/argb_float.h"
+#include "shared/rgb_planes.h"
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ov1
+{
+
+/// A table of any size. Never changed once it is read, so any number of threads may look up.
+class cube_table
+{
+public:
+    static constexpr std::size_t largest_1d = 65536;
+    static constexpr std::size_t largest_3d = 256;
+
+    /// Reads a whole text. Refuses, naming the line, what is no keyword, no number or not as many entries as there have
+    /// to be; the table is then as it was.
+    [[nodiscard]] bool read(std::string_view text, std::string& reason);
+
+    bool is_3d() const { return three_dimensional; }
+    std::size_t get_size() const { return size; }
+    const std::string& get_title() const { return title; }
+
+    /// Interpolated linearly along each axis. Inputs outside the domain take its ends, a NaN its lower one; results are
+    /// not limited. The alpha passes.
+    argb_float lookup(const argb_float& c) const;
+
+    /// The same in place on a row.
+    void apply(const rgb_planes<float>& row, std::size_t count) const;
+
+private:
+    friend class cube_parser;
+
+    bool three_dimensional = true;
+    std::size_t size = 0;
+    std::string title;
+    std::array<float, 3> domain_min{0, 0, 0};
+    std::array<float, 3> domain_max{1, 1, 1};
+    std::vector<argb_float> entries; ///< in the file's order
+};
+
+} // namespace ov1

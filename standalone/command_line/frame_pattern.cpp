@@ -1,0 +1,92 @@
+#include "command_line/frame_pattern.h"
+
+#include "command_line/number.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+
+namespace ov1
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr int largest_frame = 99'999'999;
+constexpr std::size_t most_digits = 9;
+
+bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+/// The number in a name that the pattern could have made.
+std::optional<int> frame_in(std::string_view leaf, std::string_view before, std::string_view after, std::size_t digits)
+{
+    if (leaf.size() < before.size() + after.size() + digits || !leaf.starts_with(before) || !leaf.ends_with(after))
+        return {};
+    const std::string_view number = leaf.substr(before.size(), leaf.size() - before.size() - after.size());
+    const bool is_padded_beyond = number.size() > digits && number.front() == '0';
+    if (number.size() > most_digits || is_padded_beyond || !std::all_of(number.begin(), number.end(), is_digit))
+        return {};
+    int frame = 0;
+    std::from_chars(number.data(), number.data() + number.size(), frame);
+    return frame;
+}
+
+} // namespace
+
+std::string frame_pattern::name_of(int frame) const
+{
+    const std::string number = std::to_string(frame);
+    return before + std::string(digits - std::min(digits, number.size()), '0') + number + after;
+}
+
+std::optional<frame_pattern> find_frame_pattern(std::string_view path)
+{
+    const std::size_t percent = path.rfind('%');
+    if (percent == std::string_view::npos || path.find('/', percent) != std::string_view::npos)
+        return {};
+    std::size_t end = percent + 1;
+    while (end < path.size() && is_digit(path[end]))
+        ++end;
+    const std::string_view width = path.substr(percent + 1, end - percent - 1);
+    const std::size_t leaf = path.rfind('/') + 1;
+    if (end == path.size() || path[end] != 'd' || width.size() > 2 || path.find('%', leaf) != percent ||
+        (!width.empty() && width[0] != '0'))
+        return {};
+    frame_pattern pattern{std::string(path.substr(0, percent)), std::string(path.substr(end + 1)), 1};
+    if (width.size() == 2)
+        pattern.digits = std::max<std::size_t>(1, static_cast<std::size_t>(width[1] - '0'));
+    return pattern;
+}
+
+std::vector<int> existing_frames(const frame_pattern& pattern)
+{
+    const fs::path start = pattern.before;
+    const fs::path folder = start.parent_path().empty() ? fs::path(".") : start.parent_path();
+    std::vector<int> frames;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error))
+        if (const auto frame =
+                frame_in(entry.path().filename().string(), start.filename().string(), pattern.after, pattern.digits))
+            frames.push_back(*frame);
+    std::sort(frames.begin(), frames.end());
+    return frames;
+}
+
+bool read_frame_range(std::string_view text, frame_range& range, problem& why)
+{
+    const std::string_view all = trimmed(text);
+    const std::size_t dash = all.find('-');
+    frame_range found;
+    if (!read_whole_number_within(all.substr(0, dash), 0, largest_frame, found.first, why))
+        return false;
+    found.last = found.first;
+    if (dash != std::string_view::npos &&
+        !read_whole_number_within(all.substr(dash + 1), found.first, largest_frame, found.last, why))
+        return false;
+    range = found;
+    return true;
+}
+
+} // namespace ov1

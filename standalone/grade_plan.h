@@ -1,0 +1,34 @@
+// What a run of `grade` does: files, folders, numbered frames, and where each goes.
+#pragma once
+
+#include "command_line/output_plan.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+struct grade_request_paths
+{
+    std::vector<std::string> inputs; ///< files, folders, or one name with a "%04d"
+    std::string output;              ///< a file, a folder, or a name with a "%04d"
+    std::optional<std::string> frames;
+};
+
+struct grade_plan
+{
+    output_plan outputs;
+    /// The one input is a clip, and its output a name for numbered frames, first to last.
+    bool into_frames = false;
+    int first_frame = 1;
+    int last_frame = 0; ///< 0 for all there are
+};
+
+/// Numbered frames go to numbered frames or under their own names into a folder; a clip goes to numbered frames,
+/// counted from 1; of a folder every picture and clip is taken, by name. All else as plan_outputs has it.
+[[nodiscard]] bool plan_grade(const grade_request_paths& paths, const output_rules& rules, grade_plan& plan,
+                              std::vector<problem>& problems);
+
+} // namespace ov1
