@@ -150,7 +150,7 @@ private:
             if (files.empty())
                 return refuse(problems, exit_code::unreadable, input, "there is no picture and no clip in this folder");
             inputs.insert(inputs.end(), files.begin(), files.end());
-            if (!output.ends_with('/'))
+            if (!output.ends_with('/') && fs::path(output).extension().empty())
                 output += '/';
         }
         return plan_outputs(inputs, output, rules, result.outputs, problems);

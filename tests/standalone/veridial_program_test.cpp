@@ -1,13 +1,9 @@
 // The program as a user runs it: what it writes, what it says, how it ends.
-#include "support/temp_folder.h"
+#include "standalone/program_fixture.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -15,62 +11,6 @@ namespace ov1
 {
 namespace
 {
-
-namespace fs = std::filesystem;
-
-struct outcome
-{
-    int code = -1;
-    std::string out;
-    std::string err;
-};
-
-std::string read_text(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-class veridial_program : public testing::Test
-{
-protected:
-    void SetUp() override { fs::current_path(fs::path(folder / "")); }
-    void TearDown() override { fs::current_path("/"); }
-
-    /// Runs a shell line in the test's folder; $V is the program.
-    outcome run(const std::string& line) const
-    {
-        const std::string whole = "export XDG_DATA_HOME=$PWD/data XDG_CONFIG_HOME=$PWD/config; V=" VERIDIAL_PROGRAM
-                                  "; { " +
-                                  line + "; } >stdout.txt 2>stderr.txt";
-        const int status = std::system(whole.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_text("stdout.txt"),
-                read_text("stderr.txt")};
-    }
-
-    /// A binary PPM of three channels that differ, which the program reads.
-    void write_picture(const std::string& name, int width, int height) const
-    {
-        std::ofstream file(name, std::ios::binary);
-        file << "P6\n" << width << ' ' << height << "\n255\n";
-        for (int i = 0; i < width * height; ++i)
-            for (const int v : {i * 7 % 256, i * 13 % 256, 255 - i * 5 % 256})
-                file.put(static_cast<char>(v));
-    }
-
-    std::vector<std::string> entries() const
-    {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator("."))
-            if (const auto name = entry.path().filename().string();
-                name != "stdout.txt" && name != "stderr.txt" && name != "data")
-                names.push_back(name);
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-    const temp_folder folder;
-};
 
 TEST_F(veridial_program, mistakes_end_with_one_clear_line_and_their_own_code)
 {
@@ -90,7 +30,12 @@ TEST_F(veridial_program, mistakes_end_with_one_clear_line_and_their_own_code)
         {"$V grade none.png -o o.png", 3, R"("none.png": no such file)"},
         {"$V grade text.png -o o.png", 4, R"("text.png": is not a picture)"},
         {"$V grade empty.png -o o.png", 3, R"("empty.png": the file is empty)"},
-        {"$V grade . -o o.png", 3, R"(".": is a folder)"},
+        {"$V grade . -o o.png", 2, "several inputs need a folder"},
+        {"$V grade closed -o o/", 3, R"("closed": there is no picture and no clip in this folder)"},
+        {"$V grade in.ppm --frames 1-2 -o o.png", 2, "shot.%04d.exr"},
+        {"$V grade s.%04d.png --frames 2-1 -o o/", 2, R"("--frames": 1 is out of range)"},
+        {"$V grade s.%04d.png -o o.%04d.png", 3, R"("s.%04d.png": no such frames)"},
+        {"$V grade in.ppm --input-lut text.png -o o.png", 5, "line 1: "},
         {"$V grade in.ppm -s 'Sky Strenght=60' -o o.png", 2, R"((did you mean "Sky Strength"?))"},
         {"$V grade in.ppm -s 'Sky Strength=160' -o o.png", 2, R"("Sky Strength": 160 is out of range (0 to 100))"},
         {"$V grade in.ppm -s 'Sky Strength=60,5' -o o.png", 2, "60.5"},
