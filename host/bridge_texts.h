@@ -1,0 +1,39 @@
+// The words that the video host gets from the bridge: property keys, error codes and their descriptions.
+#pragma once
+
+namespace ov1
+{
+
+/// Keys of the effect's properties. The literals themselves: newer releases of the host's headers no longer name all.
+namespace property_key
+{
+inline constexpr const char* is_thread_safe = "IsThreadSafe";
+inline constexpr const char* may_remap_time = "MayRemapTime";
+inline constexpr const char* uses_rational_time = "UsesRationalTime";
+inline constexpr const char* desired_processing_color_info = "DesiredProcessingColorInfo";
+inline constexpr const char* varies_when_params_are_static = "VariesWhenParamsAreStatic";
+inline constexpr const char* needs_full_buffer = "NeedsFullBuffer";
+inline constexpr const char* preserves_alpha = "PreservesAlpha";
+inline constexpr const char* changes_output_size = "ChangesOutputSize";
+} // namespace property_key
+
+/// What goes wrong at the host's side, as an error of the host's domain.
+struct bridge_error
+{
+    int code;
+    const char* description;
+};
+
+/// A source tile differs from the destination.
+inline constexpr bridge_error incompatible_tiles{5, "Input and Output image tiles are incompatible"};
+/// The method's name follows.
+inline constexpr bridge_error no_creation_api{14, "Unable to get the FxParameterCreationAPI_v5 in "};
+inline constexpr bridge_error unsupported_pixel_format{18, "Unsupported pixel format"};
+inline constexpr bridge_error no_timing_api{29, "Error requesting analysis time range."};
+
+/// Names and titles that documents and users see.
+inline constexpr const char* state_parameter_name = "State";
+inline constexpr const char* state_coder_key = "fcp_wrapper_state_v1";
+inline constexpr const char* gui_button_title = "Open GUI...";
+
+} // namespace ov1

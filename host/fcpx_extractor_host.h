@@ -1,0 +1,32 @@
+// The host of a component that is only asked what it would declare.
+#pragma once
+
+#include "framework/ihost_v1.h"
+
+namespace ov1
+{
+
+/// No window, no profile, no renders: every notification is ignored.
+class fcpx_extractor_host : public ihost_v1
+{
+public:
+    static constexpr uid ifc_id = make_uid("fcpx_extractor_host");
+
+    bool query_interface(const std::string& name, iobject** out) override;
+    host_kind get_type() const override;
+    std::string get_vendor() const override;
+    std::string get_name() const override;
+    version get_version() const override;
+    language_id get_language() const override;
+    [[nodiscard]] bool get_host_window(void** handle) override;
+    project_info get_project_info() const override;
+    bool has_working_color_profile() const override;
+    [[nodiscard]] bool convert_to_working_color_profile(param_argb& color) override;
+    [[nodiscard]] bool convert_to_monitor_color_profile(image& picture) override;
+    bool schedule_render() override;
+    void notify(event e) override;
+    bool component_is_dirty() const override;
+    bool has_legacy_parameters() const override;
+};
+
+} // namespace ov1

@@ -1,0 +1,61 @@
+// A component with every kind of parameter that the bridge treats in its own way.
+#pragma once
+
+#include "framework/ccomponent_v1.h"
+#include "framework/cparameter_boolean_v1.h"
+#include "framework/cparameter_color_v1.h"
+#include "framework/cparameter_continuous_v1.h"
+#include "framework/cparameter_integral_v1.h"
+
+#include <string>
+
+namespace ov1
+{
+
+/// Kept out of the host's inspector.
+struct hidden_parameter : cparameter_continuous_v1
+{
+    using cparameter_continuous_v1::cparameter_continuous_v1;
+    std::uint32_t get_flags() const override { return parameter_is_hidden; }
+};
+
+/// Renders red for blue, and gives every pixel's alpha back. A former parameter "Old Amount" becomes "Amount".
+struct bridge_component : ccomponent_v1
+{
+    enum place
+    {
+        amount,
+        menu,
+        steps,
+        on,
+        tint,
+        secret,
+    };
+
+    void init_component() override
+    {
+        register_parameter(std::make_shared<cparameter_continuous_v1>(get_self(), "Amount", -50.0f, 100.0f, 12.5f));
+        register_parameter(std::make_shared<cparameter_integral_v1>(get_self(), "Menu", 3, 17, 5));
+        register_parameter(std::make_shared<cparameter_integral_v1>(get_self(), "Steps", 3, 18, 5));
+        register_parameter(std::make_shared<cparameter_boolean_v1>(get_self(), "On & off", true));
+        register_parameter(
+            std::make_shared<cparameter_color_v1>(get_self(), "Tint", param_argb{1, 0.25f, 0.5f, 0.75f}));
+        register_parameter(std::make_shared<hidden_parameter>(get_self(), "Secret", 0.0f, 1.0f, 0.5f));
+    }
+
+    void handle_unknown_parameter(uid id, const param_value& value, bool edit) override
+    {
+        ccomponent_v1::handle_unknown_parameter(id, value, edit);
+        if (id != make_uid("Old Amount"))
+            return;
+        param_value v = get_parameter(amount)->get_param_value();
+        v.value = value.value;
+        get_parameter(amount)->set_param_value(v, edit);
+    }
+    void render_pixel(std::size_t, std::size_t, const argb_float& in, argb_float& out) override
+    {
+        out = {in.a, in.b, in.g, in.r};
+    }
+};
+
+} // namespace ov1
