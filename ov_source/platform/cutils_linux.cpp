@@ -3,12 +3,12 @@
 #include "platform/atomic_file.h"
 #include "platform/desktop_open.h"
 #include "platform/desktop_services.h"
+#include "platform/folder_listing.h"
 #include "platform/os_release.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <dirent.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <sys/utsname.h>
@@ -32,15 +32,6 @@ std::string settings_path(const std::string& folder, const std::string& name)
 }
 
 std::vector<std::uint8_t> copied(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
-
-bool is_directory(const std::string& folder, const dirent& entry)
-{
-    if (entry.d_type != DT_UNKNOWN)
-        return entry.d_type == DT_DIR;
-    // A file system that does not say it in the listing.
-    struct stat facts;
-    return lstat((folder + '/' + entry.d_name).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
-}
 
 } // namespace
 
@@ -190,26 +181,7 @@ std::string cutils_linux::get_common_directory()
 bool cutils_linux::list_dir(const std::string& path, std::vector<std::string>* files,
                             std::vector<std::string>* directories, bool full_paths)
 {
-    if (path.empty() || (files == nullptr && directories == nullptr))
-        return false;
-    DIR* directory = opendir(path.c_str());
-    if (directory == nullptr)
-        return false;
-    const std::string prefix = !full_paths ? "" : path.ends_with('/') ? path : path + '/';
-    std::vector<std::string> found_files;
-    std::vector<std::string> found_directories;
-    while (const dirent* entry = readdir(directory))
-    {
-        const std::string name = entry->d_name;
-        if (name != "." && name != "..")
-            (is_directory(path, *entry) ? found_directories : found_files).push_back(prefix + name);
-    }
-    closedir(directory);
-    if (files != nullptr)
-        *files = std::move(found_files);
-    if (directories != nullptr)
-        *directories = std::move(found_directories);
-    return true;
+    return list_folder(path, files, directories, full_paths);
 }
 
 double cutils_linux::get_dpi_scale()

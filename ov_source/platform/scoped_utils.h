@@ -1,4 +1,4 @@
-// Other utilities for the length of a scope, for tests.
+// Other utilities for the length of a scope: for tests, and for a program that brings its own.
 #pragma once
 
 #include "platform/iutils.h"

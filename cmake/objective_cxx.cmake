@@ -1,0 +1,9 @@
+# The language of the bridge to the video host. gcc has no Objective-C++ of C++20: clang compiles it, whatever compiles
+# the rest.
+if(NOT CMAKE_OBJCXX_COMPILER AND NOT APPLE)
+  set(CMAKE_OBJCXX_COMPILER clang++-19)
+endif()
+enable_language(OBJCXX)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)

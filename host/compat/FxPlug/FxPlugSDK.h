@@ -1,0 +1,16 @@
+// The video host's plug-in interface, on systems without it: names, signatures and values alone.
+// Source: developer.apple.com, "Professional Video Applications".
+#pragma once
+
+#import <AppKit/AppKit.h>
+#include <CoreMedia/CMTime.h>
+#import <Foundation/Foundation.h>
+#import <IOSurface/IOSurfaceObjC.h>
+
+#import <FxPlug/FxTypes.h>
+
+#import <FxPlug/FxImageTile.h>
+
+#import <FxPlug/FxEffectProtocols.h>
+#import <FxPlug/FxHostProtocols.h>
+#import <FxPlug/FxPrincipal.h>

@@ -1,0 +1,25 @@
+// Makes @protocol(...) usable in a source file.
+//
+// The older Objective-C runtime sets up a protocol's record in a compiled file only if a class or category of that file
+// adopts it; a record that is merely named has no class and no name, and asking it anything ends the program. So a
+// category adopts all that are named. Imported by files that write @protocol(...), and by no header.
+#pragma once
+
+#import <FxPlug/FxPlugSDK.h>
+
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wprotocol"
+
+@interface protocol_record_holder : NSObject
+@end
+
+@interface protocol_record_holder (of_this_file) <
+    PROAPIAccessing, FxTileableEffect, FxCustomParameterViewHost_v2, FxCustomParameterInterpolation_v2, FxAnalyzer,
+    FxParameterCreationAPI_v5, FxParameterRetrievalAPI_v6, FxParameterSettingAPI_v5, FxParameterSettingAPI_v6,
+    FxCustomParameterActionAPI_v4, FxTimingAPI_v4, FxAnalysisAPI>
+@end
+
+@implementation protocol_record_holder (of_this_file)
+@end
+
+#pragma clang diagnostic pop

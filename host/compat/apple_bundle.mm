@@ -1,0 +1,85 @@
+// A main bundle of Apple's layout: the program in Contents/MacOS, beside Contents/Info.plist and Contents/Resources.
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+extern "C" const int apple_bundle_is_linked = 1;
+
+@interface contents_bundle : NSBundle
+{
+    NSString* root;
+    NSDictionary* properties;
+}
+- (instancetype)initWithRoot:(NSString*)path;
+@end
+
+@implementation contents_bundle
+
+- (instancetype)initWithRoot:(NSString*)path
+{
+    if ((self = [super initWithPath:path]))
+    {
+        root = [path copy];
+        NSString* const file = [path stringByAppendingPathComponent:@"Contents/Info.plist"];
+        properties = [[NSDictionary alloc] initWithContentsOfFile:file];
+    }
+    return self;
+}
+
+- (void)dealloc
+{
+    [properties release];
+    [root release];
+    [super dealloc];
+}
+
+- (NSString*)bundlePath { return root; }
+- (NSString*)resourcePath { return [root stringByAppendingPathComponent:@"Contents/Resources"]; }
+- (NSDictionary*)infoDictionary { return properties; }
+- (NSString*)bundleIdentifier { return [properties objectForKey:@"CFBundleIdentifier"]; }
+
+- (NSString*)pathForResource:(NSString*)name ofType:(NSString*)extension
+{
+    NSString* const file = [extension length] == 0 ? name : [name stringByAppendingPathExtension:extension];
+    NSString* const path = [[self resourcePath] stringByAppendingPathComponent:file];
+    return [[NSFileManager defaultManager] fileExistsAtPath:path] ? path : nil;
+}
+
+@end
+
+namespace
+{
+
+/// The bundle around this program; nil where it lies in none.
+NSBundle* make_bundle_around_program()
+{
+    NSString* const program = [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:@"/proc/self/exe"];
+    NSString* const folder = [program stringByDeletingLastPathComponent];
+    NSString* const contents = [folder stringByDeletingLastPathComponent];
+    if (![[folder lastPathComponent] isEqualToString:@"MacOS"] ||
+        ![[contents lastPathComponent] isEqualToString:@"Contents"])
+        return nil;
+    return [[contents_bundle alloc] initWithRoot:[contents stringByDeletingLastPathComponent]];
+}
+
+} // namespace
+
+@interface NSBundle (contents_bundle)
++ (NSBundle*)bundle_around_program;
+@end
+
+@implementation NSBundle (contents_bundle)
+
+/// Takes the place of +mainBundle, which then has this one's name.
++ (void)load
+{
+    method_exchangeImplementations(class_getClassMethod(self, @selector(mainBundle)),
+                                   class_getClassMethod(self, @selector(bundle_around_program)));
+}
+
++ (NSBundle*)bundle_around_program
+{
+    static NSBundle* const around = make_bundle_around_program();
+    return around != nil ? around : [self bundle_around_program];
+}
+
+@end

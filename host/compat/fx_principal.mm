@@ -1,0 +1,17 @@
+#import <FxPlug/FxPrincipal.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+@implementation FxPrincipal
+
++ (void)startServicePrincipal { [self startServicePrincipalWithDelegate:nil]; }
+
++ (void)startServicePrincipalWithDelegate:(id<FxPrincipalDelegate>)delegate
+{
+    (void)delegate;
+    std::fputs("veridialfcpx: no video host can start this service here (veridial-host simulates one)\n", stderr);
+    std::exit(EXIT_FAILURE);
+}
+
+@end

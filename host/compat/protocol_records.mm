@@ -1,0 +1,4 @@
+#import <FxPlug/protocol_records.h>
+
+@implementation protocol_record_holder
+@end

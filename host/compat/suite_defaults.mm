@@ -1,0 +1,64 @@
+// Defaults of a suite by its name, which the desktop's own class of defaults does not offer.
+#import <Foundation/Foundation.h>
+
+extern "C" const int suite_defaults_are_linked = 1;
+
+/// One persistent domain of the standard defaults, and nothing behind it.
+@interface suite_defaults : NSUserDefaults
+{
+    NSString* domain;
+}
+- (instancetype)initWithDomain:(NSString*)name;
+@end
+
+@implementation suite_defaults
+
+- (instancetype)initWithDomain:(NSString*)name
+{
+    if ((self = [super init]))
+        domain = [name copy];
+    return self;
+}
+
+- (void)dealloc
+{
+    [domain release];
+    [super dealloc];
+}
+
+- (NSDictionary*)dictionaryRepresentation
+{
+    NSDictionary* const values = [[NSUserDefaults standardUserDefaults] persistentDomainForName:domain];
+    return values != nil ? values : [NSDictionary dictionary];
+}
+
+- (id)objectForKey:(NSString*)key { return [[self dictionaryRepresentation] objectForKey:key]; }
+
+- (void)setObject:(id)value forKey:(NSString*)key
+{
+    NSUserDefaults* const all = [NSUserDefaults standardUserDefaults];
+    @synchronized(all)
+    {
+        NSMutableDictionary* const values = [[[self dictionaryRepresentation] mutableCopy] autorelease];
+        if (value != nil)
+            [values setObject:value forKey:key];
+        else
+            [values removeObjectForKey:key];
+        [all setPersistentDomain:values forName:domain];
+    }
+}
+
+- (void)removeObjectForKey:(NSString*)key { [self setObject:nil forKey:key]; }
+- (BOOL)synchronize { return [[NSUserDefaults standardUserDefaults] synchronize]; }
+
+@end
+
+@implementation NSUserDefaults (apple_additions)
+
+- (instancetype)initWithSuiteName:(NSString*)name
+{
+    [self release];
+    return [[suite_defaults alloc] initWithDomain:name];
+}
+
+@end

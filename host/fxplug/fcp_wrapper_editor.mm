@@ -1,0 +1,108 @@
+#import "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+
+#include "framework/editor_session.h"
+#include "fxplug/host_apis.h"
+#include "fxplug/run_loop.h"
+
+using namespace ov1;
+
+namespace
+{
+
+constexpr NSTimeInterval idle_period = 0.033; // seconds
+
+/// The sitting of the editor that is open in this process; null while none is. Main thread.
+editor_session*& running_session()
+{
+    static editor_session* running = nullptr;
+    return running;
+}
+
+} // namespace
+
+@implementation fcp_wrapper_veridialfcpx_3_7_0_0 (editor)
+
+- (void)handleGUIButton
+{
+    if (gui_is_open())
+    {
+        if (running_session() != nullptr)
+            running_session()->raise();
+        return;
+    }
+    {
+        const std::scoped_lock guard(analyze_mutex);
+        preview_image_source.reset();
+        preview_image_dest.reset();
+    }
+    gui_requested = true;
+    preview_render_requested = false;
+    [self requestFrameAnalyisForPreview];
+    [idleTimer invalidate];
+    idleTimer = [NSTimer timerWithTimeInterval:idle_period
+                                        target:self
+                                      selector:@selector(runIdle:)
+                                      userInfo:nil
+                                       repeats:YES];
+    [[NSRunLoop mainRunLoop] addTimer:idleTimer forMode:NSDefaultRunLoopMode];
+}
+
+- (void)requestFrameAnalyisForPreview
+{
+    id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
+    if (action == nil)
+        return;
+    CMTime wanted = [action currentTime];
+    [timing_api(_apiManager) inputTime:&wanted fromTimelineTime:wanted];
+    {
+        const std::scoped_lock guard(time_mutex);
+        preview_time = wanted;
+    }
+    [action startAction:self];
+    id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
+    if (analysis == nil)
+        return; // a host without analysis ends the action by itself
+    preview_render_requested = true;
+    NSError* error = nil;
+    if (![analysis startForwardAnalysis:kFxAnalysisLocation_GPU error:&error])
+        NSLog(@"Analysis failed to start due to error: %@", error);
+    [action endAction:self];
+}
+
+- (void)runIdle:(NSTimer*)timer
+{
+    if (timer != idleTimer || !gui_requested || preview_render_requested || gui_is_open())
+        return;
+    {
+        const std::scoped_lock guard(analyze_mutex);
+        if (!preview_image_source)
+            return;
+    }
+    // The timer holds this instance; the editor must not outlive it.
+    [[self retain] autorelease];
+    [idleTimer invalidate];
+    idleTimer = nil;
+    gui_requested = false;
+    [self runGUI];
+}
+
+- (void)runGUI
+{
+    gui_is_open() = true;
+    editor_session session(component);
+    {
+        const std::scoped_lock guard(analyze_mutex);
+        session.set_picture(preview_image_source, preview_image_dest);
+    }
+    running_session() = &session;
+    editor_session_options options;
+    options.pump = turn_run_loop_once;
+    if (!session.run(options))
+        NSLog(@"The editor cannot be opened here.");
+    running_session() = nullptr;
+    [self pushState];
+    [self synchronizeHostParameters];
+    gui_is_open() = false;
+}
+
+@end

@@ -1,0 +1,381 @@
+#import "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+
+#include "framework/create_ccomponent.h"
+#include "framework/iparameter_v1.h"
+#include "fxplug/fcpx_host_interface.h"
+#include "fxplug/fx_error.h"
+#include "fxplug/host_apis.h"
+#include "fxplug/host_values.h"
+#include "fxplug/preview_capture.h"
+#include "fxplug/render_tile.h"
+#include "host/mapped_parameters.h"
+#include "host/state_payload.h"
+
+#include <dispatch/dispatch.h>
+
+using namespace ov1;
+
+std::atomic<bool>& ov1::gui_is_open()
+{
+    static std::atomic<bool> open = false;
+    return open;
+}
+
+namespace
+{
+
+NSString* key_text(const char* key) { return [NSString stringWithUTF8String:key]; }
+
+NSDictionary* make_properties()
+{
+    NSMutableDictionary* const all = [NSMutableDictionary dictionary];
+    const auto put = [&](const char* key, bool value)
+    { [all setObject:[NSNumber numberWithBool:value ? YES : NO] forKey:key_text(key)]; };
+    put(property_key::is_thread_safe, true);
+    put(property_key::may_remap_time, true);
+    put(property_key::uses_rational_time, true);
+    put(property_key::varies_when_params_are_static, false);
+    put(property_key::needs_full_buffer, true);
+    put(property_key::preserves_alpha, true);
+    put(property_key::changes_output_size, false);
+    [all setObject:[NSNumber numberWithInt:kFxImageColorInfo_RGB_GAMMA_VIDEO]
+            forKey:key_text(property_key::desired_processing_color_info)];
+    return [[all copy] autorelease];
+}
+
+/// The bridge's own host object; null once the component has ended.
+std::shared_ptr<fcpx_host_interface> bridge_host_of(const std::shared_ptr<icomponent_v1>& component)
+{
+    return component ? std::dynamic_pointer_cast<fcpx_host_interface>(component->get_host()) : nullptr;
+}
+
+/// Writes the component's value to the host where the host's differs, or cannot be read.
+void push_parameter(icomponent_v1& component, ihost_v1& host, int place, id<FxParameterRetrievalAPI_v6> retrieval,
+                    id<FxParameterSettingAPI_v5> setting, CMTime time)
+{
+    const auto parameter = component.get_parameter(place);
+    if (!parameter)
+        return;
+    const param_value record = parameter->get_param_value();
+    const auto at_host = read_host_value(retrieval, host_control_of(record), host_id_of(place), time);
+    if (at_host && !host_differs(*at_host, record))
+        return;
+    write_host_value(setting, host_value_of(record), host_id_of(place), time);
+    host.schedule_render();
+}
+
+/// A payload from a document into the component; parameters that took over former ones are queued for the host, which
+/// still holds their own values.
+void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData* payload)
+{
+    const auto* const bytes = static_cast<const std::uint8_t*>([payload bytes]);
+    std::vector<std::uint8_t> state(bytes, bytes + [payload length]);
+    std::string reason;
+    if (!check_state_payload(state, reason))
+    {
+        NSLog(@"The saved state is left alone: %s", reason.c_str());
+        return;
+    }
+    const auto before = copy_values(component);
+    if (!component.set_state(state, true) || host == nullptr)
+        return;
+    for (const int place : mapped_parameters(component, before, state))
+        host->add_dirty_param(place);
+}
+
+} // namespace
+
+@implementation fcp_wrapper_veridialfcpx_3_7_0_0
+
+- (instancetype)initWithAPIManager:(id<PROAPIAccessing>)apiManager
+{
+    if (!(self = [super init]))
+        return nil;
+    _apiManager = apiManager;
+    component = create_ccomponent();
+    if (!component)
+    {
+        [self release];
+        return nil;
+    }
+    component->initialize(std::make_shared<fcpx_host_interface>(component, apiManager));
+    [fcpx_state_param setDefaultState:component->get_state()];
+    state = [[fcpx_state_param alloc] init];
+    initialized = false;
+    gui_requested = false;
+    preview_render_requested = false;
+    preview_time = kCMTimeInvalid;
+    return self;
+}
+
+- (void)dealloc
+{
+    [idleTimer invalidate];
+    [state release];
+    _apiManager = nil;
+    if (const auto host = bridge_host_of(component))
+        host->detach();
+    if (component)
+        component->terminate();
+    [super dealloc];
+}
+
+- (std::shared_ptr<icomponent_v1>)getComponent { return component; }
+- (id<PROAPIAccessing>)getApiManager { return _apiManager; }
+
+- (BOOL)properties:(NSDictionary**)properties error:(NSError**)error
+{
+    (void)error;
+    *properties = make_properties();
+    return YES;
+}
+
+- (BOOL)addParametersWithError:(NSError**)error
+{
+    id<FxParameterCreationAPI_v5> const creation = creation_api(_apiManager);
+    if (creation == nil)
+    {
+        store_error(error, no_creation_api, "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
+        return NO;
+    }
+    [creation addCustomParameterWithName:key_text(state_parameter_name)
+                             parameterID:state_host_id
+                            defaultValue:state
+                          parameterFlags:state_host_flags];
+    for (const host_declaration& parameter : declare_parameters(*component))
+        declare_at_host(creation, parameter);
+    return YES;
+}
+
+- (void)synchronizeHostParameters
+{
+    const auto host = bridge_host_of(component);
+    id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
+    if (!host || action == nil)
+        return;
+    const CMTime now = [action currentTime];
+    for (int place = host->pop_dirty_param(); place >= 0; place = host->pop_dirty_param())
+    {
+        [action startAction:self];
+        id<FxParameterSettingAPI_v5> const setting = setting_api(_apiManager);
+        id<FxParameterRetrievalAPI_v6> const retrieval = retrieval_api(_apiManager);
+        if (setting != nil && retrieval != nil)
+            push_parameter(*component, *host, place, retrieval, setting, now);
+        [action endAction:self];
+    }
+}
+
+- (BOOL)parameterChanged:(UInt32)paramID atTime:(CMTime)time error:(NSError**)error
+{
+    (void)time;
+    (void)error;
+    if (gui_is_open())
+        return YES;
+    if (![self synchronizeComponentParameter:paramID])
+        return NO;
+    [self synchronizeHostParameters];
+    return YES;
+}
+
+- (BOOL)synchronizeComponentParameter:(UInt32)hostID
+{
+    id<FxParameterRetrievalAPI_v6> const retrieval = retrieval_api(_apiManager);
+    id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
+    const auto parameter = component->get_parameter(place_of_host_id(static_cast<int>(hostID)));
+    if (!parameter || retrieval == nil || action == nil)
+        return NO;
+    param_value record = parameter->get_param_value();
+    if (const auto value =
+            read_host_value(retrieval, host_control_of(record), static_cast<int>(hostID), [action currentTime]))
+    {
+        take_host_value(*value, record);
+        parameter->set_param_value(record, true);
+    }
+    return YES;
+}
+
+- (BOOL)pluginState:(NSData**)pluginState
+             atTime:(CMTime)renderTime
+            quality:(FxQuality)qualityLevel
+              error:(NSError**)error
+{
+    (void)renderTime;
+    (void)qualityLevel;
+    (void)error;
+    if (pluginState != nullptr)
+        *pluginState = nil;
+    if (!gui_is_open())
+        for (int place = 0; place < component->get_parameter_count(); ++place)
+            [self synchronizeComponentParameter:static_cast<UInt32>(host_id_of(place))];
+    return YES;
+}
+
+- (void)pluginInstanceAddedToDocument
+{
+    [self performSelectorOnMainThread:@selector(pullState) withObject:nil waitUntilDone:YES];
+}
+
+- (Class)classForCustomParameterID:(UInt32)parameterID
+{
+    return parameterID == state_host_id ? [fcpx_state_param class] : Nil;
+}
+
+- (void)pullState
+{
+    id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
+    if (action == nil)
+        return;
+    const CMTime now = [action currentTime];
+    [action startAction:self];
+    NSObject<NSSecureCoding, NSCopying>* value = nil;
+    if ([retrieval_api(_apiManager) getCustomParameterValue:&value fromParameter:state_host_id atTime:now] &&
+        [value isKindOfClass:[fcpx_state_param class]])
+    {
+        NSData* const payload = static_cast<fcpx_state_param*>(value).data;
+        if ([payload isKindOfClass:[NSData class]] && [payload length] > 0)
+            restore_payload(*component, bridge_host_of(component).get(), payload);
+    }
+    [action endAction:self];
+    [self synchronizeHostParameters];
+}
+
+- (BOOL)pushState
+{
+    const std::scoped_lock guard(analyze_mutex);
+    id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
+    if (action == nil)
+        return NO;
+    const CMTime now = [action currentTime];
+    [action startAction:self];
+    BOOL taken = NO;
+    if (id<FxParameterSettingAPI_v5> const setting = setting_api(_apiManager); setting != nil)
+    {
+        const auto payload = make_state_payload(component->get_state());
+        state.data = [NSData dataWithBytes:payload.data() length:payload.size()];
+        taken = [setting setCustomParameterValue:state toParameter:state_host_id atTime:now];
+    }
+    if (preview_render_requested)
+    {
+        id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
+        if (analysis == nil)
+            return taken; // a host without analysis ends the action by itself
+        NSError* error = nil;
+        if (![analysis startForwardAnalysis:kFxAnalysisLocation_GPU error:&error])
+            NSLog(@"Analysis failed to start due to error: %@", error);
+    }
+    [action endAction:self];
+    return taken;
+}
+
+- (BOOL)destinationImageRect:(FxRect*)destinationImageRect
+                sourceImages:(NSArray*)sourceImages
+            destinationImage:(FxImageTile*)destinationImage
+                 pluginState:(NSData*)pluginState
+                      atTime:(CMTime)renderTime
+                       error:(NSError**)outError
+{
+    (void)destinationImage;
+    (void)pluginState;
+    (void)renderTime;
+    (void)outError;
+    *destinationImageRect = [static_cast<FxImageTile*>([sourceImages objectAtIndex:0]) imagePixelBounds];
+    return YES;
+}
+
+- (BOOL)sourceTileRect:(FxRect*)sourceTileRect
+      sourceImageIndex:(NSUInteger)sourceImageIndex
+          sourceImages:(NSArray*)sourceImages
+   destinationTileRect:(FxRect)destinationTileRect
+      destinationImage:(FxImageTile*)destinationImage
+           pluginState:(NSData*)pluginState
+                atTime:(CMTime)renderTime
+                 error:(NSError**)outError
+{
+    (void)sourceImageIndex;
+    (void)sourceImages;
+    (void)destinationImage;
+    (void)pluginState;
+    (void)renderTime;
+    (void)outError;
+    *sourceTileRect = destinationTileRect;
+    return YES;
+}
+
+- (BOOL)renderDestinationImage:(FxImageTile*)destinationImage
+                  sourceImages:(NSArray*)sourceImages
+                   pluginState:(NSData*)pluginState
+                        atTime:(CMTime)renderTime
+                         error:(NSError**)outError
+{
+    (void)pluginState;
+    (void)renderTime;
+    if (gui_is_open())
+        return YES;
+    return render_tile(*component, destinationImage, sourceImages, outError);
+}
+
+- (NSView*)createViewForParameterID:(UInt32)parameterID NS_RETURNS_RETAINED
+{
+    if (parameterID != state_host_id)
+        return nil;
+    NSView* const view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 124, 30)];
+    NSButton* const button = [[[NSButton alloc] initWithFrame:NSMakeRect(2, 2, 120, 24)] autorelease];
+    [button setTitle:key_text(gui_button_title)];
+    [button setBezelStyle:static_cast<NSBezelStyle>(2)]; // regular square
+    [button setTarget:self];
+    [button setAction:@selector(handleGUIButton)];
+    [view addSubview:button];
+    return view;
+}
+
+- (BOOL)desiredAnalysisTimeRange:(CMTimeRange*)desiredRange
+           forInputWithTimeRange:(CMTimeRange)inputTimeRange
+                           error:(NSError**)error
+{
+    (void)inputTimeRange;
+    id<FxTimingAPI_v4> const timing = timing_api(_apiManager);
+    if (timing == nil)
+    {
+        store_error(error, no_timing_api);
+        return NO;
+    }
+    const CMTime frame = CMTimeMake(static_cast<std::int64_t>([timing timelineFpsDenominatorForEffect:self]),
+                                    static_cast<std::int32_t>([timing timelineFpsNumeratorForEffect:self]));
+    const std::scoped_lock guard(time_mutex);
+    *desiredRange = CMTimeRangeMake(preview_time, frame);
+    return YES;
+}
+
+- (BOOL)setupAnalysisForTimeRange:(CMTimeRange)analysisRange frameDuration:(CMTime)frameDuration error:(NSError**)error
+{
+    (void)analysisRange;
+    (void)frameDuration;
+    (void)error;
+    return YES;
+}
+
+- (BOOL)analyzeFrame:(FxImageTile*)frame atTime:(CMTime)frameTime error:(NSError**)error
+{
+    const std::scoped_lock guard(analyze_mutex);
+    {
+        const std::scoped_lock time_guard(time_mutex);
+        if (!preview_render_requested || CMTimeCompare(frameTime, preview_time) != 0)
+            return YES;
+    }
+    const auto source = capture_preview(frame, error);
+    if (!source)
+        return NO;
+    preview_image_source = source;
+    preview_image_dest = std::make_shared<image>(source->get_width(), source->get_height(), source->get_pixel_type(),
+                                                 source->get_origin());
+    preview_render_requested = false;
+    return YES;
+}
+
+- (BOOL)cleanupAnalysis:(NSError**)error
+{
+    (void)error;
+    return YES;
+}
+
+@end

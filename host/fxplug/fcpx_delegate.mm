@@ -1,0 +1,17 @@
+#import "fxplug/fcpx_delegate.h"
+
+#include "fxplug/bundle_info.h"
+#include "host/connected_host.h"
+
+@implementation FCPXDelegate
+
+- (instancetype)init { return [super init]; }
+
+- (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString
+{
+    using namespace ov1;
+    set_connected_host({cfstring_to_string(hostBundleIdentifier, NSUTF8StringEncoding),
+                        version_from_text(cfstring_to_string(hostVersionString, NSUTF8StringEncoding))});
+}
+
+@end

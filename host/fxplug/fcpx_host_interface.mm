@@ -1,0 +1,83 @@
+#include "fxplug/fcpx_host_interface.h"
+
+#include "framework/icomponent_v1.h"
+#include "framework/iparameter_v1.h"
+#include "fxplug/host_apis.h"
+#include "host/connected_host.h"
+#include "host/parameter_map.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+fcpx_host_interface::fcpx_host_interface(std::weak_ptr<icomponent_v1> component, id<PROAPIAccessing> manager)
+    : chost_v1(std::move(component))
+    , manager(manager)
+{
+}
+
+host_kind fcpx_host_interface::get_type() const { return host_kind::video_host; }
+std::string fcpx_host_interface::get_vendor() const { return "Apple"; }
+std::string fcpx_host_interface::get_name() const { return get_connected_host().name; }
+version fcpx_host_interface::get_version() const { return get_connected_host().version; }
+bool fcpx_host_interface::get_host_window(void**) { return false; }
+
+language_id fcpx_host_interface::get_language() const
+{
+    NSString* const code = [[NSLocale currentLocale] objectForKey:NSLocaleLanguageCode];
+    return [code isEqualToString:@"de"] ? language_id::german : language_id::english;
+}
+
+void fcpx_host_interface::notify(event e)
+{
+    if (e.type == event_kind::changed)
+    {
+        if (const int place = place_of(e.id); place >= 0)
+            dirty_params.add(place);
+    }
+    else if (e.type == event_kind::enabled_changed)
+        show_enabled_state(e.id);
+    chost_v1::notify(std::move(e));
+}
+
+int fcpx_host_interface::pop_dirty_param() { return dirty_params.pop(); }
+void fcpx_host_interface::add_dirty_param(int place) { dirty_params.add(place); }
+
+void fcpx_host_interface::detach()
+{
+    const std::scoped_lock guard(manager_mutex);
+    manager = nil;
+}
+
+int fcpx_host_interface::place_of(uid id) const
+{
+    const auto component = get_component();
+    if (!component)
+        return -1;
+    for (int place = 0; place < component->get_parameter_count(); ++place)
+        if (const auto parameter = component->get_parameter(place); parameter && parameter->get_uid() == id)
+            return place;
+    return -1;
+}
+
+void fcpx_host_interface::show_enabled_state(uid changed)
+{
+    const int place = place_of(changed);
+    const auto component = get_component();
+    const auto parameter = component && place >= 0 ? component->get_parameter(place) : nullptr;
+    id<FxParameterRetrievalAPI_v6> retrieval = nil;
+    id<FxParameterSettingAPI_v6> setting = nil;
+    {
+        const std::scoped_lock guard(manager_mutex);
+        retrieval = retrieval_api(manager);
+        setting = flag_setting_api(manager);
+    }
+    const auto host_id = static_cast<UInt32>(host_id_of(place));
+    FxParameterFlags flags = 0;
+    if (!parameter || setting == nil || ![retrieval getParameterFlags:&flags fromParameter:host_id])
+        return;
+    [setting setParameterFlags:with_hidden(flags, !parameter->get_enabled()) toParameter:host_id];
+}
+
+} // namespace ov1

@@ -1,0 +1,43 @@
+#include "fxplug/preview_capture.h"
+
+#include "fxplug/fx_error.h"
+#include "fxplug/surface.h"
+#include "host/preview_reduction.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+std::shared_ptr<image> reduce(const host_frame& frame, image::origin origin)
+{
+    const preview_size size = preview_size_of(static_cast<std::uint32_t>(frame.layout.width),
+                                              static_cast<std::uint32_t>(frame.layout.height));
+    const auto preview = std::make_shared<image>(size.width, size.height, image::pixel_type::argb_f32, origin);
+    for_each_row(size.height,
+                 [&](std::size_t y) { fill_preview_row(frame, size, *preview, static_cast<std::uint32_t>(y)); });
+    return preview;
+}
+
+} // namespace
+
+std::shared_ptr<image> capture_preview(FxImageTile* frame, NSError** error)
+{
+    const IOSurfaceRef surface = surface_of(frame);
+    if (IOSurfaceLock(surface, kIOSurfaceLockReadOnly, nullptr) != 0)
+        return nullptr;
+    const surface_layout layout = layout_of(surface);
+    const auto format = tile_format_of(layout);
+    std::shared_ptr<image> preview;
+    if (!format)
+        store_error(error, unsupported_pixel_format);
+    else if (layout.width > 0 && layout.height > 0)
+        preview = reduce({static_cast<const std::byte*>(IOSurfaceGetBaseAddress(surface)), layout, *format},
+                         [frame imageOrigin] == kFxImageOrigin_TOP_LEFT ? image::origin::top_left
+                                                                        : image::origin::bottom_left);
+    IOSurfaceUnlock(surface, kIOSurfaceLockReadOnly, nullptr);
+    return preview;
+}
+
+} // namespace ov1

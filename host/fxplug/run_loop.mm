@@ -1,0 +1,25 @@
+#include "fxplug/run_loop.h"
+
+#import <AppKit/AppKit.h>
+
+namespace ov1
+{
+
+void turn_run_loop_once()
+{
+    @autoreleasepool
+    {
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
+        // Null in a process without windows of the system's own.
+        NSApplication* const application = NSApp;
+        if (application == nil)
+            return;
+        while (NSEvent* const event = [application nextEventMatchingMask:static_cast<NSEventMask>(NSUIntegerMax)
+                                                               untilDate:[NSDate distantPast]
+                                                                  inMode:NSDefaultRunLoopMode
+                                                                 dequeue:YES])
+            [application sendEvent:event];
+    }
+}
+
+} // namespace ov1

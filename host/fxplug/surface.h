@@ -1,0 +1,30 @@
+// The host's surfaces: their layout, and rows of them on several threads.
+#pragma once
+
+#include "host/pixel_loops.h"
+
+#import <FxPlug/FxPlugSDK.h>
+#include <dispatch/dispatch.h>
+
+#include <cstddef>
+
+namespace ov1
+{
+
+/// The C interface's name for a tile's surface; null where it has none.
+IOSurfaceRef surface_of(FxImageTile* tile);
+
+inline constexpr auto lock_for_writing = static_cast<IOSurfaceLockOptions>(0);
+
+/// Of a locked surface.
+surface_layout layout_of(IOSurfaceRef surface);
+
+/// Calls row(y) for each row, on the threads of the system's queue of high priority; returns when all are done.
+template <typename function>
+void for_each_row(std::size_t rows, const function& row)
+{
+    dispatch_apply_f(rows, dispatch_get_global_queue(DISPATCH_QUEUE_PRIORITY_HIGH, 0), const_cast<function*>(&row),
+                     [](void* context, std::size_t y) { (*static_cast<const function*>(context))(y); });
+}
+
+} // namespace ov1

@@ -1,0 +1,14 @@
+#include "fxplug/surface.h"
+
+namespace ov1
+{
+
+IOSurfaceRef surface_of(FxImageTile* tile) { return reinterpret_cast<IOSurfaceRef>([tile ioSurface]); }
+
+surface_layout layout_of(IOSurfaceRef surface)
+{
+    return {IOSurfaceGetBytesPerRow(surface), IOSurfaceGetBytesPerElement(surface), IOSurfaceGetWidth(surface),
+            IOSurfaceGetHeight(surface), IOSurfaceGetPixelFormat(surface)};
+}
+
+} // namespace ov1

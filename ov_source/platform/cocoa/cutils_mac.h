@@ -1,0 +1,66 @@
+// The utilities on macOS.
+#pragma once
+
+#include "platform/iutils.h"
+
+namespace ov1
+{
+
+/// Settings are the user's defaults of two suites; an empty suite name means that the domain is missing. Resources lie
+/// in the program's own bundle. Window handles are an NSView or an NSWindow.
+class cutils_mac : public iutils
+{
+public:
+    cutils_mac(const std::string& vendor_suite, const std::string& product_suite);
+    ~cutils_mac() override;
+    cutils_mac(const cutils_mac&) = delete;
+    cutils_mac& operator=(const cutils_mac&) = delete;
+
+    bool set_bytes(const std::string& key, std::span<const std::uint8_t> bytes) override;
+    bool get_bytes(const std::string& key, std::vector<std::uint8_t>& bytes) override;
+    bool del_bytes(const std::string& key) override;
+    bool set_string(const std::string& key, const std::string& text) override;
+    bool get_string(const std::string& key, std::string& text) override;
+    bool set_vendor_bytes(const std::string& key, std::span<const std::uint8_t> bytes) override;
+    bool get_vendor_bytes(const std::string& key, std::vector<std::uint8_t>& bytes) override;
+    bool del_vendor_key(const std::string& key) override;
+    bool set_vendor_string(const std::string& key, const std::string& text) override;
+    bool get_vendor_string(const std::string& key, std::string& text) override;
+    bool set_vendor_uint32(const std::string& key, std::uint32_t value) override;
+    bool get_vendor_uint32(const std::string& key, std::uint32_t& value) override;
+    /// "macOS"
+    std::string get_os_name_string() override;
+    bool get_os_version_string(std::string& text) override;
+    /// "Mac OS BUILD ", the version of AppKit as a whole number, and " (64 Bits)".
+    bool get_os_string(std::string& text) override;
+    bool alert_box(void* parent_window, const std::string& title, const std::string& message,
+                   const std::string& button) override;
+    bool alert_box(void* parent_window, const std::string& title, const std::string& message,
+                   const std::string& first_button, const std::string& second_button) override;
+    /// The extension is what stands behind the name's last dot.
+    bool get_resource(const std::string& name, std::vector<std::uint8_t>& bytes) override;
+    /// A text that is no web address is opened as a file.
+    void open_url(const std::string& text) override;
+    bool is_main_thread() override;
+    /// Open to all users, whatever the process's mask.
+    bool create_dir(const std::string& path) override;
+    const std::string& get_path_separator() override;
+    void get_screen_dimensions(void* window, int& width, int& height) override;
+    /// ~/Library/Application Support/Orvane
+    std::string get_common_directory() override;
+    bool list_dir(const std::string& path, std::vector<std::string>* files, std::vector<std::string>* directories,
+                  bool full_paths) override;
+    /// The system scales by itself: 1.
+    double get_dpi_scale() override;
+    std::string get_resource_directory() override;
+
+private:
+    void* const vendor_domain;  ///< NSUserDefaults, or null
+    void* const product_domain; ///< likewise
+};
+
+/// The suites of this maker and this product.
+inline constexpr const char* vendor_suite_name = "com.orvane";
+inline constexpr const char* product_suite_name = "com.orvane.veridialfcpx";
+
+} // namespace ov1

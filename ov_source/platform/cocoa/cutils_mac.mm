@@ -1,0 +1,316 @@
+#include "platform/cutils_mac.h"
+
+#include "platform/folder_listing.h"
+
+#import <AppKit/AppKit.h>
+
+#include <algorithm>
+#include <limits>
+#include <sys/stat.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+NSString* text_of(const std::string& text)
+{
+    return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding] autorelease];
+}
+
+std::string utf8_of(NSString* text)
+{
+    const char* const bytes = [text UTF8String];
+    return bytes == nullptr ? std::string() : bytes;
+}
+
+NSUserDefaults* defaults_of(void* domain) { return static_cast<NSUserDefaults*>(domain); }
+
+void* make_domain(const std::string& suite)
+{
+    return suite.empty() ? nullptr : [[NSUserDefaults alloc] initWithSuiteName:text_of(suite)];
+}
+
+bool set_value(void* domain, const std::string& key, id value)
+{
+    if (domain == nullptr || key.empty() || value == nil)
+        return false;
+    [defaults_of(domain) setObject:value forKey:text_of(key)];
+    return true;
+}
+
+/// Nil unless the domain has a value of the class.
+id get_value(void* domain, const std::string& key, Class kind)
+{
+    if (domain == nullptr || key.empty())
+        return nil;
+    const id value = [defaults_of(domain) objectForKey:text_of(key)];
+    return [value isKindOfClass:kind] ? value : nil;
+}
+
+bool set_data(void* domain, const std::string& key, std::span<const std::uint8_t> bytes)
+{
+    @autoreleasepool
+    {
+        return set_value(domain, key, [NSData dataWithBytes:bytes.data() length:bytes.size()]);
+    }
+}
+
+bool get_data(void* domain, const std::string& key, std::vector<std::uint8_t>& bytes)
+{
+    @autoreleasepool
+    {
+        NSData* const data = get_value(domain, key, [NSData class]);
+        if (data == nil)
+            return false;
+        const auto* const first = static_cast<const std::uint8_t*>([data bytes]);
+        bytes.assign(first, first + [data length]);
+        return true;
+    }
+}
+
+bool set_text(void* domain, const std::string& key, const std::string& text)
+{
+    @autoreleasepool
+    {
+        return set_value(domain, key, text_of(text));
+    }
+}
+
+bool get_text(void* domain, const std::string& key, std::string& text)
+{
+    @autoreleasepool
+    {
+        NSString* const found = get_value(domain, key, [NSString class]);
+        if (found != nil)
+            text = utf8_of(found);
+        return found != nil;
+    }
+}
+
+bool remove_value(void* domain, const std::string& key)
+{
+    if (domain == nullptr || key.empty())
+        return false;
+    @autoreleasepool
+    {
+        [defaults_of(domain) removeObjectForKey:text_of(key)];
+    }
+    return true;
+}
+
+NSRect frame_of(void* handle)
+{
+    const id object = static_cast<id>(handle);
+    NSWindow* const window = [object isKindOfClass:[NSView class]] ? [static_cast<NSView*>(object) window] : object;
+    return [window frame];
+}
+
+double area(NSRect r) { return r.size.width * r.size.height; }
+
+} // namespace
+
+cutils_mac::cutils_mac(const std::string& vendor_suite, const std::string& product_suite)
+    : vendor_domain(make_domain(vendor_suite))
+    , product_domain(make_domain(product_suite))
+{
+}
+
+cutils_mac::~cutils_mac()
+{
+    [defaults_of(vendor_domain) release];
+    [defaults_of(product_domain) release];
+}
+
+bool cutils_mac::set_bytes(const std::string& key, std::span<const std::uint8_t> bytes)
+{
+    return set_data(product_domain, key, bytes);
+}
+bool cutils_mac::get_bytes(const std::string& key, std::vector<std::uint8_t>& bytes)
+{
+    return get_data(product_domain, key, bytes);
+}
+bool cutils_mac::del_bytes(const std::string& key) { return remove_value(product_domain, key); }
+bool cutils_mac::set_string(const std::string& key, const std::string& text)
+{
+    return set_text(product_domain, key, text);
+}
+bool cutils_mac::get_string(const std::string& key, std::string& text) { return get_text(product_domain, key, text); }
+
+bool cutils_mac::set_vendor_bytes(const std::string& key, std::span<const std::uint8_t> bytes)
+{
+    return set_data(vendor_domain, key, bytes);
+}
+bool cutils_mac::get_vendor_bytes(const std::string& key, std::vector<std::uint8_t>& bytes)
+{
+    return get_data(vendor_domain, key, bytes);
+}
+bool cutils_mac::del_vendor_key(const std::string& key) { return remove_value(vendor_domain, key); }
+bool cutils_mac::set_vendor_string(const std::string& key, const std::string& text)
+{
+    return set_text(vendor_domain, key, text);
+}
+bool cutils_mac::get_vendor_string(const std::string& key, std::string& text)
+{
+    return get_text(vendor_domain, key, text);
+}
+
+bool cutils_mac::set_vendor_uint32(const std::string& key, std::uint32_t value)
+{
+    @autoreleasepool
+    {
+        return set_value(vendor_domain, key, [NSNumber numberWithLongLong:value]);
+    }
+}
+
+bool cutils_mac::get_vendor_uint32(const std::string& key, std::uint32_t& value)
+{
+    @autoreleasepool
+    {
+        // Reading a key that is not there as a number would give 0.
+        NSNumber* const number = get_value(vendor_domain, key, [NSNumber class]);
+        const long long wide = [number longLongValue];
+        if (number == nil || wide < 0 || wide > std::numeric_limits<std::uint32_t>::max())
+            return false;
+        value = static_cast<std::uint32_t>(wide);
+        return true;
+    }
+}
+
+std::string cutils_mac::get_os_name_string() { return "macOS"; }
+
+bool cutils_mac::get_os_version_string(std::string& text)
+{
+    const NSOperatingSystemVersion v = [[NSProcessInfo processInfo] operatingSystemVersion];
+    text = std::to_string(v.majorVersion) + '.' + std::to_string(v.minorVersion) + '.' + std::to_string(v.patchVersion);
+    return true;
+}
+
+bool cutils_mac::get_os_string(std::string& text)
+{
+    text = "Mac OS BUILD " + std::to_string(static_cast<int>(NSAppKitVersionNumber)) + " (64 Bits)";
+    return true;
+}
+
+bool cutils_mac::alert_box(void* parent_window, const std::string& title, const std::string& message,
+                           const std::string& button)
+{
+    return alert_box(parent_window, title, message, button, {});
+}
+
+bool cutils_mac::alert_box(void*, const std::string& title, const std::string& message,
+                           const std::string& first_button, const std::string& second_button)
+{
+    @autoreleasepool
+    {
+        NSAlert* const alert = [[[NSAlert alloc] init] autorelease];
+        [alert setMessageText:text_of(title)];
+        [alert setInformativeText:text_of(message)];
+        for (const std::string& button : {first_button, second_button})
+            if (!button.empty())
+                [alert addButtonWithTitle:text_of(button)];
+        return [alert runModal] == NSAlertFirstButtonReturn && !first_button.empty();
+    }
+}
+
+bool cutils_mac::get_resource(const std::string& name, std::vector<std::uint8_t>& bytes)
+{
+    @autoreleasepool
+    {
+        // Top level only: a name never leads out of the folder.
+        NSString* const whole = text_of(name);
+        if ([whole length] == 0 || name.find('/') != std::string::npos)
+            return false;
+        NSString* const path = [[NSBundle mainBundle] pathForResource:[whole stringByDeletingPathExtension]
+                                                               ofType:[whole pathExtension]];
+        NSData* const data = path == nil ? nil : [NSData dataWithContentsOfFile:path];
+        if (data == nil)
+            return false;
+        const auto* const first = static_cast<const std::uint8_t*>([data bytes]);
+        bytes.assign(first, first + [data length]);
+        return true;
+    }
+}
+
+void cutils_mac::open_url(const std::string& text)
+{
+    @autoreleasepool
+    {
+        NSURL* const url = [NSURL URLWithString:text_of(text)];
+        if (url == nil || [[url scheme] length] == 0)
+            [[NSWorkspace sharedWorkspace] openFile:text_of(text)];
+        else
+            [[NSWorkspace sharedWorkspace] openURL:url];
+    }
+}
+
+bool cutils_mac::is_main_thread() { return [NSThread isMainThread]; }
+
+bool cutils_mac::create_dir(const std::string& path)
+{
+    // The mode is set afterwards: the mask belongs to all threads and is left alone.
+    return !path.empty() && mkdir(path.c_str(), 0777) == 0 && chmod(path.c_str(), 0777) == 0;
+}
+
+const std::string& cutils_mac::get_path_separator()
+{
+    static const std::string& separator = *new std::string("/");
+    return separator;
+}
+
+void cutils_mac::get_screen_dimensions(void* window, int& width, int& height)
+{
+    @autoreleasepool
+    {
+        NSRect best = [[NSScreen mainScreen] frame];
+        double most = 0.0;
+        if (window != nullptr)
+            for (NSScreen* screen in [NSScreen screens])
+                if (const double shown = area(NSIntersectionRect([screen frame], frame_of(window))); shown > most)
+                {
+                    most = shown;
+                    best = [screen frame];
+                }
+        width = static_cast<int>(best.size.width);
+        height = static_cast<int>(best.size.height);
+    }
+}
+
+std::string cutils_mac::get_common_directory()
+{
+    @autoreleasepool
+    {
+        NSString* const folder = [NSHomeDirectory() stringByAppendingPathComponent:@"Library/Application Support/Orvane"];
+        [[NSFileManager defaultManager] createDirectoryAtPath:folder
+                                  withIntermediateDirectories:YES
+                                                   attributes:nil
+                                                        error:NULL];
+        return utf8_of(folder);
+    }
+}
+
+bool cutils_mac::list_dir(const std::string& path, std::vector<std::string>* files,
+                          std::vector<std::string>* directories, bool full_paths)
+{
+    return list_folder(path, files, directories, full_paths);
+}
+
+double cutils_mac::get_dpi_scale() { return 1.0; }
+
+std::string cutils_mac::get_resource_directory()
+{
+    @autoreleasepool
+    {
+        return utf8_of([[NSBundle mainBundle] resourcePath]);
+    }
+}
+
+#if defined(__APPLE__)
+std::unique_ptr<iutils> make_system_utils()
+{
+    return std::make_unique<cutils_mac>(vendor_suite_name, product_suite_name);
+}
+#endif
+
+} // namespace ov1

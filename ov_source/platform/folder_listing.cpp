@@ -1,0 +1,48 @@
+#include "platform/folder_listing.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+bool is_directory(const std::string& folder, const dirent& entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    // A file system that does not say it in the listing.
+    struct stat facts;
+    return lstat((folder + '/' + entry.d_name).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
+} // namespace
+
+bool list_folder(const std::string& path, std::vector<std::string>* files, std::vector<std::string>* directories,
+                 bool full_paths)
+{
+    if (path.empty() || (files == nullptr && directories == nullptr))
+        return false;
+    DIR* directory = opendir(path.c_str());
+    if (directory == nullptr)
+        return false;
+    const std::string prefix = !full_paths ? "" : path.ends_with('/') ? path : path + '/';
+    std::vector<std::string> found_files;
+    std::vector<std::string> found_directories;
+    while (const dirent* entry = readdir(directory))
+    {
+        const std::string name = entry->d_name;
+        if (name != "." && name != "..")
+            (is_directory(path, *entry) ? found_directories : found_files).push_back(prefix + name);
+    }
+    closedir(directory);
+    if (files != nullptr)
+        *files = std::move(found_files);
+    if (directories != nullptr)
+        *directories = std::move(found_directories);
+    return true;
+}
+
+} // namespace ov1
