@@ -1,0 +1,59 @@
+// veridialfcpx: the service that the video host starts, and the writer of the template.
+#import "fxplug/fcpx_delegate.h"
+
+#include "fxplug/bundle_info.h"
+#include "host/extract_command.h"
+#include "host/template_writer.h"
+#include "platform/cutils_mac.h"
+#include "platform/scoped_utils.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+/// For the life of the process: whether the host's framework keeps it is not known.
+FCPXDelegate* service_delegate = nil;
+
+int serve()
+{
+    service_delegate = [[FCPXDelegate alloc] init];
+    [FxPrincipal startServicePrincipalWithDelegate:service_delegate];
+    return 0;
+}
+
+int generate_template(const std::string& folder)
+{
+    std::string failure;
+    if (ov1::write_template(ov1::read_bundle_facts([NSBundle mainBundle]), folder, failure))
+        return 0;
+    std::printf("%s", failure.c_str());
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    using namespace ov1;
+    @autoreleasepool
+    {
+        cutils_mac utils(vendor_suite_name, product_suite_name);
+        const scoped_utils in_force(utils);
+        const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+        const extract_command command = read_extract_command(arguments);
+        switch (command.what)
+        {
+        case extract_command::action::say:
+            std::puts(command.message.c_str());
+            return command.exit_code;
+        case extract_command::action::extract:
+            return generate_template(command.folder);
+        case extract_command::action::serve:
+            break;
+        }
+        return serve();
+    }
+}
