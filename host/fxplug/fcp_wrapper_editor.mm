@@ -6,6 +6,8 @@
 
 using namespace ov1;
 
+extern "C" const int wrapper_editor_is_linked = 1;
+
 namespace
 {
 
@@ -19,6 +21,29 @@ editor_session*& running_session()
 }
 
 } // namespace
+
+/// Stands between the timer and the instance: a timer keeps its target alive, and an instance that the user removes while
+/// it waits for a frame must be able to end, and the timer with it.
+@interface idle_timer_target : NSObject
+{
+    fcp_wrapper_veridialfcpx_3_7_0_0* owner; // not retained: it ends the timer before it goes
+}
+- (instancetype)initWithOwner:(fcp_wrapper_veridialfcpx_3_7_0_0*)instance;
+- (void)tick:(NSTimer*)timer;
+@end
+
+@implementation idle_timer_target
+
+- (instancetype)initWithOwner:(fcp_wrapper_veridialfcpx_3_7_0_0*)instance
+{
+    if ((self = [super init]))
+        owner = instance;
+    return self;
+}
+
+- (void)tick:(NSTimer*)timer { [owner runIdle:timer]; }
+
+@end
 
 @implementation fcp_wrapper_veridialfcpx_3_7_0_0 (editor)
 
@@ -40,8 +65,8 @@ editor_session*& running_session()
     [self requestFrameAnalyisForPreview];
     [idleTimer invalidate];
     idleTimer = [NSTimer timerWithTimeInterval:idle_period
-                                        target:self
-                                      selector:@selector(runIdle:)
+                                        target:[[[idle_timer_target alloc] initWithOwner:self] autorelease]
+                                      selector:@selector(tick:)
                                       userInfo:nil
                                        repeats:YES];
     [[NSRunLoop mainRunLoop] addTimer:idleTimer forMode:NSDefaultRunLoopMode];
@@ -78,7 +103,7 @@ editor_session*& running_session()
         if (!preview_image_source)
             return;
     }
-    // The timer holds this instance; the editor must not outlive it.
+    // The host may remove this instance while the editor is open.
     [[self retain] autorelease];
     [idleTimer invalidate];
     idleTimer = nil;

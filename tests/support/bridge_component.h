@@ -6,6 +6,8 @@
 #include "framework/cparameter_color_v1.h"
 #include "framework/cparameter_continuous_v1.h"
 #include "framework/cparameter_integral_v1.h"
+#include "framework/editor_factory.h"
+#include "framework/iview_v1.h"
 
 #include <string>
 
@@ -43,6 +45,11 @@ struct bridge_component : ccomponent_v1
         register_parameter(std::make_shared<hidden_parameter>(get_self(), "Secret", 0.0f, 1.0f, 0.5f));
     }
 
+    std::shared_ptr<iview_v1> create_view() override
+    {
+        set_view(create_editor(get_self()));
+        return get_view();
+    }
     void handle_unknown_parameter(uid id, const param_value& value, bool edit) override
     {
         ccomponent_v1::handle_unknown_parameter(id, value, edit);

@@ -1,5 +1,4 @@
-// Draws the sample pictures: make_samples FOLDER writes landscape.png and memory_colours.png there,
-// make_samples --thumbnails FOLDER the effect's two thumbnails, fcpx_small.png and fcpx_large.png.
+// Draws the sample pictures: make_samples FOLDER writes landscape.png and memory_colours.png there.
 #include "media/still_writer.h"
 #include "platform/atomic_file.h"
 #include "samples/landscape.h"
@@ -60,36 +59,19 @@ bool draw(const std::string& path, std::size_t width, std::size_t height, F&& co
     return false;
 }
 
-bool draw_landscape(const std::string& path, std::size_t height)
-{
-    const auto width = static_cast<std::size_t>(static_cast<float>(height) * landscape_aspect);
-    return draw(path, width, height, landscape);
-}
-
-bool draw_samples(const std::string& folder)
-{
-    constexpr std::size_t height = 800;
-    constexpr auto width = static_cast<std::size_t>(height * landscape_aspect);
-    const auto chart = [](float x, float y) { return memory_chart(x / landscape_aspect, y); };
-    return draw_landscape(folder + "/landscape.png", height) &&
-           draw(folder + "/memory_colours.png", width, height, chart);
-}
-
-bool draw_thumbnails(const std::string& folder)
-{
-    return draw_landscape(folder + "/fcpx_small.png", 64) && draw_landscape(folder + "/fcpx_large.png", 256);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const bool thumbnails = argc == 3 && std::string(argv[1]) == "--thumbnails";
-    if (argc != 2 && !thumbnails)
+    if (argc != 2)
     {
-        std::fputs("usage: make_samples [--thumbnails] FOLDER\n", stderr);
+        std::fputs("usage: make_samples FOLDER\n", stderr);
         return 2;
     }
-    const std::string folder = argv[argc - 1];
-    return (thumbnails ? draw_thumbnails(folder) : draw_samples(folder)) ? 0 : 1;
+    const std::string folder = argv[1];
+    constexpr std::size_t height = 800, width = static_cast<std::size_t>(height * ov1::landscape_aspect);
+    const auto chart = [](float x, float y) { return ov1::memory_chart(x / ov1::landscape_aspect, y); };
+    const bool done = draw(folder + "/landscape.png", width, height, ov1::landscape) &&
+                      draw(folder + "/memory_colours.png", width, height, chart);
+    return done ? 0 : 1;
 }

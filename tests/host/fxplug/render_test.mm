@@ -1,0 +1,163 @@
+// Tiles through the plug-in class: pixels, refusals, several threads.
+#include "support/bridge_stage.h"
+
+#include "video_host/tile_maker.h"
+
+#include <random>
+#include <thread>
+
+namespace ov1
+{
+namespace
+{
+
+constexpr OSType half_code = 0x52476841, float_code = 0x52476641;
+
+host_picture random_picture(std::size_t width, std::size_t height)
+{
+    host_picture picture(width, height);
+    std::mt19937 random(7);
+    for (float& v : picture.rgba)
+        v = static_cast<float>(random() % 2049) / 2048; // a half holds it
+    return picture;
+}
+
+FxImageTile* tile_of(surface_shape shape)
+{
+    IOSurface* const surface = [[[IOSurface alloc] initWithShape:shape] autorelease];
+    return [[[FxImageTile alloc] initWithSurface:surface tileBounds:{} imageBounds:{} origin:2] autorelease];
+}
+
+using render = bridge_stage;
+
+TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
+{
+    const host_picture in = random_picture(97, 61);
+    for (const bool is_half : {true, false})
+    {
+        SCOPED_TRACE(is_half);
+        host_picture out, expected(97, 61);
+        ASSERT_TRUE(host.render(in, out, {is_half ? surface_format::half : surface_format::full_float, 32, 48, 3}, error));
+        for (std::size_t i = 0; i < in.rgba.size(); i += 4)
+        {
+            const float* p = &in.rgba[i];
+            const float graded[2][4] = {{p[0], p[3], p[2], p[1]}, {p[2], p[1], p[0], p[3]}};
+            std::copy_n(graded[is_half], 4, &expected.rgba[i]);
+        }
+        EXPECT_TRUE(out == expected) << "red and blue change places; of floats, the second and the fourth number";
+    }
+}
+
+TEST_F(render, rectangles_are_the_sources_and_the_destinations)
+{
+    const host_picture picture(100, 50);
+    FxImageTile* const tile = [make_tile(nil, picture, {10, 5, 20, 15}) autorelease];
+    FxRect whole{}, wanted{};
+    ASSERT_TRUE([plugin() destinationImageRect:&whole sourceImages:@[ tile ] destinationImage:nil pluginState:nil
+                                        atTime:kCMTimeZero error:NULL]);
+    EXPECT_TRUE(whole.left == 0 && whole.bottom == 0 && whole.right == 100 && whole.top == 50);
+    ASSERT_TRUE([plugin() sourceTileRect:&wanted sourceImageIndex:0 sourceImages:@[ tile ]
+                     destinationTileRect:[tile tilePixelBounds] destinationImage:tile pluginState:nil
+                                  atTime:kCMTimeZero error:NULL]);
+    EXPECT_TRUE(wanted.left == 10 && wanted.bottom == 30 && wanted.right == 30 && wanted.top == 45);
+}
+
+TEST_F(render, tiles_that_differ_or_are_not_read_are_refused_with_a_code)
+{
+    const surface_shape good{8, 4, half_code, 8, 64};
+    const struct
+    {
+        const char* name;
+        surface_shape source, destination;
+        long code;
+        const char* description;
+    } rows[] = {
+        {"bytes per row", {8, 4, half_code, 8, 80}, good, 5, "Input and Output image tiles are incompatible"},
+        {"height", {8, 5, half_code, 8, 64}, good, 5, "Input and Output image tiles are incompatible"},
+        {"format", {8, 4, float_code, 8, 64}, good, 5, "Input and Output image tiles are incompatible"},
+        {"halfs of 16 bytes", {4, 4, half_code, 16, 64}, {4, 4, half_code, 16, 64}, 18, "Unsupported pixel format"},
+        {"floats of 8 bytes", {8, 4, float_code, 8, 64}, {8, 4, float_code, 8, 64}, 18, "Unsupported pixel format"},
+        {"nothing wrong", good, good, 0, ""},
+        {"no width", {0, 4, half_code, 8, 0}, {0, 4, half_code, 8, 0}, 0, ""},
+        {"no height", {8, 0, half_code, 8, 64}, {8, 0, half_code, 8, 64}, 0, ""},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.name);
+        FxImageTile *const source = tile_of(row.source), *const destination = tile_of(row.destination);
+        NSError* said = nil;
+        EXPECT_EQ([plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil
+                                            atTime:kCMTimeZero error:&said], row.code == 0);
+        EXPECT_EQ([said code], row.code);
+        if (row.code != 0)
+        {
+            EXPECT_STREQ([[said localizedDescription] UTF8String], row.description);
+            EXPECT_TRUE([[said domain] isEqualToString:FxPlugErrorDomain]);
+            EXPECT_FALSE([plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil
+                                                   atTime:kCMTimeZero error:NULL]);
+        }
+        else
+            EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
+        EXPECT_EQ([[source ioSurface] wrongUnlocks] + [[destination ioSurface] wrongUnlocks], 0);
+    }
+}
+
+TEST_F(render, a_destination_without_a_lock_is_no_render_and_a_source_without_one_is_passed_over)
+{
+    FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination = tile_of({8, 4, half_code, 8, 64});
+    const auto run = [&](NSError** said)
+    {
+        return [plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil atTime:kCMTimeZero
+                                          error:said];
+    };
+    NSError* said = nil;
+    [[destination ioSurface] refuseLocks:YES];
+    EXPECT_FALSE(run(&said));
+    EXPECT_TRUE(said == nil);
+    [[destination ioSurface] refuseLocks:NO];
+    [[source ioSurface] refuseLocks:YES];
+    EXPECT_TRUE(run(&said));
+    EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
+}
+
+TEST_F(render, while_an_editor_is_open_tiles_stay_as_they_are_and_edits_are_not_taken)
+{
+    const host_picture in = random_picture(8, 8);
+    host_picture out;
+    gui_is_open() = true;
+    EXPECT_TRUE(host.render(in, out, {}, error));
+    EXPECT_TRUE(host.edit(2, 40.0)) << "accepted";
+    gui_is_open() = false;
+    EXPECT_TRUE(out == host_picture(8, 8));
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 12.5f) << "and ignored";
+}
+
+TEST_F(render, tiles_of_several_threads_with_edits_between_them_are_whole)
+{
+    const host_picture in = random_picture(64, 64);
+    std::atomic<bool> stop = false;
+    std::jthread editing(
+        [&]
+        {
+            for (double v = 0; !stop; v = v < 90 ? v + 1 : 0)
+                host.edit(2, v);
+        });
+    std::vector<std::jthread> renders;
+    for (int i = 0; i < 2; ++i)
+        renders.emplace_back(
+            [&]
+            {
+                for (int k = 0; k < 20; ++k)
+                {
+                    host_picture out;
+                    host_error said;
+                    EXPECT_TRUE(host.render(in, out, {surface_format::half, 16, 16, 2}, said));
+                    EXPECT_EQ(out.rgba[0], in.rgba[2]);
+                }
+            });
+    renders.clear();
+    stop = true;
+}
+
+} // namespace
+} // namespace ov1

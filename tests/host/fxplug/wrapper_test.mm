@@ -1,0 +1,247 @@
+// The plug-in class under the simulated host: declaration, values both ways, state, documents.
+#include "support/bridge_stage.h"
+
+#include "framework/iparameter_v1.h"
+#include "framework/state_blob.h"
+#include "host/parameter_map.h"
+#include "video_host/host_archive.h"
+
+namespace ov1
+{
+namespace
+{
+
+struct wrapper : bridge_stage
+{
+    store_archive state_payload()
+    {
+        std::string reason;
+        const auto archive = std::get<store_archive>(at_host(1, store_archive()));
+        auto* const state = static_cast<fcpx_state_param*>(unarchive_value(archive, [fcpx_state_param class], reason));
+        EXPECT_TRUE(state != nil) << reason;
+        const auto* const first = static_cast<const std::uint8_t*>([state.data bytes]);
+        return {first, first + [state.data length]};
+    }
+};
+
+TEST_F(wrapper, declares_the_state_and_every_parameter)
+{
+    const auto declared = host.get_parameters().copy();
+    ASSERT_EQ(declared.size(), 7u);
+    EXPECT_EQ(declared.at(1).name, "State");
+    EXPECT_EQ(declared.at(1).flags, 0x41u);
+    EXPECT_EQ(declared.at(3).entries.size(), 15u);
+    EXPECT_EQ(declared.at(3).default_value, store_value(2)) << "an index";
+    EXPECT_EQ(declared.at(4).default_value, store_value(5));
+    EXPECT_EQ(declared.at(5).default_value, store_value(true));
+    EXPECT_EQ(declared.at(6).flags, 0x400u);
+    EXPECT_EQ(declared.at(6).default_value, store_value(store_color{0.25, 0.5, 0.75, 1}));
+    EXPECT_EQ(declared.at(7).flags, 2u);
+    EXPECT_EQ(state_payload(), component()->get_state()) << "a new value carries the default state alone";
+    EXPECT_TRUE([plugin() classForCustomParameterID:1] == [fcpx_state_param class]);
+    EXPECT_TRUE([plugin() classForCustomParameterID:2] == Nil);
+}
+
+TEST(wrapper_without_creation, says_code_14_and_declares_nothing)
+{
+    const pool_scope pool;
+    simulated_host host;
+    host_error error;
+    host.refuse_interface("FxParameterCreationAPI_v5");
+    EXPECT_FALSE(host.create_instance(error));
+    EXPECT_EQ(error.code, 14);
+    EXPECT_EQ(error.description, "Unable to get the FxParameterCreationAPI_v5 in "
+                                 "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
+    EXPECT_TRUE(host.get_parameters().copy().empty());
+    EXPECT_FALSE([static_cast<id>(host.get_plugin()) addParametersWithError:NULL]) << "and without a place for the error";
+}
+
+TEST_F(wrapper, properties_are_eight_fixed_answers)
+{
+    NSDictionary* properties = nil;
+    ASSERT_TRUE([plugin() properties:&properties error:NULL]);
+    const struct
+    {
+        NSString* key;
+        int value;
+    } rows[] = {{@"IsThreadSafe", 1},   {@"MayRemapTime", 1},
+                {@"UsesRationalTime", 1}, {@"DesiredProcessingColorInfo", 2},
+                {@"VariesWhenParamsAreStatic", 0}, {@"NeedsFullBuffer", 1},
+                {@"PreservesAlpha", 1}, {@"ChangesOutputSize", 0}};
+    EXPECT_EQ([properties count], std::size(rows));
+    for (const auto& row : rows)
+        EXPECT_EQ([[properties objectForKey:row.key] intValue], row.value) << [row.key UTF8String];
+}
+
+TEST_F(wrapper, edits_in_the_inspector_reach_the_component_as_edits)
+{
+    EXPECT_TRUE(host.edit(2, 25.5) && host.edit(3, 14) && host.edit(4, 18) && host.edit(5, false) &&
+                host.edit(6, store_color{1, 0.5, 0, 0.25}));
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 25.5f);
+    EXPECT_EQ(value(bridge_component::menu).as_integral(), 17);
+    EXPECT_EQ(value(bridge_component::steps).as_integral(), 18);
+    EXPECT_FALSE(value(bridge_component::on).as_boolean());
+    EXPECT_EQ(value(bridge_component::tint).as_color(), (param_argb{0.25f, 1, 0.5f, 0}));
+    const auto sets = host.get_parameters().get_set_count();
+    [plugin() synchronizeHostParameters];
+    EXPECT_EQ(host.get_parameters().get_set_count(), sets) << "the host knows its own edits";
+    EXPECT_TRUE(host.undo());
+    EXPECT_EQ(value(bridge_component::tint).as_color(), (param_argb{1, 0.25f, 0.5f, 0.75f}));
+    EXPECT_FALSE([plugin() parameterChanged:8 atTime:kCMTimeZero error:NULL]) << "there is no such parameter";
+}
+
+TEST_F(wrapper, changes_of_the_program_reach_the_host_once_and_only_where_they_differ)
+{
+    set(bridge_component::amount, param_cell::of(-7.25f));
+    set(bridge_component::menu, param_cell::of(4));
+    set(bridge_component::on, param_cell::of(true));
+    const auto sets = host.get_parameters().get_set_count();
+    [plugin() synchronizeHostParameters];
+    EXPECT_EQ(at_host(2), store_value(-7.25));
+    EXPECT_EQ(at_host(3, 0), store_value(1)) << "counted from the lower bound";
+    EXPECT_EQ(host.get_parameters().get_set_count(), sets + 2) << "the toggle was as the host had it";
+    [plugin() synchronizeHostParameters];
+    EXPECT_EQ(host.get_parameters().get_set_count(), sets + 2);
+    EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
+}
+
+TEST_F(wrapper, an_animated_parameter_is_taken_at_the_time_of_the_call)
+{
+    host.get_parameters().set_keyframe(2, CMTimeMake(0, 30), 0.0);
+    host.get_parameters().set_keyframe(2, CMTimeMake(30, 30), 60.0);
+    host.set_playhead(CMTimeMake(15, 30));
+    host_picture in(4, 4), out;
+    ASSERT_TRUE(host.render(in, out, {}, error));
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 30.0f);
+}
+
+TEST_F(wrapper, a_disabled_parameter_is_hidden_and_no_other_bit_touched)
+{
+    host.get_parameters().set_flags(4, 0x20200);
+    component()->get_parameter(bridge_component::steps)->set_enabled(false);
+    EXPECT_EQ(host.get_parameters().copy().at(4).flags, 0x20202u);
+    component()->get_parameter(bridge_component::steps)->set_enabled(true);
+    EXPECT_EQ(host.get_parameters().copy().at(4).flags, 0x20200u);
+    host.refuse_interface("FxParameterSettingAPI_v6"); // an older host
+    component()->get_parameter(bridge_component::steps)->set_enabled(false);
+    EXPECT_EQ(host.get_parameters().copy().at(4).flags, 0x20200u);
+}
+
+TEST_F(wrapper, a_pushed_state_never_repeats_and_comes_back_whole)
+{
+    set(bridge_component::amount, param_cell::of(33.0f));
+    ASSERT_TRUE([plugin() pushState]);
+    const auto one = state_payload();
+    ASSERT_TRUE([plugin() pushState]);
+    const auto other = state_payload();
+    EXPECT_EQ(one.size(), component()->get_state_size() + 16);
+    EXPECT_EQ(other.size(), one.size());
+    EXPECT_NE(one, other);
+    EXPECT_EQ(host.get_parameters().get_undo_count(), 2u) << "two steps in the user's undo list";
+    set(bridge_component::amount, param_cell::of(1.0f));
+    [plugin() pullState];
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 33.0f);
+}
+
+TEST_F(wrapper, a_missing_or_damaged_state_leaves_the_component_alone)
+{
+    set(bridge_component::amount, param_cell::of(33.0f));
+    const auto damaged = [](std::vector<std::uint8_t> payload)
+    {
+        fcpx_state_param* const state = [[[fcpx_state_param alloc] init] autorelease];
+        state.data = [NSData dataWithBytes:payload.data() length:payload.size()];
+        return archive_value(state);
+    };
+    auto cut_short = component()->get_state();
+    cut_short.resize(cut_short.size() - 1);
+    for (const store_archive& archive : {store_archive(), damaged({}), damaged(cut_short), store_archive{1, 2, 3}})
+    {
+        SCOPED_TRACE(archive.size());
+        host.get_parameters().set(1, kCMTimeZero, archive);
+        host.add_to_document();
+        EXPECT_EQ(value(bridge_component::amount).as_continuous(), 33.0f);
+    }
+}
+
+TEST_F(wrapper, a_document_with_a_former_parameter_opens_with_its_grade_at_the_host_too)
+{
+    param_value old = component()->get_parameter(bridge_component::amount)->get_param_value();
+    old.value = param_cell::of(77.0f);
+    const auto blob = write_state(std::vector<state_record>{{old, make_uid("Old Amount")}});
+    fcpx_state_param* const state = [[[fcpx_state_param alloc] init] autorelease];
+    state.data = [NSData dataWithBytes:blob.data() length:blob.size()];
+    host.get_parameters().set(1, kCMTimeZero, archive_value(state));
+    host.add_to_document();
+    EXPECT_EQ(at_host(2), store_value(77.0));
+    host_picture in(4, 4), out;
+    ASSERT_TRUE(host.render(in, out, {}, error));
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 77.0f) << "and stays when the host's values are taken";
+}
+
+TEST_F(wrapper, a_document_opens_in_another_host_as_it_was)
+{
+    set(bridge_component::amount, param_cell::of(0.1f));
+    ASSERT_TRUE([plugin() pushState]);
+    [plugin() synchronizeHostParameters];
+    host.get_parameters().set_keyframe(7, CMTimeMake(1001, 30000), 0.125);
+    std::vector<std::uint8_t> bytes;
+    std::string reason;
+    ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
+
+    simulated_host other;
+    ASSERT_TRUE(other.create_instance(error) && other.read_document(bytes, reason)) << reason;
+    other.add_to_document();
+    auto* const opened = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(other.get_plugin());
+    EXPECT_EQ([opened getComponent]->get_state(), component()->get_state());
+    const auto saved = host.get_parameters().copy();
+    for (const auto& [number, p] : other.get_parameters().copy())
+        EXPECT_TRUE(same_values(p, saved.at(number))) << number;
+
+    for (const std::string text : {"", "no document", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array/></plist>"})
+    {
+        const std::vector<std::uint8_t> wrong(text.begin(), text.end());
+        EXPECT_FALSE(other.read_document(wrong, reason)) << text;
+    }
+}
+
+TEST_F(wrapper, missing_interfaces_make_no_operations)
+{
+    for (const char* name : {"FxCustomParameterActionAPI_v4", "FxParameterRetrievalAPI_v6", "FxParameterSettingAPI_v5"})
+    {
+        SCOPED_TRACE(name);
+        const auto before = component()->get_state();
+        host.refuse_interface(name);
+        const bool sets = std::string(name) == "FxParameterSettingAPI_v5";
+        EXPECT_EQ([plugin() synchronizeComponentParameter:2], sets);
+        EXPECT_EQ([plugin() pushState], std::string(name) == "FxParameterRetrievalAPI_v6");
+        [plugin() pullState];
+        [plugin() synchronizeHostParameters];
+        [plugin() handleGUIButton];
+        host.wait_for_analysis();
+        EXPECT_EQ(component()->get_state(), before);
+        host.refuse_interface(name, false);
+    }
+    EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
+}
+
+TEST(state_value, is_always_equal_never_blended_and_survives_a_strict_decoder)
+{
+    const pool_scope pool;
+    [fcpx_state_param setDefaultState:{1, 2, 3}];
+    fcpx_state_param* const one = [[[fcpx_state_param alloc] init] autorelease];
+    fcpx_state_param* const other = [[[fcpx_state_param alloc] init] autorelease];
+    other.data = [NSData dataWithBytes:"x" length:1];
+    EXPECT_TRUE([one isEqual:other]);
+    auto* const between = static_cast<fcpx_state_param*>([one interpolateBetween:other withWeight:0.5f]);
+    EXPECT_EQ([between.data length], 3u);
+    EXPECT_TRUE(between != one);
+    fcpx_state_param* const copy = [[one copy] autorelease];
+    EXPECT_TRUE(copy.data == one.data);
+    std::string reason;
+    auto* const back = static_cast<fcpx_state_param*>(unarchive_value(archive_value(one), [fcpx_state_param class], reason));
+    EXPECT_TRUE([back.data isEqualToData:one.data]) << reason;
+    EXPECT_TRUE(unarchive_value(archive_value(one), [NSData class], reason) == nil) << "it is strict";
+}
+
+} // namespace
+} // namespace ov1
