@@ -40,42 +40,42 @@ __extension__ typedef __int128 wide; // products of 64 and 32 bits
 extern "C"
 {
 
-const CMTime kCMTimeZero{0, 1, kCMTimeFlags_Valid, 0};
-const CMTime kCMTimeInvalid{0, 0, 0, 0};
-const CMTime kCMTimeIndefinite{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_Indefinite, 0};
-const CMTime kCMTimePositiveInfinity{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_PositiveInfinity, 0};
-const CMTime kCMTimeNegativeInfinity{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_NegativeInfinity, 0};
+    const CMTime kCMTimeZero{0, 1, kCMTimeFlags_Valid, 0};
+    const CMTime kCMTimeInvalid{0, 0, 0, 0};
+    const CMTime kCMTimeIndefinite{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_Indefinite, 0};
+    const CMTime kCMTimePositiveInfinity{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_PositiveInfinity, 0};
+    const CMTime kCMTimeNegativeInfinity{0, 0, kCMTimeFlags_Valid | kCMTimeFlags_NegativeInfinity, 0};
 
-CMTime CMTimeMake(std::int64_t value, std::int32_t timescale)
-{
-    return timescale > 0 ? CMTime{value, timescale, kCMTimeFlags_Valid, 0} : kCMTimeInvalid;
-}
-
-std::int32_t CMTimeCompare(CMTime a, CMTime b)
-{
-    if (rank_of(a) != rank_of(b) || rank_of(a) != rank::number)
-        return compared(rank_of(a), rank_of(b));
-    if (a.epoch != b.epoch)
-        return compared(a.epoch, b.epoch);
-    return compared(wide{a.value} * b.timescale, wide{b.value} * a.timescale);
-}
-
-double CMTimeGetSeconds(CMTime time)
-{
-    using limits = std::numeric_limits<double>;
-    switch (rank_of(time))
+    CMTime CMTimeMake(std::int64_t value, std::int32_t timescale)
     {
-    case rank::number:
-        return static_cast<double>(time.value) / time.timescale;
-    case rank::positive_infinity:
-        return limits::infinity();
-    case rank::negative_infinity:
-        return -limits::infinity();
-    default:
-        return limits::quiet_NaN();
+        return timescale > 0 ? CMTime{value, timescale, kCMTimeFlags_Valid, 0} : kCMTimeInvalid;
     }
-}
 
-CMTimeRange CMTimeRangeMake(CMTime start, CMTime duration) { return {start, duration}; }
+    std::int32_t CMTimeCompare(CMTime a, CMTime b)
+    {
+        if (rank_of(a) != rank_of(b) || rank_of(a) != rank::number)
+            return compared(rank_of(a), rank_of(b));
+        if (a.epoch != b.epoch)
+            return compared(a.epoch, b.epoch);
+        return compared(wide{a.value} * b.timescale, wide{b.value} * a.timescale);
+    }
+
+    double CMTimeGetSeconds(CMTime time)
+    {
+        using limits = std::numeric_limits<double>;
+        switch (rank_of(time))
+        {
+        case rank::number:
+            return static_cast<double>(time.value) / time.timescale;
+        case rank::positive_infinity:
+            return limits::infinity();
+        case rank::negative_infinity:
+            return -limits::infinity();
+        default:
+            return limits::quiet_NaN();
+        }
+    }
+
+    CMTimeRange CMTimeRangeMake(CMTime start, CMTime duration) { return {start, duration}; }
 
 } // extern "C"

@@ -42,7 +42,7 @@ struct stored_parameter
     double max = 0.0;
     std::vector<std::string> entries; ///< of a popup
     store_value default_value;
-    store_value value;                                 ///< while there are no keyframes
+    store_value value;                                   ///< while there are no keyframes
     std::map<CMTime, store_value, time_order> keyframes; ///< of numbers and colours, linear in between; others hold
 };
 

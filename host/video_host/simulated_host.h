@@ -17,9 +17,9 @@ namespace ov1
 struct tile_options
 {
     surface_format format = surface_format::half;
-    std::size_t side = 512;    ///< of a square tile in pixels; 0 sends the frame whole
-    std::size_t padding = 64;  ///< bytes behind every row
-    unsigned threads = 2;      ///< that render tiles at the same time
+    std::size_t side = 512;   ///< of a square tile in pixels; 0 sends the frame whole
+    std::size_t padding = 64; ///< bytes behind every row
+    unsigned threads = 2;     ///< that render tiles at the same time
 };
 
 /// What the effect answered with its last NO.
@@ -80,8 +80,8 @@ public:
     /// The NSView of the state's control, owned by the caller; null where the effect gives none. Main thread.
     void* create_view();
 
-    /// The document as bytes, and back: values and keyframes, the state as an archive. On failure one line says why, and
-    /// nothing is changed. Reading comes between create_instance and add_to_document.
+    /// The document as bytes, and back: values and keyframes, the state as an archive. On failure one line says why,
+    /// and nothing is changed. Reading comes between create_instance and add_to_document.
     [[nodiscard]] bool write_document(std::vector<std::uint8_t>& bytes, std::string& reason) const;
     [[nodiscard]] bool read_document(const std::vector<std::uint8_t>& bytes, std::string& reason);
 

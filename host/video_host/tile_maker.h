@@ -12,8 +12,7 @@ namespace ov1
 IOSurface* make_surface(const host_picture& picture, const picture_part& part, surface_format format,
                         std::size_t padding) NS_RETURNS_RETAINED;
 /// A surface of a part's size with zeros.
-IOSurface* make_empty_surface(const picture_part& part, surface_format format,
-                              std::size_t padding) NS_RETURNS_RETAINED;
+IOSurface* make_empty_surface(const picture_part& part, surface_format format, std::size_t padding) NS_RETURNS_RETAINED;
 
 /// Puts a surface's pixels into a part of the picture.
 void take_surface(IOSurface* surface, surface_format format, host_picture& picture, const picture_part& part);

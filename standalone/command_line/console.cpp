@@ -10,7 +10,6 @@ namespace ov1
 namespace
 {
 
-constexpr const char* program_prefix = "veridial: ";
 constexpr const char* erase_line = "\r\x1B[K"; // ECMA-48: carriage return, erase to the end of the line
 
 } // namespace
@@ -24,18 +23,18 @@ void console::result(const std::string& text)
     std::fputs(shown_status.c_str(), err);
 }
 
-void console::error(const problem& p) { line(program_prefix + problem_line(p)); }
+void console::error(const problem& p) { line(prefix + problem_line(p)); }
 
 void console::warning(const problem& p)
 {
     if (!quiet)
-        line(program_prefix + ("warning: " + problem_line(p)));
+        line(prefix + "warning: " + problem_line(p));
 }
 
 void console::note(const std::string& text)
 {
     if (verbose && !quiet)
-        line(program_prefix + text);
+        line(prefix + text);
 }
 
 void console::raw_line(const std::string& text) { line(text); }

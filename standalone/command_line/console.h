@@ -14,8 +14,9 @@ namespace ov1
 class console
 {
 public:
-    explicit console(std::FILE* out = stdout, std::FILE* err = stderr)
-        : out(out)
+    explicit console(std::FILE* out = stdout, std::FILE* err = stderr, const std::string& program = "veridial")
+        : prefix(program + ": ")
+        , out(out)
         , err(err)
     {
     }
@@ -44,6 +45,7 @@ private:
     void line(const std::string& text);
     void erase_status();
 
+    const std::string prefix;
     std::FILE* out;
     std::FILE* err;
     bool quiet = false;

@@ -1,6 +1,8 @@
 // What needs a screen: the view with the button. Run under an X server of the tests' own.
 #include "support/bridge_stage.h"
 
+#import <objc/runtime.h>
+
 namespace ov1
 {
 namespace
@@ -19,7 +21,7 @@ TEST_F(bridge_window, the_button_is_the_only_view)
     EXPECT_TRUE(NSEqualRects([view frame], NSMakeRect(0, 0, 124, 30)));
     EXPECT_TRUE(NSEqualRects([button frame], NSMakeRect(2, 2, 120, 24)));
     EXPECT_STREQ([[button title] UTF8String], "Open GUI...");
-    EXPECT_TRUE([button target] == plugin() && [button action] == @selector(handleGUIButton));
+    EXPECT_TRUE([button target] == plugin() && sel_isEqual([button action], @selector(handleGUIButton)));
     EXPECT_TRUE([plugin() createViewForParameterID:2] == nil);
 }
 

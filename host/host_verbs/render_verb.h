@@ -1,0 +1,15 @@
+// veridial-host render: a picture through the effect, in tiles.
+#pragma once
+
+#include "command_line/console.h"
+#include "command_line/exit_code.h"
+
+#include <span>
+#include <string>
+
+namespace ov1
+{
+
+exit_code run_host_render(std::span<const std::string> arguments, console& out);
+
+} // namespace ov1
