@@ -32,10 +32,22 @@ extern "C" const int apple_bundle_is_linked = 1;
     [super dealloc];
 }
 
-- (NSString*)bundlePath { return root; }
-- (NSString*)resourcePath { return [root stringByAppendingPathComponent:@"Contents/Resources"]; }
-- (NSDictionary*)infoDictionary { return properties; }
-- (NSString*)bundleIdentifier { return [properties objectForKey:@"CFBundleIdentifier"]; }
+- (NSString*)bundlePath
+{
+    return root;
+}
+- (NSString*)resourcePath
+{
+    return [root stringByAppendingPathComponent:@"Contents/Resources"];
+}
+- (NSDictionary*)infoDictionary
+{
+    return properties;
+}
+- (NSString*)bundleIdentifier
+{
+    return [properties objectForKey:@"CFBundleIdentifier"];
+}
 
 - (NSString*)pathForResource:(NSString*)name ofType:(NSString*)extension
 {

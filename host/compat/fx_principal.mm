@@ -5,7 +5,10 @@
 
 @implementation FxPrincipal
 
-+ (void)startServicePrincipal { [self startServicePrincipalWithDelegate:nil]; }
++ (void)startServicePrincipal
+{
+    [self startServicePrincipalWithDelegate:nil];
+}
 
 + (void)startServicePrincipalWithDelegate:(id<FxPrincipalDelegate>)delegate
 {

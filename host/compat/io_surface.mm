@@ -17,11 +17,26 @@
     return self;
 }
 
-- (void)refuseLocks:(BOOL)refuse { refused = refuse; }
-- (int)openLocks { return readers + writers; }
-- (int)wrongUnlocks { return wrong; }
-- (void*)pixels { return bytes.data(); }
-- (surface_shape)shape { return shape; }
+- (void)refuseLocks:(BOOL)refuse
+{
+    refused = refuse;
+}
+- (int)openLocks
+{
+    return readers + writers;
+}
+- (int)wrongUnlocks
+{
+    return wrong;
+}
+- (void*)pixels
+{
+    return bytes.data();
+}
+- (surface_shape)shape
+{
+    return shape;
+}
 
 - (kern_return_t)lockWithOptions:(IOSurfaceLockOptions)options
 {
@@ -59,7 +74,10 @@ extern "C" kern_return_t IOSurfaceUnlock(IOSurfaceRef surface, IOSurfaceLockOpti
 }
 
 extern "C" void* IOSurfaceGetBaseAddress(IOSurfaceRef surface) { return [object_of(surface) pixels]; }
-extern "C" std::size_t IOSurfaceGetBytesPerRow(IOSurfaceRef surface) { return [object_of(surface) shape].bytes_per_row; }
+extern "C" std::size_t IOSurfaceGetBytesPerRow(IOSurfaceRef surface)
+{
+    return [object_of(surface) shape].bytes_per_row;
+}
 extern "C" std::size_t IOSurfaceGetBytesPerElement(IOSurfaceRef surface)
 {
     return [object_of(surface) shape].bytes_per_element;

@@ -32,7 +32,10 @@ extern "C" const int suite_defaults_are_linked = 1;
     return values != nil ? values : [NSDictionary dictionary];
 }
 
-- (id)objectForKey:(NSString*)key { return [[self dictionaryRepresentation] objectForKey:key]; }
+- (id)objectForKey:(NSString*)key
+{
+    return [[self dictionaryRepresentation] objectForKey:key];
+}
 
 - (void)setObject:(id)value forKey:(NSString*)key
 {
@@ -48,8 +51,14 @@ extern "C" const int suite_defaults_are_linked = 1;
     }
 }
 
-- (void)removeObjectForKey:(NSString*)key { [self setObject:nil forKey:key]; }
-- (BOOL)synchronize { return [[NSUserDefaults standardUserDefaults] synchronize]; }
+- (void)removeObjectForKey:(NSString*)key
+{
+    [self setObject:nil forKey:key];
+}
+- (BOOL)synchronize
+{
+    return [[NSUserDefaults standardUserDefaults] synchronize];
+}
 
 @end
 

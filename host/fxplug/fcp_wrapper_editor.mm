@@ -22,8 +22,8 @@ editor_session*& running_session()
 
 } // namespace
 
-/// Stands between the timer and the instance: a timer keeps its target alive, and an instance that the user removes while
-/// it waits for a frame must be able to end, and the timer with it.
+/// Stands between the timer and the instance: a timer keeps its target alive, and an instance that the user removes
+/// while it waits for a frame must be able to end, and the timer with it.
 @interface idle_timer_target : NSObject
 {
     fcp_wrapper_veridialfcpx_3_7_0_0* owner; // not retained: it ends the timer before it goes
@@ -41,7 +41,10 @@ editor_session*& running_session()
     return self;
 }
 
-- (void)tick:(NSTimer*)timer { [owner runIdle:timer]; }
+- (void)tick:(NSTimer*)timer
+{
+    [owner runIdle:timer];
+}
 
 @end
 

@@ -20,8 +20,8 @@ std::atomic<bool>& gui_is_open();
 
 } // namespace ov1
 
-/// One instance of the effect in a document. Owns a component and keeps its parameters and the host's in step both ways.
-/// Methods that the host calls may come on any thread; those of the editor belong to the main thread.
+/// One instance of the effect in a document. Owns a component and keeps its parameters and the host's in step both
+/// ways. Methods that the host calls may come on any thread; those of the editor belong to the main thread.
 @interface fcp_wrapper_veridialfcpx_3_7_0_0 : NSObject <FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>
 {
     id<PROAPIAccessing> _apiManager; // not retained

@@ -120,8 +120,14 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     [super dealloc];
 }
 
-- (std::shared_ptr<icomponent_v1>)getComponent { return component; }
-- (id<PROAPIAccessing>)getApiManager { return _apiManager; }
+- (std::shared_ptr<icomponent_v1>)getComponent
+{
+    return component;
+}
+- (id<PROAPIAccessing>)getApiManager
+{
+    return _apiManager;
+}
 
 - (BOOL)properties:(NSDictionary**)properties error:(NSError**)error
 {
@@ -283,13 +289,13 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 }
 
 - (BOOL)sourceTileRect:(FxRect*)sourceTileRect
-      sourceImageIndex:(NSUInteger)sourceImageIndex
-          sourceImages:(NSArray*)sourceImages
-   destinationTileRect:(FxRect)destinationTileRect
-      destinationImage:(FxImageTile*)destinationImage
-           pluginState:(NSData*)pluginState
-                atTime:(CMTime)renderTime
-                 error:(NSError**)outError
+       sourceImageIndex:(NSUInteger)sourceImageIndex
+           sourceImages:(NSArray*)sourceImages
+    destinationTileRect:(FxRect)destinationTileRect
+       destinationImage:(FxImageTile*)destinationImage
+            pluginState:(NSData*)pluginState
+                 atTime:(CMTime)renderTime
+                  error:(NSError**)outError
 {
     (void)sourceImageIndex;
     (void)sourceImages;

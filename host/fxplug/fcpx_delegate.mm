@@ -5,7 +5,10 @@
 
 @implementation FCPXDelegate
 
-- (instancetype)init { return [super init]; }
+- (instancetype)init
+{
+    return [super init];
+}
 
 - (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString
 {

@@ -12,7 +12,7 @@
 {
     NSData* data;
 }
-@property (retain) NSData* data;
+@property(retain) NSData* data;
 
 /// What new values start with, for the whole process and from any thread: the state of the newest instance at its
 /// making.

@@ -33,7 +33,10 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
     default_state().state = state;
 }
 
-+ (BOOL)supportsSecureCoding { return YES; }
++ (BOOL)supportsSecureCoding
+{
+    return YES;
+}
 
 - (instancetype)init
 {
@@ -57,7 +60,10 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
     return self;
 }
 
-- (void)encodeWithCoder:(NSCoder*)coder { [coder encodeObject:self.data forKey:coder_key()]; }
+- (void)encodeWithCoder:(NSCoder*)coder
+{
+    [coder encodeObject:self.data forKey:coder_key()];
+}
 
 - (id)copyWithZone:(NSZone*)zone
 {
@@ -81,7 +87,10 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
 }
 
 // Equal objects have equal hashes.
-- (NSUInteger)hash { return 1; }
+- (NSUInteger)hash
+{
+    return 1;
+}
 
 - (void)dealloc
 {

@@ -114,11 +114,11 @@ std::optional<host_value> read_host_value(id<FxParameterRetrievalAPI_v6> api, ho
         break;
     case host_control::color:
         if ([api getRedValue:&c.red
-                  greenValue:&c.green
-                   blueValue:&c.blue
-                  alphaValue:&c.alpha
-               fromParameter:id
-                      atTime:time])
+                   greenValue:&c.green
+                    blueValue:&c.blue
+                   alphaValue:&c.alpha
+                fromParameter:id
+                       atTime:time])
             return c;
         break;
     case host_control::none:
@@ -137,12 +137,7 @@ bool write_host_value(id<FxParameterSettingAPI_v5> api, const host_value& value,
     if (const auto* on = std::get_if<bool>(&value))
         return [api setBoolValue:*on ? YES : NO toParameter:id atTime:time];
     const auto& c = std::get<host_color>(value);
-    return [api setRedValue:c.red
-                 greenValue:c.green
-                  blueValue:c.blue
-                 alphaValue:c.alpha
-                toParameter:id
-                     atTime:time];
+    return [api setRedValue:c.red greenValue:c.green blueValue:c.blue alphaValue:c.alpha toParameter:id atTime:time];
 }
 
 } // namespace ov1

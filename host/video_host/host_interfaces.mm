@@ -255,7 +255,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
     core->store.end_action();
 }
 
-- (CMTime)currentTime { return core->current_time(); }
+- (CMTime)currentTime
+{
+    return core->current_time();
+}
 
 @end
 

@@ -49,13 +49,13 @@ bool render_part(effect* plugin, const host_picture& in, host_picture& out, cons
                                                 atTime:time
                                                  error:&said] &&
                           [plugin sourceTileRect:&wanted
-                                sourceImageIndex:0
-                                    sourceImages:sources
-                             destinationTileRect:[destination tilePixelBounds]
-                                destinationImage:destination
-                                     pluginState:nil
-                                          atTime:time
-                                           error:&said] &&
+                                 sourceImageIndex:0
+                                     sourceImages:sources
+                              destinationTileRect:[destination tilePixelBounds]
+                                 destinationImage:destination
+                                      pluginState:nil
+                                           atTime:time
+                                            error:&said] &&
                           [plugin renderDestinationImage:destination
                                             sourceImages:sources
                                              pluginState:nil

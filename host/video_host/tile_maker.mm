@@ -35,9 +35,9 @@ FxRect rect_of(const host_picture& picture, const picture_part& part)
 IOSurface* make_empty_surface(const picture_part& part, surface_format format, std::size_t padding)
 {
     const std::size_t bytes = pixel_bytes(format);
-    return [[IOSurface alloc] initWithShape:{part.width, part.height,
-                                             format == surface_format::half ? half_code : float_code, bytes,
-                                             part.width * bytes + padding}];
+    return [[IOSurface alloc]
+        initWithShape:{part.width, part.height, format == surface_format::half ? half_code : float_code, bytes,
+                       part.width * bytes + padding}];
 }
 
 IOSurface* make_surface(const host_picture& picture, const picture_part& part, surface_format format,

@@ -88,7 +88,10 @@ struct bridge_stage : ::testing::Test
     bridge_stage();
     ~bridge_stage() override;
 
-    fcp_wrapper_veridialfcpx_3_7_0_0* plugin() { return static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(host.get_plugin()); }
+    fcp_wrapper_veridialfcpx_3_7_0_0* plugin()
+    {
+        return static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(host.get_plugin());
+    }
     std::shared_ptr<icomponent_v1> component() { return [plugin() getComponent]; }
     param_cell value(int place) { return component()->get_parameter(place)->get_param_value().value; }
     /// As the editor and an undo set it.

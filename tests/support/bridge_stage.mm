@@ -45,8 +45,7 @@ void bridge_stage::press_and_run()
     host.wait_for_analysis();
     // The timer's first tick opens the editor, which returns when it is closed.
     for (int tick = 0; tick < 100 && editor->step == 0; ++tick)
-        [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode
-                              beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
+        [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
 }
 
 } // namespace ov1

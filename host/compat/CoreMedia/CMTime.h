@@ -7,48 +7,48 @@
 extern "C"
 {
 
-using CMTimeValue = std::int64_t;
-using CMTimeScale = std::int32_t;
-using CMTimeEpoch = std::int64_t;
-using CMTimeFlags = std::uint32_t;
+    using CMTimeValue = std::int64_t;
+    using CMTimeScale = std::int32_t;
+    using CMTimeEpoch = std::int64_t;
+    using CMTimeFlags = std::uint32_t;
 
-enum : CMTimeFlags
-{
-    kCMTimeFlags_Valid = 1,
-    kCMTimeFlags_HasBeenRounded = 2,
-    kCMTimeFlags_PositiveInfinity = 4,
-    kCMTimeFlags_NegativeInfinity = 8,
-    kCMTimeFlags_Indefinite = 16,
-    kCMTimeFlags_ImpliedValueFlagsMask = 28,
-};
+    enum : CMTimeFlags
+    {
+        kCMTimeFlags_Valid = 1,
+        kCMTimeFlags_HasBeenRounded = 2,
+        kCMTimeFlags_PositiveInfinity = 4,
+        kCMTimeFlags_NegativeInfinity = 8,
+        kCMTimeFlags_Indefinite = 16,
+        kCMTimeFlags_ImpliedValueFlagsMask = 28,
+    };
 
-/// value / timescale seconds.
-typedef struct
-{
-    CMTimeValue value;
-    CMTimeScale timescale;
-    CMTimeFlags flags;
-    CMTimeEpoch epoch;
-} CMTime;
+    /// value / timescale seconds.
+    typedef struct
+    {
+        CMTimeValue value;
+        CMTimeScale timescale;
+        CMTimeFlags flags;
+        CMTimeEpoch epoch;
+    } CMTime;
 
-typedef struct
-{
-    CMTime start;
-    CMTime duration;
-} CMTimeRange;
+    typedef struct
+    {
+        CMTime start;
+        CMTime duration;
+    } CMTimeRange;
 
-extern const CMTime kCMTimeZero;
-extern const CMTime kCMTimeInvalid;
-extern const CMTime kCMTimeIndefinite;
-extern const CMTime kCMTimePositiveInfinity;
-extern const CMTime kCMTimeNegativeInfinity;
+    extern const CMTime kCMTimeZero;
+    extern const CMTime kCMTimeInvalid;
+    extern const CMTime kCMTimeIndefinite;
+    extern const CMTime kCMTimePositiveInfinity;
+    extern const CMTime kCMTimeNegativeInfinity;
 
-/// Invalid for a timescale that is not positive.
-CMTime CMTimeMake(std::int64_t value, std::int32_t timescale);
-/// -1, 0 or 1, exact: -infinity < numbers < indefinite < +infinity < invalid, and a later epoch is always greater.
-std::int32_t CMTimeCompare(CMTime a, CMTime b);
-/// NaN for what is no number.
-double CMTimeGetSeconds(CMTime time);
-CMTimeRange CMTimeRangeMake(CMTime start, CMTime duration);
+    /// Invalid for a timescale that is not positive.
+    CMTime CMTimeMake(std::int64_t value, std::int32_t timescale);
+    /// -1, 0 or 1, exact: -infinity < numbers < indefinite < +infinity < invalid, and a later epoch is always greater.
+    std::int32_t CMTimeCompare(CMTime a, CMTime b);
+    /// NaN for what is no number.
+    double CMTimeGetSeconds(CMTime time);
+    CMTimeRange CMTimeRangeMake(CMTime start, CMTime duration);
 
 } // extern "C"

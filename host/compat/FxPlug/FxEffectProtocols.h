@@ -3,9 +3,9 @@
 
 #import <AppKit/AppKit.h>
 #include <CoreMedia/CMTime.h>
+#import <Foundation/Foundation.h>
 #import <FxPlug/FxImageTile.h>
 #import <FxPlug/FxTypes.h>
-#import <Foundation/Foundation.h>
 
 /// Hands out the host's own objects by protocol; nil for what this host does not have.
 @protocol PROAPIAccessing <NSObject>
@@ -27,13 +27,13 @@
                       atTime:(CMTime)renderTime
                        error:(NSError**)outError;
 - (BOOL)sourceTileRect:(FxRect*)sourceTileRect
-      sourceImageIndex:(NSUInteger)sourceImageIndex
-          sourceImages:(NSArray*)sourceImages
-   destinationTileRect:(FxRect)destinationTileRect
-      destinationImage:(FxImageTile*)destinationImage
-           pluginState:(NSData*)pluginState
-                atTime:(CMTime)renderTime
-                 error:(NSError**)outError;
+       sourceImageIndex:(NSUInteger)sourceImageIndex
+           sourceImages:(NSArray*)sourceImages
+    destinationTileRect:(FxRect)destinationTileRect
+       destinationImage:(FxImageTile*)destinationImage
+            pluginState:(NSData*)pluginState
+                 atTime:(CMTime)renderTime
+                  error:(NSError**)outError;
 - (BOOL)renderDestinationImage:(FxImageTile*)destinationImage
                   sourceImages:(NSArray*)sourceImages
                    pluginState:(NSData*)pluginState

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <CoreMedia/CMTime.h>
+#import <Foundation/Foundation.h>
 #import <FxPlug/FxEffectProtocols.h>
 #import <FxPlug/FxTypes.h>
-#import <Foundation/Foundation.h>
 
 @protocol FxParameterCreationAPI_v5
 - (BOOL)addFloatSliderWithName:(NSString*)name

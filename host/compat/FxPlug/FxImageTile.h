@@ -11,11 +11,11 @@
     IOSurface* surface;
     FxImageOrigin origin;
 }
-@property (readonly, nonatomic) FxRect tilePixelBounds;
-@property (readonly, nonatomic) FxRect imagePixelBounds;
+@property(readonly, nonatomic) FxRect tilePixelBounds;
+@property(readonly, nonatomic) FxRect imagePixelBounds;
 /// Nil where nothing is rendered.
-@property (readonly, nonatomic) IOSurface* ioSurface;
-@property (readonly, nonatomic) FxImageOrigin imageOrigin;
+@property(readonly, nonatomic) IOSurface* ioSurface;
+@property(readonly, nonatomic) FxImageOrigin imageOrigin;
 
 /// For simulated hosts and tests: only hosts make tiles.
 - (instancetype)initWithSurface:(IOSurface*)surface

@@ -8,27 +8,27 @@
 extern "C"
 {
 
-using kern_return_t = int;
-using OSType = std::uint32_t; // four characters, the first in the highest byte
-using IOSurfaceLockOptions = std::uint32_t;
+    using kern_return_t = int;
+    using OSType = std::uint32_t; // four characters, the first in the highest byte
+    using IOSurfaceLockOptions = std::uint32_t;
 
-enum : IOSurfaceLockOptions
-{
-    kIOSurfaceLockReadOnly = 1,
-    kIOSurfaceLockAvoidSync = 2,
-};
+    enum : IOSurfaceLockOptions
+    {
+        kIOSurfaceLockReadOnly = 1,
+        kIOSurfaceLockAvoidSync = 2,
+    };
 
-/// Stands for an object of the class IOSurface.
-typedef struct __IOSurface* IOSurfaceRef;
+    /// Stands for an object of the class IOSurface.
+    typedef struct __IOSurface* IOSurfaceRef;
 
-/// 0 on success. The read-only option of a lock belongs to its unlock too; the seed may be null.
-kern_return_t IOSurfaceLock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
-kern_return_t IOSurfaceUnlock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
-void* IOSurfaceGetBaseAddress(IOSurfaceRef surface);
-std::size_t IOSurfaceGetBytesPerRow(IOSurfaceRef surface);
-std::size_t IOSurfaceGetBytesPerElement(IOSurfaceRef surface);
-std::size_t IOSurfaceGetWidth(IOSurfaceRef surface);
-std::size_t IOSurfaceGetHeight(IOSurfaceRef surface);
-OSType IOSurfaceGetPixelFormat(IOSurfaceRef surface);
+    /// 0 on success. The read-only option of a lock belongs to its unlock too; the seed may be null.
+    kern_return_t IOSurfaceLock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
+    kern_return_t IOSurfaceUnlock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
+    void* IOSurfaceGetBaseAddress(IOSurfaceRef surface);
+    std::size_t IOSurfaceGetBytesPerRow(IOSurfaceRef surface);
+    std::size_t IOSurfaceGetBytesPerElement(IOSurfaceRef surface);
+    std::size_t IOSurfaceGetWidth(IOSurfaceRef surface);
+    std::size_t IOSurfaceGetHeight(IOSurfaceRef surface);
+    OSType IOSurfaceGetPixelFormat(IOSurfaceRef surface);
 
 } // extern "C"

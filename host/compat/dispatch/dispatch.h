@@ -8,19 +8,19 @@
 extern "C"
 {
 
-typedef struct dispatch_queue_s* dispatch_queue_t;
+    typedef struct dispatch_queue_s* dispatch_queue_t;
 
 #define DISPATCH_QUEUE_PRIORITY_HIGH 2
 #define DISPATCH_QUEUE_PRIORITY_DEFAULT 0
 #define DISPATCH_QUEUE_PRIORITY_LOW (-2)
 #define DISPATCH_QUEUE_PRIORITY_BACKGROUND INT16_MIN
 
-/// Null for a priority that there is not, and for flags other than 0.
-dispatch_queue_t dispatch_get_global_queue(std::intptr_t priority, std::uintptr_t flags);
+    /// Null for a priority that there is not, and for flags other than 0.
+    dispatch_queue_t dispatch_get_global_queue(std::intptr_t priority, std::uintptr_t flags);
 
-/// Calls work(context, i) once for each i below the count, on several threads, and returns when all are done. All
-/// queues are one here: the priority is not looked at.
-void dispatch_apply_f(std::size_t iterations, dispatch_queue_t queue, void* context,
-                      void (*work)(void* context, std::size_t iteration));
+    /// Calls work(context, i) once for each i below the count, on several threads, and returns when all are done. All
+    /// queues are one here: the priority is not looked at.
+    void dispatch_apply_f(std::size_t iterations, dispatch_queue_t queue, void* context,
+                          void (*work)(void* context, std::size_t iteration));
 
 } // extern "C"

@@ -199,8 +199,8 @@ bool cutils_mac::alert_box(void* parent_window, const std::string& title, const 
     return alert_box(parent_window, title, message, button, {});
 }
 
-bool cutils_mac::alert_box(void*, const std::string& title, const std::string& message,
-                           const std::string& first_button, const std::string& second_button)
+bool cutils_mac::alert_box(void*, const std::string& title, const std::string& message, const std::string& first_button,
+                           const std::string& second_button)
 {
     @autoreleasepool
     {
@@ -281,7 +281,8 @@ std::string cutils_mac::get_common_directory()
 {
     @autoreleasepool
     {
-        NSString* const folder = [NSHomeDirectory() stringByAppendingPathComponent:@"Library/Application Support/Orvane"];
+        NSString* const folder =
+            [NSHomeDirectory() stringByAppendingPathComponent:@"Library/Application Support/Orvane"];
         [[NSFileManager defaultManager] createDirectoryAtPath:folder
                                   withIntermediateDirectories:YES
                                                    attributes:nil

@@ -41,7 +41,8 @@ TEST(conformance, every_claimed_protocol_is_answered_in_full_with_the_declared_t
         for (const BOOL required : {YES, NO})
         {
             unsigned count = 0;
-            objc_method_description* const methods = protocol_copyMethodDescriptionList(row.claimed, required, YES, &count);
+            objc_method_description* const methods =
+                protocol_copyMethodDescriptionList(row.claimed, required, YES, &count);
             for (unsigned i = 0; i < count; ++i)
             {
                 const Method method = class_getInstanceMethod(row.kind, methods[i].name);

@@ -40,8 +40,8 @@ TEST_F(editor_road, a_second_press_raises_the_window_and_harms_nothing)
     simulated_host second_host;
     ASSERT_TRUE(second_host.create_instance(error));
     auto* const second = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(second_host.get_plugin());
-    editor->script = {[&] { [plugin() handleGUIButton]; }, [&] { [second handleGUIButton]; }, [] { turn_run_loop_once(); },
-                      [&] { EXPECT_EQ(window->raises, 2); }};
+    editor->script = {[&] { [plugin() handleGUIButton]; }, [&] { [second handleGUIButton]; },
+                      [] { turn_run_loop_once(); }, [&] { EXPECT_EQ(window->raises, 2); }};
     press_and_run();
     EXPECT_EQ(editor->step, 5u);
     EXPECT_EQ(second_host.get_parameters().get_undo_count(), 0u) << "the other instance has nothing to report";
@@ -56,7 +56,8 @@ TEST_F(editor_road, a_frame_that_cannot_be_had_keeps_the_request)
         long code;
     } rows[] = {
         {"no lock", [&](bool on) { host.refuse_analysis_locks(on); }, 0},
-        {"empty frame", [&](bool on) { host.set_frame(on ? host_picture(0, 0) : host_picture(64, 48), surface_format::half); }, 0},
+        {"empty frame",
+         [&](bool on) { host.set_frame(on ? host_picture(0, 0) : host_picture(64, 48), surface_format::half); }, 0},
         {"no timing", [&](bool on) { host.refuse_interface("FxTimingAPI_v4", on); }, 29},
     };
     for (const auto& row : rows)
@@ -78,11 +79,11 @@ TEST_F(editor_road, a_frame_that_cannot_be_had_keeps_the_request)
 
 TEST_F(editor_road, an_analysed_frame_is_taken_only_when_it_was_asked_for)
 {
-    FxImageTile* const unsupported = [[[FxImageTile alloc]
-        initWithSurface:[[[IOSurface alloc] initWithShape:{8, 8, 0x42475241, 4, 32}] autorelease]
-             tileBounds:{}
+    FxImageTile* const unsupported =
+        [[[FxImageTile alloc] initWithSurface:[[[IOSurface alloc] initWithShape:{8, 8, 0x42475241, 4, 32}] autorelease]
+            tileBounds:{}
             imageBounds:{}
-                 origin:0] autorelease];
+            origin:0] autorelease];
     NSError* said = nil;
     EXPECT_TRUE([plugin() analyzeFrame:unsupported atTime:kCMTimeZero error:&said]) << "nothing is pending";
     host.set_playhead(CMTimeMake(1, 2));

@@ -37,7 +37,8 @@ TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
     {
         SCOPED_TRACE(is_half);
         host_picture out, expected(97, 61);
-        ASSERT_TRUE(host.render(in, out, {is_half ? surface_format::half : surface_format::full_float, 32, 48, 3}, error));
+        ASSERT_TRUE(
+            host.render(in, out, {is_half ? surface_format::half : surface_format::full_float, 32, 48, 3}, error));
         for (std::size_t i = 0; i < in.rgba.size(); i += 4)
         {
             const float* p = &in.rgba[i];
@@ -53,12 +54,21 @@ TEST_F(render, rectangles_are_the_sources_and_the_destinations)
     const host_picture picture(100, 50);
     FxImageTile* const tile = [make_tile(nil, picture, {10, 5, 20, 15}) autorelease];
     FxRect whole{}, wanted{};
-    ASSERT_TRUE([plugin() destinationImageRect:&whole sourceImages:@[ tile ] destinationImage:nil pluginState:nil
-                                        atTime:kCMTimeZero error:NULL]);
+    ASSERT_TRUE([plugin() destinationImageRect:&whole
+                                  sourceImages:@[ tile ]
+                              destinationImage:nil
+                                   pluginState:nil
+                                        atTime:kCMTimeZero
+                                         error:NULL]);
     EXPECT_TRUE(whole.left == 0 && whole.bottom == 0 && whole.right == 100 && whole.top == 50);
-    ASSERT_TRUE([plugin() sourceTileRect:&wanted sourceImageIndex:0 sourceImages:@[ tile ]
-                     destinationTileRect:[tile tilePixelBounds] destinationImage:tile pluginState:nil
-                                  atTime:kCMTimeZero error:NULL]);
+    ASSERT_TRUE([plugin() sourceTileRect:&wanted
+                        sourceImageIndex:0
+                            sourceImages:@[ tile ]
+                     destinationTileRect:[tile tilePixelBounds]
+                        destinationImage:tile
+                             pluginState:nil
+                                  atTime:kCMTimeZero
+                                   error:NULL]);
     EXPECT_TRUE(wanted.left == 10 && wanted.bottom == 30 && wanted.right == 30 && wanted.top == 45);
 }
 
@@ -86,15 +96,22 @@ TEST_F(render, tiles_that_differ_or_are_not_read_are_refused_with_a_code)
         SCOPED_TRACE(row.name);
         FxImageTile *const source = tile_of(row.source), *const destination = tile_of(row.destination);
         NSError* said = nil;
-        EXPECT_EQ([plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil
-                                            atTime:kCMTimeZero error:&said], row.code == 0);
+        EXPECT_EQ([plugin() renderDestinationImage:destination
+                                      sourceImages:@[ source ]
+                                       pluginState:nil
+                                            atTime:kCMTimeZero
+                                             error:&said],
+                  row.code == 0);
         EXPECT_EQ([said code], row.code);
         if (row.code != 0)
         {
             EXPECT_STREQ([[said localizedDescription] UTF8String], row.description);
             EXPECT_TRUE([[said domain] isEqualToString:FxPlugErrorDomain]);
-            EXPECT_FALSE([plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil
-                                                   atTime:kCMTimeZero error:NULL]);
+            EXPECT_FALSE([plugin() renderDestinationImage:destination
+                                             sourceImages:@[ source ]
+                                              pluginState:nil
+                                                   atTime:kCMTimeZero
+                                                    error:NULL]);
         }
         else
             EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
@@ -104,10 +121,14 @@ TEST_F(render, tiles_that_differ_or_are_not_read_are_refused_with_a_code)
 
 TEST_F(render, a_destination_without_a_lock_is_no_render_and_a_source_without_one_is_passed_over)
 {
-    FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination = tile_of({8, 4, half_code, 8, 64});
+    FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination =
+                                                                       tile_of({8, 4, half_code, 8, 64});
     const auto run = [&](NSError** said)
     {
-        return [plugin() renderDestinationImage:destination sourceImages:@[ source ] pluginState:nil atTime:kCMTimeZero
+        return [plugin() renderDestinationImage:destination
+                                   sourceImages:@[ source ]
+                                    pluginState:nil
+                                         atTime:kCMTimeZero
                                           error:said];
     };
     NSError* said = nil;

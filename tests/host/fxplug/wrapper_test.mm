@@ -53,7 +53,8 @@ TEST(wrapper_without_creation, says_code_14_and_declares_nothing)
     EXPECT_EQ(error.description, "Unable to get the FxParameterCreationAPI_v5 in "
                                  "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
     EXPECT_TRUE(host.get_parameters().copy().empty());
-    EXPECT_FALSE([static_cast<id>(host.get_plugin()) addParametersWithError:NULL]) << "and without a place for the error";
+    EXPECT_FALSE([static_cast<id>(host.get_plugin()) addParametersWithError:NULL])
+        << "and without a place for the error";
 }
 
 TEST_F(wrapper, properties_are_eight_fixed_answers)
@@ -64,10 +65,14 @@ TEST_F(wrapper, properties_are_eight_fixed_answers)
     {
         NSString* key;
         int value;
-    } rows[] = {{@"IsThreadSafe", 1},   {@"MayRemapTime", 1},
-                {@"UsesRationalTime", 1}, {@"DesiredProcessingColorInfo", 2},
-                {@"VariesWhenParamsAreStatic", 0}, {@"NeedsFullBuffer", 1},
-                {@"PreservesAlpha", 1}, {@"ChangesOutputSize", 0}};
+    } rows[] = {{@"IsThreadSafe", 1},
+                {@"MayRemapTime", 1},
+                {@"UsesRationalTime", 1},
+                {@"DesiredProcessingColorInfo", 2},
+                {@"VariesWhenParamsAreStatic", 0},
+                {@"NeedsFullBuffer", 1},
+                {@"PreservesAlpha", 1},
+                {@"ChangesOutputSize", 0}};
     EXPECT_EQ([properties count], std::size(rows));
     for (const auto& row : rows)
         EXPECT_EQ([[properties objectForKey:row.key] intValue], row.value) << [row.key UTF8String];
@@ -192,7 +197,7 @@ TEST_F(wrapper, a_document_opens_in_another_host_as_it_was)
     ASSERT_TRUE(other.create_instance(error) && other.read_document(bytes, reason)) << reason;
     other.add_to_document();
     auto* const opened = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(other.get_plugin());
-    EXPECT_EQ([opened getComponent]->get_state(), component()->get_state());
+    EXPECT_EQ([opened getComponent]->get_state(), component() -> get_state());
     const auto saved = host.get_parameters().copy();
     for (const auto& [number, p] : other.get_parameters().copy())
         EXPECT_TRUE(same_values(p, saved.at(number))) << number;
@@ -238,7 +243,8 @@ TEST(state_value, is_always_equal_never_blended_and_survives_a_strict_decoder)
     fcpx_state_param* const copy = [[one copy] autorelease];
     EXPECT_TRUE(copy.data == one.data);
     std::string reason;
-    auto* const back = static_cast<fcpx_state_param*>(unarchive_value(archive_value(one), [fcpx_state_param class], reason));
+    auto* const back =
+        static_cast<fcpx_state_param*>(unarchive_value(archive_value(one), [fcpx_state_param class], reason));
     EXPECT_TRUE([back.data isEqualToData:one.data]) << reason;
     EXPECT_TRUE(unarchive_value(archive_value(one), [NSData class], reason) == nil) << "it is strict";
 }

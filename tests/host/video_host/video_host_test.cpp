@@ -60,23 +60,32 @@ TEST(parameter_store, an_action_is_one_step_of_undo)
 
 TEST(value_text, reads_back_and_refuses_the_rest)
 {
-    for (const store_value& value : {store_value(0.1), store_value(-3), store_value(true), store_value(store_color{1, 0.1, 0, 0.5})})
+    for (const store_value& value :
+         {store_value(0.1), store_value(-3), store_value(true), store_value(store_color{1, 0.1, 0, 0.5})})
     {
         store_value back;
         EXPECT_TRUE(value_of_text(text_of_value(value), back)) << text_of_value(value);
         EXPECT_EQ(back, value);
     }
     store_value untouched = 7;
-    for (const char* text : {"", "float", "float x", "float 1 2", "float nan", "int 1.5", "bool 2", "color 1 2 3", "word 1"})
+    for (const char* text :
+         {"", "float", "float x", "float 1 2", "float nan", "int 1.5", "bool 2", "color 1 2 3", "word 1"})
         EXPECT_FALSE(value_of_text(text, untouched)) << text;
     EXPECT_EQ(untouched, store_value(7));
 }
 
 TEST(times, compare_as_fractions_by_rank_and_by_epoch)
 {
-    const CMTime ordered[] = {kCMTimeNegativeInfinity, CMTimeMake(-1, 3), kCMTimeZero, CMTimeMake(1001, 30001),
-                              CMTimeMake(1001, 30000), CMTimeMake(std::numeric_limits<std::int64_t>::max(), 1),
-                              {0, 1, kCMTimeFlags_Valid, 1}, kCMTimeIndefinite, kCMTimePositiveInfinity, kCMTimeInvalid};
+    const CMTime ordered[] = {kCMTimeNegativeInfinity,
+                              CMTimeMake(-1, 3),
+                              kCMTimeZero,
+                              CMTimeMake(1001, 30001),
+                              CMTimeMake(1001, 30000),
+                              CMTimeMake(std::numeric_limits<std::int64_t>::max(), 1),
+                              {0, 1, kCMTimeFlags_Valid, 1},
+                              kCMTimeIndefinite,
+                              kCMTimePositiveInfinity,
+                              kCMTimeInvalid};
     for (std::size_t i = 0; i < std::size(ordered); ++i)
         for (std::size_t k = 0; k < std::size(ordered); ++k)
             EXPECT_EQ(CMTimeCompare(ordered[i], ordered[k]), i < k ? -1 : i > k ? 1 : 0) << i << ' ' << k;
