@@ -5,6 +5,9 @@
 #include "platform/cache_size.h"
 #include "report.h"
 #include "table_bench.h"
+#if VERIDIAL_HAS_BRIDGE
+#include "bridge_bench.h"
+#endif
 #if VERIDIAL_HAS_EDITOR
 #include "editor_bench.h"
 #endif
@@ -92,6 +95,9 @@ int run(const options& given)
 #endif
     run_pixel_bench(to, table, content::natural, width, height, rounds);
     run_pixel_bench(to, table, content::random, width, height, rounds);
+#if VERIDIAL_HAS_BRIDGE
+    run_bridge_bench(to, width, height, rounds);
+#endif
     to.print_ratios();
     if (!to.answers_agree())
         to.say("\nAnswers differ.");

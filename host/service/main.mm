@@ -7,6 +7,10 @@
 #include "platform/cutils_mac.h"
 #include "platform/scoped_utils.h"
 
+#if VERIDIAL_HAS_EDITOR
+#include "editor/editor_scope.h"
+#endif
+
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -19,6 +23,9 @@ FCPXDelegate* service_delegate = nil;
 
 int serve()
 {
+#if VERIDIAL_HAS_EDITOR
+    const ov1::editor_scope editor;
+#endif
     service_delegate = [[FCPXDelegate alloc] init];
     [FxPrincipal startServicePrincipalWithDelegate:service_delegate];
     return 0;
