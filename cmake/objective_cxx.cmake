@@ -1,7 +1,7 @@
 # The language of the bridge to the video host. gcc has no Objective-C++ of C++20: clang compiles it, whatever compiles
 # the rest.
-if(NOT CMAKE_OBJCXX_COMPILER AND NOT APPLE)
-  set(CMAKE_OBJCXX_COMPILER clang++-19)
+if(NOT APPLE)
+  find_program(CMAKE_OBJCXX_COMPILER clang++-19 REQUIRED)
 endif()
 enable_language(OBJCXX)
 set(CMAKE_OBJCXX_STANDARD 20)

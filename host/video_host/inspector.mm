@@ -115,7 +115,7 @@ inspector::inspector(simulated_host& host, const std::string& title)
         held->target = [[inspector_target alloc] initWithHost:&host];
         held->effect_view = static_cast<NSView*>(host.create_view());
         held->window = [[NSWindow alloc] initWithContentRect:NSMakeRect(40, 40, window_width, window_height)
-                                                   styleMask:NSTitledWindowMask | NSClosableWindowMask
+                                                   styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
         [held->window setTitle:[NSString stringWithUTF8String:title.c_str()]];

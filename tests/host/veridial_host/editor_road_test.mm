@@ -93,7 +93,10 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
             ui->close();
         opened = true;
     };
-    NSTimer* const timer = [NSTimer timerWithTimeInterval:0.02 target:driver selector:@selector(tick:) userInfo:nil
+    NSTimer* const timer = [NSTimer timerWithTimeInterval:0.02
+                                                   target:driver
+                                                 selector:@selector(tick:)
+                                                 userInfo:nil
                                                   repeats:YES];
     [[NSRunLoop mainRunLoop] addTimer:timer forMode:NSDefaultRunLoopMode];
     press_button(window);
@@ -118,8 +121,8 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
     EXPECT_FALSE(graded == file.picture);
     ASSERT_TRUE(write_picture(here, file, graded, false, why)) << why.reason;
     ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
-    std::ofstream(document, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
-                                                    static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(document, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     const std::string command = std::string("'") + VERIDIAL_HOST + "' render '" + photo + "' --document '" + document +
                                 "' --tile 100 -o '" + there + "'";
     ASSERT_EQ(std::system(command.c_str()), 0);

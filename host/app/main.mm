@@ -1,0 +1,16 @@
+// The application that carries the plug-in: installing it is all it is for, and opening it says so.
+#import <AppKit/AppKit.h>
+
+int main()
+{
+    @autoreleasepool
+    {
+        [NSApplication sharedApplication];
+        NSAlert* const alert = [[[NSAlert alloc] init] autorelease];
+        [alert setMessageText:@"Veridial is installed."];
+        [alert setInformativeText:@"You find it among the effects of Final Cut Pro and the filters of Motion."];
+        [alert addButtonWithTitle:@"OK"];
+        [alert runModal];
+    }
+    return 0;
+}

@@ -1,0 +1,40 @@
+// A window of macOS for an editor.
+#pragma once
+
+#include "framework/window.h"
+#include "shared/rect.h"
+
+#include <memory>
+#include <string>
+
+namespace ov1
+{
+
+/// Its handle is the window's content view, an NSView. is_open may be asked from any thread.
+class cocoa_window final : public window
+{
+public:
+    /// Shown at once, in the middle of the screen. Needs the application; the main thread.
+    cocoa_window(const rect& size, const std::string& title);
+    ~cocoa_window() override;
+    cocoa_window(const cocoa_window&) = delete;
+    cocoa_window& operator=(const cocoa_window&) = delete;
+
+    void close() override;
+    bool is_open() const override;
+    void* get_native_handle() const override;
+    void begin_modal() override;
+    void end_modal() override;
+    bool is_modal() const override;
+    /// Runs the modal session once, then the main run loop and the thread's own.
+    void pop_pending_messages() override;
+    void set_pump_hook(std::function<void()> hook) override;
+    void raise() override;
+    void set_resize_listener(std::function<void(int width, int height)> listener) override;
+
+private:
+    struct parts;
+    const std::unique_ptr<parts> held;
+};
+
+} // namespace ov1

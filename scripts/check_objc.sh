@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Reads the Objective-C++ of the bridge as clang reads it for macOS: with the newer runtime of the language. Syntax and
+# types alone, against our own declarations of Apple's frameworks; nothing is made and nothing run.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+roots=build/objc
+objc=$(dirname "$(dirname "$(ls -d /usr/lib/gcc/*/*/include/objc/objc.h | head -n 1)")")
+
+# An include root for each room, as the build has them.
+rm -rf "$roots"
+mkdir -p "$roots/framework" "$roots/platform"
+for room in shared:shared host:host host/fxplug:fxplug ov_source/platform:platform ov_source/platform/cocoa:platform \
+  ov_source/framework:framework ov_source/framework/cocoa:framework ov_source/effect:effect; do
+  mkdir -p "$roots/${room#*:}"
+  ln -sf "$PWD/${room%:*}"/*.h "$roots/${room#*:}/"
+done
+
+sources=$(ls host/fxplug/*.mm host/service/*.mm host/app/*.mm ov_source/platform/cocoa/*.mm ov_source/framework/cocoa/*.mm)
+for source in $sources; do
+  clang++-19 -fsyntax-only -std=c++20 -Wall -Wextra -Wpedantic -Werror -fobjc-runtime=macosx-12.0 -fobjc-exceptions \
+    -DVERIDIAL_HAS_EDITOR=0 -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -D_NATIVE_OBJC_EXCEPTIONS -I"$roots" -Ihost/compat \
+    -isystem /usr/include/GNUstep -idirafter "$objc" -include host/compat/apple_additions.h "$source"
+done
+echo "check_objc: $(echo "$sources" | wc -l) files read with the runtime of macOS"
