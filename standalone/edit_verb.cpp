@@ -11,12 +11,17 @@
 #include "framework/editor_session.h"
 #include "framework/iparameter_v1.h"
 #include "platform/user_environment.h"
+#include "standalone/clip_job.h"
+#include "standalone/clip_report.h"
 #include "standalone/edit_picture.h"
 #include "standalone/effect_instance.h"
 #include "standalone/grade_steps.h"
 #include "standalone/picture_job.h"
 
 #include <atomic>
+#include <optional>
+#include <utility>
+#include <unistd.h>
 
 namespace ov1
 {
@@ -54,13 +59,13 @@ private:
 
 bool parse(edit_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
 {
-    argument_parser parser("veridial edit", "Opens the editor over a picture.",
+    argument_parser parser("veridial edit", "Opens the editor over a picture or a clip.",
                            "  veridial edit photo.jpg -o out.png\n"
                            "  veridial edit photo.jpg -p \"Golden Hour\" -o out.jpg -f\n");
-    parser.positionals("INPUT", command.inputs, "a picture; without one, a chart of colours");
+    parser.positionals("INPUT", command.inputs, "a picture or a clip; without one, a chart of colours");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "OUT", "the graded picture, written when the editor is closed");
+    parser.text("-o,--output", command.output, "OUT", "the graded picture or clip, written when the editor is closed");
     add_run_options(parser, command.run);
     if (!parse_or_explain(parser, arguments, out, code))
         return false;
@@ -110,24 +115,43 @@ std::string grade_as_json(effect_instance& effect)
     return json.end().text();
 }
 
-exit_code write_outputs(const edit_command& command, effect_instance& effect, console& out)
+exit_code write_picture(const output_job& job, const picture_settings& settings, console& out)
 {
+    const picture_result result = grade_picture(job, settings);
+    for (const problem& warning : result.warnings)
+        out.warning(warning);
+    if (result.code != exit_code::done)
+        out.error(result.failure);
+    else
+        out.note("wrote " + job.output);
+    return result.code;
+}
+
+exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)
+{
+    const grade_steps steps{nullptr, effect.get_renderer()};
+    const auto threads = static_cast<unsigned int>(command.run.threads);
     for (const output_job& job : command.plan.jobs)
     {
-        const picture_settings settings{grade_steps{nullptr, effect.get_renderer()}.for_stills(),
-                                        {},
-                                        command.run.overwrite,
-                                        false,
-                                        static_cast<unsigned int>(command.run.threads)};
-        const picture_result result = grade_picture(job, settings);
-        for (const problem& warning : result.warnings)
-            out.warning(warning);
-        if (result.code != exit_code::done)
+        exit_code code = exit_code::done;
+        if (is_clip)
         {
-            out.error(result.failure);
-            return result.code;
+            const clip_result result = grade_clip_file(job,
+                                                       {steps.for_clips(),
+                                                        {},
+                                                        command.run.overwrite,
+                                                        false,
+                                                        threads,
+                                                        command.run.progress,
+                                                        isatty(STDERR_FILENO) != 0},
+                                                       out);
+            tell_clip(job, result, false, command.run.json, out);
+            code = result.code;
         }
-        out.note("wrote " + job.output);
+        else
+            code = write_picture(job, {steps.for_stills(), {}, command.run.overwrite, false, threads}, out);
+        if (code != exit_code::done)
+            return code;
     }
     return exit_code::done;
 }
@@ -140,10 +164,16 @@ bool sit(effect_instance& effect, edit_picture& picture, const editor_opener& op
     session.set_picture(picture.get_source(), picture.get_destination());
     editor_session_options options;
     options.frame_count = picture.get_frame_count();
-    options.frame_chosen = [&](int frame)
+    // Of the frames that a drag of the slider passes over, only the last one of a turn is read.
+    std::optional<int> wanted_frame;
+    options.frame_chosen = [&](int frame) { wanted_frame = frame; };
+    options.pump = [&]
     {
+        const auto frame = std::exchange(wanted_frame, {});
         problem why;
-        if (!picture.read_frame(frame, why))
+        if (!frame)
+            return;
+        if (!picture.read_frame(*frame, why))
             return out.warning(why);
         session.set_picture(picture.get_source(), picture.get_destination());
     };
@@ -182,7 +212,7 @@ exit_code run_edit(std::span<const std::string> arguments, console& out, const e
         return exit_code::interrupted;
     effect.get().notify({event_kind::render_begins});
     out.result((command.run.json ? grade_as_json(effect) : grade_as_options(effect)) + '\n');
-    return write_outputs(command, effect, out);
+    return write_outputs(command, picture.is_clip(), effect, out);
 }
 
 } // namespace ov1

@@ -37,7 +37,7 @@ int main(int argc, char** argv)
     constexpr std::array verbs{
         verb{"grade", "sends pictures through a grade", run_grade},
 #if VERIDIAL_HAS_EDITOR
-        verb{"edit", "opens the editor over a picture", run_edit_in_windows},
+        verb{"edit", "opens the editor over a picture or a clip", run_edit_in_windows},
 #endif
         verb{"lut", "writes a grade as a table for other software", run_lut},
         verb{"sheet", "shows a picture through many grades", run_sheet},

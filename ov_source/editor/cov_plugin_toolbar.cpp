@@ -45,7 +45,7 @@ language_id language_of(const std::weak_ptr<icomponent_v1>& component)
 }
 
 /// Where a table is written unless the user says otherwise: beside the last one, under the preset's name.
-std::string offered_path(const std::string& last_folder, const std::optional<listed_preset>& preset, bool as_3dl)
+std::string offered_path(const std::string& last_folder, const std::optional<preset_choice>& preset, bool as_3dl)
 {
     const std::string name = preset ? preset->name : "Veridial";
     const char* const home = std::getenv("HOME");
@@ -213,13 +213,13 @@ void COVPluginToolbar::choosePreset()
         preset_chooser();
 }
 
-void COVPluginToolbar::listPresets(std::vector<listed_preset>& entries, std::vector<std::string>& files)
+void COVPluginToolbar::listPresets(std::vector<preset_choice>& entries, std::vector<std::string>& files)
 {
     if (!list_presets(presets, entries))
         tell(*owner_frame, language, "Veridial", preset_messages::cannot_list);
     files.clear();
     std::string reason;
-    for (const listed_preset& entry : entries)
+    for (const preset_choice& entry : entries)
         files.push_back(entry.is_bundled ? presets.get_bundled_preset_file(entry.name, reason)
                                          : presets.get_preset_file(entry.name, reason));
 }
@@ -242,13 +242,13 @@ void COVPluginToolbar::showHistory()
                });
 }
 
-void COVPluginToolbar::load(const listed_preset& entry)
+void COVPluginToolbar::load(const preset_choice& entry)
 {
     const auto alive = component.lock();
     if (!alive)
         return;
     std::string reason;
-    if (!load_listed_preset(*alive, presets, entry, reason))
+    if (!load_preset_choice(*alive, presets, entry, reason))
         return tell(*owner_frame, language, entry.name, translated(preset_messages::cannot_load) + reason);
     labels.remember(*alive, entry.name);
     current = entry;
@@ -287,7 +287,7 @@ void COVPluginToolbar::save_as(const std::string& name, bool overwrite)
         return tell(*owner_frame, language, name,
                     translated("{en:The preset cannot be saved: }{de:Das Preset kann nicht gesichert werden: }") +
                         reason);
-    current = listed_preset{name, false};
+    current = preset_choice{name, false};
     preset_is_changed = false;
     show_preset_name();
 }

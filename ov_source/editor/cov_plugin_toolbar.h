@@ -68,12 +68,12 @@ public:
     void closeEditor(bool discard_changes);
 
     /// All presets and the files that hold them, for choosers. Says so where they cannot be listed.
-    void listPresets(std::vector<listed_preset>& entries, std::vector<std::string>& files);
+    void listPresets(std::vector<preset_choice>& entries, std::vector<std::string>& files);
     /// Replaces the grade, or says why not.
-    void load(const listed_preset& entry);
+    void load(const preset_choice& entry);
 
     /// The preset that was loaded or saved last, for tests.
-    const std::optional<listed_preset>& getCurrentPreset() const { return current; }
+    const std::optional<preset_choice>& getCurrentPreset() const { return current; }
 
 private:
     COVButton* add_button(const char* artwork, const char* tooltip, VSTGUI::CTextButton::Style style, int group);
@@ -89,7 +89,7 @@ private:
     std::weak_ptr<window> opened;
     const language_id language;
     preset_manager presets;
-    std::optional<listed_preset> current;
+    std::optional<preset_choice> current;
     bool preset_is_changed = false;
     step_labels labels;
     std::string last_folder;

@@ -34,7 +34,7 @@ bool copy_grade(icomponent_v1& component, std::string& reason)
 bool paste_grade(icomponent_v1& component, std::string& reason)
 {
     preset_content content;
-    if (!read_preset_file(clipboard_file(), content, reason))
+    if (!read_preset_file(clipboard_file(), content, reason) || !is_preset_accepted(content, component, reason))
         return false;
     component.save_state(true);
     const bool applied = apply_preset(content, component, reason);

@@ -33,7 +33,7 @@ private:
     COVPluginToolbar& toolbar;
     const language_id language;
     preset_panel* panel = nullptr;        ///< owned by the frame
-    std::optional<listed_preset> to_load; ///< chosen in an event of the panel's, which must not end within it
+    std::optional<preset_choice> to_load; ///< chosen in an event of the panel's, which must not end within it
 };
 
 } // namespace ov1

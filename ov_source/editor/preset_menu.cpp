@@ -1,13 +1,14 @@
 #include "editor/preset_menu.h"
 
 #include "framework/icomponent_v1.h"
+#include "presets/preset_reader.h"
 
 #include <algorithm>
 
 namespace ov1
 {
 
-bool list_presets(preset_manager& manager, std::vector<listed_preset>& entries)
+bool list_presets(preset_manager& manager, std::vector<preset_choice>& entries)
 {
     entries.clear();
     std::vector<std::string> own, bundled;
@@ -22,12 +23,17 @@ bool list_presets(preset_manager& manager, std::vector<listed_preset>& entries)
     return readable;
 }
 
-bool load_listed_preset(icomponent_v1& component, preset_manager& manager, const listed_preset& entry,
+bool load_preset_choice(icomponent_v1& component, preset_manager& manager, const preset_choice& entry,
                         std::string& reason)
 {
+    const std::string file = entry.is_bundled ? manager.get_bundled_preset_file(entry.name, reason)
+                                              : manager.get_preset_file(entry.name, reason);
+    preset_content content;
+    // Read before the history moves: a preset that is refused leaves no empty step, and what can be redone.
+    if (file.empty() || !read_preset_file(file, content, reason) || !is_preset_accepted(content, component, reason))
+        return false;
     component.save_state(true);
-    const bool loaded =
-        entry.is_bundled ? manager.load_bundled_preset(entry.name, reason) : manager.load_preset(entry.name, reason);
+    const bool loaded = apply_preset(content, component, reason);
     component.save_state(false);
     return loaded;
 }

@@ -25,7 +25,7 @@ bool matches_search(std::string_view name, std::string_view search);
 /// What the panel shows.
 struct preset_panel_content
 {
-    std::vector<listed_preset> presets;
+    std::vector<preset_choice> presets;
     std::vector<std::string> files;     ///< a file for each preset
     std::optional<std::size_t> current; ///< the preset that is loaded
     display_picture frame;              ///< before the grade; empty for names alone
