@@ -1,0 +1,146 @@
+#include "scopes/histogram.h"
+
+#include "scopes/tent_axis.h"
+#include "scopes/trace_curve.h"
+
+#include <cmath>
+#include <numeric>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr int margin = 4;    // around the plot, in line widths
+constexpr int mark_size = 5; // of the squares for clipped channels, in line widths
+constexpr int scale_parts = 4;
+constexpr std::array<const char*, scale_parts + 1> scale_texts{"0", "25", "50", "75", "100"};
+/// What a channel adds to the background. All three together are a pale grey.
+constexpr std::array<scope_colour, 3> channel_light{{{176, 26, 24}, {22, 150, 30}, {26, 34, 180}}};
+constexpr std::array<scope_colour, 3> channel_colours{{{255, 92, 84}, {92, 226, 104}, {104, 146, 255}}};
+
+rect plot_of(const rect& area, int line_width)
+{
+    const int m = margin * line_width;
+    return {area.x + m, area.y + m, area.width - 2 * m, area.height - 2 * m};
+}
+
+double column_of(double share, const rect& plot) { return plot.x + share * (plot.width - 1); }
+
+void draw_scale(const rect& plot, int line_width, scope_picture& picture)
+{
+    for (int i = 0; i <= scale_parts; ++i)
+    {
+        const bool is_limit = i == 0 || i == scale_parts;
+        const int x = static_cast<int>(std::lround(column_of(static_cast<double>(i) / scale_parts, plot)));
+        paint_rect(picture, {x - line_width / 2, plot.y, line_width, plot.height},
+                   is_limit ? limit_colour : graticule_colour);
+    }
+}
+
+/// The count that is as high as the plot. Where only the ends are filled, it is theirs.
+std::uint32_t full_count(const histogram_counts& counts)
+{
+    std::uint32_t inner = 0;
+    for (const auto& channel : counts.bins)
+        inner = std::max(inner, *std::max_element(channel.begin() + 1, channel.end() - 1));
+    return inner > 0 ? inner : std::max(1u, counts.pixels());
+}
+
+using height_row = std::array<float, level_count>;
+
+height_row heights_of(const std::array<std::uint32_t, level_count>& bins, std::uint32_t full, int rows)
+{
+    height_row heights;
+    for (std::size_t level = 0; level < level_count; ++level)
+    {
+        const float share = std::min(1.f, static_cast<float>(bins[level]) / static_cast<float>(full));
+        heights[level] = std::sqrt(share) * static_cast<float>(rows);
+    }
+    return heights;
+}
+
+std::uint32_t lightened(std::uint32_t pixel, const scope_colour& light, float cover)
+{
+    const auto share = static_cast<std::uint32_t>(cover * 256);
+    const auto sum = [share](std::uint32_t from, std::uint32_t light)
+    { return std::min(255u, from + (light * share >> 8)); };
+    return 0xff000000u | sum(pixel >> 16 & 255, light.r) << 16 | sum(pixel >> 8 & 255, light.g) << 8 |
+           sum(pixel & 255, light.b);
+}
+
+void draw_channel(const height_row& heights, const tent_axis& levels, const scope_colour& light, const rect& plot,
+                  scope_picture& picture)
+{
+    for (int x = 0; x < plot.width; ++x)
+    {
+        const float height = levels.at(static_cast<std::size_t>(x), heights.data());
+        const int first = std::max(0, plot.height - static_cast<int>(std::ceil(height)));
+        for (int y = first; y < plot.height; ++y)
+        {
+            std::uint32_t& pixel = picture.row(plot.y + y)[plot.x + x];
+            pixel = lightened(pixel, light, std::min(1.f, height - static_cast<float>(plot.height - 1 - y)));
+        }
+    }
+}
+
+/// Three squares, one below the other, beside the plot's upper corners.
+void draw_clip_marks(const histogram_counts& counts, const rect& plot, int line_width, scope_picture& picture)
+{
+    const trace_curve& curve = trace_curve::get();
+    const int size = mark_size * line_width, step = size + line_width;
+    const float share = 1.f / static_cast<float>(std::max(1u, counts.pixels()));
+    for (std::size_t i = 0; i < counts.bins.size(); ++i)
+    {
+        const int top = plot.y + static_cast<int>(i) * step;
+        const auto mark = [&](int left, std::uint32_t count) {
+            paint_rect(picture, {left, top, size, size}, channel_colours[i], curve(static_cast<float>(count) * share));
+        };
+        mark(plot.x + line_width, counts.bins[i].front());
+        mark(plot.x + plot.width - line_width - size, counts.bins[i].back());
+    }
+}
+
+} // namespace
+
+std::uint32_t histogram_counts::pixels() const { return std::accumulate(bins[0].begin(), bins[0].end(), 0u); }
+
+void histogram_counts::add(const histogram_counts& other)
+{
+    for (std::size_t i = 0; i < bins.size(); ++i)
+        for (std::size_t level = 0; level < level_count; ++level)
+            bins[i][level] += other.bins[i][level];
+}
+
+void draw_histogram(const histogram_counts& counts, const rect& area, int line_width, scope_picture& picture)
+{
+    const rect plot = plot_of(area, line_width);
+    if (plot.width < 2 || plot.height < 2)
+        return;
+    draw_scale(plot, line_width, picture);
+    const tent_axis levels(level_count, static_cast<std::size_t>(plot.width), 0,
+                           static_cast<double>(last_level) / (plot.width - 1));
+    const std::uint32_t full = full_count(counts);
+    for (std::size_t i = 0; i < counts.bins.size(); ++i)
+        draw_channel(heights_of(counts.bins[i], full, plot.height), levels, channel_light[i], plot, picture);
+    draw_clip_marks(counts, plot, line_width, picture);
+}
+
+scope_labels histogram_labels(const rect& area, int line_width)
+{
+    constexpr double beside = 12, above = 8; // in line widths: the text's middle from its line and from the edge
+    const rect plot = plot_of(area, line_width);
+    scope_labels labels;
+    for (int i = 0; i <= scale_parts; ++i)
+    {
+        const double x = column_of(static_cast<double>(i) / scale_parts, plot);
+        // To the left of its line at the right end, where nothing fits beside it.
+        labels.push_back({scale_texts[static_cast<std::size_t>(i)],
+                          i == scale_parts ? x - beside * line_width : x + beside * line_width,
+                          plot.y + plot.height - above * line_width});
+    }
+    return labels;
+}
+
+} // namespace ov1

@@ -1,0 +1,191 @@
+#include "scopes/scope_counter.h"
+
+#include "platform/rows.h"
+#include "shared/image.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// For each pixel of a row the start of its column's bins.
+using column_starts = std::vector<std::uint32_t>;
+
+column_starts starts_of(std::size_t width, std::size_t columns)
+{
+    column_starts starts(width);
+    for (std::size_t x = 0; x < width; ++x)
+        starts[x] = static_cast<std::uint32_t>(x * columns / width * level_count);
+    return starts;
+}
+
+void reset(const scope_selection& selection, std::size_t waveform_columns, std::size_t parade_columns,
+           scope_counts& counts)
+{
+    if (selection.waveform)
+        counts.waveform.reset(waveform_columns);
+    if (selection.parade)
+        for (waveform_counts& channel : counts.parade)
+            channel.reset(parade_columns);
+    if (selection.vectorscope)
+        counts.vectorscope.reset();
+    if (selection.histogram)
+        counts.histogram = {};
+}
+
+void count_waveform(const signal_levels::plane& levels, const std::uint32_t* starts, std::size_t count,
+                    waveform_counts& counts)
+{
+    std::uint32_t* const bins = counts.bins.data();
+    for (std::size_t i = 0; i < count; ++i)
+        ++bins[starts[i] + levels[i]];
+}
+
+void count_parade(const signal_levels& levels, const std::uint32_t* starts, std::size_t count, parade_counts& counts)
+{
+    std::uint32_t* const r = counts[0].bins.data();
+    std::uint32_t* const g = counts[1].bins.data();
+    std::uint32_t* const b = counts[2].bins.data();
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        ++r[starts[i] + levels.r[i]];
+        ++g[starts[i] + levels.g[i]];
+        ++b[starts[i] + levels.b[i]];
+    }
+}
+
+void count_vectorscope(const signal_levels& levels, std::size_t count, vectorscope_counts& counts)
+{
+    std::uint32_t* const bins = counts.bins.data();
+    for (std::size_t i = 0; i < count; ++i)
+        ++bins[levels.difference[i]];
+}
+
+void count_histogram(const signal_levels& levels, std::size_t count, histogram_counts& counts)
+{
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        ++counts.bins[0][levels.r[i]];
+        ++counts.bins[1][levels.g[i]];
+        ++counts.bins[2][levels.b[i]];
+    }
+}
+
+void add_columns(const parade_counts& parade, histogram_counts& histogram)
+{
+    for (std::size_t i = 0; i < parade.size(); ++i)
+        for (std::size_t c = 0; c < parade[i].columns; ++c)
+            for (std::size_t level = 0; level < level_count; ++level)
+                histogram.bins[i][level] += parade[i].column(c)[level];
+}
+
+} // namespace
+
+struct scope_counter::plan
+{
+    scope_frame frame;
+    scope_selection selection;
+    std::size_t waveform_columns;
+    std::size_t parade_columns;
+    signal_selection signals{};
+    bool counts_histogram = false; ///< not beside the parade, whose columns add up to it
+    column_starts waveform_starts{};
+    column_starts parade_starts{};
+};
+
+void scope_counter::count_row(const plan& wanted, std::size_t y, scope_counts& counts)
+{
+    const scope_frame& frame = wanted.frame;
+    signal_levels levels;
+    for (std::size_t x = 0; x < frame.width; x += signal_levels::most)
+    {
+        const std::size_t count = std::min(signal_levels::most, frame.width - x);
+        read_levels(frame.pixels + y * frame.width + x, count, wanted.signals, levels);
+        if (wanted.selection.waveform)
+            count_waveform(levels.luma, wanted.waveform_starts.data() + x, count, counts.waveform);
+        if (wanted.selection.parade)
+            count_parade(levels, wanted.parade_starts.data() + x, count, counts.parade);
+        if (wanted.selection.vectorscope)
+            count_vectorscope(levels, count, counts.vectorscope);
+        if (wanted.counts_histogram)
+            count_histogram(levels, count, counts.histogram);
+    }
+}
+
+scope_frame frame_of(const image& picture)
+{
+    return {reinterpret_cast<const argb_float*>(picture.pixels()), picture.get_width(), picture.get_height()};
+}
+
+scope_counts& scope_counter::borrow(const plan& wanted)
+{
+    scope_counts* taken = nullptr;
+    {
+        const std::scoped_lock guard(workers_mutex);
+        if (!idle_workers.empty())
+        {
+            taken = idle_workers.back();
+            idle_workers.pop_back();
+            return *taken;
+        }
+        if (used_workers == workers.size())
+            workers.push_back(std::make_unique<scope_counts>());
+        taken = workers[used_workers++].get();
+    }
+    reset(wanted.selection, wanted.waveform_columns, wanted.parade_columns, *taken);
+    return *taken;
+}
+
+void scope_counter::give_back(scope_counts& counts)
+{
+    const std::scoped_lock guard(workers_mutex);
+    idle_workers.push_back(&counts);
+}
+
+void scope_counter::count(const scope_frame& frame, const scope_selection& selection, const scope_sampling& sampling)
+{
+    const std::size_t most = std::max<std::size_t>(1, frame.width);
+    plan wanted{frame, selection, std::clamp<std::size_t>(sampling.waveform_columns, 1, most),
+                std::clamp<std::size_t>(sampling.parade_columns, 1, most)};
+    wanted.counts_histogram = selection.histogram && !selection.parade;
+    wanted.signals = {selection.parade || selection.histogram, selection.waveform, selection.vectorscope};
+    wanted.waveform_starts = starts_of(frame.width, wanted.waveform_columns);
+    wanted.parade_starts = starts_of(frame.width, wanted.parade_columns);
+    used_workers = 0;
+    idle_workers.clear();
+    const auto count_rows = [&](std::size_t first, std::size_t end)
+    {
+        scope_counts& counts = borrow(wanted);
+        for (std::size_t i = first; i < end; ++i)
+            count_row(wanted, i * sampling.row_step, counts);
+        give_back(counts);
+    };
+    const std::size_t rows = (frame.height + sampling.row_step - 1) / sampling.row_step;
+    for_each_picture_piece(frame.width, rows, sampling.max_threads, count_rows);
+    merge(wanted);
+}
+
+void scope_counter::merge(const plan& wanted)
+{
+    const scope_selection& selection = wanted.selection;
+    reset(selection, wanted.waveform_columns, wanted.parade_columns, total);
+    for (std::size_t i = 0; i < used_workers; ++i)
+    {
+        const scope_counts& part = *workers[i];
+        if (selection.waveform)
+            total.waveform.add(part.waveform);
+        for (std::size_t c = 0; c < part.parade.size() && selection.parade; ++c)
+            total.parade[c].add(part.parade[c]);
+        if (selection.vectorscope)
+            total.vectorscope.add(part.vectorscope);
+        if (wanted.counts_histogram)
+            total.histogram.add(part.histogram);
+    }
+    if (selection.histogram && !wanted.counts_histogram)
+        add_columns(total.parade, total.histogram);
+}
+
+} // namespace ov1

@@ -1,0 +1,66 @@
+#include "scopes/signal_levels.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+// Loops over one or a few planes, written so that the compiler does several pixels at once.
+
+using signal_plane = std::array<float, signal_levels::most>;
+
+constexpr auto scale = static_cast<float>(last_level);
+
+/// A NaN fails both comparisons and gives 0.
+float limited(float v)
+{
+    const float above = v > 0.f ? v : 0.f;
+    return above < 1.f ? above : 1.f;
+}
+
+/// The whole number next to what is not negative.
+std::uint32_t rounded(float v) { return static_cast<std::uint32_t>(static_cast<std::int32_t>(v + 0.5f)); }
+
+void read_plane(const signal_plane& signal, std::size_t count, signal_levels::plane& levels)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        levels[i] = rounded(signal[i] * scale);
+}
+
+std::uint32_t difference_level(float difference)
+{
+    const float place = difference * scale + difference_centre;
+    return rounded(place < scale ? place : scale);
+}
+
+} // namespace
+
+void read_levels(const argb_float* pixels, std::size_t count, const signal_selection& selection, signal_levels& levels)
+{
+    signal_plane r, g, b;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        r[i] = limited(pixels[i].r);
+        g[i] = limited(pixels[i].g);
+        b[i] = limited(pixels[i].b);
+    }
+    if (selection.channels)
+    {
+        read_plane(r, count, levels.r);
+        read_plane(g, count, levels.g);
+        read_plane(b, count, levels.b);
+    }
+    if (selection.luma)
+        for (std::size_t i = 0; i < count; ++i)
+            levels.luma[i] = rounded(luma_of(r[i], g[i], b[i]) * scale);
+    if (selection.difference)
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            const colour_difference d = colour_difference_of(r[i], g[i], b[i]);
+            levels.difference[i] =
+                difference_level(d.cr) * static_cast<std::uint32_t>(level_count) + difference_level(d.cb);
+        }
+}
+
+} // namespace ov1
