@@ -8,6 +8,7 @@
 #include "standalone/lut_verb.h"
 #include "standalone/params_verb.h"
 #include "standalone/preset_verb.h"
+#include "standalone/scope_verb.h"
 #include "standalone/sheet_verb.h"
 
 #if VERIDIAL_HAS_EDITOR
@@ -41,6 +42,7 @@ int main(int argc, char** argv)
 #endif
         verb{"lut", "writes a grade as a table for other software", run_lut},
         verb{"sheet", "shows a picture through many grades", run_sheet},
+        verb{"scope", "shows a picture's values as waveform, parade, vectorscope or histogram", run_scope},
         verb{"preset", "keeps grades", run_preset},
         verb{"inspire", "makes random looks", run_inspire},
         verb{"params", "lists the parameters", run_params},

@@ -2,14 +2,12 @@
 
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
-#include "command_line/json_text.h"
 #include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
-#include "media/still_writer.h"
 #include "standalone/canvas.h"
+#include "standalone/canvas_output.h"
 #include "standalone/effect_instance.h"
-#include "standalone/file_output.h"
 #include "standalone/media_problem.h"
 #include "standalone/preview_picture.h"
 #include "standalone/sheet_cells.h"
@@ -40,12 +38,6 @@ struct sheet_command
     std::optional<std::string> width_text;
     int width = usual_width;
 };
-
-bool asks_for_a_grade(const grade_request& grade)
-{
-    return grade.state_file || !grade.wheels.empty() || grade.sky || grade.greenery || grade.skin || grade.film ||
-           !grade.settings.empty();
-}
 
 bool parse(sheet_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
 {
@@ -84,9 +76,9 @@ bool parse(sheet_command& command, std::span<const std::string> arguments, conso
 std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& columns)
 {
     columns = look_columns;
-    if (!asks_for_a_grade(command.grade) && command.grade.presets.empty())
+    if (!asks_for_values(command.grade) && command.grade.presets.empty())
         return look_cells();
-    if (!asks_for_a_grade(command.grade))
+    if (!asks_for_values(command.grade))
         return preset_cells(command.grade.presets, columns);
     columns = 2;
     sheet_cell before{"before", {}};
@@ -94,7 +86,6 @@ std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& colu
     return {before, {"after", command.grade}};
 }
 
-/// Display-referred, straight, within 0..1: what the table takes.
 /// The picture through the effect's present table, with its own alpha.
 std::vector<argb_float> graded(effect_instance& effect, const media::reduced_picture& picture)
 {
@@ -103,19 +94,6 @@ std::vector<argb_float> graded(effect_instance& effect, const media::reduced_pic
     for (std::size_t i = 0; i < pixels.size(); ++i)
         pixels[i].a = picture.pixels[i].a;
     return pixels;
-}
-
-bool encode(const canvas& sheet, const std::string& path, std::vector<std::uint8_t>& bytes, media::error& why)
-{
-    media::still_info info;
-    info.width = sheet.get_width();
-    info.height = sheet.get_height();
-    media::still_writer writer;
-    if (!writer.create(path, info, {}, why))
-        return false;
-    for (std::size_t y = 0; y < info.height; y += media::still_writer::row_multiple)
-        writer.write_rows(y, std::min(media::still_writer::row_multiple, info.height - y), sheet.row(y));
-    return writer.finish(bytes, why);
 }
 
 /// Draws all cells; each grade starts from the defaults.
@@ -138,21 +116,6 @@ bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cel
     return true;
 }
 
-void report(const run_options& run, const std::string& output, const canvas& sheet, console& out)
-{
-    if (run.json)
-    {
-        json_text json;
-        json.begin_object().key("output").value(output).key("written").value(!run.dry_run);
-        json.key("width").value(sheet.get_width()).key("height").value(sheet.get_height()).end();
-        out.result(json.text() + '\n');
-    }
-    else if (run.dry_run)
-        out.result("would write " + output + '\n');
-    else
-        out.note("wrote " + output);
-}
-
 exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
 {
     media::still_reader source;
@@ -173,17 +136,7 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
     std::vector<problem> problems;
     if (!draw(sheet, layout, cells, picture, problems))
         return fail(problems, out);
-    std::vector<std::uint8_t> bytes;
-    problem failure;
-    if (!encode(sheet, output, bytes, why))
-        failure = problem_of(why, output);
-    else if (command.run.dry_run || write_output(output, bytes, command.run.overwrite, failure))
-    {
-        report(command.run, output, sheet, out);
-        return exit_code::done;
-    }
-    out.error(failure);
-    return failure.code;
+    return write_canvas(sheet, output, command.run, out);
 }
 
 } // namespace

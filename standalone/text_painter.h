@@ -22,14 +22,15 @@ public:
     /// Whether a face was found. Without one nothing is painted.
     bool has_face() const;
 
+    /// Of a text that is not cut, in pixels; a face is needed.
+    std::size_t width_of(const std::string& text);
+
     /// UTF-8, cut with "..." at a width in pixels. x is the left edge, y the base line.
     void paint(canvas& target, std::size_t x, std::size_t y, const std::string& text, std::size_t max_width,
                const argb_float& colour);
 
 private:
     struct face;
-
-    std::size_t width_of(const std::string& text);
 
     std::unique_ptr<face> loaded;
 };

@@ -17,7 +17,7 @@ constexpr int mark_size = 5; // of the squares for clipped channels, in line wid
 constexpr int scale_parts = 4;
 constexpr std::array<const char*, scale_parts + 1> scale_texts{"0", "25", "50", "75", "100"};
 /// What a channel adds to the background. All three together are a pale grey.
-constexpr std::array<scope_colour, 3> channel_light{{{176, 26, 24}, {22, 150, 30}, {26, 34, 180}}};
+constexpr std::array<scope_colour, 3> channel_light{{{122, 26, 22}, {22, 104, 30}, {26, 32, 132}}};
 constexpr std::array<scope_colour, 3> channel_colours{{{255, 92, 84}, {92, 226, 104}, {104, 146, 255}}};
 
 rect plot_of(const rect& area, int line_width)

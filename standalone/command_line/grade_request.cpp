@@ -92,6 +92,12 @@ private:
 
 } // namespace
 
+bool asks_for_values(const grade_request& request)
+{
+    return request.state_file || !request.wheels.empty() || request.sky || request.greenery || request.skin ||
+           request.film || !request.settings.empty();
+}
+
 void add_grade_options(argument_parser& parser, grade_request& request)
 {
     parser.group("Grade");

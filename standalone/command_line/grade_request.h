@@ -38,6 +38,9 @@ struct assignment
     bool operator==(const assignment&) const = default;
 };
 
+/// Whether anything is asked for besides presets and the bypass.
+bool asks_for_values(const grade_request& request);
+
 /// Declares the options under the heading "Grade". The request must outlive the parsing.
 void add_grade_options(argument_parser& parser, grade_request& request);
 

@@ -60,6 +60,9 @@ TEST_F(veridial_program, mistakes_end_with_one_clear_line_and_their_own_code)
         {"$V preset delete Noir", 6, R"("Noir": comes with Veridial and stays)"},
         {"$V preset save a/b", 2, R"("a/b")"},
         {"$V inspire --seed 1.5", 2, R"("--seed": 1.5 is no whole number)"},
+        {"$V scope in.ppm --type wave -o o.png", 2, R"(did you mean "waveform"?)"},
+        {"$V scope in.ppm --size 900 -o o.png", 2, R"("--size": 900 is no size (write 960x540))"},
+        {"$V scope in.ppm --skin-line -o o.png", 2, R"("--skin-line": belongs to the vectorscope)"},
         {"$V inspire -n 3", 2, "-o FOLDER or --save NAME"},
         {"$V grad in.ppm -o o.png", 2, R"(did you mean "grade"?)"},
         {"$V grade in.ppm --tranfer none -o o.png", 2, R"(did you mean "--transfer"?)"},
@@ -151,6 +154,18 @@ TEST_F(veridial_program, a_sheet_shows_looks_presets_or_a_grade)
     EXPECT_EQ(size_of(""), std::pair(8 * 102 + 12, 6 * 96 + 12));
     EXPECT_EQ(size_of("--sky 90,50"), std::pair(2 * 102 + 12, 96 + 12));
     EXPECT_EQ(size_of("-p Noir -p Autumn -p Pastel -p Moonlight"), std::pair(3 * 102 + 12, 2 * 96 + 12));
+}
+
+TEST_F(veridial_program, a_scope_shows_the_picture_after_the_grade_and_bypassed_as_it_came)
+{
+    write_picture("in.ppm", 31, 17);
+    const outcome o =
+        run("S=\"$V scope in.ppm --size 320x200 --type\"; for t in waveform parade vectorscope histogram; do "
+            "$S $t -o $t.png && $S $t --sky 90,80 --bypass -o same.png -f && cmp $t.png same.png && "
+            "$S $t --wheel shadows=220,60 -o other.png -f && ! cmp -s $t.png other.png || exit 9; done; "
+            "$S vectorscope --skin-line -o skin.png && ! cmp -s skin.png vectorscope.png && "
+            "! cmp -s parade.png waveform.png");
+    EXPECT_EQ(o.code, 0) << o.err;
 }
 
 TEST_F(veridial_program, numbers_read_and_write_alike_under_a_german_locale)

@@ -1,0 +1,19 @@
+// A painted canvas as a picture file.
+#pragma once
+
+#include "command_line/exit_code.h"
+#include "standalone/canvas.h"
+
+#include <string>
+
+namespace ov1
+{
+
+class console;
+struct run_options;
+
+/// Encodes the canvas as the path's extension asks for, writes it as the options say, and tells what was written or
+/// what went wrong.
+exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out);
+
+} // namespace ov1
