@@ -7,7 +7,7 @@
 #include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "platform/rows.h"
-#include "scopes/scope_counter.h"
+#include "scopes/scope_type.h"
 #include "standalone/canvas_output.h"
 #include "standalone/effect_instance.h"
 #include "standalone/media_problem.h"
@@ -29,51 +29,21 @@ constexpr std::size_t longest_picture_side = 4096;
 constexpr int side_of_thicker_lines = 1080; ///< from here on lines are 2 pixels wide, from its double on 3
 constexpr int text_height = 12;             ///< in line widths
 constexpr int caption_height = 22;          ///< in line widths
-constexpr scope_colour waveform_trace{226, 226, 226};
 constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
 constexpr argb_float label_colour{1.0f, 0.6f, 0.6f, 0.6f};
 
 struct scope_kind
 {
+    scope_type type;
     const char* caption;
-    scope_selection selection;
     const char* usual_size;
-    void (*draw)(const scope_counts&, bool skin_line, const rect&, int line_width, scope_picture&);
-    scope_labels (*labels)(const rect&, int line_width);
 };
 
-constexpr scope_kind waveform_kind{
-    "Waveform, luma",
-    {.waveform = true},
-    "960x540",
-    [](const scope_counts& counts, bool, const rect& area, int line_width, scope_picture& picture)
-    { draw_waveform(counts.waveform, waveform_trace, area, line_width, picture); },
-    waveform_labels};
-constexpr scope_kind parade_kind{"RGB parade",
-                                 {.parade = true},
-                                 "960x540",
-                                 [](const scope_counts& counts, bool, const rect& area, int line_width,
-                                    scope_picture& picture) { draw_parade(counts.parade, area, line_width, picture); },
-                                 parade_labels};
-constexpr scope_kind vectorscope_kind{
-    "Vectorscope, BT.709, frames at 75 %",
-    {.vectorscope = true},
-    "640x664",
-    [](const scope_counts& counts, bool skin_line, const rect& area, int line_width, scope_picture& picture)
-    { draw_vectorscope(counts.vectorscope, skin_line, area, line_width, picture); },
-    [](const rect& area, int) { return vectorscope_labels(area); }};
-constexpr scope_kind histogram_kind{
-    "Histogram",
-    {.histogram = true},
-    "960x540",
-    [](const scope_counts& counts, bool, const rect& area, int line_width, scope_picture& picture)
-    { draw_histogram(counts.histogram, area, line_width, picture); },
-    histogram_labels};
-
-constexpr std::array<choice<const scope_kind*>, 4> scope_kinds{{{"waveform", &waveform_kind},
-                                                                {"parade", &parade_kind},
-                                                                {"vectorscope", &vectorscope_kind},
-                                                                {"histogram", &histogram_kind}}};
+constexpr std::array<choice<scope_kind>, scope_type_count> scope_kinds{
+    {{"waveform", {scope_type::waveform, "Waveform, luma", "960x540"}},
+     {"parade", {scope_type::parade, "RGB parade", "960x540"}},
+     {"vectorscope", {scope_type::vectorscope, "Vectorscope, BT.709, frames at 75 %", "640x664"}},
+     {"histogram", {scope_type::histogram, "Histogram", "960x540"}}}};
 
 struct scope_command
 {
@@ -83,7 +53,7 @@ struct scope_command
     std::optional<std::string> output;
     std::optional<std::string> type_text;
     std::optional<std::string> size_text;
-    const scope_kind* kind = &waveform_kind;
+    scope_kind kind = scope_kinds[0].value;
     bool skin_line = false;
     int width = 0;
     int height = 0;
@@ -109,9 +79,9 @@ void settle_scope(scope_command& command, std::vector<problem>& problems)
     if (command.type_text && !read_choice(*command.type_text, scope_kinds, command.kind, bad_type))
         problems.push_back(bad_type);
     problem bad_size{exit_code::usage, "--size", {}, {}};
-    if (!read_size(command.size_text.value_or(command.kind->usual_size), command, bad_size))
+    if (!read_size(command.size_text.value_or(command.kind.usual_size), command, bad_size))
         problems.push_back(bad_size);
-    if (command.skin_line && command.kind != &vectorscope_kind)
+    if (command.skin_line && command.kind.type != scope_type::vectorscope)
         problems.push_back({exit_code::usage, "--skin-line", "belongs to the vectorscope", "add --type vectorscope"});
     if (command.inputs.size() != 1)
         problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
@@ -200,12 +170,12 @@ void write_texts(const scope_command& command, const rect& area, int line_width,
     if (!texts.has_face())
         return;
     const double half_capital = text_height * line_width * 0.36; // from a text's middle to its base line
-    const std::string caption = std::string(command.kind->caption) + "  \u2013  " +
-                                std::filesystem::path(command.inputs[0]).filename().string();
+    const std::string caption =
+        std::string(command.kind.caption) + "  \u2013  " + std::filesystem::path(command.inputs[0]).filename().string();
     const auto margin = static_cast<std::size_t>(6 * line_width);
     texts.paint(painted, margin, static_cast<std::size_t>(area.y - 7 * line_width), caption,
                 painted.get_width() - 2 * margin, caption_colour);
-    for (const scope_label& label : command.kind->labels(area, line_width))
+    for (const scope_label& label : scope_labels_of(command.kind.type, area, line_width))
     {
         const std::size_t width = texts.width_of(label.text);
         const double left = std::max(0.0, label.x - static_cast<double>(width) / 2);
@@ -219,15 +189,15 @@ canvas draw(const scope_command& command, const media::reduced_picture& picture)
     const int line_width = 1 + std::min(command.width, command.height) / side_of_thicker_lines;
     const int top = caption_height * line_width;
     const rect area{0, top, command.width, command.height - top};
-    scope_sampling sampling;
-    sampling.waveform_columns = static_cast<std::size_t>(area.width);
-    sampling.parade_columns = static_cast<std::size_t>(parade_areas(area, line_width)[0].width);
+    scope_sampling sampling = sampling_for(area, line_width);
     sampling.max_threads = static_cast<unsigned>(command.run.threads);
+    scope_selection selection;
+    chosen(selection, command.kind.type) = true;
     scope_counter counter;
-    counter.count({picture.pixels.data(), picture.width, picture.height}, command.kind->selection, sampling);
+    counter.count({picture.pixels.data(), picture.width, picture.height}, selection, sampling);
     scope_picture drawn;
     drawn.reset(command.width, command.height);
-    command.kind->draw(counter.get_counts(), command.skin_line, area, line_width, drawn);
+    draw_scope(command.kind.type, counter.get_counts(), command.skin_line, area, line_width, drawn);
     canvas painted = to_canvas(drawn);
     write_texts(command, area, line_width, painted);
     return painted;

@@ -90,29 +90,31 @@ struct scope_counter::plan
     scope_selection selection;
     std::size_t waveform_columns;
     std::size_t parade_columns;
+    std::size_t row_step;
     signal_selection signals{};
     bool counts_histogram = false; ///< not beside the parade, whose columns add up to it
     column_starts waveform_starts{};
     column_starts parade_starts{};
 };
 
-void scope_counter::count_row(const plan& wanted, std::size_t y, scope_counts& counts)
+void scope_counter::count_rows(const plan& wanted, std::size_t first, std::size_t end, scope_counts& counts)
 {
     const scope_frame& frame = wanted.frame;
     signal_levels levels;
-    for (std::size_t x = 0; x < frame.width; x += signal_levels::most)
-    {
-        const std::size_t count = std::min(signal_levels::most, frame.width - x);
-        read_levels(frame.pixels + y * frame.width + x, count, wanted.signals, levels);
-        if (wanted.selection.waveform)
-            count_waveform(levels.luma, wanted.waveform_starts.data() + x, count, counts.waveform);
-        if (wanted.selection.parade)
-            count_parade(levels, wanted.parade_starts.data() + x, count, counts.parade);
-        if (wanted.selection.vectorscope)
-            count_vectorscope(levels, count, counts.vectorscope);
-        if (wanted.counts_histogram)
-            count_histogram(levels, count, counts.histogram);
-    }
+    for (std::size_t i = first; i < end; ++i)
+        for (std::size_t x = 0; x < frame.width; x += signal_levels::most)
+        {
+            const std::size_t count = std::min(signal_levels::most, frame.width - x);
+            read_levels(frame.pixels + i * wanted.row_step * frame.width + x, count, wanted.signals, levels);
+            if (wanted.selection.waveform)
+                count_waveform(levels.luma, wanted.waveform_starts.data() + x, count, counts.waveform);
+            if (wanted.selection.parade)
+                count_parade(levels, wanted.parade_starts.data() + x, count, counts.parade);
+            if (wanted.selection.vectorscope)
+                count_vectorscope(levels, count, counts.vectorscope);
+            if (wanted.counts_histogram)
+                count_histogram(levels, count, counts.histogram);
+        }
 }
 
 scope_frame frame_of(const image& picture)
@@ -149,22 +151,21 @@ void scope_counter::count(const scope_frame& frame, const scope_selection& selec
 {
     const std::size_t most = std::max<std::size_t>(1, frame.width);
     plan wanted{frame, selection, std::clamp<std::size_t>(sampling.waveform_columns, 1, most),
-                std::clamp<std::size_t>(sampling.parade_columns, 1, most)};
+                std::clamp<std::size_t>(sampling.parade_columns, 1, most), sampling.row_step};
     wanted.counts_histogram = selection.histogram && !selection.parade;
     wanted.signals = {selection.parade || selection.histogram, selection.waveform, selection.vectorscope};
     wanted.waveform_starts = starts_of(frame.width, wanted.waveform_columns);
     wanted.parade_starts = starts_of(frame.width, wanted.parade_columns);
     used_workers = 0;
     idle_workers.clear();
-    const auto count_rows = [&](std::size_t first, std::size_t end)
+    const auto count_piece = [&](std::size_t first, std::size_t end)
     {
         scope_counts& counts = borrow(wanted);
-        for (std::size_t i = first; i < end; ++i)
-            count_row(wanted, i * sampling.row_step, counts);
+        count_rows(wanted, first, end, counts);
         give_back(counts);
     };
     const std::size_t rows = (frame.height + sampling.row_step - 1) / sampling.row_step;
-    for_each_picture_piece(frame.width, rows, sampling.max_threads, count_rows);
+    for_each_picture_piece(frame.width, rows, sampling.max_threads, count_piece);
     merge(wanted);
 }
 

@@ -65,7 +65,7 @@ public:
 private:
     struct plan;
 
-    static void count_row(const plan& wanted, std::size_t y, scope_counts& counts);
+    static void count_rows(const plan& wanted, std::size_t first, std::size_t end, scope_counts& counts);
     scope_counts& borrow(const plan& wanted);
     void give_back(scope_counts& counts);
     void merge(const plan& wanted);
