@@ -242,7 +242,7 @@ void COVPluginToolbar::showHistory()
                });
 }
 
-void COVPluginToolbar::load(const preset_choice& entry)
+void COVPluginToolbar::loadPreset(const preset_choice& entry)
 {
     const auto alive = component.lock();
     if (!alive)
@@ -326,7 +326,7 @@ void COVPluginToolbar::exportLut()
                [this](std::size_t chosen)
                {
                    if (chosen < 3)
-                       export_table(chosen == 1 ? fine_table_points : table_points, chosen == 2);
+                       exportTable(chosen == 1 ? fine_table_points : table_points, chosen == 2);
                    else if (chosen == 3)
                        copyGrade();
                    else
@@ -356,7 +356,7 @@ void COVPluginToolbar::pasteGrade()
              translated("{en:There is no grade to paste: }{de:Es gibt kein Grading zum Einsetzen: }") + reason);
 }
 
-void COVPluginToolbar::export_table(unsigned int points, bool as_3dl)
+void COVPluginToolbar::exportTable(unsigned int points, bool as_3dl)
 {
     const editor_question question{"{en:Export as a LUT}{de:Als LUT exportieren}", "{en:File}{de:Datei}",
                                    "{en:Export}{de:Exportieren}"};

@@ -70,7 +70,9 @@ public:
     /// All presets and the files that hold them, for choosers. Says so where they cannot be listed.
     void listPresets(std::vector<preset_choice>& entries, std::vector<std::string>& files);
     /// Replaces the grade, or says why not.
-    void load(const preset_choice& entry);
+    void loadPreset(const preset_choice& entry);
+    /// Asks for a file and writes the table.
+    void exportTable(unsigned int points, bool as_3dl);
 
     /// The preset that was loaded or saved last, for tests.
     const std::optional<preset_choice>& getCurrentPreset() const { return current; }
@@ -79,7 +81,6 @@ private:
     COVButton* add_button(const char* artwork, const char* tooltip, VSTGUI::CTextButton::Style style, int group);
     void show_preset_name();
     void save_as(const std::string& name, bool overwrite);
-    void export_table(unsigned int points, bool as_3dl);
     void write_table(const std::string& path, unsigned int points, bool as_3dl);
     void change_grade(const std::function<void(icomponent_v1&)>& change);
     std::string translated(const char* literal) const;

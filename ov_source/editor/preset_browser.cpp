@@ -61,7 +61,7 @@ void preset_browser::idle()
     if (const auto chosen = std::exchange(to_load, {}))
     {
         close();
-        toolbar.load(*chosen);
+        toolbar.loadPreset(*chosen);
     }
 }
 

@@ -115,7 +115,6 @@ void veridial_ui::remember()
 
 void veridial_ui::init_view()
 {
-    CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
     scale = iutils::get_instance().get_dpi_scale();
     const rect size = get_rect();
     const auto window = get_window();
@@ -135,6 +134,7 @@ CFrame* veridial_ui::get_open_frame() { return open_frames().empty() ? nullptr :
 
 void veridial_ui::build_frame(double width, double height)
 {
+    CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
     frame = new CFrame(CRect(0, 0, width, height), this);
     frame->setBackgroundColor(style::background);
     frame->setFocusColor(style::accent); // of selected text, too
