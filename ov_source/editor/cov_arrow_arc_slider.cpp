@@ -20,6 +20,8 @@ COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControl
                                      std::int32_t min_pos, std::int32_t max_pos, VSTGUI::CBitmap* background)
     : CVerticalSlider(size, listener, tag, min_pos, max_pos, nullptr, background)
     , angles(arc_angles_of(size.getWidth(), size.getCenter().y, min_pos, max_pos))
+    , highest(min_pos - size.top)
+    , lowest(max_pos - size.top)
 {
     setTransparency(true);
     setSliderMode(VSTGUI::CSliderMode::FreeClick);
@@ -63,14 +65,30 @@ void COVArrowArcSlider::draw(VSTGUI::CDrawContext* context)
     setDirty(false);
 }
 
+arrow_outline COVArrowArcSlider::outline_at(double angle) const
+{
+    const VSTGUI::CRect& view = getViewSize();
+    return arrow_outline_of({view.left, view.top, view.right, view.bottom, getFrameWidth(), orientation}, angle);
+}
+
+VSTGUI::CPoint COVArrowArcSlider::getTip() const
+{
+    const arc_point tip = outline_at(angles.at(getValueNormalized()) + spread / 2.0)[2];
+    return {tip.x, tip.y};
+}
+
+VSTGUI::CPoint COVArrowArcSlider::place_of_value() const
+{
+    const VSTGUI::CRect& view = getViewSize();
+    return {view.getCenter().x, view.top + lowest + (highest - lowest) * getValueNormalized()};
+}
+
 void COVArrowArcSlider::draw_arrow(VSTGUI::CDrawContext& context, double angle) const
 {
     const auto path = VSTGUI::owned(context.createGraphicsPath());
     if (!path)
         return;
-    const VSTGUI::CRect& view = getViewSize();
-    const arrow_outline outline =
-        arrow_outline_of({view.left, view.top, view.right, view.bottom, getFrameWidth(), orientation}, angle);
+    const arrow_outline outline = outline_at(angle);
     path->beginSubpath({outline[0].x, outline[0].y});
     for (std::size_t corner = 1; corner < outline.size(); ++corner)
         path->addLine({outline[corner].x, outline[corner].y});
@@ -81,10 +99,25 @@ void COVArrowArcSlider::draw_arrow(VSTGUI::CDrawContext& context, double angle) 
 
 void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 {
-    if (!is_right_click(event) && !is_alt_click(event))
-        return CVerticalSlider::onMouseDownEvent(event);
-    reset_to_default(*this);
-    consume_press(event);
+    if (is_right_click(event) || is_alt_click(event) || is_double_click(event))
+    {
+        reset_to_default(*this);
+        return consume_press(event);
+    }
+    const drag_hold hold{hold_of(event.modifiers).is_fine};
+    const steered_event steered(event, path.press(event.mousePosition, place_of_value(), hold));
+    if (hold.is_fine) // the toolkit then leaves the value alone until the mouse moves
+        event.modifiers.add(VSTGUI::ModifierKey::Shift);
+    CVerticalSlider::onMouseDownEvent(event);
+}
+
+void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
+{
+    if (!isEditing())
+        return CVerticalSlider::onMouseMoveEvent(event);
+    const drag_hold hold{hold_of(event.modifiers).is_fine};
+    const steered_event steered(event, path.move(event.mousePosition, place_of_value(), hold));
+    CVerticalSlider::onMouseMoveEvent(event);
 }
 
 void COVArrowArcSlider::onMouseWheelEvent(VSTGUI::MouseWheelEvent&) {}

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "editor/arc_geometry.h"
+#include "editor/fine_drag.h"
 #include "vstgui/vstgui.h"
 
 namespace ov1
 {
 
-/// The arrow jumps to a press of the left button; the right button, and Alt with the left one, set the default value.
-/// Wheel events are left to what lies around the slider.
+/// The arrow jumps to a press of the left button, unless Shift is held: then it is dragged finely from where it stands.
+/// The right button, Alt with the left one, and a double click set the default value. Wheel events are left to what
+/// lies around the slider.
 class COVArrowArcSlider : public VSTGUI::CVerticalSlider
 {
 public:
@@ -21,14 +23,23 @@ public:
     /// How far two arrows are apart, half of it on either side of the value's angle; at 0 there is one arrow.
     virtual void setSpreadAngle(double degrees);
 
+    /// The tip of the arrow, of the upper one where there are two, in the parent's points.
+    VSTGUI::CPoint getTip() const;
+
     void draw(VSTGUI::CDrawContext* context) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+    void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
 private:
+    arrow_outline outline_at(double angle) const;
+    VSTGUI::CPoint place_of_value() const;
     void draw_arrow(VSTGUI::CDrawContext& context, double angle) const;
 
     arc_angles angles;
+    VSTGUI::CCoord highest; // from the view's top to value 1, and so to value 0
+    VSTGUI::CCoord lowest;
+    fine_drag path;
     double spread = 0.0; // radians
     COVArrowArcOrientation orientation = COVArrowArcOrientation::pivot_right;
 };

@@ -79,11 +79,20 @@ void COVColorWheelXYPad::draw(VSTGUI::CDrawContext* context)
     setDirty(false);
 }
 
+VSTGUI::CPoint COVColorWheelXYPad::point_of(const pad_place& place) const
+{
+    const pad_point centre = handle_centre(place, getWidth(), getHeight(), getRoundRectRadius());
+    return getViewSize().getTopLeft() + VSTGUI::CPoint(centre.x, centre.y);
+}
+
+VSTGUI::CPoint COVColorWheelXYPad::getHandleCentre() const
+{
+    return point_of(pulled_onto_rim(unpack_pad_value(getValue()), max_radius));
+}
+
 void COVColorWheelXYPad::draw_handle(VSTGUI::CDrawContext& context) const
 {
-    const pad_place place = pulled_onto_rim(unpack_pad_value(getValue()), max_radius);
-    const pad_point centre = handle_centre(place, getWidth(), getHeight(), getRoundRectRadius());
-    VSTGUI::CRect circle(getViewSize().getTopLeft() + VSTGUI::CPoint(centre.x, centre.y), {});
+    VSTGUI::CRect circle(getHandleCentre(), {});
     circle.extend(getRoundRectRadius() / 2.0, getRoundRectRadius() / 2.0);
 
     const auto path = VSTGUI::owned(context.createGraphicsPath());
@@ -119,7 +128,18 @@ void COVColorWheelXYPad::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 void COVColorWheelXYPad::begin_drag(VSTGUI::MouseDownEvent& event)
 {
     at_press = {getValue(), polar};
+    // A handle beyond the rim stays there until the mouse moves.
+    const steered_event steered(
+        event, path.press(event.mousePosition, point_of(unpack_pad_value(getValue())), hold_of(event.modifiers)));
     CXYPad::onMouseDownEvent(event);
+}
+
+void COVColorWheelXYPad::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
+{
+    if (!isEditing())
+        return CXYPad::onMouseMoveEvent(event);
+    const steered_event steered(event, path.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
+    CXYPad::onMouseMoveEvent(event);
 }
 
 void COVColorWheelXYPad::reset()

@@ -1,6 +1,7 @@
 // A round colour wheel on which one handle sets two parameters, an angle and a radius.
 #pragma once
 
+#include "editor/fine_drag.h"
 #include "editor/pad_geometry.h"
 #include "vstgui/vstgui.h"
 
@@ -8,8 +9,9 @@ namespace ov1
 {
 
 /// The control's value is the handle's packed place, its own tag the angle's. The handle jumps to a press of the left
-/// button; the right button, and Alt with the left one, reset handle, angle and radius. Wheel events are left to what
-/// lies around the pad. Presses outside the wheel go through to what lies beneath.
+/// button, unless Shift or Control is held: then it is dragged from where it stands, see fine_drag. The right button,
+/// and Alt with the left one, reset handle, angle and radius. Wheel events are left to what lies around the pad.
+/// Presses outside the wheel go through to what lies beneath.
 class COVColorWheelXYPad : public VSTGUI::CXYPad
 {
 public:
@@ -32,9 +34,13 @@ public:
 
     void setValue(float packed) override;
 
+    /// The middle of the handle as it is drawn, in the parent's points.
+    VSTGUI::CPoint getHandleCentre() const;
+
     void draw(VSTGUI::CDrawContext* context) override;
     bool hitTest(const VSTGUI::CPoint& where, const VSTGUI::Event& event = VSTGUI::noEvent()) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+    void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
     /// Gives back the handle, angle and radius of the press.
     void onMouseCancelEvent(VSTGUI::MouseCancelEvent& event) override;
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
@@ -52,11 +58,13 @@ private:
     void reset();
     void restore(const pad_state& state);
     void place_handle();
+    VSTGUI::CPoint point_of(const pad_place& place) const;
     void draw_handle(VSTGUI::CDrawContext& context) const;
 
     std::int32_t radius_tag;
     pad_polar polar;
     pad_state at_press;
+    fine_drag path;
     float max_radius = 1.0F;
 };
 

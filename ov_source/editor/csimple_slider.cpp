@@ -61,15 +61,41 @@ void CSimpleSlider::draw(VSTGUI::CDrawContext* context)
 
 void CSimpleSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 {
-    if (is_alt_click(event) || (resets_on_right_click && is_right_click(event)))
+    if (is_alt_click(event) || is_double_click(event) || (resets_on_right_click && is_right_click(event)))
     {
         reset_to_default(*this);
         return consume_press(event);
     }
     const float before = getValue();
-    CHorizontalSlider::onMouseDownEvent(event);
+    press_handle(event);
     if (isEditing() && is_ganged(event))
         begin_gang(before);
+}
+
+void CSimpleSlider::press_handle(VSTGUI::MouseDownEvent& event)
+{
+    grip = event.mousePosition.x - place_of_value();
+    // The toolkit drags from the whole point that the handle is drawn at.
+    beyond_whole_point = place_of_value() - calculateHandleRect(getValueNormalized()).left;
+    path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
+    const steered_event steered(event, event.mousePosition);
+    event.modifiers.add(VSTGUI::ModifierKey::Shift); // so that the value stays until the mouse moves
+    CHorizontalSlider::onMouseDownEvent(event);
+}
+
+void CSimpleSlider::drag_handle(VSTGUI::MouseMoveEvent& event)
+{
+    const VSTGUI::CPoint gripped(place_of_value() + grip, event.mousePosition.y);
+    VSTGUI::CPoint place = path.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
+    place.x += beyond_whole_point;
+    const steered_event steered(event, place);
+    CHorizontalSlider::onMouseMoveEvent(event);
+}
+
+VSTGUI::CCoord CSimpleSlider::place_of_value() const
+{
+    const VSTGUI::CCoord least = calculateHandleRect(0.0F).left, most = calculateHandleRect(1.0F).left;
+    return least + (most - least) * getValueNormalized();
 }
 
 void CSimpleSlider::begin_gang(float value_before)
@@ -85,7 +111,10 @@ void CSimpleSlider::begin_gang(float value_before)
 void CSimpleSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
 {
     const float before = getValue();
-    CHorizontalSlider::onMouseMoveEvent(event);
+    if (isEditing())
+        drag_handle(event);
+    else
+        CHorizontalSlider::onMouseMoveEvent(event);
     if (is_ganged(event))
         drag_partner(getValue() - before);
 }

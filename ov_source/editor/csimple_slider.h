@@ -1,12 +1,14 @@
 // A plain horizontal slider that can drag a partner along.
 #pragma once
 
+#include "editor/fine_drag.h"
 #include "vstgui/vstgui.h"
 
 namespace ov1
 {
 
-/// Dragged by its handle; Alt with the left button sets the default value. A drag that begins with Control held moves
+/// Dragged by its handle, finely while Shift is held; Alt with the left button, and a double click, set the default
+/// value. A drag that begins with Control held moves
 /// the partner by the same amounts while Control stays held, as an edit of the partner's own.
 class CSimpleSlider : public VSTGUI::CHorizontalSlider
 {
@@ -33,12 +35,18 @@ public:
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
 private:
+    void press_handle(VSTGUI::MouseDownEvent& event);
+    void drag_handle(VSTGUI::MouseMoveEvent& event);
+    VSTGUI::CCoord place_of_value() const;
     void begin_gang(float value_before);
     void drag_partner(float change);
     void end_gang();
 
     CSimpleSlider* partner = nullptr;
-    CSimpleSlider* ganged = nullptr; // the partner, while it is dragged along
+    fine_drag path;
+    VSTGUI::CCoord grip = 0.0;               // from the handle's exact left edge to where it was pressed
+    VSTGUI::CCoord beyond_whole_point = 0.0; // of that edge, at the press
+    CSimpleSlider* ganged = nullptr;         // the partner, while it is dragged along
     float ganged_value_at_press = 0.0F;
     bool draws_center_line = false;
     bool resets_on_right_click = false;

@@ -10,6 +10,11 @@ bool is_alt_click(const VSTGUI::MouseDownEvent& event)
     return event.buttonState.isLeft() && event.modifiers.is(VSTGUI::ModifierKey::Alt);
 }
 
+bool is_double_click(const VSTGUI::MouseDownEvent& event)
+{
+    return event.buttonState.isLeft() && event.modifiers.empty() && event.clickCount == 2;
+}
+
 void consume_press(VSTGUI::MouseDownEvent& event)
 {
     event.consumed = true;

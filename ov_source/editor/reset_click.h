@@ -12,6 +12,9 @@ bool is_right_click(const VSTGUI::MouseDownEvent& event);
 /// Whether a press is made with the left button and Alt alone.
 bool is_alt_click(const VSTGUI::MouseDownEvent& event);
 
+/// Whether a press is the second of a double click with the left button, without a key.
+bool is_double_click(const VSTGUI::MouseDownEvent& event);
+
 /// Takes a press that needs no moves and no release.
 void consume_press(VSTGUI::MouseDownEvent& event);
 
