@@ -51,7 +51,6 @@ preview_bar::preview_bar(const CRect& size, preview_view& preview, COVScrollView
     split = add_button("toolbar_split.png", toggle,
                        "{en:Before and after, side by side}{de:Vorher und nachher geteilt}", language);
     eyedropper = add_button("toolbar_eyedropper.png", toggle, "{en:Read colours}{de:Farben ablesen}", language);
-    colour_label = add_label(colour_width, kLeftText);
     scroller.setCoveredBottom(size.getHeight());
     scroller.setZoomListener([this] { show_zoom(); });
     show_zoom();
@@ -85,6 +84,14 @@ CTextLabel* preview_bar::add_label(CCoord width, CHoriTxtAlign alignment)
     return label;
 }
 
+void preview_bar::offerScopes(bool shown, std::function<void(bool shown)> toggled, language_id language)
+{
+    scopes = add_button("toolbar_scopes.png", CTextButton::kOnOffStyle, "{en:Scopes}{de:Messgeräte}", language);
+    scopes->setValue(shown ? 1.f : 0.f);
+    scopes_toggled = std::move(toggled);
+    colour_label = add_label(colour_width, kLeftText);
+}
+
 void preview_bar::show_zoom()
 {
     zoom_label->setText(fmt::format("{:.0f} %", scroller.getZoom() * 100).c_str());
@@ -100,6 +107,8 @@ void preview_bar::show_comparison()
 
 void preview_bar::showColour(const std::optional<picked_colour>& colour)
 {
+    if (!colour_label)
+        return;
     const bool is_on = eyedropper->getValue() > 0.5f;
     const std::string text = is_on && colour ? describe(*colour) : std::string();
     if (colour_label->getText() == text.c_str())
@@ -136,7 +145,7 @@ void preview_bar::lay_out_frames()
     CRect label = frame_label->getViewSize();
     label.moveTo(right - frame_label_width, label.top);
     frame_label->setViewSize(label);
-    const CCoord left = eyedropper->getViewSize().right + margin;
+    const CCoord left = (scopes ? scopes : eyedropper)->getViewSize().right + margin;
     CRect place(std::min(left, label.left - least_slider_width), 0, label.left - margin, whole.getHeight());
     // Beside a clip's slider the read-out has only what is left over.
     const bool is_wide = label.left - left > colour_width + 2 * least_slider_width;
@@ -167,6 +176,8 @@ void preview_bar::valueChanged(CControl* control)
         preview.setComparison(is_on ? comparison::before : comparison::after);
     else if (control == split)
         preview.setComparison(is_on ? comparison::split : comparison::after);
+    else if (control == scopes)
+        scopes_toggled(is_on);
     else if (control == eyedropper && !is_on)
         showColour({});
     show_comparison();

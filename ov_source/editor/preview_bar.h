@@ -21,6 +21,8 @@ class preview_bar : public VSTGUI::CViewContainer, public VSTGUI::IControlListen
 public:
     preview_bar(const VSTGUI::CRect& size, preview_view& preview, COVScrollView& scroller, language_id language);
 
+    /// Adds a button that shows and hides the scopes.
+    void offerScopes(bool shown, std::function<void(bool shown)> toggled, language_id language);
     /// The colour under the pointer, while the eyedropper is on.
     void showColour(const std::optional<picked_colour>& colour);
     /// Adds a slider for the frames 0..count - 1; none for a count of 1 or less.
@@ -46,6 +48,7 @@ private:
     COVButton* before = nullptr;
     COVButton* split = nullptr;
     COVButton* eyedropper = nullptr;
+    COVButton* scopes = nullptr;
     VSTGUI::CTextLabel* zoom_label = nullptr;
     VSTGUI::CTextLabel* colour_label = nullptr;
     VSTGUI::CSliderBase* frames = nullptr;
@@ -53,6 +56,7 @@ private:
     int frame_count = 1;
     int shown_frame = 0;
     std::function<void(int frame)> frame_chosen;
+    std::function<void(bool shown)> scopes_toggled;
 };
 
 } // namespace ov1

@@ -8,6 +8,8 @@
 #include "editor/preset_browser.h"
 #include "editor/preview_bar.h"
 #include "editor/reset_click.h"
+#include "editor/scopes_panel.h"
+#include "editor/scopes_text.h"
 #include "editor/tooltip_layer.h"
 #include "framework/cparameter_boolean_v1.h"
 #include "framework/cparameter_continuous_v1.h"
@@ -35,6 +37,7 @@ constexpr CCoord scrollbar_width = 12;
 constexpr std::uint32_t tooltip_delay_ms = 4000;
 constexpr CCoord panel_margin = 3; ///< of the panel's picture, the part that is not stretched
 constexpr CCoord preview_bar_height = 34;
+constexpr CCoord scopes_width = 260;
 constexpr float least_value_of_a_press = 0.5f;
 
 CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
@@ -110,6 +113,7 @@ void veridial_ui::remember()
 {
     memory.split = preview->getSplit();
     memory.last_folder = toolbar->getLastFolder();
+    memory.scopes = scope_choice_text(scopes->getChoice());
     keep_editor_memory(memory);
 }
 
@@ -140,11 +144,13 @@ void veridial_ui::build_frame(double width, double height)
     frame->setFocusColor(style::accent); // of selected text, too
     frame->enableTooltips(true, tooltip_delay_ms);
     add_preview(width, height);
+    add_scopes(height);
     add_toolbar(width);
     add_column(width, height);
     browser = std::make_unique<preset_browser>(*frame, *preview, *toolbar, language_of(get_component().get()));
     toolbar->setPresetChooser([this] { browser->toggle(column->getViewSize()); });
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
+    lay_out(width, height);
     tooltips = std::make_unique<tooltip_layer>(*frame, tooltip_delay_ms);
 }
 
@@ -167,6 +173,34 @@ void veridial_ui::add_preview(double width, double height)
     strip.top = strip.bottom - preview_bar_height;
     bar = new preview_bar(strip, *preview, *preview_scroller, language_of(get_component().get()));
     frame->addView(bar);
+}
+
+void veridial_ui::add_scopes(double height)
+{
+    const language_id language = language_of(get_component().get());
+    scopes = new scopes_panel(CRect(0, 0, scopes_width, height), language);
+    scopes->setChoice(scope_choice_from_text(memory.scopes));
+    scopes->setVisible(memory.shows_scopes);
+    scopes->setFrameListener([this] { ask_for_render(); });
+    bar->offerScopes(
+        memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language);
+    frame->addView(scopes);
+}
+
+void veridial_ui::show_scopes(bool shown)
+{
+    memory.shows_scopes = shown;
+    scopes->setVisible(shown);
+    lay_out(width, height);
+    if (shown)
+        ask_for_render();
+}
+
+void veridial_ui::ask_for_render()
+{
+    const auto component = get_component();
+    if (const auto host = component ? component->get_host() : nullptr)
+        host->notify({event_kind::render_requested});
 }
 
 void veridial_ui::add_toolbar(double width)
@@ -207,14 +241,21 @@ void veridial_ui::resize(int width, int height)
     lay_out(width / scale, height / scale);
 }
 
-void veridial_ui::lay_out(double width, double height)
+void veridial_ui::lay_out(double new_width, double new_height)
 {
+    width = new_width;
+    height = new_height;
     const auto move = [](CView& view, const CRect& place)
     {
         view.setViewSize(place);
         view.setMouseableArea(place);
     };
-    const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
+    CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
+    if (memory.shows_scopes)
+    {
+        move(*scopes, CRect(0, 0, scopes_width, height));
+        place.left = scopes_width;
+    }
     move(*preview_scroller, place);
     move(*bar, CRect(place.left, place.bottom - preview_bar_height, place.right, place.bottom));
     move(*toolbar, to_crect(place_toolbar(static_cast<int>(width))));
@@ -245,6 +286,7 @@ void veridial_ui::close()
         controls = {};
         preview = nullptr;
         bar = nullptr;
+        scopes = nullptr;
         std::erase(open_frames(), frame);
         std::exchange(frame, nullptr)->close();
     }
@@ -266,6 +308,7 @@ bool veridial_ui::idle()
     {
         preview->idle();
         toolbar->idle();
+        scopes->idle();
         browser->idle();
         tooltips->idle(now_ms());
         frame->idle();
@@ -395,6 +438,8 @@ void veridial_ui::set_preview_image(image& picture)
 {
     if (preview)
         preview->update(picture);
+    if (scopes)
+        scopes->update(picture);
 }
 
 void veridial_ui::set_preview_source(const image& picture)

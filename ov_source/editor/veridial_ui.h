@@ -19,6 +19,7 @@ class cparameter_continuous_v1;
 class COVPluginToolbar;
 class preset_browser;
 class preview_bar;
+class scopes_panel;
 class discard_keys;
 class tooltip_layer;
 
@@ -69,6 +70,9 @@ private:
     void add_preview(double width, double height);
     void add_toolbar(double width);
     void add_column(double width, double height);
+    void add_scopes(double height);
+    void show_scopes(bool shown);
+    void ask_for_render();
     void lay_out(double width, double height);
     void resize(int width, int height);
     void remember();
@@ -86,6 +90,9 @@ private:
     VSTGUI::CScrollView* column = nullptr;
     COVPluginToolbar* toolbar = nullptr;
     preview_bar* bar = nullptr;
+    scopes_panel* scopes = nullptr;
+    double width = 0; ///< of the frame, in points
+    double height = 0;
     panel_controls controls;
     std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;

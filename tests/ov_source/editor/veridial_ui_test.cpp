@@ -316,7 +316,7 @@ TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
         return found;
     };
     const auto here = texts(english), there = texts(german);
-    ASSERT_EQ(here.size(), 8u + 16 + 1 + 10);
+    ASSERT_EQ(here.size(), 8u + 16 + 1 + 11);
     for (std::size_t i = 0; i < here.size(); ++i)
         EXPECT_TRUE(!here[i].empty() && !there[i].empty() && here[i] != there[i]) << i << here[i] << there[i];
     EXPECT_EQ(tooltip_of(english.pad(panel_slot::greenery)), "Adjust gras green colours ");
