@@ -3,6 +3,7 @@
 #include "editor/cov_rounded_grey_button.h"
 #include "editor/text_lines.h"
 #include "editor/text_measure.h"
+#include "editor/tip_box.h"
 
 #include <algorithm>
 #include <cmath>
@@ -269,10 +270,7 @@ void modal_panel::answer(bool confirmed)
 bool show_modal_panel(VSTGUI::CFrame& frame, const modal_question& question,
                       std::function<void(const modal_answer&)> done)
 {
-    VSTGUI::CRect size = frame.getViewSize();
-    frame.getTransform().inverse().transform(size);
-    size.originize();
-    const auto panel = VSTGUI::makeOwned<modal_panel>(size, question, std::move(done));
+    const auto panel = VSTGUI::makeOwned<modal_panel>(area_of(frame), question, std::move(done));
     panel->remember(); // for the frame, which takes over a reference
     const auto id = frame.beginModalViewSession(panel);
     if (!id)

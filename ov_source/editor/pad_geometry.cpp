@@ -57,6 +57,17 @@ pad_place place_of(const pad_polar& polar, float max_radius)
     return place_at({std::sin(angle) * distance, std::cos(angle) * distance});
 }
 
+pad_polar nudged(const pad_polar& polar, float right, float down)
+{
+    constexpr float no_distance = 0.001F;
+    const float angle = polar.angle * radians_per_degree;
+    const offset handle = {right - std::sin(angle) * polar.radius, down - std::cos(angle) * polar.radius};
+    if (handle.length() < no_distance)
+        return {polar.angle, 0.0F};
+    const float turned = std::atan2(-handle.x, -handle.y) * 180.0F / pi;
+    return {turned < 0.0F ? turned + 360.0F : turned, std::min(handle.length(), 100.0F)};
+}
+
 float max_radius_of(double width, double handle_diameter, double frame_width)
 {
     return static_cast<float>((width - (handle_diameter - frame_width) / 2.0) / width);

@@ -47,6 +47,10 @@ std::optional<pad_polar> polar_of(const pad_place& place, float max_radius);
 /// The place of an angle and a radius, not rounded.
 pad_place place_of(const pad_polar& polar, float max_radius);
 
+/// A handle moved to the right and down, by percent of the way from the centre to the rim, and kept on the wheel. At
+/// the centre the angle stays as it was.
+pad_polar nudged(const pad_polar& polar, float right, float down);
+
 /// The rim of a pad whose handle, frame included, stays within the view when it stands on it.
 float max_radius_of(double width, double handle_diameter, double frame_width);
 

@@ -105,6 +105,12 @@ void preview_bar::show_comparison()
     split->setValue(mode == comparison::split ? 1.f : 0.f);
 }
 
+void preview_bar::toggleComparison(comparison mode)
+{
+    preview.setComparison(preview.getComparison() == mode ? comparison::after : mode);
+    show_comparison();
+}
+
 void preview_bar::showColour(const std::optional<picked_colour>& colour)
 {
     if (!colour_label)

@@ -28,6 +28,9 @@ public:
     /// Adds a slider for the frames 0..count - 1; none for a count of 1 or less.
     void offerFrames(int count, std::function<void(int frame)> chosen);
 
+    /// Shows the comparison, or, where it is shown already, the graded picture.
+    void toggleComparison(comparison mode);
+
     void valueChanged(VSTGUI::CControl* control) override;
     void setViewSize(const VSTGUI::CRect& rect, bool invalid = true) override;
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;

@@ -1,5 +1,7 @@
 #include "editor/tooltip_layer.h"
 
+#include "editor/tip_box.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -17,11 +19,6 @@ constexpr VSTGUI::CCoord line_height = 16.0;
 const VSTGUI::CPoint padding(9.0, 6.0);
 const VSTGUI::CPoint below_pointer(12.0, 20.0);
 constexpr VSTGUI::CCoord above_pointer = 8.0;
-constexpr VSTGUI::CCoord corner_radius = 4.0;
-
-const VSTGUI::CColor tip_grey(28, 28, 28);
-const VSTGUI::CColor frame_grey(84, 84, 84);
-const VSTGUI::CColor text_grey(204, 204, 204);
 
 std::string tooltip_of(const VSTGUI::CView& view)
 {
@@ -48,23 +45,12 @@ public:
 
     void draw(VSTGUI::CDrawContext* context) override
     {
-        VSTGUI::CRect box = getViewSize();
-        box.inset(0.5, 0.5);
-        if (const auto path = VSTGUI::owned(context->createRoundRectGraphicsPath(box, corner_radius)))
-        {
-            context->setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
-            context->setLineStyle(VSTGUI::kLineSolid);
-            context->setLineWidth(1.0);
-            context->setFillColor(tip_grey);
-            context->setFrameColor(frame_grey);
-            context->drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
-            context->drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
-        }
+        draw_tip_box(*context, getViewSize());
         VSTGUI::CRect row = getViewSize();
         row.inset(padding.x, padding.y);
         row.setHeight(line_height);
         context->setFont(font);
-        context->setFontColor(text_grey);
+        context->setFontColor(tip_text_colour);
         for (const std::string& line : lines)
         {
             context->drawString(line.c_str(), row, VSTGUI::kLeftText);
@@ -160,10 +146,7 @@ void tooltip_layer::show()
         return;
     const line_width width = measure_of(font);
     std::vector<std::string> lines = text_lines(text, widest_text, width);
-    VSTGUI::CRect area = frame.getViewSize();
-    frame.getTransform().inverse().transform(area);
-    area.originize();
-    const VSTGUI::CRect place = tooltip_place(mouse, size_of(lines, width), area);
+    const VSTGUI::CRect place = tooltip_place(mouse, size_of(lines, width), area_of(frame));
     tip = VSTGUI::makeOwned<tip_view>(place, std::move(lines), font);
     tip->remember(); // for the frame, which takes over a reference
     frame.addView(tip);

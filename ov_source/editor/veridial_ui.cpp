@@ -3,6 +3,7 @@
 #include "editor/ccached_nine_part_tiled_bitmap.h"
 #include "editor/cov_plugin_toolbar.h"
 #include "editor/discard_keys.h"
+#include "editor/editor_hand.h"
 #include "editor/editor_style.h"
 #include "editor/panel_layout.h"
 #include "editor/preset_browser.h"
@@ -229,6 +230,43 @@ void veridial_ui::add_column(double width, double height)
     controls = add_panel_controls(*container, *this, language_of(get_component().get()));
     column->addView(container);
     frame->addView(column);
+    add_hand(*container);
+}
+
+void veridial_ui::add_hand(CViewContainer& panel)
+{
+    hand = std::make_unique<editor_hand>(*frame, *column, panel, controls, language_of(get_component().get()),
+                                         hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
+                                                    [this] { end_gesture(); }, [this](key_action a) { act(a); }});
+}
+
+void veridial_ui::act(key_action action)
+{
+    switch (action)
+    {
+    case key_action::undo:
+        return toolbar->undo();
+    case key_action::redo:
+        return toolbar->redo();
+    case key_action::bypass:
+        return toolbar->toggleBypass();
+    case key_action::before:
+        return bar->toggleComparison(comparison::before);
+    case key_action::split:
+        return bar->toggleComparison(comparison::split);
+    case key_action::fit:
+        return preview_scroller->zoomToFit();
+    case key_action::actual_size:
+        return preview_scroller->setZoom(1);
+    case key_action::inspire:
+        begin_gesture();
+        inspire_randomize();
+        return end_gesture();
+    case key_action::help:
+        return show_help(*frame, language_of(get_component().get()));
+    default: // the panel's own
+        return;
+    }
 }
 
 void veridial_ui::resize(int width, int height)
@@ -282,6 +320,7 @@ void veridial_ui::close()
         unregister_parameter_change_listener(toolbar);
         browser.reset();
         tooltips.reset();
+        hand.reset();
         keys.reset();
         controls = {};
         preview = nullptr;
@@ -311,6 +350,7 @@ bool veridial_ui::idle()
         scopes->idle();
         browser->idle();
         tooltips->idle(now_ms());
+        hand->idle(now_ms());
         frame->idle();
     }
     return goes_on;
@@ -331,6 +371,8 @@ void veridial_ui::valueChanged(CControl* control)
     }
     else if (control == controls.inspire && control->getValue() > least_value_of_a_press)
         inspire_randomize();
+    if (hand)
+        hand->changed(*control);
 }
 
 COVColorWheelXYPad* veridial_ui::as_pad(CControl& control) const
@@ -413,6 +455,8 @@ bool veridial_ui::has_parameter_of(CControl& control) const
 
 void veridial_ui::controlBeginEdit(CControl* control)
 {
+    if (hand && hand->begins(*control))
+        join_gestures();
     // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
     if (has_parameter_of(*control) || control == controls.inspire)
         begin_gesture();
@@ -426,6 +470,8 @@ void veridial_ui::controlEndEdit(CControl* control)
     if (control == controls.inspire && toolbar)
         toolbar->labelStep("{en:Random look}{de:Zufälliger Look}");
     cview_v1::controlEndEdit(control);
+    if (hand)
+        hand->ends(*control);
 }
 
 void veridial_ui::inspire_randomize()

@@ -21,6 +21,8 @@ class preset_browser;
 class preview_bar;
 class scopes_panel;
 class discard_keys;
+class editor_hand;
+enum class key_action;
 class tooltip_layer;
 
 /// A control's tag is its parameter's uid, a pad's is that of its angle. Belongs to the editor's thread, but for
@@ -64,11 +66,14 @@ public:
     /// The frame of the editor that was opened last and is open still; null without one.
     static VSTGUI::CFrame* get_open_frame();
     const panel_controls& get_controls() const { return controls; }
+    editor_hand& get_hand() const { return *hand; }
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
 private:
     void add_preview(double width, double height);
     void add_toolbar(double width);
+    void add_hand(VSTGUI::CViewContainer& panel);
+    void act(key_action action);
     void add_column(double width, double height);
     void add_scopes(double height);
     void show_scopes(bool shown);
@@ -96,6 +101,7 @@ private:
     panel_controls controls;
     std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;
+    std::unique_ptr<editor_hand> hand;
     std::unique_ptr<tooltip_layer> tooltips;
 };
 

@@ -166,7 +166,8 @@ void cview_v1::begin_gesture()
 {
     editing = true;
     // The state before the first of them is what undo goes back to.
-    if (open_gestures++ == 0)
+    const bool joins = std::exchange(joins_last_gesture, false);
+    if (open_gestures++ == 0 && !joins)
         if (const auto alive = get_component())
             alive->save_state(true);
 }

@@ -56,6 +56,8 @@ protected:
     /// A gesture that no parameter's control makes; nested gestures count as one.
     void begin_gesture();
     void end_gesture();
+    /// The next gesture goes on with the one before: both are one step.
+    void join_gestures() { joins_last_gesture = true; }
 
 private:
     struct change
@@ -74,6 +76,7 @@ private:
     std::vector<iparameter_change_listener_v1*> listeners; ///< in the order of registration, each once
     std::atomic<bool> editing = false;
     int open_gestures = 0;
+    bool joins_last_gesture = false;
 };
 
 } // namespace ov1

@@ -1,0 +1,182 @@
+#include "editor/editor_hand.h"
+
+#include "vstgui/lib/cscrollview.h"
+#include "vstgui/lib/events.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr std::uint64_t pause_between_steps_ms = 1000;
+
+} // namespace
+
+editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& panel, const panel_controls& controls,
+                         language_id language, hand_links all_links)
+    : frame(frame)
+    , column(column)
+    , links(std::move(all_links))
+    , stops(order_panel_stops(controls))
+    , values(frame, panel, stops, language, links.component,
+             [this](const panel_stop& stop, const std::vector<float>& typed)
+             {
+                 change_in_one_step([&](icomponent_v1& c) { set_values(c, stop, typed); });
+                 focus.give_to(stop); // the keys go on where something was typed
+             })
+    , focus(frame, column, panel, stops)
+    , keys(frame, [this](key_action action, const KeyboardEvent& event) { return act(action, event); })
+{
+    frame.registerMouseObserver(this);
+}
+
+editor_hand::~editor_hand()
+{
+    end_nudges();
+    frame.unregisterMouseObserver(this);
+}
+
+const panel_stop* editor_hand::find_stop(const CControl& control) const
+{
+    const auto found = std::ranges::find(stops, &control, &panel_stop::control);
+    return found == stops.end() ? nullptr : &*found;
+}
+
+int editor_hand::undo_position() const
+{
+    const auto component = links.component();
+    return component ? component->get_undo_range().position : 0;
+}
+
+bool editor_hand::begins(const CControl& control)
+{
+    changed(control);
+    return is_second_click && edited_last == &control && position_after == undo_position();
+}
+
+void editor_hand::changed(const CControl& control)
+{
+    if (const auto* const stop = find_stop(control))
+        values.show_bubble(*stop);
+}
+
+void editor_hand::ends(const CControl& control)
+{
+    values.hide_bubble();
+    edited_last = &control;
+    position_after = undo_position();
+}
+
+void editor_hand::idle(std::uint64_t now_ms)
+{
+    values.idle(now_ms);
+    if (!nudged)
+        return;
+    if (!nudged_at)
+        nudged_at = now_ms;
+    else if (now_ms - *nudged_at >= pause_between_steps_ms)
+        end_nudges();
+}
+
+void editor_hand::onMouseEvent(MouseEvent& event, CFrame*)
+{
+    if (event.type == EventType::MouseDown)
+    {
+        end_nudges();
+        focus.hide_ring();
+        values.keep_shown({});
+        values.hide_bubble();
+        is_second_click = static_cast<MouseDownEvent&>(event).clickCount == 2 && event.buttonState.isLeft();
+        if (!is_second_click)
+            edited_last = nullptr;
+    }
+    if (!event.buttonState.empty())
+        return;
+    const bool is_over_panel = column.getViewSize().pointInside(event.mousePosition) && !frame.getModalView();
+    values.point_at(is_over_panel ? std::optional(event.mousePosition) : std::nullopt);
+}
+
+bool editor_hand::act(key_action action, const KeyboardEvent& event)
+{
+    if (std::ranges::any_of(stops, [](const panel_stop& stop) { return stop.control->isEditing(); }))
+        return false; // the mouse has the panel
+    const bool is_nudge = action == key_action::nudge || action == key_action::nudge_finely;
+    if (is_nudge)
+        return nudge_current(direction_of(event.virt), action == key_action::nudge_finely);
+    end_nudges();
+    switch (action)
+    {
+    case key_action::next_control:
+    case key_action::previous_control:
+        focus.step(action == key_action::previous_control);
+        show_current();
+        return true;
+    case key_action::reset_control:
+        return reset_current();
+    default:
+        links.act(action);
+        return true;
+    }
+}
+
+void editor_hand::show_current()
+{
+    const auto* const stop = focus.current();
+    focus.show_ring();
+    values.keep_shown(stop ? std::optional(stop->slot) : std::nullopt);
+}
+
+bool editor_hand::nudge_current(const CPoint& direction, bool finely)
+{
+    const auto component = links.component();
+    const auto* const stop = focus.current();
+    if (!component || !stop)
+        return false;
+    if (nudged != stop)
+        end_nudges();
+    if (!std::exchange(nudged, stop))
+        links.begin_gesture();
+    nudged_at.reset();
+    show_current();
+    nudge(*component, *stop, direction, finely);
+    values.show_bubble(*stop);
+    return true;
+}
+
+void editor_hand::end_nudges()
+{
+    if (!std::exchange(nudged, nullptr))
+        return;
+    links.end_gesture();
+    values.hide_bubble();
+}
+
+bool editor_hand::reset_current()
+{
+    const auto component = links.component();
+    const auto* const stop = focus.current();
+    if (!component || !stop)
+        return false;
+    show_current();
+    if (!is_at_default(*component, *stop))
+        change_in_one_step([&](icomponent_v1& c) { reset(c, *stop); });
+    return true;
+}
+
+void editor_hand::change_in_one_step(const std::function<void(icomponent_v1&)>& change)
+{
+    const auto component = links.component();
+    if (!component)
+        return;
+    links.begin_gesture();
+    change(*component);
+    links.end_gesture();
+}
+
+} // namespace ov1

@@ -1,0 +1,161 @@
+#include "editor/help_overlay.h"
+
+#include "editor/text_measure.h"
+#include "editor/tip_box.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr VSTGUI::CCoord margin = 22.0;
+constexpr VSTGUI::CCoord title_height = 28.0;
+constexpr VSTGUI::CCoord line_height = 18.0;
+constexpr VSTGUI::CCoord group_gap = 10.0;
+constexpr VSTGUI::CCoord column_gap = 24.0;
+const VSTGUI::CColor dimming(0, 0, 0, 140);
+const VSTGUI::CColor title_colour(226, 226, 226);
+const VSTGUI::CColor text_colour(182, 182, 182);
+
+class help_overlay : public VSTGUI::CView, public VSTGUI::IKeyboardHook
+{
+public:
+    help_overlay(const VSTGUI::CRect& size, const std::string& title, const std::vector<std::vector<help_row>>& groups)
+        : CView(size)
+        , title(title)
+        , groups(groups)
+    {
+        setTransparency(true);
+        setAutosizeFlags(VSTGUI::kAutosizeAll);
+        const line_width width = measure_of(font);
+        for (const auto& group : groups)
+        {
+            height += (height == 0.0 ? 0.0 : group_gap) + static_cast<double>(group.size()) * line_height;
+            for (const help_row& row : group)
+            {
+                keys_width = std::max(keys_width, std::ceil(width(row.keys)));
+                text_width = std::max(text_width, std::ceil(width(row.text)));
+            }
+        }
+    }
+
+    void show_until(VSTGUI::ModalViewSessionID id) { session = id; }
+
+    void draw(VSTGUI::CDrawContext* context) override
+    {
+        context->setDrawMode(VSTGUI::kAliasing);
+        context->setFillColor(dimming);
+        context->drawRect(getViewSize(), VSTGUI::kDrawFilled);
+        VSTGUI::CRect row = box();
+        draw_tip_box(*context, row);
+        row.inset(margin, margin);
+        row.setHeight(line_height);
+        draw_text(*context, title, row, title_font, title_colour);
+        row.offset(0.0, title_height);
+        for (const auto& group : groups)
+        {
+            for (const help_row& line : group)
+            {
+                draw_text(*context, line.keys, row, font, title_colour);
+                VSTGUI::CRect beside = row;
+                beside.left += keys_width + column_gap;
+                draw_text(*context, line.text, beside, font, text_colour);
+                row.offset(0.0, line_height);
+            }
+            row.offset(0.0, group_gap);
+        }
+        setDirty(false);
+    }
+
+    bool attached(CView* parent) override
+    {
+        if (!CView::attached(parent))
+            return false;
+        getFrame()->registerKeyboardHook(this);
+        return true;
+    }
+
+    bool removed(CView* parent) override
+    {
+        if (auto* frame = getFrame())
+            frame->unregisterKeyboardHook(this);
+        return CView::removed(parent);
+    }
+
+    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame*) override
+    {
+        event.consumed = true;
+        if (event.type == VSTGUI::EventType::KeyDown)
+            end();
+    }
+
+    // With the release, or the release would go to what lies beneath.
+    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override { event.consumed = true; }
+    void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override
+    {
+        event.consumed = true;
+        end();
+    }
+
+    using CView::onKeyboardEvent;
+
+private:
+    VSTGUI::CRect box() const
+    {
+        const VSTGUI::CPoint size(keys_width + column_gap + text_width + 2.0 * margin,
+                                  title_height + height + 2.0 * margin);
+        const VSTGUI::CPoint corner(std::max(std::floor((getWidth() - size.x) / 2.0), 0.0),
+                                    std::max(std::floor((getHeight() - size.y) / 2.0), 0.0));
+        return {getViewSize().getTopLeft() + corner, size};
+    }
+
+    static void draw_text(VSTGUI::CDrawContext& context, const std::string& text, const VSTGUI::CRect& place,
+                          VSTGUI::CFontRef font, const VSTGUI::CColor& colour)
+    {
+        context.setFont(font);
+        context.setFontColor(colour);
+        context.drawString(text.c_str(), place, VSTGUI::kLeftText);
+    }
+
+    void end()
+    {
+        const auto alive = VSTGUI::shared(this);
+        if (auto* frame = getFrame(); frame && session)
+            frame->endModalViewSession(*std::exchange(session, std::nullopt));
+    }
+
+    const std::string title;
+    const std::vector<std::vector<help_row>> groups;
+    const VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
+        VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 14.0, VSTGUI::kBoldFace);
+    const VSTGUI::SharedPointer<VSTGUI::CFontDesc> font = VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 12.0);
+    double height = 0.0; // of the groups
+    double keys_width = 0.0;
+    double text_width = 0.0;
+    std::optional<VSTGUI::ModalViewSessionID> session;
+};
+
+} // namespace
+
+bool show_help_overlay(VSTGUI::CFrame& frame, const std::string& title,
+                       const std::vector<std::vector<help_row>>& groups)
+{
+    const auto overlay = VSTGUI::makeOwned<help_overlay>(area_of(frame), title, groups);
+    overlay->remember(); // for the frame, which takes over a reference
+    const auto id = frame.beginModalViewSession(overlay);
+    if (!id)
+    {
+        overlay->forget();
+        return false;
+    }
+    overlay->show_until(*id);
+    return true;
+}
+
+} // namespace ov1
