@@ -21,7 +21,9 @@ namespace
 constexpr CCoord ring_width = 1.5;
 constexpr CCoord ring_outset = 2;
 constexpr CCoord corner_radius = 6;
-constexpr CCoord room_around = 34; ///< that is scrolled into view with a control, for its name and value
+constexpr CCoord slider_label_height = 13; ///< beneath a slider; above it is the room of the label before
+constexpr double arc_half_angle = 56;      ///< degrees
+constexpr CCoord room_around = 34;         ///< that is scrolled into view with a control, for its name and value
 
 class ring_view : public CView
 {
@@ -34,11 +36,24 @@ public:
         setVisible(false);
     }
 
-    void surround(const panel_stop& stop)
+    /// wheel is the pad of the same panel.
+    void surround(const CControl& control, const CRect& wheel)
     {
-        is_round = stop.is_pad();
-        CRect place = stop.control->getViewSize();
-        place.extend(ring_outset, ring_outset);
+        invalid();
+        around = dynamic_cast<const COVColorWheelXYPad*>(&control)  ? shape::wheel
+                 : dynamic_cast<const COVArrowArcSlider*>(&control) ? shape::arc
+                                                                    : shape::box;
+        middle = wheel.getCenter();
+        wheel_radius = wheel.getWidth() / 2;
+        CRect place = control.getViewSize();
+        is_left = place.getCenter().x < middle.x;
+        if (around == shape::box)
+        {
+            place.top += slider_label_height;
+            place.bottom += slider_label_height;
+        }
+        else
+            place.extend(ring_outset, ring_outset);
         setViewSize(place);
     }
 
@@ -49,8 +64,10 @@ public:
         const auto path = owned(context->createGraphicsPath());
         if (!path)
             return;
-        if (is_round)
+        if (around == shape::wheel)
             path->addEllipse(line);
+        else if (around == shape::arc)
+            add_arc(*path, line.getWidth());
         else
             path->addRoundRect(line, corner_radius);
         context->setDrawMode(kAntiAliasing | kNonIntegralMode);
@@ -62,7 +79,28 @@ public:
     }
 
 private:
-    bool is_round = false;
+    enum class shape
+    {
+        wheel,
+        arc,
+        box,
+    };
+
+    /// Around the arc's picture, from the wheel's rim outward.
+    void add_arc(CGraphicsPath& path, CCoord reach) const
+    {
+        const double from = is_left ? 180 - arc_half_angle : -arc_half_angle, to = from + 2 * arc_half_angle;
+        const auto circle = [this](CCoord radius)
+        { return CRect(middle.x - radius, middle.y - radius, middle.x + radius, middle.y + radius); };
+        path.addArc(circle(reach), from, to, true);
+        path.addArc(circle(wheel_radius + 1), to, from, false);
+        path.closeSubpath();
+    }
+
+    shape around = shape::box;
+    bool is_left = false;
+    CPoint middle;
+    CCoord wheel_radius = 0;
 };
 
 } // namespace
@@ -92,14 +130,22 @@ void panel_focus::step(bool back)
     show_ring();
 }
 
-void panel_focus::give_to(const panel_stop& stop) { frame.setFocusView(stop.control); }
+void panel_focus::give_to(const panel_stop& stop)
+{
+    frame.setFocusView(stop.control);
+    // A desktop without a window manager does not say that the window is active, but the keys do.
+    if (frame.getFocusView() != stop.control)
+        frame.onActivate(true);
+}
 
 void panel_focus::show_ring()
 {
     const auto* const stop = current();
     if (!stop)
         return hide_ring();
-    static_cast<ring_view*>(ring)->surround(*stop);
+    const auto of_panel = [&](const panel_stop& s) { return s.slot == stop->slot && s.is_pad(); };
+    const CRect wheel = std::ranges::find_if(stops, of_panel)->control->getViewSize();
+    static_cast<ring_view*>(ring)->surround(*stop->control, wheel);
     ring->setVisible(true);
     CRect seen = stop->control->getViewSize();
     seen.extend(0, room_around);
