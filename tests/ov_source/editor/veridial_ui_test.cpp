@@ -301,31 +301,42 @@ std::string tooltip_of(const VSTGUI::CView& view)
     return text.c_str();
 }
 
+/// Of pads, other controls, the inspire button and the toolbar.
+std::vector<std::string> tooltips_in(language_id language)
+{
+    const editor_stage stage(language);
+    std::vector<std::string> found;
+    for (const VSTGUI::CView* each : stage.ui->get_controls().pads)
+        found.push_back(tooltip_of(*each));
+    for (const VSTGUI::CView* each : stage.ui->get_controls().others)
+        found.push_back(tooltip_of(*each));
+    found.push_back(tooltip_of(*stage.ui->get_controls().inspire));
+    stage.toolbar().forEachChild([&](VSTGUI::CView* each) { found.push_back(tooltip_of(*each)); });
+    return found;
+}
+
 TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
 {
-    const editor_stage english, german(language_id::german);
-    const auto texts = [](const editor_stage& s)
-    {
-        std::vector<std::string> found;
-        for (const VSTGUI::CView* each : s.ui->get_controls().pads)
-            found.push_back(tooltip_of(*each));
-        for (const VSTGUI::CView* each : s.ui->get_controls().others)
-            found.push_back(tooltip_of(*each));
-        found.push_back(tooltip_of(*s.ui->get_controls().inspire));
-        s.toolbar().forEachChild([&](VSTGUI::CView* each) { found.push_back(tooltip_of(*each)); });
-        return found;
+    const auto english = tooltips_in(language_id::english), german = tooltips_in(language_id::german);
+    ASSERT_EQ(english.size(), 8u + 16 + 1 + 10);
+    ASSERT_EQ(german.size(), english.size());
+    for (std::size_t i = 0; i < english.size(); ++i)
+        EXPECT_TRUE(!english[i].empty() && !german[i].empty() && english[i] != german[i]) << english[i] << german[i];
+    const std::tuple<std::size_t, const char*, const char*> texts[] = {
+        {3, "Control the hue and tint of the highlights", "Farbton und Färbung der Glanzpunkte einstellen"},
+        {5, "Adjust gras green colours ", "Grasgrüne Farbtöne anpassen"},
+        {8 + 12, "Shift the effect range towards the shadows or the highlights",
+         "Effektbereich in Richtung Schatten oder Glanzpunkte verschieben"},
+        {8 + 8, "Increase or decrease the effect range for the highlights",
+         "Bereich des Effektes für die Glanzpunkte einstellen"},
+        {8 + 10, "Adjust skin tone protection", "Hautton Schutz anpassen"},
+        {24, "Generate random look", "Zufälligen Look generieren"},
     };
-    const auto here = texts(english), there = texts(german);
-    ASSERT_EQ(here.size(), 8u + 16 + 1 + 11);
-    for (std::size_t i = 0; i < here.size(); ++i)
-        EXPECT_TRUE(!here[i].empty() && !there[i].empty() && here[i] != there[i]) << i << here[i] << there[i];
-    EXPECT_EQ(tooltip_of(english.pad(panel_slot::greenery)), "Adjust gras green colours ");
-    EXPECT_EQ(tooltip_of(german.pad(panel_slot::highlights)), "Farbton und Färbung der Glanzpunkte einstellen");
-    EXPECT_EQ(tooltip_of(german.control("Mids Range")),
-              "Effektbereich in Richtung Schatten oder Glanzpunkte verschieben");
-    EXPECT_EQ(tooltip_of(english.control("Highlights Smoothness")),
-              "Increase or decrease the effect range for the highlights");
-    EXPECT_EQ(tooltip_of(german.control("Protect Skin Tones")), "Hautton Schutz anpassen");
+    for (const auto& [place, in_english, in_german] : texts)
+    {
+        EXPECT_EQ(english[place], in_english);
+        EXPECT_EQ(german[place], in_german);
+    }
 }
 
 } // namespace
