@@ -20,27 +20,9 @@ struct control_log : VSTGUI::IControlListener
     std::string calls;
 };
 
-struct control_stage
+/// Mouse and keys for a frame.
+struct frame_driver
 {
-    control_stage()
-    {
-        frame->attached(frame);
-        frame->onActivate(true); // or the keyboard reaches nothing
-    }
-    ~control_stage()
-    {
-        frame->removed(frame);
-        frame->forget();
-    }
-
-    /// The frame owns the view from here on.
-    template <class T>
-    T& add(T* view)
-    {
-        frame->addView(view);
-        return *view;
-    }
-
     /// Sends an event through the frame and gives back whether anything took it.
     template <class E>
     bool send(E event, VSTGUI::Modifiers keys = {})
@@ -72,8 +54,32 @@ struct control_stage
         return send(std::move(event));
     }
 
+    VSTGUI::CFrame* frame = nullptr;
+};
+
+struct control_stage : frame_driver
+{
+    control_stage()
+    {
+        frame = new VSTGUI::CFrame({0.0, 0.0, 400.0, 300.0}, nullptr);
+        frame->attached(frame);
+        frame->onActivate(true); // or the keyboard reaches nothing
+    }
+    ~control_stage()
+    {
+        frame->removed(frame);
+        frame->forget();
+    }
+
+    /// The frame owns the view from here on.
+    template <class T>
+    T& add(T* view)
+    {
+        frame->addView(view);
+        return *view;
+    }
+
     control_log log;
-    VSTGUI::CFrame* frame = new VSTGUI::CFrame({0.0, 0.0, 400.0, 300.0}, nullptr);
 };
 
 /// A picture that draw(CDrawContext&) makes, 1 pixel to the point.

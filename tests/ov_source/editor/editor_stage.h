@@ -2,63 +2,40 @@
 #pragma once
 
 #include "editor/cov_plugin_toolbar.h"
-#include "editor/panel_layout.h"
 #include "editor/veridial_ui.h"
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/editor_factory.h"
 #include "framework/iparameter_v1.h"
 #include "framework/toolkit_scope.h"
+#include "ov_source/editor/control_stage.h"
 #include "platform/cutils_linux.h"
 #include "platform/scoped_utils.h"
+#include "support/fake_window.h"
 #include "support/temp_folder.h"
 
-#include "vstgui/vstgui.h"
-
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace ov1
 {
 
-struct fake_window : window
-{
-    void close() override { open = false; }
-    bool is_open() const override { return open; }
-    void* get_native_handle() const override { return const_cast<fake_window*>(this); }
-    void begin_modal() override {}
-    void end_modal() override {}
-    bool is_modal() const override { return false; }
-    void pop_pending_messages() override {}
-    void set_pump_hook(std::function<void()>) override {}
-    void raise() override {}
-    void set_resize_listener(std::function<void(int, int)>) override {}
-
-    bool open = true;
-};
-
 /// High enough that all of the panel is seen.
 struct headless_ui : veridial_ui
 {
-    static constexpr int width = 1200, height = 900;
-
     using veridial_ui::veridial_ui;
     void init_view() override
     {
-        build_frame(width, height);
+        build_frame(1200, 900);
         getFrame()->attached(getFrame()); // as opening it in a window does
     }
 };
 
 struct speaking_host : chost_v1
 {
-    speaking_host(std::weak_ptr<icomponent_v1> component, language_id language)
-        : chost_v1(std::move(component))
-        , language(language)
-    {
-    }
+    using chost_v1::chost_v1;
     language_id get_language() const override { return language; }
-
-    const language_id language;
+    language_id language = language_id::english;
 };
 
 /// The one child of its class.
@@ -70,15 +47,18 @@ T& child_of(const VSTGUI::CViewContainer& parent)
     return *found.front();
 }
 
-class editor_stage
+/// One at a time, as the toolkit is.
+struct editor_stage : frame_driver
 {
-public:
     explicit editor_stage(language_id language = language_id::english)
     {
-        effect->initialize(std::make_shared<speaking_host>(effect, language));
+        const auto host = std::make_shared<speaking_host>(effect);
+        host->language = language;
+        effect->initialize(host);
         install_editor_factory([this](std::weak_ptr<icomponent_v1> component)
                                { return ui = std::make_shared<headless_ui>(std::move(component)); });
         EXPECT_TRUE(effect->create_view()->open(shown));
+        frame = ui->getFrame();
     }
     ~editor_stage()
     {
@@ -86,7 +66,7 @@ public:
         install_editor_factory({});
         if (effect)
             effect->terminate();
-        ui.reset();
+        ui.reset(); // while there is a toolkit
     }
     editor_stage& operator=(editor_stage&&) = delete;
 
@@ -100,45 +80,41 @@ public:
         record.value = param_cell::of(value);
         effect->get_parameter(name)->set_param_value(record, false);
     }
+    std::vector<std::uint8_t> state() const { return effect->get_state(); }
     int undo_position() const { return effect->get_undo_range().position; }
 
-    VSTGUI::CFrame& frame() const { return *ui->getFrame(); }
     COVColorWheelXYPad& pad(panel_slot slot) const { return *ui->get_controls().pads[static_cast<std::size_t>(slot)]; }
-    VSTGUI::CControl& control(const char* parameter) const
+    /// The arc or slider of a parameter that has one.
+    VSTGUI::CControl& control(const std::string& parameter) const
     {
-        for (VSTGUI::CControl* each : ui->get_controls().others)
-            if (each->getTag() == static_cast<std::int32_t>(make_uid(parameter)))
-                return *each;
-        ADD_FAILURE() << parameter;
-        std::abort();
+        const auto tag = static_cast<std::int32_t>(make_uid(parameter));
+        return **std::ranges::find(ui->get_controls().others, tag, &VSTGUI::CControl::getTag);
     }
-    COVPluginToolbar& toolbar() const { return child_of<COVPluginToolbar>(frame()); }
+    COVPluginToolbar& toolbar() const { return child_of<COVPluginToolbar>(*frame); }
 
-    /// A point of the view, counted from its middle, in the frame.
-    VSTGUI::CPoint at(const VSTGUI::CView& view, double x = 0, double y = 0) const
+    /// In the frame, counted from the middle of the view.
+    static VSTGUI::CPoint at(const VSTGUI::CView& view, double x = 0, double y = 0)
     {
         VSTGUI::CPoint point = view.getViewSize().getCenter();
         point.offset(x, y);
         return view.translateToGlobal(point, true);
     }
-    template <class E>
-    void send(E event, VSTGUI::Modifiers keys = {}) const
+    void press_on(const VSTGUI::CView& view, double x, double y, VSTGUI::MouseButton button = VSTGUI::MouseButton::Left,
+                  VSTGUI::Modifiers keys = {})
     {
-        event.modifiers = keys;
-        frame().dispatchEvent(event);
+        press(at(view, x, y).x, at(view, x, y).y, button, keys);
     }
-    void press(const VSTGUI::CPoint& where, VSTGUI::MouseButton button = VSTGUI::MouseButton::Left,
-               VSTGUI::Modifiers keys = {}) const
+    void click_on(const VSTGUI::CView& view, VSTGUI::Modifiers keys = {})
     {
-        send(VSTGUI::MouseDownEvent(where, button), keys);
+        press_on(view, 0, 0, VSTGUI::MouseButton::Left, keys);
+        release(at(view).x, at(view).y);
     }
-    void drag(const VSTGUI::CPoint& where) const { send(VSTGUI::MouseMoveEvent(where, VSTGUI::MouseButton::Left)); }
-    void release(const VSTGUI::CPoint& where) const { send(VSTGUI::MouseUpEvent(where, VSTGUI::MouseButton::Left)); }
-    void type(VSTGUI::VirtualKey key) const
+    void drag_over(const VSTGUI::CView& view, double x, double y)
     {
-        VSTGUI::KeyboardEvent event;
-        event.virt = key;
-        send(std::move(event));
+        press_on(view, x, y);
+        for (const double step : {4.0, 9.0, 13.0})
+            drag(at(view, x + step, 0).x, at(view, 0, y - step).y);
+        release(0, 0);
     }
 
     temp_folder home;

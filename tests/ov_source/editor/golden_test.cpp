@@ -86,8 +86,8 @@ TEST(golden, the_panel_and_the_toolbar_look_as_they_did)
     buttons.inset(0, 14);
     for (const auto& [scale, ending] : {std::pair(1, std::string("_1x.png")), {2, std::string("_2x.png")}})
     {
-        compare_with_golden(draw_part(stage.frame(), wheel, scale), "shadows" + ending);
-        compare_with_golden(draw_part(stage.frame(), buttons, scale), "toolbar" + ending);
+        compare_with_golden(draw_part(*stage.frame, wheel, scale), "shadows" + ending);
+        compare_with_golden(draw_part(*stage.frame, buttons, scale), "toolbar" + ending);
     }
 }
 

@@ -17,12 +17,12 @@ protected:
     {
         ASSERT_TRUE(is_asking());
         if (!text.empty())
-            child_of<VSTGUI::CTextEdit>(*stage.frame().getModalView()->asViewContainer()).setText(text.c_str());
+            child_of<VSTGUI::CTextEdit>(*stage.frame->getModalView()->asViewContainer()).setText(text.c_str());
         stage.type(key);
     }
     void yes(const std::string& text = {}) { answer(VSTGUI::VirtualKey::Return, text); }
     void no() { answer(VSTGUI::VirtualKey::Escape); }
-    bool is_asking() const { return stage.frame().getModalView() != nullptr; }
+    bool is_asking() const { return stage.frame->getModalView() != nullptr; }
     std::string file(const std::string& preset) const
     {
         return stage.home / "Plugin Presets/Veridial/" + preset + ".json";
@@ -40,17 +40,17 @@ protected:
 TEST_F(toolbar_test, a_saved_preset_comes_back_as_one_step_of_the_history)
 {
     stage.set("Sky Strength", 40);
-    const auto saved = stage.effect->get_state();
+    const auto saved = stage.state();
     save("Warm evening");
     ASSERT_FALSE(is_asking());
     EXPECT_EQ(toolbar.getCurrentPreset(), (preset_choice{"Warm evening", false}));
     stage.set("Sky Strength", 70);
-    const auto changed = stage.effect->get_state();
+    const auto changed = stage.state();
     toolbar.loadPreset({"Warm evening", false});
-    EXPECT_TRUE(stage.effect->get_state() == saved);
+    EXPECT_TRUE(stage.state() == saved);
     EXPECT_EQ(stage.undo_position(), 1);
     stage.effect->undo();
-    EXPECT_TRUE(stage.effect->get_state() == changed);
+    EXPECT_TRUE(stage.state() == changed);
 }
 
 TEST_F(toolbar_test, a_bundled_preset_is_loaded_and_never_deleted)
@@ -62,9 +62,9 @@ TEST_F(toolbar_test, a_bundled_preset_is_loaded_and_never_deleted)
     ASSERT_GT(choices.size(), 1u);
     EXPECT_EQ(choices[0], (preset_choice{"Zebra", false}));
     EXPECT_TRUE(choices[1].is_bundled);
-    const auto before = stage.effect->get_state();
+    const auto before = stage.state();
     toolbar.loadPreset(choices[1]);
-    EXPECT_TRUE(stage.effect->get_state() != before);
+    EXPECT_TRUE(stage.state() != before);
     EXPECT_EQ(toolbar.getCurrentPreset(), choices[1]);
     toolbar.deletePreset();
     EXPECT_FALSE(is_asking());
@@ -77,14 +77,14 @@ TEST_F(toolbar_test, a_preset_that_is_refused_is_told_and_leaves_grade_and_histo
     stage.set("Sky Strength", 40);
     toolbar.toggleBypass();
     toolbar.undo();
-    const auto before = stage.effect->get_state();
+    const auto before = stage.state();
     const undo_range history = stage.effect->get_undo_range();
     ASSERT_TRUE(history.can_redo());
     for (const char* name : {"Broken", "Missing"})
     {
         toolbar.loadPreset({name, false});
         yes();
-        EXPECT_TRUE(stage.effect->get_state() == before);
+        EXPECT_TRUE(stage.state() == before);
         EXPECT_EQ(stage.effect->get_undo_range(), history);
         EXPECT_FALSE(toolbar.getCurrentPreset());
     }
@@ -151,24 +151,24 @@ TEST_F(toolbar_test, an_exported_table_is_the_one_of_the_grade_as_it_is_now)
 
 TEST_F(toolbar_test, bypass_and_reset_are_one_step_each)
 {
-    const auto at_opening = stage.effect->get_state();
+    const auto at_opening = stage.state();
     stage.set("Sky Strength", 40);
-    const auto graded = stage.effect->get_state();
+    const auto graded = stage.state();
     toolbar.toggleBypass();
     EXPECT_TRUE(stage.effect->get_bypass());
     toolbar.resetGrade();
-    EXPECT_TRUE(stage.effect->get_state() == at_opening);
+    EXPECT_TRUE(stage.state() == at_opening);
     EXPECT_EQ(stage.undo_position(), 2);
     toolbar.undo();
     toolbar.undo();
-    EXPECT_TRUE(stage.effect->get_state() == graded);
+    EXPECT_TRUE(stage.state() == graded);
     toolbar.redo();
     EXPECT_TRUE(stage.effect->get_bypass());
 }
 
 TEST_F(toolbar_test, the_close_button_keeps_the_grade_and_with_shift_discards_it)
 {
-    const auto at_opening = stage.effect->get_state();
+    const auto at_opening = stage.state();
     VSTGUI::CView* close = nullptr;
     toolbar.forEachChild([&](VSTGUI::CView* each) { close = each; });
     const VSTGUI::Modifiers plain, shift(VSTGUI::ModifierKey::Shift);
@@ -176,11 +176,10 @@ TEST_F(toolbar_test, the_close_button_keeps_the_grade_and_with_shift_discards_it
     {
         stage.shown->open = true;
         stage.set("Sky Strength", 40);
-        const auto graded = stage.effect->get_state();
-        stage.press(stage.at(*close), VSTGUI::MouseButton::Left, keys);
-        stage.release(stage.at(*close));
+        const auto graded = stage.state();
+        stage.click_on(*close, keys);
         EXPECT_FALSE(stage.shown->open);
-        EXPECT_TRUE(stage.effect->get_state() == (kept ? graded : at_opening));
+        EXPECT_TRUE(stage.state() == (kept ? graded : at_opening));
     }
 }
 

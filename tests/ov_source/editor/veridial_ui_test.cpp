@@ -1,7 +1,6 @@
 #include "editor/veridial_ui.h"
 
 #include "framework/cparameter_continuous_v1.h"
-#include "ov_source/editor/control_stage.h"
 #include "ov_source/editor/editor_stage.h"
 
 #include "vstgui/lib/platform/platformfactory.h"
@@ -14,8 +13,7 @@ namespace
 {
 
 using VSTGUI::MouseButton;
-const VSTGUI::Modifiers none, alt(VSTGUI::ModifierKey::Alt);
-const VSTGUI::CPoint off_centre(-30, -30); ///< up and left: 45 degrees
+const VSTGUI::Modifiers alt(VSTGUI::ModifierKey::Alt);
 
 TEST(veridial_ui, a_pad_writes_its_two_plain_values_and_nothing_else)
 {
@@ -24,17 +22,16 @@ TEST(veridial_ui, a_pad_writes_its_two_plain_values_and_nothing_else)
     for (const panel& p : get_panels())
     {
         SCOPED_TRACE(p.label);
-        const editor_stage stage;
-        const auto& pad = stage.pad(p.slot);
-        const VSTGUI::CPoint where = stage.at(pad, off_centre.x, off_centre.y);
-        stage.press(where);
-        stage.release(where);
+        editor_stage stage;
+        stage.press_on(stage.pad(p.slot), -30, -30);
         EXPECT_NEAR(stage.value(p.angle_parameter), 45, 0.3) << "places are rounded to 1/1000";
         EXPECT_NEAR(stage.value(p.radius_parameter), radius, 0.3);
         int changed = 0;
         for (int i = 0; i < stage.effect->get_parameter_count(); ++i)
             changed += !stage.effect->get_parameter(i)->get_is_default();
         EXPECT_EQ(changed, 2);
+        stage.press_on(stage.pad(p.slot), 10, 20, MouseButton::Right);
+        EXPECT_TRUE(stage.value(p.angle_parameter) == 0 && stage.value(p.radius_parameter) == 0);
     }
 }
 
@@ -57,7 +54,6 @@ TEST(veridial_ui, parameters_move_their_controls_and_controls_their_parameters)
     stage.set("Skin Tone Strength", 60);
     EXPECT_NEAR(stage.pad(panel_slot::skin).getAngle(), 200, 0.2) << "places are rounded to 1/1000";
     EXPECT_NEAR(stage.pad(panel_slot::skin).getRadius(), 60, 0.2);
-    EXPECT_EQ(stage.pad(panel_slot::sky).getRadius(), 0);
 }
 
 std::vector<std::uint8_t> picture_bytes(VSTGUI::CView& view)
@@ -67,20 +63,17 @@ std::vector<std::uint8_t> picture_bytes(VSTGUI::CView& view)
 
 TEST(veridial_ui, smoothness_spreads_its_own_panels_range_arc_by_up_to_15_degrees)
 {
-    const char* const panels[] = {"Shadows", "Mids", "Highlights"};
-    for (const std::string name : panels)
+    for (const std::string name : {"Shadows", "Mids", "Highlights"})
     {
         SCOPED_TRACE(name);
         const editor_stage stage;
-        auto& arc = dynamic_cast<COVArrowArcSlider&>(stage.control((name + " Range").c_str()));
-        auto& slider = stage.control((name + " Smoothness").c_str());
-        const auto spread_to = [&](double degrees)
-        {
-            arc.setSpreadAngle(degrees);
-            return picture_bytes(arc);
-        };
-        const auto narrow = spread_to(3), wide = spread_to(12);
-        ASSERT_NE(narrow, wide);
+        auto& arc = dynamic_cast<COVArrowArcSlider&>(stage.control(name + " Range"));
+        auto& slider = stage.control(name + " Smoothness");
+        arc.setSpreadAngle(3);
+        const auto narrow = picture_bytes(arc);
+        arc.setSpreadAngle(12);
+        const auto wide = picture_bytes(arc);
+        arc.setSpreadAngle(0);
         stage.set(name + " Smoothness", 60); // four fifths of -100..100
         EXPECT_TRUE(picture_bytes(arc) == wide) << "the parameter";
         slider.setValueNormalized(0.2f);
@@ -91,14 +84,13 @@ TEST(veridial_ui, smoothness_spreads_its_own_panels_range_arc_by_up_to_15_degree
 
 TEST(veridial_ui, a_held_pad_follows_the_mouse_alone_until_it_is_let_go)
 {
-    const editor_stage stage;
+    editor_stage stage;
     const auto& pad = stage.pad(panel_slot::mids);
-    const VSTGUI::CPoint where = stage.at(pad, off_centre.x, off_centre.y);
-    stage.press(where);
+    stage.press_on(pad, -30, -30);
     const float angle = pad.getAngle();
     stage.set("Mids Hue", 200);
     EXPECT_EQ(pad.getAngle(), angle);
-    stage.release(where);
+    stage.release(0, 0);
     stage.set("Mids Hue", 210);
     EXPECT_NEAR(pad.getAngle(), 210, 0.2);
 }
@@ -108,93 +100,54 @@ TEST(veridial_ui, closing_switches_the_bypass_off)
     const editor_stage stage;
     stage.effect->set_bypass(true);
     stage.ui->close();
-    EXPECT_FALSE(stage.effect->get_bypass());
-    EXPECT_FALSE(stage.ui->is_open());
+    EXPECT_FALSE(stage.effect->get_bypass() || stage.ui->is_open());
     stage.set("Sky Angle", 20); // which nobody shows
-}
-
-struct gesture
-{
-    const char* name;
-    void (*act)(const editor_stage& stage);
-};
-
-void drag_view(const editor_stage& stage, const VSTGUI::CView& view, double x, double y)
-{
-    stage.press(stage.at(view, x, y));
-    for (const double step : {4.0, 9.0, 13.0})
-        stage.drag(stage.at(view, x + step, y - step));
-    stage.release(stage.at(view, x + 13, y - 13));
 }
 
 TEST(veridial_ui, one_gesture_is_one_step_of_the_history)
 {
-    // Arcs are alone outside their pad's rim: 36 points and more towards their own side. Handles begin in the middle.
-    const gesture gestures[] = {
-        {"pad", [](const editor_stage& s) { drag_view(s, s.pad(panel_slot::sky), off_centre.x, off_centre.y); }},
-        {"arc", [](const editor_stage& s) { drag_view(s, s.control("Global Chroma"), -34, -12); }},
-        {"slider", [](const editor_stage& s) { drag_view(s, s.control("Mids Saturation"), 0, 14); }},
-        {"pad, right click",
-         [](const editor_stage& s) { s.press(s.at(s.pad(panel_slot::greenery)), MouseButton::Right); }},
-        {"pad, Alt click",
-         [](const editor_stage& s) { s.press(s.at(s.pad(panel_slot::greenery), 10, 10), MouseButton::Left, alt); }},
-        {"arc, Alt click",
-         [](const editor_stage& s) { s.press(s.at(s.control("Shadows Range"), -34, -20), MouseButton::Left, alt); }},
-        {"slider, Alt click",
-         [](const editor_stage& s) { s.press(s.at(s.control("Mids Smoothness"), 0, 14), MouseButton::Left, alt); }},
-        {"inspire",
-         [](const editor_stage& s)
-         {
-             const VSTGUI::CPoint dice = s.at(*s.ui->get_controls().inspire);
-             s.press(dice);
-             s.release(dice);
-         }},
+    // Arcs are alone outside their pad's rim. Handles of sliders begin in the middle, and low.
+    const std::pair<const char*, void (*)(editor_stage&)> gestures[] = {
+        {"pad", [](editor_stage& s) { s.drag_over(s.pad(panel_slot::sky), -30, -30); }},
+        {"arc", [](editor_stage& s) { s.drag_over(s.control("Global Chroma"), -34, -12); }},
+        {"slider", [](editor_stage& s) { s.drag_over(s.control("Mids Saturation"), 0, 14); }},
+        {"pad, right", [](editor_stage& s) { s.press_on(s.pad(panel_slot::greenery), 0, 0, MouseButton::Right); }},
+        {"pad, Alt", [](editor_stage& s) { s.click_on(s.pad(panel_slot::greenery), alt); }},
+        {"arc, Alt", [](editor_stage& s) { s.press_on(s.control("Shadows Range"), -34, -20, MouseButton::Left, alt); }},
+        {"slider, Alt", [](editor_stage& s) { s.click_on(s.control("Mids Smoothness"), alt); }},
+        {"inspire", [](editor_stage& s) { s.click_on(*s.ui->get_controls().inspire); }},
     };
     for (const auto& [name, act] : gestures)
     {
         SCOPED_TRACE(name);
-        const editor_stage stage;
-        for (const auto& [parameter, before] : {std::pair("Greenery Angle", 70.0f),
-                                                {"Greenery Strength", 40.0f},
-                                                {"Shadows Range", 5.0f},
-                                                {"Mids Smoothness", 30.0f}})
-            stage.set(parameter, before);
-        const auto before = stage.effect->get_state();
+        editor_stage stage;
+        for (const char* parameter : {"Greenery Angle", "Greenery Strength", "Shadows Range", "Mids Smoothness"})
+            stage.set(parameter, 5);
+        const auto before = stage.state();
         act(stage);
-        const auto after = stage.effect->get_state();
+        const auto after = stage.state();
         EXPECT_TRUE(after != before);
         EXPECT_FALSE(stage.ui->is_editing());
         EXPECT_EQ(stage.undo_position(), 1);
         stage.effect->undo();
-        EXPECT_TRUE(stage.effect->get_state() == before);
+        EXPECT_TRUE(stage.state() == before);
         stage.effect->redo();
-        EXPECT_TRUE(stage.effect->get_state() == after);
+        EXPECT_TRUE(stage.state() == after);
     }
-}
-
-TEST(veridial_ui, a_right_click_writes_angle_0_and_radius_0)
-{
-    const editor_stage stage;
-    stage.set("Film Contrast Angle", 80);
-    stage.set("Film Contrast Strength", 30);
-    stage.press(stage.at(stage.pad(panel_slot::film_contrast), 20, 20), MouseButton::Right);
-    EXPECT_EQ(stage.value("Film Contrast Angle"), 0);
-    EXPECT_EQ(stage.value("Film Contrast Strength"), 0);
 }
 
 TEST(veridial_ui, undo_and_redo_wait_for_the_end_of_a_gesture)
 {
-    const editor_stage stage;
-    drag_view(stage, stage.pad(panel_slot::sky), -20, 30);
-    const auto& pad = stage.pad(panel_slot::greenery);
-    stage.press(stage.at(pad, off_centre.x, off_centre.y));
-    const auto held = stage.effect->get_state();
+    editor_stage stage;
+    stage.drag_over(stage.pad(panel_slot::sky), -20, 30);
+    stage.press_on(stage.pad(panel_slot::greenery), -30, -30);
+    const auto held = stage.state();
     stage.effect->undo();
     stage.toolbar().undo();
     stage.effect->jump_undo_stack(0);
-    EXPECT_TRUE(stage.effect->get_state() == held);
+    EXPECT_TRUE(stage.state() == held);
     EXPECT_EQ(stage.undo_position(), 2);
-    stage.release(stage.at(pad, off_centre.x, off_centre.y));
+    stage.release(0, 0);
     stage.toolbar().undo();
     EXPECT_EQ(stage.undo_position(), 1);
     EXPECT_EQ(stage.value("Greenery Strength"), 0);
@@ -203,26 +156,21 @@ TEST(veridial_ui, undo_and_redo_wait_for_the_end_of_a_gesture)
 
 TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
 {
-    const editor_stage stage;
+    editor_stage stage;
     auto& dice = *stage.ui->get_controls().inspire;
-    std::vector<float> looks{stage.value("Sky Angle")};
+    float last = stage.value("Sky Angle");
     for (int i = 0; i < 2; ++i)
     {
-        stage.press(stage.at(dice));
-        stage.release(stage.at(dice));
-        const auto after = stage.effect->get_state();
-        looks.push_back(stage.value("Sky Angle"));
-        EXPECT_NE(looks[looks.size() - 2], looks.back()) << "another look each time";
-        for (const float value : {0.5f, 0.0f})
+        stage.click_on(dice);
+        EXPECT_NE(std::exchange(last, stage.value("Sky Angle")), stage.value("Sky Angle"));
+        EXPECT_EQ(stage.value("Mids Smoothness"), 100);
+        for (const float value : {0.5f, 0.0f}) // not above a half
         {
-            VSTGUI::CControl& plain = dice;
-            plain.CControl::setValue(value);
+            dice.CControl::setValue(value);
             stage.ui->valueChanged(&dice);
-            EXPECT_TRUE(stage.effect->get_state() == after) << value;
+            EXPECT_EQ(stage.value("Sky Angle"), last);
         }
     }
-    EXPECT_EQ(stage.value("Highlights Range"), 0);
-    EXPECT_EQ(stage.value("Mids Smoothness"), 100);
 }
 
 TEST(veridial_ui, what_another_thread_sets_is_shown_at_the_next_idle)
@@ -245,9 +193,9 @@ TEST(veridial_ui, what_another_thread_sets_is_shown_at_the_next_idle)
 TEST(veridial_ui, a_tag_without_a_parameter_edits_but_keeps_no_step)
 {
     const editor_stage stage;
+    const auto before = stage.state();
     auto* const stray = new VSTGUI::CTextButton({0, 0, 10, 10}, stage.ui.get(), 12345);
-    stage.frame().addView(stray);
-    const auto before = stage.effect->get_state();
+    stage.frame->addView(stray);
     stray->beginEdit();
     EXPECT_TRUE(stage.ui->is_editing());
     stray->setValue(1);
@@ -255,7 +203,7 @@ TEST(veridial_ui, a_tag_without_a_parameter_edits_but_keeps_no_step)
     stray->endEdit();
     EXPECT_FALSE(stage.ui->is_editing());
     EXPECT_EQ(stage.undo_position(), 0);
-    EXPECT_TRUE(stage.effect->get_state() == before);
+    EXPECT_TRUE(stage.state() == before);
 }
 
 TEST(veridial_ui, without_its_component_every_control_is_harmless)
@@ -265,15 +213,13 @@ TEST(veridial_ui, without_its_component_every_control_is_harmless)
     stage.effect->terminate();
     stage.effect.reset();
     ASSERT_TRUE(gone.expired());
-    for (const VSTGUI::CView* view : std::initializer_list<const VSTGUI::CView*>{
-             &stage.pad(panel_slot::master), &stage.control("Shadows Smoothness"), stage.ui->get_controls().inspire})
-        drag_view(stage, *view, 2, 12);
-    COVPluginToolbar& toolbar = stage.toolbar();
-    toolbar.undo();
-    toolbar.resetGrade();
-    toolbar.toggleBypass();
-    toolbar.loadPreset({"a", false});
-    toolbar.exportTable(17, false);
+    stage.drag_over(stage.pad(panel_slot::master), -30, -30);
+    stage.drag_over(stage.control("Shadows Smoothness"), 0, 14);
+    stage.click_on(*stage.ui->get_controls().inspire);
+    for (const auto act : {&COVPluginToolbar::undo, &COVPluginToolbar::redo, &COVPluginToolbar::resetGrade,
+                           &COVPluginToolbar::toggleBypass, &COVPluginToolbar::openManual, &COVPluginToolbar::idle})
+        (stage.toolbar().*act)();
+    stage.toolbar().loadPreset({"a", false});
     EXPECT_TRUE(stage.ui->idle());
     stage.ui->discard_and_close();
     EXPECT_FALSE(stage.shown->open);
@@ -281,24 +227,15 @@ TEST(veridial_ui, without_its_component_every_control_is_harmless)
 
 TEST(veridial_ui, escape_twice_goes_back_to_the_state_at_opening_and_closes)
 {
-    const editor_stage stage;
-    const auto at_opening = stage.effect->get_state();
-    stage.frame().onActivate(true); // or the keyboard reaches nothing
+    editor_stage stage;
+    const auto at_opening = stage.state();
+    stage.frame->onActivate(true); // or the keyboard reaches nothing
     stage.set("Sky Strength", 50);
     stage.type(VSTGUI::VirtualKey::Escape);
     EXPECT_TRUE(stage.shown->open);
     stage.type(VSTGUI::VirtualKey::Escape);
     EXPECT_FALSE(stage.shown->open);
-    EXPECT_TRUE(stage.effect->get_state() == at_opening);
-}
-
-std::string tooltip_of(const VSTGUI::CView& view)
-{
-    std::uint32_t bytes = 0;
-    view.getAttributeSize(VSTGUI::kCViewTooltipAttribute, bytes);
-    std::string text(bytes, '\0');
-    view.getAttribute(VSTGUI::kCViewTooltipAttribute, bytes, text.data(), bytes);
-    return text.c_str();
+    EXPECT_TRUE(stage.state() == at_opening);
 }
 
 /// Of pads, other controls, the inspire button and the toolbar.
@@ -306,12 +243,18 @@ std::vector<std::string> tooltips_in(language_id language)
 {
     const editor_stage stage(language);
     std::vector<std::string> found;
-    for (const VSTGUI::CView* each : stage.ui->get_controls().pads)
-        found.push_back(tooltip_of(*each));
-    for (const VSTGUI::CView* each : stage.ui->get_controls().others)
-        found.push_back(tooltip_of(*each));
-    found.push_back(tooltip_of(*stage.ui->get_controls().inspire));
-    stage.toolbar().forEachChild([&](VSTGUI::CView* each) { found.push_back(tooltip_of(*each)); });
+    const auto add = [&](const VSTGUI::CView* view)
+    {
+        std::uint32_t bytes = 0;
+        view->getAttributeSize(VSTGUI::kCViewTooltipAttribute, bytes);
+        std::string text(bytes, '\0');
+        view->getAttribute(VSTGUI::kCViewTooltipAttribute, bytes, text.data(), bytes);
+        found.emplace_back(text.c_str());
+    };
+    std::ranges::for_each(stage.ui->get_controls().pads, add);
+    std::ranges::for_each(stage.ui->get_controls().others, add);
+    add(stage.ui->get_controls().inspire);
+    stage.toolbar().forEachChild(add);
     return found;
 }
 
@@ -325,18 +268,14 @@ TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
     const std::tuple<std::size_t, const char*, const char*> texts[] = {
         {3, "Control the hue and tint of the highlights", "Farbton und Färbung der Glanzpunkte einstellen"},
         {5, "Adjust gras green colours ", "Grasgrüne Farbtöne anpassen"},
-        {8 + 12, "Shift the effect range towards the shadows or the highlights",
-         "Effektbereich in Richtung Schatten oder Glanzpunkte verschieben"},
         {8 + 8, "Increase or decrease the effect range for the highlights",
          "Bereich des Effektes für die Glanzpunkte einstellen"},
-        {8 + 10, "Adjust skin tone protection", "Hautton Schutz anpassen"},
+        {8 + 12, "Shift the effect range towards the shadows or the highlights",
+         "Effektbereich in Richtung Schatten oder Glanzpunkte verschieben"},
         {24, "Generate random look", "Zufälligen Look generieren"},
     };
     for (const auto& [place, in_english, in_german] : texts)
-    {
-        EXPECT_EQ(english[place], in_english);
-        EXPECT_EQ(german[place], in_german);
-    }
+        EXPECT_TRUE(english[place] == in_english && german[place] == in_german) << english[place] << german[place];
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "framework/iview_v1.h"
 #include "framework/preview_sink.h"
 #include "framework/window_factory.h"
+#include "support/fake_window.h"
 
 #include <gtest/gtest.h>
 
@@ -16,24 +17,6 @@ namespace ov1
 
 namespace
 {
-
-class fake_window : public window
-{
-public:
-    void close() override { open = false; }
-    bool is_open() const override { return open; }
-    void* get_native_handle() const override { return nullptr; }
-    void begin_modal() override { ++modal_changes; }
-    void end_modal() override { ++modal_changes; }
-    bool is_modal() const override { return modal_changes == 1; }
-    void pop_pending_messages() override {}
-    void set_pump_hook(std::function<void()>) override {}
-    void raise() override {}
-    void set_resize_listener(std::function<void(int, int)>) override {}
-
-    bool open = true;
-    int modal_changes = 0;
-};
 
 /// Runs one step of a script at each idle call and closes at its end.
 class scripted_view : public iview_v1, public preview_sink

@@ -1,0 +1,26 @@
+// A window that is open until it is closed, with nothing behind it.
+#pragma once
+
+#include "framework/window.h"
+
+namespace ov1
+{
+
+struct fake_window : window
+{
+    void close() override { open = false; }
+    bool is_open() const override { return open; }
+    void* get_native_handle() const override { return const_cast<fake_window*>(this); }
+    void begin_modal() override { ++modal_changes; }
+    void end_modal() override { ++modal_changes; }
+    bool is_modal() const override { return modal_changes == 1; }
+    void pop_pending_messages() override {}
+    void set_pump_hook(std::function<void()>) override {}
+    void raise() override {}
+    void set_resize_listener(std::function<void(int, int)>) override {}
+
+    bool open = true;
+    int modal_changes = 0;
+};
+
+} // namespace ov1
