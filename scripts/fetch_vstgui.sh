@@ -7,6 +7,7 @@ set -euo pipefail
 export LC_ALL=C DEBIAN_FRONTEND=noninteractive
 here=$(cd "$(dirname "$0")" && pwd)
 prefix=$here/../build/deps/vstgui cache=$here/../build/deps/cache
+corrections=1 # raised when unpack corrects something else
 say() { echo "vstgui: $*" >&2; }
 
 pin() { # version -> its name in the archive, the suites that carry it, its SHA-256
@@ -47,13 +48,15 @@ download() { # the signed index of the carrying suites must not contradict the p
 
 unpack() { # without tests, tools and the user-interface editor
   local dest=$prefix/$1 t=$prefix/.new.$$ d x=()
-  [ "$(cat "$dest/.ok" 2>/dev/null)" = "$sha" ] && return
+  [ "$(cat "$dest/.ok" 2>/dev/null)" = "$sha $corrections" ] && return
   rm -rf "$t"; mkdir -p "$t"
   for d in tests tools standalone doxygen Documentation contrib uidescription-scripting thirdparty/expat thirdparty/rapidjson \
     thirdparty/miniz uidescription/editing uidescription/viewcreator; do x+=(--exclude="*/vstgui/$d"); done
   tar -xzf "$cache/$file" -C "$t" --strip-components=1 --no-same-owner --wildcards "${x[@]}"
   [ -f "$t/vstgui/vstgui_linux.cpp" ] && [ -f "$t/LICENSE" ]
-  echo "$sha" > "$t/.ok"; rm -rf "$dest"; mv "$t" "$dest"
+  # The toolkit never frees the server's answer about the mouse, which it asks for at every question and menu.
+  sed -i 's/mousePosition\.y = reply->win_y;/& free (reply);/' "$t/vstgui/lib/platform/linux/x11frame.cpp"
+  echo "$sha $corrections" > "$t/.ok"; rm -rf "$dest"; mv "$t" "$dest"
 }
 
 mkdir -p "$cache" "$prefix"
