@@ -40,7 +40,7 @@ struct scope_sampling
 {
     std::size_t waveform_columns = 1; ///< limited to 1 .. the frame's width, as is the next
     std::size_t parade_columns = 1;   ///< of each of the three
-    std::size_t row_step = 1;         ///< counts one row of so many: 2 is for a drag that must not wait
+    std::size_t row_step = 1;         ///< 1 or more: one row of so many is counted; 2 is for a drag that must not wait
     unsigned max_threads = 0;         ///< 0 for as many as there are processors; the counts do not depend on it
 };
 

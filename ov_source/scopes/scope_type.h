@@ -18,7 +18,7 @@ inline constexpr std::size_t scope_type_count = 4;
 bool& chosen(scope_selection& selection, scope_type type);
 bool is_chosen(const scope_selection& selection, scope_type type);
 
-/// Counts of a selection with columns for a picture's area.
+/// A column for each pixel that a waveform or a parade is wide within an area.
 scope_sampling sampling_for(const rect& area, int line_width);
 
 /// Draws one scope of the counts, the waveform in a neutral grey; see each scope's own. The skin line is the

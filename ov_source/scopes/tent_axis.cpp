@@ -13,15 +13,24 @@ tent_axis::tent_axis(std::size_t bins, std::size_t pixels, double first, double 
     taps.reserve(pixels);
     for (std::size_t i = 0; i < pixels; ++i)
     {
-        const double place = std::clamp(first + step * static_cast<double>(i), 0.0, last_bin);
+        const double wanted = first + step * static_cast<double>(i);
+        if (wanted < -0.5 || wanted > last_bin + 0.5)
+        {
+            taps.push_back({0, 0, 0});
+            continue;
+        }
+        const double place = std::clamp(wanted, 0.0, last_bin);
         const auto lowest = static_cast<std::size_t>(std::max(0.0, std::ceil(place - reach)));
         const auto highest = static_cast<std::size_t>(std::min(last_bin, std::floor(place + reach)));
         const tap_list tap{lowest, highest - lowest + 1, weights.size()};
+        // Rounding may leave a bin at the tent's foot a little below 0.
+        const auto weight_of = [&](std::size_t k)
+        { return std::max(0.0, reach - std::abs(static_cast<double>(k) - place)); };
         double sum = 0;
         for (std::size_t k = lowest; k <= highest; ++k)
-            sum += reach - std::abs(static_cast<double>(k) - place);
+            sum += weight_of(k);
         for (std::size_t k = lowest; k <= highest; ++k)
-            weights.push_back(static_cast<float>((reach - std::abs(static_cast<double>(k) - place)) / sum));
+            weights.push_back(static_cast<float>(weight_of(k) / sum));
         taps.push_back(tap);
     }
 }

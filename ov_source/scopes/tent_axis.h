@@ -7,12 +7,13 @@
 namespace ov1
 {
 
-/// For each pixel the weights of neighbouring bins; they add up to 1. Interpolates where pixels stand closer than bins,
-/// averages where they stand wider apart.
+/// For each pixel the weights of neighbouring bins, none negative; they add up to 1, or there are none. Interpolates
+/// where pixels stand closer than bins, averages where they stand wider apart.
 class tent_axis
 {
 public:
-    /// Pixel i reads place first + i * step, in bins; bin k is at place k. What lies beyond the bins reads the last.
+    /// Pixel i reads place first + i * step, in bins; bin k is at place k. Half a bin beyond the last one and further
+    /// the values are 0.
     tent_axis(std::size_t bins, std::size_t pixels, double first, double step);
 
     std::size_t size() const { return taps.size(); }

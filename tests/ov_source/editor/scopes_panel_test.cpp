@@ -12,13 +12,13 @@ namespace ov1
 namespace
 {
 
-class scopes_panel_test : public testing::Test
+class panel_of_scopes : public testing::Test
 {
 protected:
     static void SetUpTestSuite() { VSTGUI::init(nullptr); }
     static void TearDownTestSuite() { VSTGUI::exit(); }
 
-    scopes_panel_test()
+    panel_of_scopes()
     {
         std::fill_n(reinterpret_cast<argb_float*>(frame.pixels()), 64 * 48, argb_float{1, 0.75f, 0, 0});
         panel.setFrameListener([this] { ++frames_wanted; });
@@ -48,9 +48,9 @@ protected:
     int choices = 0;
 };
 
-constexpr VSTGUI::CRect upper_scope(0, 54, 300, 164), lower_scope(0, 186, 300, 300);
+constexpr VSTGUI::CRect lower_scope(0, 186, 300, 300);
 
-TEST_F(scopes_panel_test, hidden_it_computes_nothing_and_asks_for_a_frame_when_it_shows)
+TEST_F(panel_of_scopes, hidden_it_computes_nothing_and_asks_for_a_frame_when_it_shows)
 {
     panel.update(frame);
     EXPECT_TRUE(shows_red(lower_scope)) << "the vectorscope beneath the waveform";
@@ -64,7 +64,7 @@ TEST_F(scopes_panel_test, hidden_it_computes_nothing_and_asks_for_a_frame_when_i
     EXPECT_FALSE(shows_red(lower_scope)) << "an old frame's trace";
 }
 
-TEST_F(scopes_panel_test, clicks_choose_scopes_but_never_none)
+TEST_F(panel_of_scopes, clicks_choose_scopes_but_never_none)
 {
     panel.update(frame);
     panel.setFrameListener(
@@ -98,7 +98,7 @@ TEST_F(scopes_panel_test, clicks_choose_scopes_but_never_none)
     }
 }
 
-TEST_F(scopes_panel_test, pictures_follow_size_zoom_and_frames)
+TEST_F(panel_of_scopes, pictures_follow_size_zoom_and_frames)
 {
     panel.setChoice({{.vectorscope = true}});
     panel.update(frame);

@@ -72,6 +72,13 @@ TEST(scope_picture, vectorscope_traces_fall_into_their_frames_and_skin_beside_it
         EXPECT_NEAR(found.first + 0.5, at.x, 1.5);
         EXPECT_NEAR(found.second + 0.5, at.y, 1.5);
     }
+    scope_picture blue;
+    blue.reset(240, 210);
+    draw_vectorscope(counts_of({{1, 0, 0, 1}}, 1).vectorscope, false, area, 1, blue);
+    const vectorscope_place full = place_of({0.5f, -0.0458f}, area);
+    EXPECT_GT(brightness(blue, static_cast<int>(full.x), static_cast<int>(full.y)), 200);
+    EXPECT_LT(brightness(blue, static_cast<int>(full.x) + 5, static_cast<int>(full.y)), 100)
+        << "nothing lies beyond 0.5";
     // 123 degrees: to the left of the middle by 0.545 and above it by 0.839 of the radius.
     scope_picture with, without;
     for (scope_picture* picture : {&with, &without})
