@@ -40,6 +40,9 @@ function(veridial_program name)
   add_executable(${name} ${program_SOURCES})
   veridial_check_level(${name} ${program_LEVEL} "${program_LINKS}")
   target_link_libraries(${name} PRIVATE veridial_settings ${program_LINKS} ${program_SYSTEM})
+  if(APPLE) # the system's utilities, which the room platform only names
+    target_link_libraries(${name} PRIVATE platform_cocoa)
+  endif()
 endfunction()
 
 function(veridial_check_level name level links)

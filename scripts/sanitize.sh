@@ -8,9 +8,10 @@ scripts/setup.sh test
 export LSAN_OPTIONS=suppressions=$PWD/scripts/known_leaks.txt TSAN_OPTIONS=suppressions=$PWD/scripts/known_races.txt
 
 tests_under() {
-  cmake --preset "$1" >/dev/null
+  cmake --preset "$1" -DVERIDIAL_BRIDGE=ON >/dev/null
   cmake --build "build/$1"
-  ctest --preset "$1" --parallel "$(nproc)"
+  TSAN_OPTIONS=suppressions=$PWD/tests/sanitizers/thread.txt \
+    LSAN_OPTIONS=suppressions=$PWD/tests/sanitizers/leaks.txt ctest --preset "$1" --parallel "$(nproc)"
 }
 
 # Two at a time; a finding ends the run with the target's log.

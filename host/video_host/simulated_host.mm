@@ -4,6 +4,7 @@
 #include "video_host/tile_maker.h"
 
 #include <atomic>
+#include <numeric>
 #include <utility>
 
 namespace ov1
@@ -95,8 +96,10 @@ CMTime simulated_host::core::frames_later(CMTime time, int frames) const
     const std::scoped_lock guard(lock);
     if (frames == 0)
         return time;
-    return CMTimeMake(time.value * rate_numerator + std::int64_t{frames} * rate_denominator * time.timescale,
-                      time.timescale * rate_numerator);
+    const std::int64_t value = time.value * rate_numerator + std::int64_t{frames} * rate_denominator * time.timescale;
+    const std::int64_t scale = std::int64_t{time.timescale} * rate_numerator;
+    const std::int64_t common = std::gcd(value, scale);
+    return CMTimeMake(value / common, static_cast<std::int32_t>(scale / common));
 }
 
 CMTime simulated_host::core::current_time() const

@@ -7,7 +7,6 @@
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
 #include "platform/iutils.h"
-#include "platform/user_environment.h"
 
 #include <cassert>
 #include <utility>
@@ -56,7 +55,7 @@ private:
 std::string manual_address()
 {
     const std::string set_at_build = VERIDIAL_MANUAL_URL;
-    return set_at_build.empty() ? read_user_environment().resource_folder + "/manual/index.html" : set_at_build;
+    return set_at_build.empty() ? iutils::get_instance().get_resource_directory() + "/manual/index.html" : set_at_build;
 }
 
 } // namespace

@@ -7,6 +7,10 @@
 #include <unistd.h>
 #include <vector>
 
+#if defined(__APPLE__)
+#include <mach-o/dyld.h>
+#endif
+
 namespace ov1
 {
 
@@ -44,6 +48,19 @@ std::string home_of_user()
     if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
         return {};
     return found->pw_dir;
+}
+
+/// Empty where the system does not tell.
+std::filesystem::path path_of_program()
+{
+#if defined(__APPLE__)
+    std::vector<char> path(1 << 12);
+    auto size = static_cast<std::uint32_t>(path.size());
+    return _NSGetExecutablePath(path.data(), &size) == 0 ? path.data() : "";
+#else
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+#endif
 }
 
 } // namespace
@@ -84,9 +101,7 @@ user_environment read_user_environment()
         const char* text = std::getenv(name);
         return text == nullptr ? "" : text;
     };
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return read_user_environment(read, program.parent_path().string(), home_of_user());
+    return read_user_environment(read, path_of_program().parent_path().string(), home_of_user());
 }
 
 } // namespace ov1

@@ -71,7 +71,7 @@ TEST_F(template_writer, writes_document_and_thumbnails_into_a_new_folder)
         "<ozml version=\"5.9\">",
         "\t\t<target object=\"10023\" channel=\"./1\" name=\"\"/>\n",
         "\t\t<target object=\"10023\" channel=\"./5\" name=\"On &amp; off\"/>\n",
-        "<filter name=\"Veridial\" id=\"10023\" factoryID=\"6\" pluginUUID=\"0F1E\" pluginVersion=\"1\" "
+        "<filter name=\"Veridial\" id=\"10023\" factoryID=\"6\" pluginUUID=\"0F1E\" pluginVersion=\"1\" ",
         "pluginName=\"Veridial\" pluginDynamicParams=\"0\">\n",
         "\t\t\t\t<parameter name=\"Amount\" id=\"2\" flags=\"8606711824\" default=\"12.5\" value=\"12.5\"/>\n",
         "\t\t\t\t<parameter name=\"Menu\" id=\"3\" flags=\"8606777360\" default=\"2\" value=\"2\"/>\n",

@@ -261,7 +261,7 @@ std::vector<std::string> tooltips_in(language_id language)
 TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
 {
     const auto english = tooltips_in(language_id::english), german = tooltips_in(language_id::german);
-    ASSERT_EQ(english.size(), 8u + 16 + 1 + 10);
+    ASSERT_EQ(english.size(), 8u + 16 + 1 + 11);
     ASSERT_EQ(german.size(), english.size());
     for (std::size_t i = 0; i < english.size(); ++i)
         EXPECT_TRUE(!english[i].empty() && !german[i].empty() && english[i] != german[i]) << english[i] << german[i];

@@ -278,11 +278,9 @@ TEST(ccomponent_v1, opens_the_manual_among_the_resources)
         using cutils_linux::cutils_linux;
         void open_url(const std::string& text) override { opened = text; }
         std::string opened;
-    } utils("", "", {});
+    } utils("", "", {"", "", "/somewhere/share"});
     const scoped_utils scope(utils);
-    setenv("VERIDIAL_RESOURCES", "/somewhere/share", 1);
     test_component().open_manual();
-    unsetenv("VERIDIAL_RESOURCES");
     EXPECT_TRUE(utils.opened == "/somewhere/share/manual/index.html" || is_url(utils.opened)) << utils.opened;
 }
 

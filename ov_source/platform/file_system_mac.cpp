@@ -1,0 +1,30 @@
+#include "platform/file_system.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <unistd.h>
+
+namespace ov1
+{
+
+std::string folder_of(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+bool stands_for_open_file(const std::string& path) { return folder_of(path) == "/dev/fd"; }
+
+bool rename_to_new(const std::string& from, const std::string& to)
+{
+    if (renamex_np(from.c_str(), to.c_str(), RENAME_EXCL) == 0)
+        return true;
+    if (errno != ENOTSUP && errno != EINVAL)
+        return false;
+    // A file system without that flag: a hard link refuses a taken name as well.
+    return link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
+}
+
+} // namespace ov1
