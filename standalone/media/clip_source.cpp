@@ -143,6 +143,8 @@ void clip_source::read_more()
         is_at_end = true;
         avcodec_send_packet(decoder.get(), nullptr);
         receive(messages);
+        if (report)
+            tell_damage(report->time, "a frame near here is damaged: " + report->text);
         if (read != AVERROR_EOF)
             tell_damage(last_time, "the file cannot be read to its end: " + messages.reason(read));
         else
@@ -164,10 +166,7 @@ void clip_source::read_more()
         sent = avcodec_send_packet(decoder.get(), packet.get());
     }
     if (sent < 0)
-    {
-        std::erase(waiting, time);
-        tell_damage(time, "the frame could not be decoded: " + messages.reason(sent));
-    }
+        tell_failure(messages.reason(sent));
     receive(messages);
 }
 
@@ -182,32 +181,55 @@ void clip_source::receive(const libav_messages& messages)
         if (result >= 0)
             receive_frame(std::move(frame));
         else
-        {
-            tell_damage(waiting.empty() ? last_time : waiting.front(),
-                        "the frame could not be decoded: " + messages.reason(result));
-            if (!waiting.empty())
-                waiting.pop_front();
-        }
+            tell_failure(messages.reason(result));
     }
 }
 
 void clip_source::receive_frame(frame_ptr frame)
 {
-    // Decoders whose frames stand alone say by a report alone that they have guessed.
-    const AVCodecDescriptor* codec = avcodec_descriptor_get(decoder->codec_id);
-    const bool stands_alone = codec != nullptr && (codec->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
-    const bool has_reported = decoder_report_count() != reports;
-    reports = decoder_report_count();
     frame->pts = frame->best_effort_timestamp;
     std::erase(waiting, frame->pts);
     if (frame->pts == AV_NOPTS_VALUE)
         frame->pts = last_time;
     last_time = frame->pts;
-    if (frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0 || (stands_alone && has_reported))
-        tell_damage(frame->pts, "the frame is damaged" + (has_reported ? ": " + last_decoder_report() : std::string()));
+    if (frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0)
+    {
+        tell_damage(frame->pts, "the frame is damaged");
+        reports = decoder_report_count();
+        report.reset();
+    }
+    watch_reports();
     if (!first)
         first.reset(av_frame_clone(frame.get()));
     ready.push_back({std::move(frame), nullptr, {}});
+}
+
+/// Decoders whose frames stand alone may say by a report alone that they have guessed; those of other codecs report
+/// much that does no harm. A report runs ahead of its frame by as many as are decoded at a time, and a failure may
+/// follow.
+void clip_source::watch_reports()
+{
+    const AVCodecDescriptor* codec = avcodec_descriptor_get(decoder->codec_id);
+    if (codec == nullptr || (codec->props & AV_CODEC_PROP_INTRA_ONLY) == 0)
+        return;
+    if (report && --report->frames_left <= 0)
+    {
+        tell_damage(report->time, "a frame near here is damaged: " + report->text);
+        report.reset();
+    }
+    if (!report && decoder_report_count() != reports)
+        report = {last_time, last_decoder_report(), std::max(1, decoder->thread_count)};
+    reports = decoder_report_count();
+}
+
+/// Frames come in the order of their packets, or fail in it.
+void clip_source::tell_failure(std::string reason)
+{
+    tell_damage(waiting.empty() ? last_time : waiting.front(), "the frame could not be decoded: " + reason);
+    if (!waiting.empty())
+        waiting.pop_front();
+    reports = decoder_report_count();
+    report.reset();
 }
 
 void clip_source::tell_missing()

@@ -53,9 +53,19 @@ private:
     void read_more();
     void receive(const libav_messages& messages);
     void receive_frame(frame_ptr frame);
+    void watch_reports();
+    void tell_failure(std::string reason);
     void tell_damage(std::int64_t time, std::string reason);
     void tell_missing();
     double seconds_of(std::int64_t time) const;
+
+    /// What a decoder has said on its way.
+    struct decoder_report
+    {
+        std::int64_t time;
+        std::string text;
+        int frames_left; ///< until it is told
+    };
 
     std::unique_ptr<AVFormatContext, closer> format;
     codec_ptr decoder;
@@ -65,7 +75,8 @@ private:
     std::deque<clip_item> ready;
     std::deque<std::int64_t> waiting; ///< times of the packets that no frame has come of yet, as they were sent
     std::uint64_t packets = 0;        ///< of the picture
-    std::uint64_t reports = 0;        ///< of decoders, told so far
+    std::uint64_t reports = 0;        ///< of decoders, seen so far
+    std::optional<decoder_report> report;
     std::int64_t last_time = 0;
     bool is_at_end = false;
     bool has_sought = false;

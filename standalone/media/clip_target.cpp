@@ -9,6 +9,7 @@ extern "C"
 }
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -104,9 +105,12 @@ AVRational rate_of(const AVStream& stream)
 AVRational encoder_time_base(const AVStream& stream, AVCodecID codec, const AVOutputFormat* container)
 {
     constexpr int largest_of_mpeg4 = 65535;
-    const bool counts = codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO ||
-                        (codec == AV_CODEC_ID_MPEG4 && stream.time_base.den > largest_of_mpeg4) ||
-                        (container != nullptr && (container->flags & AVFMT_VARIABLE_FPS) == 0);
+    constexpr std::array fixed_rate{"avi", "mxf", "mxf_d10", "mxf_opatom", "gxf", "dv"};
+    const bool is_fixed =
+        container != nullptr && std::any_of(fixed_rate.begin(), fixed_rate.end(),
+                                            [&](const char* name) { return std::strcmp(name, container->name) == 0; });
+    const bool counts = is_fixed || codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO ||
+                        (codec == AV_CODEC_ID_MPEG4 && stream.time_base.den > largest_of_mpeg4);
     return counts ? av_inv_q(rate_of(stream)) : stream.time_base;
 }
 
