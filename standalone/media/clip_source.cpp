@@ -48,6 +48,9 @@ clip_info describe(const AVFormatContext& format, const AVStream& stream, const 
         info.duration_s = static_cast<double>(stream.duration) * av_q2d(stream.time_base);
     else if (format.duration != AV_NOPTS_VALUE)
         info.duration_s = static_cast<double>(format.duration) / AV_TIME_BASE;
+    const bool ends_at_its_duration = std::string(format.iformat->name).starts_with("matroska");
+    if (ends_at_its_duration && format.start_time != AV_NOPTS_VALUE)
+        info.duration_s = std::max(0.0, info.duration_s - static_cast<double>(format.start_time) / AV_TIME_BASE);
     info.frames =
         stream.nb_frames > 0
             ? static_cast<std::uint64_t>(stream.nb_frames)
