@@ -5,13 +5,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh test
-export LSAN_OPTIONS=suppressions=$PWD/scripts/known_leaks.txt TSAN_OPTIONS=suppressions=$PWD/scripts/known_races.txt
 
 tests_under() {
   cmake --preset "$1" -DVERIDIAL_BRIDGE=ON >/dev/null
   cmake --build "build/$1"
-  TSAN_OPTIONS=suppressions=$PWD/tests/sanitizers/thread.txt \
-    LSAN_OPTIONS=suppressions=$PWD/tests/sanitizers/leaks.txt ctest --preset "$1" --parallel "$(nproc)"
+  ctest --preset "$1" --parallel "$(nproc)"
 }
 
 # Two at a time; a finding ends the run with the target's log.
