@@ -104,8 +104,9 @@ void editor_hand::onMouseEvent(MouseEvent& event, CFrame*)
 
 bool editor_hand::act(key_action action, const KeyboardEvent& event)
 {
-    if (std::ranges::any_of(stops, [](const panel_stop& stop) { return stop.control->isEditing(); }))
-        return false; // the mouse has the panel
+    const bool is_dragging = std::ranges::any_of(stops, [](const panel_stop& s) { return s.control->isEditing(); });
+    if (is_dragging || values.isTyping())
+        return false;
     const bool is_nudge = action == key_action::nudge || action == key_action::nudge_finely;
     if (is_nudge)
         return nudge_current(direction_of(event.virt), action == key_action::nudge_finely);

@@ -113,6 +113,8 @@ panel_focus::panel_focus(CFrame& frame, CScrollView& column, CViewContainer& pan
     , ring(new ring_view)
 {
     panel.addView(ring);
+    // Else the toolkit gives the keyboard to some control as soon as the window becomes active.
+    frame.setFocusView(&panel);
 }
 
 const panel_stop* panel_focus::current() const

@@ -40,6 +40,8 @@ public:
 
     /// Opens a field over the stop's line.
     void type_over(const panel_stop& stop);
+    /// Whether a field is open.
+    bool isTyping() const { return is_typing; }
 
     const value_readout& getBubble() const { return bubble; }
     /// The stop's line, for tests.
