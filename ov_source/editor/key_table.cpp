@@ -63,7 +63,7 @@ constexpr mouse_row mouse_table[] = {
     {"{en:Ctrl + drag a wheel}{de:Strg + Rad ziehen}",
      "{en:Across or up and down only}{de:Nur quer oder nur senkrecht}"},
     {"{en:Right click, Alt + click}{de:Rechtsklick, Alt + Klick}", "{en:Reset}{de:Zurücksetzen}"},
-    {"{en:Double click an arc, a slider}{de:Doppelklick auf Bogen, Schieber}", "{en:Reset}{de:Zurücksetzen}"},
+    {"{en:Double click an arc, a slider}{de:Doppelklick auf Bogen, Regler}", "{en:Reset}{de:Zurücksetzen}"},
     {"{en:Click a value}{de:Klick auf einen Wert}", "{en:Type it}{de:Eintippen}"},
     {"{en:Esc twice}{de:Esc zweimal}", "{en:Close and discard}{de:Schließen und verwerfen}"},
 };
