@@ -36,7 +36,9 @@ public:
         const line_width width = measure_of(font);
         for (const auto& group : groups)
         {
-            height += (height == 0.0 ? 0.0 : group_gap) + static_cast<double>(group.size()) * line_height;
+            const double group_height = static_cast<double>(group.size()) * line_height;
+            height += (height == 0.0 ? 0.0 : group_gap) + group_height;
+            highest = std::max(highest, group_height);
             for (const help_row& row : group)
             {
                 keys_width = std::max(keys_width, std::ceil(width(row.keys)));
@@ -60,15 +62,11 @@ public:
         row.offset(0.0, title_height);
         for (const auto& group : groups)
         {
-            for (const help_row& line : group)
-            {
-                draw_text(*context, line.keys, row, font, title_colour);
-                VSTGUI::CRect beside = row;
-                beside.left += keys_width + column_gap;
-                draw_text(*context, line.text, beside, font, text_colour);
-                row.offset(0.0, line_height);
-            }
-            row.offset(0.0, group_gap);
+            draw_group(*context, group, row);
+            if (are_side_by_side())
+                row.offset(group_width() + column_gap, 0.0);
+            else
+                row.offset(0.0, static_cast<double>(group.size()) * line_height + group_gap);
         }
         setDirty(false);
     }
@@ -106,13 +104,31 @@ public:
     using CView::onKeyboardEvent;
 
 private:
+    double group_width() const { return keys_width + column_gap + text_width; }
+
+    /// In a low window, where they do not fit beneath one another.
+    bool are_side_by_side() const { return title_height + height + 2.0 * margin > getHeight(); }
+
     VSTGUI::CRect box() const
     {
-        const VSTGUI::CPoint size(keys_width + column_gap + text_width + 2.0 * margin,
-                                  title_height + height + 2.0 * margin);
+        const double columns = are_side_by_side() ? static_cast<double>(groups.size()) : 1.0;
+        const VSTGUI::CPoint size(columns * (group_width() + column_gap) - column_gap + 2.0 * margin,
+                                  title_height + (are_side_by_side() ? highest : height) + 2.0 * margin);
         const VSTGUI::CPoint corner(std::max(std::floor((getWidth() - size.x) / 2.0), 0.0),
                                     std::max(std::floor((getHeight() - size.y) / 2.0), 0.0));
         return {getViewSize().getTopLeft() + corner, size};
+    }
+
+    void draw_group(VSTGUI::CDrawContext& context, const std::vector<help_row>& group, VSTGUI::CRect row) const
+    {
+        for (const help_row& line : group)
+        {
+            draw_text(context, line.keys, row, font, title_colour);
+            VSTGUI::CRect beside = row;
+            beside.left += keys_width + column_gap;
+            draw_text(context, line.text, beside, font, text_colour);
+            row.offset(0.0, line_height);
+        }
     }
 
     static void draw_text(VSTGUI::CDrawContext& context, const std::string& text, const VSTGUI::CRect& place,
@@ -135,7 +151,8 @@ private:
     const VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
         VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 14.0, VSTGUI::kBoldFace);
     const VSTGUI::SharedPointer<VSTGUI::CFontDesc> font = VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 12.0);
-    double height = 0.0; // of the groups
+    double height = 0.0; // of the groups beneath one another
+    double highest = 0.0;
     double keys_width = 0.0;
     double text_width = 0.0;
     std::optional<VSTGUI::ModalViewSessionID> session;

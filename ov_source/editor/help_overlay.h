@@ -16,8 +16,8 @@ struct help_row
     std::string text;
 };
 
-/// Shows the groups beneath one another until any key or click, which does nothing else. False, and nothing shown,
-/// where the frame refuses.
+/// Shows the groups, beneath one another or in a low window side by side, until any key or click, which does nothing
+/// else. False, and nothing shown, where the frame refuses.
 [[nodiscard]] bool show_help_overlay(VSTGUI::CFrame& frame, const std::string& title,
                                      const std::vector<std::vector<help_row>>& groups);
 
