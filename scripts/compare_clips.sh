@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Grades clips with veridial and with ffmpeg's lut3d in turns, and prints frames per second and their ratios. Nothing is
-# encoded. The clips are made once, from a sample picture with a moving window and noise.
+# encoded. The clips are made once, from a sample picture with a moving window and noise, at the bit rates of cameras.
 #   scripts/compare_clips.sh [ROUNDS]          5 rounds unless asked
 #   scripts/compare_clips.sh ROUNDS --check-floors    ends with 1 when a ratio is below its floor
 set -euo pipefail
@@ -19,14 +19,14 @@ make_clips() {
   local tags="-color_range tv -colorspace bt709 -color_primaries bt709 -color_trc bt709"
   local from="ffmpeg -nostdin -v error -y -loop 1 -i $picture"
   [ -f "$work/hd_h264.mp4" ] ||
-    $from -vf "scale=2400:-2,$moving:s=1920x1080,noise=alls=5:allf=t,format=yuv420p" -frames:v 200 \
-      -c:v libx264 -preset veryfast -crf 20 $tags "$work/hd_h264.mp4"
+    $from -vf "scale=2400:-2,$moving:s=1920x1080,noise=alls=5:allf=t,format=yuv420p" -frames:v 150 \
+      -c:v libx264 -preset veryfast -b:v 20M $tags "$work/hd_h264.mp4"
   [ -f "$work/uhd_h264.mp4" ] ||
-    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=5:allf=t,format=yuv420p" -frames:v 50 \
-      -c:v libx264 -preset veryfast -crf 23 $tags "$work/uhd_h264.mp4"
+    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=5:allf=t,format=yuv420p" -frames:v 40 \
+      -c:v libx264 -preset veryfast -b:v 80M $tags "$work/uhd_h264.mp4"
   [ -f "$work/uhd_prores.mov" ] ||
-    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=5:allf=t,format=yuv422p10le" -frames:v 50 \
-      -c:v prores -profile:v 3 $tags "$work/uhd_prores.mov"
+    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=2:allf=t,format=yuv422p10le" -frames:v 40 \
+      -c:v prores -profile:v 2 $tags "$work/uhd_prores.mov"
 }
 
 # Seconds by the clock, and of all processors, of a command.

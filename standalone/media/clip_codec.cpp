@@ -254,7 +254,10 @@ bool choose_pixels(const clip_codec& codec, const frame_form& form, const clip_r
                              : "pixel format " + request.pixel_format),
                     "it takes " + all);
     // The source's own comes first among equals.
-    std::stable_partition(forms.begin(), forms.end(), [&](const frame_form& f) { return f.pixels == form.pixels; });
+    const auto own =
+        std::find_if(forms.begin(), forms.end(), [&](const frame_form& f) { return f.pixels == form.pixels; });
+    if (own != forms.end())
+        std::rotate(forms.begin(), own, own + 1);
     pixels = std::min_element(forms.begin(), forms.end(),
                               [&](const frame_form& a, const frame_form& b) { return loss(form, a) < loss(form, b); })
                  ->pixels;
