@@ -25,7 +25,7 @@ std::shared_ptr<image> reduce(const host_frame& frame, image::origin origin)
 std::shared_ptr<image> capture_preview(FxImageTile* frame, NSError** error)
 {
     const IOSurfaceRef surface = surface_of(frame);
-    if (IOSurfaceLock(surface, kIOSurfaceLockReadOnly, nullptr) != 0)
+    if (surface == nullptr || IOSurfaceLock(surface, kIOSurfaceLockReadOnly, nullptr) != 0)
         return nullptr;
     const surface_layout layout = layout_of(surface);
     const auto format = tile_format_of(layout);

@@ -50,13 +50,13 @@ bool render_tile(icomponent_v1& component, FxImageTile* destination, NSArray* so
         return false;
     host->notify({event_kind::render_begins});
     const IOSurfaceRef to = surface_of(destination);
-    if (IOSurfaceLock(to, lock_for_writing, nullptr) != 0)
+    if (to == nullptr || IOSurfaceLock(to, lock_for_writing, nullptr) != 0)
         return false;
     const auto renderer = component.get_row_renderer();
     for (FxImageTile* source in sources)
     {
         const IOSurfaceRef from = surface_of(source);
-        if (IOSurfaceLock(from, kIOSurfaceLockReadOnly, nullptr) != 0)
+        if (from == nullptr || IOSurfaceLock(from, kIOSurfaceLockReadOnly, nullptr) != 0)
             continue;
         // A tile that cannot be rendered ends the call with both surfaces locked and no end told: the host gives such
         // tiles up, and its renders of them with them.
