@@ -4,6 +4,7 @@
 #include "shared/image.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ov1
 {
@@ -172,8 +173,11 @@ void scope_counter::count(const scope_frame& frame, const scope_selection& selec
 void scope_counter::merge(const plan& wanted)
 {
     const scope_selection& selection = wanted.selection;
-    reset(selection, wanted.waveform_columns, wanted.parade_columns, total);
-    for (std::size_t i = 0; i < used_workers; ++i)
+    if (used_workers == 0)
+        reset(selection, wanted.waveform_columns, wanted.parade_columns, total);
+    else
+        std::swap(total, *workers[0]);
+    for (std::size_t i = 1; i < used_workers; ++i)
     {
         const scope_counts& part = *workers[i];
         if (selection.waveform)

@@ -44,7 +44,7 @@ struct scope_sampling
     unsigned max_threads = 0;         ///< 0 for as many as there are processors; the counts do not depend on it
 };
 
-/// What is not selected is left as it was before.
+/// What was not selected is undefined.
 struct scope_counts
 {
     waveform_counts waveform; ///< of luma
