@@ -5,6 +5,7 @@
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/platform/iplatformbitmap.h"
 
+#include <cmath>
 #include <cstring>
 #include <utility>
 
@@ -19,6 +20,7 @@ namespace
 constexpr CColor scale_text(176, 176, 176);
 constexpr CCoord title_indent = 8;
 constexpr CPoint label_size(32, 14);
+constexpr CPoint label_reach(24, 11); ///< nearer than that two labels touch
 constexpr CCoord label_font_size = 10;
 
 } // namespace
@@ -84,8 +86,13 @@ void scope_view::draw_labels(CDrawContext* context, const CRect& area) const
     const rect points{0, 0, static_cast<int>(area.getWidth()), static_cast<int>(area.getHeight())};
     context->setFont(makeOwned<CFontDesc>("Arial", label_font_size));
     context->setFontColor(scale_text);
+    CPoint last(-label_size.x, 0);
     for (const scope_label& label : scope_labels_of(type, points, 1))
     {
+        const CPoint place(label.x, label.y);
+        if (std::abs(place.x - last.x) < label_reach.x && std::abs(place.y - last.y) < label_reach.y)
+            continue; // in a low view the words would run into one another
+        last = place;
         CRect box(CPoint(), label_size);
         box.offset(area.left + label.x - label_size.x / 2, area.top + label.y - label_size.y / 2);
         context->drawString(label.text, box, kCenterText);
