@@ -87,12 +87,12 @@ drag $((panel_x + 170)) $((panel_y + 101)) $((panel_x + 172)) $((panel_y + 73))
 # The handle of the shadows' saturation, whose travel is 92.
 drag $((panel_x + 92)) $((panel_y + 361)) $((panel_x + 115)) $((panel_y + 361))
 click $((panel_x + 241)) $((panel_y + 233)) # inspire
-click $((toolbar_x + 219)) 32               # save
+click $((toolbar_x + 191)) 32               # save
 xdotool type --delay 30 'By chance'
 xdotool key Return
 within 20 test -s "home/.local/share/orvane/Plugin Presets/Veridial/By chance.json"
-click $((toolbar_x + 315)) 32 # undo
-click $((toolbar_x + 469)) 32 # close
+click $((toolbar_x + 287)) 32 # undo
+click $((toolbar_x + 470)) 32 # close
 ends_with 0
 # Up and left by 20.5 and 35.5 of 109 each half, and 96 % of them is the rim.
 printed_near 'Highlights Hue' 30.0 1
