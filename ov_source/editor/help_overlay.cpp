@@ -54,6 +54,8 @@ public:
         context->setDrawMode(VSTGUI::kAliasing);
         context->setFillColor(dimming);
         context->drawRect(getViewSize(), VSTGUI::kDrawFilled);
+        const auto to_scale = VSTGUI::CGraphicsTransform().scale(scale(), scale());
+        const VSTGUI::CDrawContext::Transform scaled(*context, to_scale);
         VSTGUI::CRect row = box();
         draw_tip_box(*context, row);
         row.inset(margin, margin);
@@ -109,14 +111,27 @@ private:
     /// In a low window, where they do not fit beneath one another.
     bool are_side_by_side() const { return title_height + height + 2.0 * margin > getHeight(); }
 
-    VSTGUI::CRect box() const
+    VSTGUI::CPoint box_size() const
     {
         const double columns = are_side_by_side() ? static_cast<double>(groups.size()) : 1.0;
-        const VSTGUI::CPoint size(columns * (group_width() + column_gap) - column_gap + 2.0 * margin,
-                                  title_height + (are_side_by_side() ? highest : height) + 2.0 * margin);
-        const VSTGUI::CPoint corner(std::max(std::floor((getWidth() - size.x) / 2.0), 0.0),
-                                    std::max(std::floor((getHeight() - size.y) / 2.0), 0.0));
-        return {getViewSize().getTopLeft() + corner, size};
+        return {columns * (group_width() + column_gap) - column_gap + 2.0 * margin,
+                title_height + (are_side_by_side() ? highest : height) + 2.0 * margin};
+    }
+
+    /// Less than 1 where even so the window is too small.
+    double scale() const
+    {
+        const VSTGUI::CPoint size = box_size();
+        return std::min({1.0, getWidth() / size.x, getHeight() / size.y});
+    }
+
+    /// In points of that scale.
+    VSTGUI::CRect box() const
+    {
+        const VSTGUI::CPoint size = box_size();
+        return {VSTGUI::CPoint(std::floor((getWidth() / scale() - size.x) / 2.0),
+                               std::floor((getHeight() / scale() - size.y) / 2.0)),
+                size};
     }
 
     void draw_group(VSTGUI::CDrawContext& context, const std::vector<help_row>& group, VSTGUI::CRect row) const
