@@ -15,23 +15,21 @@ const VSTGUI::Modifiers none, shift(VSTGUI::ModifierKey::Shift), control_key(VST
 
 struct hand_stage : editor_stage
 {
-    hand_stage() { frame().onActivate(true); } // or the keyboard reaches nothing
+    hand_stage() { frame->onActivate(true); } // or the keyboard reaches nothing
 
-    bool key(VirtualKey virt, char32_t character = 0, VSTGUI::Modifiers keys = {}) const
+    bool key(VirtualKey virt, char32_t character = 0, VSTGUI::Modifiers keys = {})
     {
         VSTGUI::KeyboardEvent event;
         event.virt = virt;
         event.character = character;
-        event.modifiers = keys;
-        frame().dispatchEvent(event);
-        return event.consumed;
+        return send(std::move(event), keys);
     }
     std::string focused() const
     {
         const auto* const stop = hand().getFocus().current();
         return stop ? effect->get_parameter(stop->parameters.front())->get_name() : std::string();
     }
-    void give_keys_to(const std::string& parameter) const
+    void give_keys_to(const std::string& parameter)
     {
         for (int i = 0; i < 40 && focused() != parameter; ++i)
             key(VirtualKey::Tab);
@@ -42,7 +40,7 @@ struct hand_stage : editor_stage
 
 TEST(editor_hand, tab_walks_panel_by_panel_and_around)
 {
-    const hand_stage stage;
+    hand_stage stage;
     std::vector<std::string> expected = {"Master Hue", "Global Chroma", "Global Luminance"};
     for (const std::string zone : {"Shadows", "Mids", "Highlights"})
         for (const char* control : {" Hue", " Range", " Lightness", " Smoothness", " Saturation"})
@@ -58,7 +56,7 @@ TEST(editor_hand, tab_walks_panel_by_panel_and_around)
     }
     stage.key(VirtualKey::Tab, 0, shift);
     EXPECT_EQ(stage.focused(), "Film Contrast Angle");
-    stage.press(stage.at(stage.pad(panel_slot::sky)));
+    stage.press_on(stage.pad(panel_slot::sky), 0, 0);
     EXPECT_FALSE(stage.hand().getFocus().is_ring_shown()) << "the mouse needs none";
     EXPECT_EQ(stage.focused(), "Sky Angle");
 }
@@ -85,7 +83,7 @@ TEST(editor_hand, arrows_nudge_by_a_hundredth_and_with_shift_by_a_thousandth)
           {"Mids Saturation", VirtualKey::Down, none, "Mids Saturation", -1}})
     {
         SCOPED_TRACE(parameter);
-        const hand_stage stage;
+        hand_stage stage;
         stage.set("Sky Angle", 90); // left
         stage.set("Sky Strength", 30);
         stage.give_keys_to(control);
@@ -96,7 +94,7 @@ TEST(editor_hand, arrows_nudge_by_a_hundredth_and_with_shift_by_a_thousandth)
 
 TEST(editor_hand, nudges_are_one_step_until_a_pause_of_a_second)
 {
-    const hand_stage stage;
+    hand_stage stage;
     const auto nudge_at = [&](std::uint64_t ms)
     {
         stage.key(VirtualKey::Up);
@@ -122,7 +120,7 @@ TEST(editor_hand, nudges_are_one_step_until_a_pause_of_a_second)
 
 TEST(editor_hand, resets_are_one_step_each)
 {
-    const hand_stage stage;
+    hand_stage stage;
     stage.set("Sky Angle", 200);
     stage.set("Sky Strength", 40);
     stage.give_keys_to("Sky Angle");
@@ -133,8 +131,8 @@ TEST(editor_hand, resets_are_one_step_each)
 
     stage.set("Mids Range", 5);
     const VSTGUI::CPoint where = stage.at(stage.control("Mids Range"), -20, 30);
-    stage.press(where);
-    stage.release(where);
+    stage.press(where.x, where.y);
+    stage.release(where.x, where.y);
     ASSERT_NE(stage.value("Mids Range"), 5) << "the first click of two jumps";
     VSTGUI::MouseDownEvent second(where, VSTGUI::MouseButton::Left);
     second.clickCount = 2;
@@ -173,16 +171,16 @@ TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
         for (const VirtualKey last : {VirtualKey::Return, VirtualKey::Escape})
         {
             SCOPED_TRACE(typed);
-            const hand_stage stage;
+            hand_stage stage;
             stage.give_keys_to(parameter);
             const panel_stop stop = *stage.hand().getFocus().current();
-            stage.frame().onActivate(false); // the toolkit's text field needs a window for its caret
+            stage.frame->onActivate(false); // the toolkit's text field needs a window for its caret
             stage.hand().getValues().type_over(stop);
-            ASSERT_TRUE(find_field(stage.frame()));
-            find_field(stage.frame())->setText(typed);
+            ASSERT_TRUE(find_field(*stage.frame));
+            find_field(*stage.frame)->setText(typed);
             stage.key(VirtualKey::None, 'b');
             stage.key(last);
-            EXPECT_FALSE(find_field(stage.frame()));
+            EXPECT_FALSE(find_field(*stage.frame));
             const bool changes = is_taken && last == VirtualKey::Return;
             EXPECT_EQ(stage.value(parameter), changes ? values.first : 0);
             EXPECT_EQ(stage.value("Sky Strength"), changes ? values.second : 0);
@@ -193,32 +191,32 @@ TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
 
 TEST(editor_hand, the_bubble_says_what_is_set_for_as_long_as_it_is_dragged)
 {
-    const hand_stage stage;
+    hand_stage stage;
     const auto& bubble = stage.hand().getValues().getBubble();
     const VSTGUI::CPoint where = stage.at(stage.pad(panel_slot::master), 20, -50); // near the toolbar
-    stage.press(where);
+    stage.press(where.x, where.y);
     EXPECT_EQ(bubble.getText(), pad_value_text(stage.value("Master Hue"), stage.value("Master Chroma")));
     EXPECT_FALSE(bubble.getPlace().pointInside(where));
-    stage.release(where);
+    stage.release(where.x, where.y);
     EXPECT_EQ(bubble.getText(), "");
     const VSTGUI::CPoint on_arc = stage.at(stage.control("Shadows Range"), -30, -40);
-    stage.press(on_arc);
+    stage.press(on_arc.x, on_arc.y);
     EXPECT_EQ(bubble.getText(), plain_value_text(stage.value("Shadows Range")));
     EXPECT_GE(bubble.getPlace().left, 0);
 }
 
 TEST(editor_hand, keys_switch_what_the_buttons_switch_and_wait_for_questions)
 {
-    const hand_stage stage;
+    hand_stage stage;
     stage.key(VirtualKey::None, 'b');
     EXPECT_TRUE(stage.effect->get_bypass());
     stage.key(VirtualKey::None, 'r');
     EXPECT_EQ(stage.undo_position(), 2);
     stage.key(VirtualKey::F1);
-    ASSERT_TRUE(stage.frame().getModalView());
+    ASSERT_TRUE(stage.frame->getModalView());
     EXPECT_TRUE(stage.key(VirtualKey::None, 'b')) << "closes the help, and does no more";
     EXPECT_TRUE(stage.effect->get_bypass());
-    EXPECT_FALSE(stage.frame().getModalView());
+    EXPECT_FALSE(stage.frame->getModalView());
     stage.key(VirtualKey::None, 'b');
     EXPECT_FALSE(stage.effect->get_bypass());
 }
