@@ -27,6 +27,10 @@ TEST_F(editor_road, button_frame_editor_and_one_state_back_at_the_host)
                           EXPECT_EQ(at_host(2), store_value(12.5)) << "nothing before the editor is closed";
                       }};
     press_and_run();
+    CMTimeRange asked{};
+    ASSERT_TRUE([plugin() desiredAnalysisTimeRange:&asked forInputWithTimeRange:{} error:NULL]);
+    EXPECT_EQ(CMTimeCompare(asked.start, CMTimeMake(3750 + 2 * 1001, 30000)), 0) << "1/8 s and two frames";
+    EXPECT_EQ(CMTimeCompare(asked.duration, CMTimeMake(1001, 30000)), 0);
     EXPECT_EQ(editor->source_width, 64u);
     EXPECT_EQ(editor->previews, 0) << "the test component hands no previews on";
     EXPECT_FALSE(gui_is_open());
@@ -68,6 +72,7 @@ TEST_F(editor_road, a_frame_that_cannot_be_had_keeps_the_request)
         [plugin() handleGUIButton];
         const host_error said = host.wait_for_analysis();
         EXPECT_EQ(said.code, row.code);
+        EXPECT_NE(said.description, "") << "the analysis was cancelled";
         if (row.code == 29)
             EXPECT_EQ(said.description, "Error requesting analysis time range.");
         EXPECT_EQ(editor->step, 0u);
