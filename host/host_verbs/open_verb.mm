@@ -31,6 +31,15 @@ bool parse(host_request& request, std::optional<std::string>& output, std::span<
     return settle_host_request(request, outputs, out, code);
 }
 
+/// Without an icon of its own on the desktop. The application is not told to finish its launch: it would take our
+/// arguments for documents to open.
+void start_application()
+{
+    NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
+    [defaults registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+    [NSApplication sharedApplication];
+}
+
 /// The inspector until it is closed, then what the command line asks for.
 exit_code sit(const host_request& request, const std::optional<std::string>& output, console& out)
 {
@@ -75,8 +84,7 @@ exit_code run_host_open(std::span<const std::string> arguments, console& out)
                        "is there a desktop? DISPLAY names the X server"});
             return exit_code::unsupported;
         }
-        [NSApplication sharedApplication];
-        [NSApp finishLaunching];
+        start_application();
         return sit(request, output, out);
     }
 }
