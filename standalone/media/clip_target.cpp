@@ -54,8 +54,11 @@ colour_tags tags_of(const AVFrame& frame, const AVCodecParameters& stream, const
 }
 
 /// The tags of the output: the source's, unless its samples are of another family.
-colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelFormat pixels, const AVFrame& frame)
+colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelFormat pixels, const AVFrame& frame,
+                     const AVCodec* codec)
 {
+    if (codec != nullptr && codec->id == AV_CODEC_ID_MJPEG) // as ITU-T T.871 has it, whatever is tagged
+        return {AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG, AVCHROMA_LOC_CENTER};
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(pixels);
     const bool to_rgb = (format->flags & AV_PIX_FMT_FLAG_RGB) != 0;
     const bool from_rgb = from.family == colour_family::rgb;
@@ -201,7 +204,7 @@ bool clip_target::settle_forms(const clip_request& request, error& why)
         return false;
     if (container == nullptr && !can_be_written(source_form))
         pixels = AV_PIX_FMT_GBRP16;
-    tags = tags_for(source_tags, source_form, pixels, frame);
+    tags = tags_for(source_tags, source_form, pixels, frame, codec.encoder);
     return form_of(pixels, tags, frame.width, frame.height, form, why);
 }
 

@@ -249,6 +249,13 @@ TEST_F(clip_program, the_range_and_the_matrix_that_are_asked_for_take_the_place_
          "$V grade in.mkv --range full --matrix 2020 --sky 90,60 -o out.mkv; $V grade in.mkv --sky 90,60 -o plain.mkv");
     EXPECT_EQ(done("$P -show_entries stream=color_range,color_space -of csv=p=0 out.mkv"), "pc,bt2020nc\n");
     EXPECT_NE(codes("out.mkv", "yuv444p"), codes("plain.mkv", "yuv444p"));
+    // Another range and matrix by the codec's own rule: the colours stay.
+    done("$V grade in.mkv --bypass --codec mjpeg --quality 100 -o jpeg.mov");
+    EXPECT_EQ(done("$P -show_entries stream=color_range,color_space -of csv=p=0 jpeg.mov"), "pc,bt470bg\n");
+    EXPECT_GT(
+        std::stod(done("$F -v info -i in.mkv -i jpeg.mov -lavfi '[0]format=rgb24[a];[1]format=rgb24[b];[a][b]psnr' "
+                       "-f null - 2>&1 | sed -n 's/.*average:\\([0-9.]*\\).*/\\1/p'")),
+        30);
 }
 
 } // namespace
