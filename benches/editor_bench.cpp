@@ -1,6 +1,7 @@
 #include "editor_bench.h"
 
 #include "editor/editor_scope.h"
+#include "editor/scopes_panel.h"
 #include "editor/veridial_ui.h"
 #include "effect/build_lut_reference.h"
 #include "frames.h"
@@ -31,34 +32,33 @@ using namespace VSTGUI;
 
 // The preview fills its part of the window pixel by pixel; the rest is the column of controls and the strip beneath.
 constexpr std::uint32_t preview_width = 1600, preview_height = 900;
-constexpr double window_width = preview_width + 494, window_height = preview_height + 34;
+constexpr double column_width = 494, strip_height = 34, scopes_width = 260;
 
 class editor_bench
 {
 public:
-    editor_bench()
+    /// With all four scopes beside the preview, or without any.
+    explicit editor_bench(bool with_scopes)
+        : shown_width(preview_width + (with_scopes ? scopes_width : 0))
     {
         component->initialize(std::make_shared<chost_v1>(component));
         const grade_settings settings = everything_active();
         for (std::size_t i = 1; i < parameter_count; ++i)
             set_value(static_cast<int>(i), settings.settings[i].value);
         std::memcpy(source->pixels(), frame_pixels.pixels.data(), frame_pixels.pixels.size() * sizeof(argb_float));
-        view->build_frame(window_width, window_height);
+        const CPoint window(shown_width + column_width, preview_height + strip_height);
+        view->build_frame(window.x, window.y);
         view->getFrame()->attached(view->getFrame()); // as opening it in a window does
         view->set_preview_source(*source);
-        drawn = COffscreenContext::create(CPoint(window_width, window_height));
-        plain_drawn = COffscreenContext::create(CPoint(window_width, window_height));
+        view->get_scopes().setChoice({{true, true, true, true}, false});
+        view->show_scopes(with_scopes);
+        drawn = COffscreenContext::create(window);
+        plain_drawn = COffscreenContext::create(window);
     }
     ~editor_bench()
     {
         view->close();
         component->terminate();
-    }
-
-    std::vector<contender> contenders()
-    {
-        return {{"drag in the editor, to drawn pixels", [this] { step(); }},
-                {"the same in plain code", [this] { plain_step(); }}};
     }
 
     /// Most by which a channel of the two drawn previews differs, in 255ths.
@@ -77,23 +77,6 @@ public:
         return most;
     }
 
-private:
-    void set_value(int parameter, float value)
-    {
-        const auto set = component->get_parameter(parameter);
-        param_value record = set->get_param_value();
-        record.value = param_cell::of(value);
-        set->set_param_value(record, true);
-    }
-
-    /// What a mouse move changes: forth and back, so that every step has something to build.
-    void move_wheel()
-    {
-        constexpr int hue = 5; // of the shadows' wheel
-        set_value(hue, forth ? 200.0f : 210.0f);
-        forth = !forth;
-    }
-
     void step()
     {
         move_wheel();
@@ -103,7 +86,7 @@ private:
         view->set_preview_image(*destination);
         view->idle();
         drawn->beginDraw();
-        view->getFrame()->drawRect(drawn, CRect(0, 0, preview_width, preview_height));
+        view->getFrame()->drawRect(drawn, CRect(0, 0, shown_width, preview_height));
         drawn->endDraw();
     }
 
@@ -126,6 +109,23 @@ private:
         plain_drawn->endDraw();
     }
 
+private:
+    void set_value(int parameter, float value)
+    {
+        const auto set = component->get_parameter(parameter);
+        param_value record = set->get_param_value();
+        record.value = param_cell::of(value);
+        set->set_param_value(record, true);
+    }
+
+    /// What a mouse move changes: forth and back, so that every step has something to build.
+    void move_wheel()
+    {
+        constexpr int hue = 5; // of the shadows' wheel
+        set_value(hue, forth ? 200.0f : 210.0f);
+        forth = !forth;
+    }
+
     void draw_plain_row(const pixel_renderer& renderer, std::uint32_t y, std::uint8_t* to) const
     {
         const auto code = [](float v)
@@ -142,7 +142,7 @@ private:
         }
     }
 
-    const editor_scope scope;
+    const double shown_width;
     const std::shared_ptr<icomponent_v1> component = create_ccomponent();
     const std::shared_ptr<veridial_ui> view = std::make_shared<veridial_ui>(component);
     const frame frame_pixels = make_frame(content::natural, preview_width, preview_height);
@@ -164,13 +164,17 @@ private:
 void run_editor_bench(report& to, int rounds)
 {
     to.say(fmt::format("\nEditor, preview {} x {} on as many pixels", preview_width, preview_height));
-    editor_bench bench;
-    to.answer("drawn pixels of a drag, in 255ths", bench.largest_difference(), 1);
-    const auto contenders = bench.contenders();
+    const editor_scope scope;
+    editor_bench without(false), with(true);
+    to.answer("drawn pixels of a drag, in 255ths", without.largest_difference(), 1);
+    const std::vector<contender> contenders = {{"drag in the editor, to drawn pixels", [&] { without.step(); }},
+                                               {"the same with all four scopes", [&] { with.step(); }},
+                                               {"without scopes, in plain code", [&] { without.plain_step(); }}};
     const auto seconds = median_seconds(contenders, 3 * rounds);
     for (std::size_t i = 0; i < contenders.size(); ++i)
         to.say(fmt::format("  {:<40} {:>8.0f} microseconds", contenders[i].name, seconds[i] * 1e6));
-    to.ratio("one step of a drag in the editor, against plain code", seconds[1] / seconds[0], 4);
+    to.say(fmt::format("  scopes on against off: {:.2f}", seconds[1] / seconds[0]));
+    to.ratio("one step of a drag in the editor, against plain code", seconds[2] / seconds[0], 4);
 }
 
 } // namespace ov1::bench

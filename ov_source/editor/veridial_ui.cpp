@@ -39,6 +39,8 @@ constexpr std::uint32_t tooltip_delay_ms = 4000;
 constexpr CCoord panel_margin = 3; ///< of the panel's picture, the part that is not stretched
 constexpr CCoord preview_bar_height = 34;
 constexpr CCoord scopes_width = 260;
+/// A drag is followed by scopes of every second row; its end brings those of all.
+constexpr std::size_t scope_rows_while_dragging = 2;
 constexpr float least_value_of_a_press = 0.5f;
 
 CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
@@ -472,6 +474,8 @@ void veridial_ui::controlEndEdit(CControl* control)
     cview_v1::controlEndEdit(control);
     if (hand)
         hand->ends(*control);
+    if (memory.shows_scopes && !is_editing())
+        ask_for_render();
 }
 
 void veridial_ui::inspire_randomize()
@@ -484,8 +488,10 @@ void veridial_ui::set_preview_image(image& picture)
 {
     if (preview)
         preview->update(picture);
-    if (scopes)
-        scopes->update(picture);
+    if (!scopes)
+        return;
+    scopes->setRowStep(is_editing() ? scope_rows_while_dragging : 1);
+    scopes->update(picture);
 }
 
 void veridial_ui::set_preview_source(const image& picture)

@@ -60,6 +60,10 @@ public:
     /// For COVImagePreview.
     void colour_picked(const std::optional<picked_colour>& colour);
 
+    /// Beside the preview; shown at the next frame that is rendered.
+    void show_scopes(bool shown);
+    scopes_panel& get_scopes() { return *scopes; }
+
     /// The frame is built but opened in no window: for tests and pictures of the editor.
     void build_frame(double width, double height);
     VSTGUI::CFrame* getFrame() const override { return frame; }
@@ -76,7 +80,6 @@ private:
     void act(key_action action);
     void add_column(double width, double height);
     void add_scopes(double height);
-    void show_scopes(bool shown);
     void ask_for_render();
     void lay_out(double width, double height);
     void resize(int width, int height);
