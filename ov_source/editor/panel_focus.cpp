@@ -108,7 +108,6 @@ private:
 panel_focus::panel_focus(CFrame& frame, CScrollView& column, CViewContainer& panel, std::vector<panel_stop> stops)
     : frame(frame)
     , column(column)
-    , panel(panel)
     , stops(std::move(stops))
     , ring(new ring_view)
 {

@@ -29,7 +29,6 @@ public:
 private:
     VSTGUI::CFrame& frame;
     VSTGUI::CScrollView& column;
-    VSTGUI::CViewContainer& panel;
     const std::vector<panel_stop> stops;
     VSTGUI::CView* ring; ///< owned by the panel
 };
