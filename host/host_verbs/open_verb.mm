@@ -8,6 +8,7 @@
 #import <AppKit/AppKit.h>
 
 #include <cstdlib>
+#include <unistd.h>
 
 namespace ov1
 {
@@ -31,13 +32,17 @@ bool parse(host_request& request, std::optional<std::string>& output, std::span<
     return settle_host_request(request, outputs, out, code);
 }
 
-/// Without an icon of its own on the desktop. The application is not told to finish its launch: it would take our
-/// arguments for documents to open.
+/// Without an icon of its own on the desktop, and without our arguments, which it would take for documents to open.
 void start_application()
 {
+    char name[] = "veridial-host";
+    char* arguments[] = {name, nullptr};
+    [NSProcessInfo initializeWithArguments:arguments count:1 environment:environ];
     NSUserDefaults* const defaults = [NSUserDefaults standardUserDefaults];
     [defaults registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
     [NSApplication sharedApplication];
+    [NSApp finishLaunching];
+    [NSApp activateIgnoringOtherApps:YES];
 }
 
 /// The inspector until it is closed, then what the command line asks for.

@@ -130,6 +130,7 @@ inspector::inspector(simulated_host& host, const std::string& title)
         [scroller setDocumentView:list];
         [list scrollPoint:NSMakePoint(0, [list frame].size.height)];
         [[held->window contentView] addSubview:scroller];
+        [held->window center];
         [held->window makeKeyAndOrderFront:nil];
     }
     refresh();
