@@ -45,6 +45,13 @@ function(veridial_program name)
   endif()
 endfunction()
 
+# veridial_precompile(NAME header): for a header of others that takes longer to compile than what includes it.
+function(veridial_precompile name header)
+  target_precompile_headers(${name} PRIVATE ${header})
+  # What CMake writes around it is meant for the Objective-C++ compiler too.
+  target_compile_options(${name} PRIVATE -Wno-unknown-pragmas)
+endfunction()
+
 function(veridial_check_level name level links)
   set_property(GLOBAL PROPERTY veridial_level_of_${name} ${level})
   set_property(GLOBAL APPEND PROPERTY veridial_rooms ${name})

@@ -39,6 +39,7 @@ constexpr std::uint32_t tooltip_delay_ms = 4000;
 constexpr CCoord panel_margin = 3; ///< of the panel's picture, the part that is not stretched
 constexpr CCoord preview_bar_height = 34;
 constexpr CCoord scopes_width = 260;
+constexpr const char* random_look_label = "{en:Random look}{de:Zufälliger Look}";
 /// A drag is followed by scopes of every second row; its end brings those of all.
 constexpr std::size_t scope_rows_while_dragging = 2;
 constexpr float least_value_of_a_press = 0.5f;
@@ -263,7 +264,8 @@ void veridial_ui::act(key_action action)
     case key_action::inspire:
         begin_gesture();
         inspire_randomize();
-        return end_gesture();
+        end_gesture();
+        return toolbar->labelStep(random_look_label);
     case key_action::help:
         return show_help(*frame, language_of(get_component().get()));
     default: // the panel's own
@@ -470,7 +472,7 @@ void veridial_ui::controlEndEdit(CControl* control)
     if (has_parameter_of(*control) || control == controls.inspire)
         end_gesture();
     if (control == controls.inspire && toolbar)
-        toolbar->labelStep("{en:Random look}{de:Zufälliger Look}");
+        toolbar->labelStep(random_look_label);
     cview_v1::controlEndEdit(control);
     if (hand)
         hand->ends(*control);
