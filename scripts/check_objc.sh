@@ -19,6 +19,6 @@ sources=$(ls host/fxplug/*.mm host/service/*.mm host/app/*.mm ov_source/platform
 for source in $sources; do
   clang++-19 -fsyntax-only -std=c++20 -Wall -Wextra -Wpedantic -Werror -fobjc-runtime=macosx-12.0 -fobjc-exceptions \
     -DVERIDIAL_HAS_EDITOR=0 -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -D_NATIVE_OBJC_EXCEPTIONS -I"$roots" -Ihost/compat \
-    -isystem /usr/include/GNUstep -idirafter "$objc" -include host/compat/apple_additions.h "$source"
+    -DNDEBUG=1 -DVSTGUI_ENABLE_DEPRECATED_METHODS=0 -isystem "$(echo build/deps/vstgui/4.1*)" -isystem /usr/include/GNUstep -idirafter "$objc" -include host/compat/apple_additions.h "$source"
 done
 echo "check_objc: $(echo "$sources" | wc -l) files read with the runtime of macOS"

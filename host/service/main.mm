@@ -9,6 +9,10 @@
 
 #if VERIDIAL_HAS_EDITOR
 #include "editor/editor_scope.h"
+#ifdef __APPLE__
+#include "framework/cocoa_window.h"
+#include "framework/window_factory.h"
+#endif
 #endif
 
 #include <cstdio>
@@ -25,6 +29,10 @@ int serve()
 {
 #if VERIDIAL_HAS_EDITOR
     const ov1::editor_scope editor;
+#ifdef __APPLE__ // elsewhere the toolkit brings its own
+    ov1::install_window_maker([](const std::string&, const ov1::rect& size, const std::string& title, void*)
+                              { return std::make_shared<ov1::cocoa_window>(size, title); });
+#endif
 #endif
     service_delegate = [[FCPXDelegate alloc] init];
     [FxPrincipal startServicePrincipalWithDelegate:service_delegate];
