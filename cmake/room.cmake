@@ -22,6 +22,11 @@ function(veridial_room name)
     add_library(${name} STATIC ${room_SOURCES} ${room_HEADERS})
     set(scope PUBLIC)
     target_link_libraries(${name} PRIVATE veridial_settings)
+    list(LENGTH room_SOURCES count)
+    if(VERIDIAL_PRECOMPILE AND count GREATER 7 AND NOT "${room_SOURCES}" MATCHES "\\.mm")
+      veridial_precompile(${name} <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <mutex> <optional>
+        <span> <string> <string_view> <utility> <vector>)
+    endif()
   else()
     add_library(${name} INTERFACE)
     set(scope INTERFACE)
@@ -45,9 +50,13 @@ function(veridial_program name)
   endif()
 endfunction()
 
-# veridial_precompile(NAME header): for a header of others that takes longer to compile than what includes it.
-function(veridial_precompile name header)
-  target_precompile_headers(${name} PRIVATE ${header})
+# veridial_precompile(NAME headers...): for headers of others that take longer to compile than what includes them.
+# Sources include what they use all the same: the preset dev builds without.
+function(veridial_precompile name)
+  if(NOT VERIDIAL_PRECOMPILE)
+    return()
+  endif()
+  target_precompile_headers(${name} PRIVATE ${ARGN})
   # What CMake writes around it is meant for the Objective-C++ compiler too.
   target_compile_options(${name} PRIVATE -Wno-unknown-pragmas)
 endfunction()

@@ -119,7 +119,10 @@ clip_result grade_clip_file(const output_job& job, const clip_settings& settings
     if (settings.dry_run)
         return result;
     if (!write_clip(source, target, job, settings, out, result))
-        return failed(std::move(result), result.failure);
+    {
+        result.code = result.failure.code;
+        return result;
+    }
     result.is_written = true;
     if (result.damages != 0)
         result.code = exit_code::some_failed;

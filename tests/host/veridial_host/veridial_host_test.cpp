@@ -60,6 +60,16 @@ TEST(veridial_host, half_tiles_are_what_the_command_line_grades)
     EXPECT_NE(text_of_file(bridged), text_of_file(photo));
 }
 
+/// A sanitizer at the program's end has lines of its own.
+int count_own_lines(const std::string& text)
+{
+    std::istringstream lines(text);
+    int count = 0;
+    for (std::string line; std::getline(lines, line);)
+        count += line.starts_with("==") ? 0 : 1;
+    return count;
+}
+
 TEST(veridial_host, mistakes_are_one_line_and_a_code)
 {
     const temp_folder folder;
@@ -88,7 +98,7 @@ TEST(veridial_host, mistakes_are_one_line_and_a_code)
         const run_result result = run(host + ' ' + line);
         EXPECT_EQ(result.code, row.code);
         EXPECT_NE(result.text.find(row.said), std::string::npos) << result.text;
-        EXPECT_EQ(std::ranges::count(result.text, '\n'), 1) << result.text;
+        EXPECT_EQ(count_own_lines(result.text), 1) << result.text;
         EXPECT_FALSE(std::filesystem::exists(out));
     }
 }
