@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <sstream>
+#include <string>
 #include <sys/wait.h>
 #include <vector>
 
