@@ -1,6 +1,7 @@
 // The program as a user runs it, in a folder of its own.
 #pragma once
 
+#include "support/sanitizer_lines.h"
 #include "support/temp_folder.h"
 
 #include <algorithm>
@@ -43,8 +44,10 @@ protected:
                                   "; { " +
                                   line + "; } >stdout.txt 2>stderr.txt";
         const int status = std::system(whole.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_text("stdout.txt"),
-                read_text("stderr.txt")};
+        outcome o{WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_text("stdout.txt"),
+                  read_text("stderr.txt")};
+        drop_sanitizer_lines(o.err);
+        return o;
     }
 
     /// A binary PPM of three channels that differ, which the program reads.

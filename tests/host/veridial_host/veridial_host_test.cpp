@@ -1,5 +1,6 @@
 // The programs of the bridge as a user calls them.
 #include "media/still_reader.h"
+#include "support/sanitizer_lines.h"
 #include "support/temp_folder.h"
 
 #include <algorithm>
@@ -20,16 +21,6 @@ struct run_result
     int code;
     std::string text; ///< of both streams
 };
-
-/// Where no symbolizer is installed a sanitizer says so as each program ends: "==123==WARNING: ...".
-void drop_sanitizer_lines(std::string& text)
-{
-    for (std::size_t at; (at = text.find("==WARNING: ")) != std::string::npos;)
-    {
-        const std::size_t begin = text.rfind("==", at - 1), end = text.find('\n', at);
-        text.erase(begin, end == std::string::npos ? end : end + 1 - begin);
-    }
-}
 
 run_result run(const std::string& command)
 {
