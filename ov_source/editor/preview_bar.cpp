@@ -125,26 +125,18 @@ void preview_bar::showColour(const std::optional<picked_colour>& colour)
 
 void preview_bar::offerFrames(int count, std::function<void(int frame)> chosen)
 {
-    if (count <= 1 || frames)
+    if (count <= 1 || frame_label)
         return;
     frame_count = count;
     frame_chosen = std::move(chosen);
     frame_label = add_label(frame_label_width, kRightText);
-    const auto handle = load_artwork("slider_handle.png");
-    const CRect place(0, 0, least_slider_width, getViewSize().getHeight());
-    auto* const slider = new CSimpleSlider(place, this, -1, 0, static_cast<std::int32_t>(least_slider_width), handle,
-                                           CPoint(0, 0), least_value_on_the_left);
-    slider->setMin(0);
-    slider->setMax(static_cast<float>(count - 1));
-    frames = slider;
-    addView(frames);
     frame_label->setText(fmt::format("1 / {}", count).c_str());
     lay_out_frames();
 }
 
 void preview_bar::lay_out_frames()
 {
-    if (!frames)
+    if (!frame_label)
         return;
     const CRect whole = getViewSize();
     const CCoord right = whole.getWidth() - margin;
@@ -157,8 +149,20 @@ void preview_bar::lay_out_frames()
     const bool is_wide = label.left - left > colour_width + 2 * least_slider_width;
     if (is_wide)
         place.left += colour_width;
-    frames->setViewSize(place, true);
-    frames->setMouseableArea(place);
+    // A slider's travel is fixed when it is made.
+    if (frames)
+        removeView(frames);
+    const auto handle = load_artwork("slider_handle.png");
+    // The handle stands at the slider's top, so the slider is as high as the handle.
+    place.inset(0, std::floor((place.getHeight() - handle->getHeight()) / 2));
+    auto* const slider = new CSimpleSlider(place, this, -1, static_cast<std::int32_t>(place.left),
+                                           static_cast<std::int32_t>(place.right - handle->getWidth()), handle,
+                                           CPoint(0, 0), least_value_on_the_left);
+    slider->setMin(0);
+    slider->setMax(static_cast<float>(frame_count - 1));
+    slider->setValue(static_cast<float>(shown_frame));
+    frames = slider;
+    addView(frames);
 }
 
 void preview_bar::valueChanged(CControl* control)
