@@ -84,12 +84,6 @@ std::vector<CFrame*>& open_frames()
     return frames;
 }
 
-language_id language_of(icomponent_v1* component)
-{
-    const auto host = component ? component->get_host() : nullptr;
-    return host ? host->get_language() : language_id{};
-}
-
 } // namespace
 
 veridial_ui::veridial_ui(std::weak_ptr<icomponent_v1> component)
@@ -98,6 +92,13 @@ veridial_ui::veridial_ui(std::weak_ptr<icomponent_v1> component)
 }
 
 veridial_ui::~veridial_ui() { close(); }
+
+language_id veridial_ui::language() const
+{
+    const auto component = get_component();
+    const auto host = component ? component->get_host() : nullptr;
+    return host ? host->get_language() : language_id{};
+}
 
 bool veridial_ui::query_interface(const std::string& name, iobject** out)
 {
@@ -128,10 +129,7 @@ void veridial_ui::init_view()
     const auto window = get_window();
     build_frame(size.width / scale, size.height / scale);
     if (!window || !toolkit_scope::open_frame(*frame, window->get_native_handle()))
-    {
-        std::exchange(frame, nullptr)->close();
-        return;
-    }
+        return drop_frame();
     open_frames().push_back(frame);
     frame->setZoom(scale);
     window->set_resize_listener([this](int width, int height) { resize(width, height); });
@@ -151,7 +149,7 @@ void veridial_ui::build_frame(double width, double height)
     add_scopes(height);
     add_toolbar(width);
     add_column(width, height);
-    browser = std::make_unique<preset_browser>(*frame, *preview, *toolbar, language_of(get_component().get()));
+    browser = std::make_unique<preset_browser>(*frame, *preview, *toolbar, language());
     toolbar->setPresetChooser([this] { browser->toggle(column->getViewSize()); });
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
     lay_out(width, height);
@@ -175,19 +173,18 @@ void veridial_ui::add_preview(double width, double height)
 
     CRect strip = place;
     strip.top = strip.bottom - preview_bar_height;
-    bar = new preview_bar(strip, *preview, *preview_scroller, language_of(get_component().get()));
+    bar = new preview_bar(strip, *preview, *preview_scroller, language());
     frame->addView(bar);
 }
 
 void veridial_ui::add_scopes(double height)
 {
-    const language_id language = language_of(get_component().get());
-    scopes = new scopes_panel(CRect(0, 0, scopes_width, height), language);
+    scopes = new scopes_panel(CRect(0, 0, scopes_width, height), language());
     scopes->setChoice(scope_choice_from_text(memory.scopes));
     scopes->setVisible(memory.shows_scopes);
     scopes->setFrameListener([this] { ask_for_render(); });
     bar->offerScopes(
-        memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language);
+        memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
     frame->addView(scopes);
 }
 
@@ -230,7 +227,7 @@ void veridial_ui::add_column(double width, double height)
 
     auto* const container = new CViewContainer(CRect(0, 0, panel_width, panel_height));
     container->setBackground(render_panel(frame));
-    controls = add_panel_controls(*container, *this, language_of(get_component().get()));
+    controls = add_panel_controls(*container, *this, language());
     column->addView(container);
     frame->addView(column);
     add_hand(*container);
@@ -238,7 +235,7 @@ void veridial_ui::add_column(double width, double height)
 
 void veridial_ui::add_hand(CViewContainer& panel)
 {
-    hand = std::make_unique<editor_hand>(*frame, *column, panel, controls, language_of(get_component().get()),
+    hand = std::make_unique<editor_hand>(*frame, *column, panel, controls, language(),
                                          hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
                                                     [this] { end_gesture(); }, [this](key_action a) { act(a); }});
 }
@@ -267,7 +264,7 @@ void veridial_ui::act(key_action action)
         end_gesture();
         return toolbar->labelStep(random_look_label);
     case key_action::help:
-        return show_help(*frame, language_of(get_component().get()));
+        return show_help(*frame, language());
     default: // the panel's own
         return;
     }
@@ -321,19 +318,26 @@ void veridial_ui::close()
             window->set_resize_listener({});
             remember();
         }
-        unregister_parameter_change_listener(toolbar);
-        browser.reset();
-        tooltips.reset();
-        hand.reset();
-        keys.reset();
-        controls = {};
-        preview = nullptr;
-        bar = nullptr;
-        scopes = nullptr;
-        std::erase(open_frames(), frame);
-        std::exchange(frame, nullptr)->close();
+        drop_frame();
     }
     cview_v1::close();
+}
+
+void veridial_ui::drop_frame()
+{
+    // First all that looks into the frame.
+    unregister_parameter_change_listener(toolbar);
+    browser.reset();
+    tooltips.reset();
+    hand.reset();
+    keys.reset();
+    controls = {};
+    preview = nullptr;
+    toolbar = nullptr;
+    bar = nullptr;
+    scopes = nullptr;
+    std::erase(open_frames(), frame);
+    std::exchange(frame, nullptr)->close();
 }
 
 void veridial_ui::discard_and_close()

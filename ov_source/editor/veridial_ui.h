@@ -74,6 +74,8 @@ public:
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
 private:
+    language_id language() const;
+    void drop_frame();
     void add_preview(double width, double height);
     void add_toolbar(double width);
     void add_hand(VSTGUI::CViewContainer& panel);

@@ -33,12 +33,7 @@ struct toolkit_scope::parts
     desktop_services make_services();
 };
 
-namespace
-{
-
-poll_run_loop* running_loop = nullptr;
-
-} // namespace
+toolkit_scope::parts* toolkit_scope::running = nullptr;
 
 x11_desktop* toolkit_scope::parts::connect()
 {
@@ -85,8 +80,8 @@ desktop_services toolkit_scope::parts::make_services()
 toolkit_scope::toolkit_scope()
     : held(std::make_unique<parts>())
 {
-    assert(!running_loop);
-    running_loop = held->loop;
+    assert(!running);
+    running = held.get();
     VSTGUI::init(nullptr);
     const auto* factory = VSTGUI::getPlatformFactory().asLinuxFactory();
     factory->setResourcePath(iutils::get_instance().get_resource_directory() + "/");
@@ -109,22 +104,23 @@ toolkit_scope::~toolkit_scope()
 #endif
     VSTGUI::exit();
     held->desktop.reset();
-    running_loop = nullptr;
+    running = nullptr;
 }
 
 void toolkit_scope::turn()
 {
     constexpr std::chrono::milliseconds longest_wait(25);
-    if (running_loop)
-        running_loop->turn(longest_wait);
+    if (running)
+        running->loop->turn(longest_wait);
 }
 
 bool toolkit_scope::open_frame(VSTGUI::CFrame& frame, void* native_handle)
 {
-    if (!running_loop || !native_handle)
+    // The toolkit does not survive opening a frame without its connection.
+    if (!running || !running->has_toolkit_connection || !native_handle)
         return false;
     VSTGUI::X11::FrameConfig config;
-    config.runLoop = running_loop;
+    config.runLoop = running->loop;
     return frame.open(native_handle, VSTGUI::PlatformType::kX11EmbedWindowID, &config);
 }
 

@@ -32,6 +32,7 @@ public:
 
 private:
     struct parts;
+    static parts* running; ///< those of the scope that there is
     const std::unique_ptr<parts> held;
 };
 

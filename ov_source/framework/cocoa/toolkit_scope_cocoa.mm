@@ -14,6 +14,8 @@ struct toolkit_scope::parts
 {
 };
 
+toolkit_scope::parts* toolkit_scope::running = nullptr; // nothing to look up: the system keeps it all
+
 toolkit_scope::toolkit_scope()
     : held(std::make_unique<parts>())
 {

@@ -278,5 +278,19 @@ TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
         EXPECT_TRUE(english[place] == in_english && german[place] == in_german) << english[place] << german[place];
 }
 
+TEST(veridial_ui, a_frame_that_cannot_be_opened_leaves_nothing_to_be_told)
+{
+    const toolkit_scope toolkit; // without a desktop's window no frame opens
+    const auto effect = create_ccomponent();
+    effect->initialize(std::make_shared<chost_v1>(effect));
+    const auto ui = std::make_shared<veridial_ui>(effect);
+    ASSERT_TRUE(ui->open(std::make_shared<fake_window>()));
+    EXPECT_EQ(ui->getFrame(), nullptr);
+    ui->update_controls(true); // reaches every listener that is left
+    EXPECT_TRUE(ui->idle());
+    ui->close();
+    effect->terminate();
+}
+
 } // namespace
 } // namespace ov1
