@@ -21,9 +21,6 @@ struct preset_thumbnail
     std::shared_ptr<const row_renderer> renderer; ///< the preset's grade; null where it cannot be read
 };
 
-/// The picture through a grade, on all cores.
-display_picture grade_picture(const display_picture& picture, const row_renderer& renderer);
-
 /// Works on a thread of its own with a component of its own; the user's grade is not touched. Destroying it stops the
 /// work. The rest belongs to the editor's thread.
 class preset_thumbnails

@@ -1,6 +1,6 @@
 #include "editor/preview_view.h"
 
-#include "editor/preset_thumbnails.h"
+#include "editor/display_grade.h"
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
@@ -75,7 +75,7 @@ void preview_view::idle()
 
 void preview_view::showTrial(std::shared_ptr<const row_renderer> renderer)
 {
-    trial.picture = renderer ? grade_picture(before.picture, *renderer) : display_picture{};
+    trial.picture = renderer ? grade_display(before.picture, *renderer) : display_picture{};
     trial.drawn_zoom = 0;
     invalid();
 }
