@@ -1,10 +1,13 @@
 #include "media/frame_grader.h"
 
+#include "media/component_access.h"
 #include "media/sample_kernel.h"
+#include "media/ycbcr_kernel.h"
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <span>
 #include <vector>
@@ -19,21 +22,6 @@ constexpr std::size_t strip_rows = 32;    ///< a multiple of the pixels that sha
 constexpr std::size_t block_pixels = 512; ///< of a row, which the first cache holds as floats; a multiple of 4
 constexpr std::size_t kept_rows = 8;      ///< of chroma, until a row of samples can be made of them
 using sample_kernel::margin;
-
-/// A frame, or one of its fields.
-struct picture_view
-{
-    std::array<std::uint8_t*, 4> data;
-    std::array<std::ptrdiff_t, 4> stride;
-    std::size_t width;
-    std::size_t height;
-    std::size_t chroma_height;
-
-    std::uint8_t* row(int plane, std::size_t y) const
-    {
-        return data[plane] + static_cast<std::ptrdiff_t>(y) * stride[plane];
-    }
-};
 
 picture_view view_of(const AVFrame& frame, const frame_form& form)
 {
@@ -62,28 +50,27 @@ picture_view field_of(picture_view view, std::size_t parity)
     return view;
 }
 
-/// A row of floats between two margins.
+/// A row of floats between two margins. The row itself is not set.
 class float_row
 {
 public:
     explicit float_row(std::size_t count)
-        : values(count + 2 * margin)
+        : values(std::make_unique_for_overwrite<float[]>(count + 2 * margin))
     {
+        std::fill_n(get() + count, margin, 0.0f); // whole vectors are read
     }
 
-    float* get() { return values.data() + margin; }
+    float* get() { return values.get() + margin; }
 
     /// The outermost samples go on in the margins, as far as any loop reads them.
     void extend(std::size_t count)
     {
-        constexpr std::size_t reach = 3;
-        float* const row = get();
-        std::fill(row - reach, row, row[0]);
-        std::fill(row + count, row + count + reach, row[count - 1]);
+        get()[-1] = get()[0];
+        get()[count] = get()[count - 1];
     }
 
 private:
-    std::vector<float> values;
+    std::unique_ptr<float[]> values;
 };
 
 struct chroma_rows
@@ -98,127 +85,47 @@ struct chroma_rows
     float_row cr;
 };
 
-/// Codes between memory and floats; those that do not lie one behind the other go by way of a row of their own.
-class component_access
+/// Red, green and blue of a row, or Cr, Y and Cb.
+struct colour_rows
 {
-public:
-    explicit component_access(std::size_t width)
-        : codes(width)
+    explicit colour_rows(std::size_t count)
+        : red(count)
+        , green(count)
+        , blue(count)
     {
     }
 
-    /// Count samples from x on, a row's own or out of it.
-    void read(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
-              float* out)
-    {
-        const std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.layout.is_float)
-            return each_code(form.layout, row, count,
-                             [=](std::size_t i, std::uint32_t code) { out[i] = std::bit_cast<float>(code); });
-        if (form.is_plain() && form.layout.bytes == 1)
-            return sample_kernel::widen(row, count, form.range, out);
-        sample_kernel::widen(wide_codes(view, form, x, y, count), count, form.range, out);
-    }
+    rgb_planes<float> from(std::size_t x) { return {red.get() + x, green.get() + x, blue.get() + x}; }
 
-    /// Codes of two bytes one behind the other.
-    const std::uint16_t* wide_codes(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
-                                    std::size_t count)
-    {
-        const std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.is_plain() && form.layout.bytes == 2)
-            return reinterpret_cast<const std::uint16_t*>(row);
-        each_code(form.layout, row, count,
-                  [this](std::size_t i, std::uint32_t code) { codes[i] = static_cast<std::uint16_t>(code); });
-        return codes.data();
-    }
-
-    void write(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
-               const float* in)
-    {
-        std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.layout.is_float)
-            return each_place(form.layout, row, count,
-                              [&](std::size_t i, std::uint8_t* to)
-                              {
-                                  const auto bits = std::bit_cast<std::uint32_t>(in[i]);
-                                  store(to, form.layout.swap ? swapped(bits) : bits);
-                              });
-        if (form.is_plain() && form.layout.bytes == 1)
-            return sample_kernel::narrow(in, count, form.range, row);
-        write_wide(view, form, x, y, count,
-                   [&](std::uint16_t* to) { sample_kernel::narrow(in, count, form.range, to); });
-    }
-
-    /// Has codes of two bytes made one behind the other, and puts them where they belong.
-    template <typename function>
-    void write_wide(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
-                    std::size_t count, const function& make)
-    {
-        std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.is_plain() && form.layout.bytes == 2)
-            return make(reinterpret_cast<std::uint16_t*>(row));
-        make(codes.data());
-        each_place(form.layout, row, count,
-                   [&](std::size_t i, std::uint8_t* to)
-                   {
-                       const auto code = static_cast<std::uint16_t>(codes[i] << form.layout.shift);
-                       if (form.layout.bytes == 1)
-                           *to = static_cast<std::uint8_t>(code);
-                       else
-                           store(to, form.layout.swap ? swapped(code) : code);
-                   });
-    }
-
-    /// A row to write codes to that are not wanted.
-    std::uint16_t* spare() { return codes.data(); }
-
-    static std::uint8_t* place_of(const picture_view& view, const sample_layout& layout, std::size_t x, std::size_t y)
-    {
-        return view.row(layout.plane, y) + x * static_cast<std::size_t>(layout.step) + layout.offset;
-    }
-
-private:
-    template <typename T>
-    static void store(std::uint8_t* to, T value)
-    {
-        std::memcpy(to, &value, sizeof value);
-    }
-
-    template <typename function>
-    static void each_place(const sample_layout& layout, std::uint8_t* row, std::size_t count, const function& place)
-    {
-        for (std::size_t i = 0; i < count; ++i)
-            place(i, row + i * static_cast<std::size_t>(layout.step));
-    }
-
-    std::vector<std::uint16_t> codes;
+    float_row red, green, blue;
 };
 
-/// The rows of a strip on their way, one after the other; chroma is kept as long as rows of samples need it.
-class strip
+/// The rows of a strip on their way, one after the other; chroma is kept as long as rows of samples need it. Takes one
+/// strip after the other, whose rows have this width.
+class strip_grader
 {
 public:
-    strip(const frame_form& from, const frame_form& to, const picture_view& in, const picture_view& out,
-          const plane_grade& how)
+    strip_grader(const frame_form& from, const frame_form& to, const plane_grade& how, std::size_t width)
         : from(from)
         , to(to)
-        , in(in)
-        , out(out)
         , how(how)
-        , access(in.width)
-        , red(in.width)
-        , green(in.width)
-        , blue(in.width)
-        , sampled(in.width)
-        , next(in.width)
+        , access(width)
+        , row(width)
+        , even((width + 1) / 2)
+        , odd((width + 1) / 2)
+        , sampled(width)
+        , next(width)
     {
         if (to.family == colour_family::ycbcr && shares_chroma(to))
             for (std::size_t i = 0; i < (to.down.log2 == 0 ? 1 : kept_rows); ++i)
-                kept.emplace_back(in.width);
+                kept.emplace_back(to.across.samples(width));
     }
 
-    void carry(std::size_t first, std::size_t end)
+    void carry(const picture_view& source, const picture_view& target, std::size_t first, std::size_t end)
     {
+        in = source;
+        out = target;
+        loaded.reset();
         const bool is_sited = to.down.site.has_value();
         const std::size_t begin = is_sited ? std::max<std::size_t>(first, 2) - 2 : first;
         const std::size_t until = is_sited ? std::min(in.height, end + *to.down.site + 1) : end;
@@ -235,9 +142,9 @@ public:
                 carry_alpha(y);
             if (to.family != colour_family::ycbcr || !shares_chroma(to))
                 continue;
-            chroma_rows& row = kept[y % kept.size()];
-            gather(blue, row.cb);
-            gather(red, row.cr);
+            chroma_rows& samples = kept[y % kept.size()];
+            gather(&colour_rows::blue, samples.cb);
+            gather(&colour_rows::red, samples.cr);
             for (; sample < samples_end && last_row_of(sample) <= y; ++sample)
                 store_chroma(sample);
         }
@@ -246,18 +153,43 @@ public:
 private:
     static bool shares_chroma(const frame_form& form) { return form.across.log2 != 0 || form.down.log2 != 0; }
 
-    rgb_planes<float> planes(std::size_t x) { return {red.get() + x, green.get() + x, blue.get() + x}; }
+    /// Such rows are taken as pairs of pixels.
+    static bool shares_across(const frame_form& form)
+    {
+        return form.family == colour_family::ycbcr && form.across.log2 == 1;
+    }
+
+    ycbcr_kernel::pixel_pairs pairs(std::size_t x) { return {even.from(x / 2), odd.from(x / 2)}; }
 
     void carry_block(std::size_t x, std::size_t y, std::size_t count, bool is_own)
     {
-        const rgb_planes<float> block = planes(x);
-        load(x, y, count, block);
-        if (how)
-            how(y, block, count);
-        if (to.family == colour_family::ycbcr)
-            store_ycbcr(x, y, count, block, is_own);
-        else if (is_own)
-            store_colours(x, y, count, block);
+        if (shares_across(from))
+            load_pairs(x, y, count);
+        else
+            load(x, y, count, row.from(x));
+        if (how && shares_across(from))
+        {
+            how(y, even.from(x / 2), (count + 1) / 2);
+            how(y, odd.from(x / 2), count / 2);
+        }
+        else if (how)
+            how(y, row.from(x), count);
+        if (shares_across(from) != shares_across(to))
+            rearrange(x, (count + 1) / 2);
+        store(x, y, count, is_own);
+    }
+
+    void rearrange(std::size_t x, std::size_t pair_count)
+    {
+        for (const auto plane : {&colour_rows::red, &colour_rows::green, &colour_rows::blue})
+        {
+            float *const all = (row.*plane).get() + x, *const first = (even.*plane).get() + x / 2,
+                         *const second = (odd.*plane).get() + x / 2;
+            if (shares_across(from))
+                sample_kernel::join(first, second, pair_count, all);
+            else
+                sample_kernel::split(all, pair_count, first, second);
+        }
     }
 
     void load(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
@@ -276,21 +208,21 @@ private:
         access.read(in, from.components[2], x, y, count, block.b);
     }
 
-    void load_ycbcr(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
+    void load_pairs(std::size_t x, std::size_t y, std::size_t count)
     {
         const component_form& luma = from.components[0];
-        if (from.across.log2 == 1)
-        {
-            const float *cb = sampled.cb.get() + x / 2, *cr = sampled.cr.get() + x / 2;
-            if (luma.is_plain() && luma.layout.bytes == 1)
-                sample_kernel::shared_to_rgb({component_access::place_of(in, luma.layout, x, y), cb, cr}, count,
-                                             luma.range, from.across, from.weights, block);
-            else
-                sample_kernel::shared_to_rgb({access.wide_codes(in, luma, x, y, count), cb, cr}, count, luma.range,
-                                             from.across, from.weights, block);
-            return;
-        }
-        access.read(in, luma, x, y, count, block.g);
+        const float *cb = sampled.cb.get() + x / 2, *cr = sampled.cr.get() + x / 2;
+        if (luma.is_plain() && luma.layout.bytes == 1)
+            ycbcr_kernel::shared_to_rgb({component_access::place_of(in, luma.layout, x, y), cb, cr}, count, luma.range,
+                                        from.across, from.weights, pairs(x));
+        else
+            ycbcr_kernel::shared_to_rgb({access.wide_codes(in, luma, x, y, count), cb, cr}, count, luma.range,
+                                        from.across, from.weights, pairs(x));
+    }
+
+    void load_ycbcr(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
+    {
+        access.read(in, from.components[0], x, y, count, block.g);
         if (!shares_chroma(from))
         {
             access.read(in, from.components[1], x, y, count, block.b);
@@ -302,7 +234,7 @@ private:
                 block.b[i] = sampled.cb.get()[(x + i) >> from.across.log2];
                 block.r[i] = sampled.cr.get()[(x + i) >> from.across.log2];
             }
-        sample_kernel::to_rgb(block, count, from.weights);
+        ycbcr_kernel::to_rgb(block, count, from.weights);
     }
 
     /// The chroma samples of a row of pixels.
@@ -328,58 +260,63 @@ private:
         row.extend(count);
     }
 
-    void store_colours(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block)
+    void store(std::size_t x, std::size_t y, std::size_t count, bool is_own)
     {
-        if (to.family == colour_family::rgb)
-        {
+        const rgb_planes<float> block = row.from(x);
+        if (shares_across(to))
+            return store_luma(x, y, count, pairs(x), to.weights, is_own);
+        if (to.family == colour_family::gray)
+            return store_luma(x, y, count, block, weights_of(ycbcr_matrix::bt709), is_own);
+        if (to.family == colour_family::ycbcr)
+            store_luma(x, y, count, block, to.weights, is_own);
+        if (!is_own || shares_chroma(to))
+            return;
+        const bool is_rgb = to.family == colour_family::rgb;
+        if (is_rgb)
             access.write(out, to.components[0], x, y, count, block.r);
-            access.write(out, to.components[1], x, y, count, block.g);
-            access.write(out, to.components[2], x, y, count, block.b);
-            return;
-        }
-        store_luma(x, y, count, block, weights_of(ycbcr_matrix::bt709));
+        access.write(out, to.components[1], x, y, count, is_rgb ? block.g : block.b);
+        access.write(out, to.components[2], x, y, count, is_rgb ? block.b : block.r);
     }
 
-    void store_ycbcr(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block, bool is_own)
-    {
-        // Rows of other strips are needed for their chroma alone: their luma goes where nobody reads it.
-        if (is_own)
-            store_luma(x, y, count, block, to.weights);
-        else
-            sample_kernel::to_ycbcr(block, count, to.weights, to.components[0].range, access.spare());
-        if (shares_chroma(to))
-            return;
-        access.write(out, to.components[1], x, y, count, block.b);
-        access.write(out, to.components[2], x, y, count, block.r);
-    }
-
-    /// Leaves Cb in b and Cr in r.
-    void store_luma(std::size_t x, std::size_t y, std::size_t count, const rgb_planes<float>& block,
-                    const ycbcr_weights& weights)
+    /// Leaves Cb in b and Cr in r. Rows of other strips are needed for their chroma alone: their luma goes where nobody
+    /// reads it.
+    template <class pixels>
+    void store_luma(std::size_t x, std::size_t y, std::size_t count, const pixels& block, const ycbcr_weights& weights,
+                    bool is_own)
     {
         const component_form& luma = to.components[0];
-        if (luma.is_plain() && luma.layout.bytes == 1)
-            sample_kernel::to_ycbcr(block, count, weights, luma.range,
-                                    component_access::place_of(out, luma.layout, x, y));
+        if (!is_own)
+            ycbcr_kernel::to_ycbcr(block, count, weights, luma.range, access.spare());
+        else if (luma.is_plain() && luma.layout.bytes == 1)
+            ycbcr_kernel::to_ycbcr(block, count, weights, luma.range,
+                                   component_access::place_of(out, luma.layout, x, y));
         else
             access.write_wide(out, luma, x, y, count,
                               [&](std::uint16_t* codes)
-                              { sample_kernel::to_ycbcr(block, count, weights, luma.range, codes); });
+                              { ycbcr_kernel::to_ycbcr(block, count, weights, luma.range, codes); });
     }
 
-    void gather(float_row& pixels, float_row& samples)
+    void gather(float_row colour_rows::*plane, float_row& samples)
     {
         const std::size_t count = to.across.samples(in.width);
-        pixels.extend(in.width);
-        if (to.across.log2 == 1)
-            return sample_kernel::gather(pixels.get(), count, to.across, samples.get());
+        if (shares_across(to))
+        {
+            float_row &first = even.*plane, &second = odd.*plane;
+            if (in.width % 2 != 0)
+                second.get()[count - 1] = first.get()[count - 1];
+            const float outermost = first.get()[0], last = second.get()[count - 1];
+            first.get()[-1] = second.get()[-1] = outermost;
+            first.get()[count] = second.get()[count] = last;
+            return ycbcr_kernel::gather(first.get(), second.get(), count, to.across, samples.get());
+        }
+        const float* const pixels = (row.*plane).get();
         const std::size_t width = std::size_t{1} << to.across.log2;
         for (std::size_t i = 0; i < count; ++i)
         {
             const std::size_t end = std::min((i + 1) * width, in.width);
             float sum = 0;
             for (std::size_t x = i * width; x < end; ++x)
-                sum += pixels.get()[x];
+                sum += pixels[x];
             samples.get()[i] = sum / static_cast<float>(end - i * width);
         }
     }
@@ -442,14 +379,50 @@ private:
 
     const frame_form& from;
     const frame_form& to;
-    const picture_view& in;
-    const picture_view& out;
     const plane_grade& how;
+    picture_view in{};
+    picture_view out{};
     component_access access;
-    float_row red, green, blue; ///< or Cr, Y and Cb
+    colour_rows row;
+    colour_rows even, odd; ///< in place of it where two pixels share a chroma sample
     chroma_rows sampled, next;
     std::optional<chroma_source> loaded; ///< which samples are in `sampled`
     std::vector<chroma_rows> kept;       ///< row y at y modulo their number
+};
+
+/// As many as threads ask for at a time: their rows are made once a frame.
+class strip_graders
+{
+public:
+    explicit strip_graders(std::function<std::unique_ptr<strip_grader>()> make)
+        : make(std::move(make))
+    {
+    }
+
+    std::unique_ptr<strip_grader> take()
+    {
+        {
+            const std::scoped_lock guard(idle_mutex);
+            if (!idle.empty())
+            {
+                auto taken = std::move(idle.back());
+                idle.pop_back();
+                return taken;
+            }
+        }
+        return make();
+    }
+
+    void give_back(std::unique_ptr<strip_grader> grader)
+    {
+        const std::scoped_lock guard(idle_mutex);
+        idle.push_back(std::move(grader));
+    }
+
+private:
+    std::function<std::unique_ptr<strip_grader>()> make;
+    std::mutex idle_mutex;
+    std::vector<std::unique_ptr<strip_grader>> idle;
 };
 
 } // namespace
@@ -463,6 +436,7 @@ void frame_grader::grade(const AVFrame& in, AVFrame& out, const plane_grade& how
             pictures.emplace_back(field_of(view_of(in, from), parity), field_of(view_of(out, to), parity));
     else
         pictures.emplace_back(view_of(in, from), view_of(out, to));
+    strip_graders idle([&] { return std::make_unique<strip_grader>(from, to, how, pictures[0].first.width); });
     const std::size_t strips = (pictures[0].first.height + strip_rows - 1) / strip_rows;
     run(strips * pictures.size(),
         [&](std::size_t piece)
@@ -470,8 +444,11 @@ void frame_grader::grade(const AVFrame& in, AVFrame& out, const plane_grade& how
             const auto& [source, target] = pictures[piece / strips];
             const std::size_t first = piece % strips * strip_rows;
             const std::size_t end = std::min(first + strip_rows, source.height);
-            if (first < end)
-                strip(from, to, source, target, how).carry(first, end);
+            if (first >= end)
+                return;
+            auto grader = idle.take();
+            grader->carry(source, target, first, end);
+            idle.give_back(std::move(grader));
         });
 }
 

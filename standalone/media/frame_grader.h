@@ -10,7 +10,8 @@
 namespace ov1::media
 {
 
-/// Grades one row in place: display-referred code values, nominally 0..1 and not limited; neither need the results be.
+/// Grades some pixels of a row in place, in any order: display-referred code values, nominally 0..1 and not limited;
+/// neither need the results be.
 using plane_grade = std::function<void(std::size_t y, const rgb_planes<float>& row, std::size_t count)>;
 
 /// Decodes to red, green and blue, grades, encodes and rounds. Colour that is not graded returns as it was: exactly

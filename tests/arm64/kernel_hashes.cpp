@@ -3,6 +3,8 @@
 #include "effect/build_kernel.h"
 #include "effect/instruction_sets.h"
 #include "effect/render_table.h"
+#include "media/sample_kernel.h"
+#include "media/ycbcr_kernel.h"
 
 #include <array>
 #include <bit>
@@ -78,6 +80,35 @@ std::vector<argb_float> built(std::mt19937& engine, const lut_argb<lut_edge>& ta
     return entries;
 }
 
+/// Rows of video from codes to colours and back, in pairs of pixels.
+std::vector<std::uint16_t> carried(std::mt19937& engine)
+{
+    using media::ycbcr_kernel::pixel_pairs;
+    constexpr std::size_t pairs = 1003, margin = media::sample_kernel::margin;
+    std::vector<std::uint16_t> codes(2 * pairs);
+    for (auto& code : codes)
+        code = static_cast<std::uint16_t>(engine() % 1024);
+    std::vector<float> rows[8];
+    for (auto& row : rows)
+        row.resize(pairs + 2 * margin);
+    const auto at = [&](std::size_t i) { return rows[i].data() + margin; };
+    const auto luma = media::luma_range(10, false), chroma = media::chroma_range(10, false);
+    const auto weights = media::weights_of(media::ycbcr_matrix::bt709);
+    const media::chroma_axis axis{1, 0};
+    media::sample_kernel::widen(codes.data(), pairs, chroma, at(6));
+    media::sample_kernel::widen(codes.data() + pairs, pairs, chroma, at(7));
+    for (const std::size_t row : {6, 7})
+        at(row)[pairs] = at(row)[pairs - 1];
+    const pixel_pairs pixels{{at(0), at(1), at(2)}, {at(3), at(4), at(5)}};
+    const media::ycbcr_kernel::shared_source<std::uint16_t> source{codes.data(), at(6), at(7)};
+    media::ycbcr_kernel::shared_to_rgb(source, 2 * pairs, luma, axis, weights, pixels);
+    media::ycbcr_kernel::to_ycbcr(pixels, 2 * pairs, weights, luma, codes.data());
+    media::ycbcr_kernel::gather(at(2), at(5), pairs - 1, axis, at(6));
+    codes.resize(3 * pairs);
+    media::sample_kernel::narrow(at(6), pairs - 1, chroma, codes.data() + 2 * pairs);
+    return codes;
+}
+
 int run()
 {
     std::mt19937 engine(64);
@@ -100,6 +131,7 @@ int run()
     }
     print("floats", hash(looked_up));
     print("halfs", hash(looked_up_half));
+    print("video", hash(carried(engine)));
 
     int differing = 0;
     for (const auto form : {render_table::layout::with_deltas, render_table::layout::lines_only})
@@ -111,8 +143,19 @@ int run()
         std::vector<half_bits> out_half(in_half.size());
         rendered.render_row_half(in_half.data(), out_half.data(), in.size());
         differing += hash(out_half) != hash(looked_up_half);
+        std::vector<float> r, g, b;
+        for (const argb_float& p : in)
+        {
+            r.push_back(p.r);
+            g.push_back(p.g);
+            b.push_back(p.b);
+        }
+        rendered.render_row_planes({r.data(), g.data(), b.data()}, {r.data(), g.data(), b.data()}, in.size());
+        for (std::size_t i = 0; i < out.size(); ++i)
+            out[i] = {looked_up[i].a, r[i], g[i], b[i]};
+        differing += hash(out) != hash(looked_up);
     }
-    std::fprintf(stderr, "%s: %d of 4 rows differ from the lookup\n", present_instruction_sets().front().name.c_str(),
+    std::fprintf(stderr, "%s: %d of 6 rows differ from the lookup\n", present_instruction_sets().front().name.c_str(),
                  differing);
     return differing == 0 ? 0 : 1;
 }
