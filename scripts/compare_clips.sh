@@ -20,12 +20,12 @@ make_clips() {
   local from="ffmpeg -nostdin -v error -y -loop 1 -i $picture"
   [ -f "$work/hd_h264.mp4" ] ||
     $from -vf "scale=2400:-2,$moving:s=1920x1080,noise=alls=5:allf=t,format=yuv420p" -frames:v 150 \
-      -c:v libx264 -preset veryfast -b:v 20M $tags "$work/hd_h264.mp4"
+      -c:v libx264 -preset veryfast -b:v 20M -maxrate 24M -bufsize 8M $tags "$work/hd_h264.mp4"
   [ -f "$work/uhd_h264.mp4" ] ||
-    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=5:allf=t,format=yuv420p" -frames:v 40 \
-      -c:v libx264 -preset veryfast -b:v 80M $tags "$work/uhd_h264.mp4"
+    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=5:allf=t,format=yuv420p" -frames:v 75 \
+      -c:v libx264 -preset veryfast -b:v 80M -maxrate 96M -bufsize 32M $tags "$work/uhd_h264.mp4"
   [ -f "$work/uhd_prores.mov" ] ||
-    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=2:allf=t,format=yuv422p10le" -frames:v 40 \
+    $from -vf "scale=4400:-2,$moving:s=3840x2160,noise=alls=2:allf=t,format=yuv422p10le" -frames:v 75 \
       -c:v prores -profile:v 2 $tags "$work/uhd_prores.mov"
 }
 

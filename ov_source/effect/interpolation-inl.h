@@ -129,14 +129,6 @@ HWY_INLINE hn::Vec<D> along_red(D d, const float* line, hn::Vec<D> way)
 
 #if HWY_MAX_BYTES >= 32
 
-/// The upper halves of both.
-HWY_INLINE wide_vector upper_halves(wide_vector first, wide_vector second)
-{
-    // Not ConcatUpperUpper: moving halves across both vectors at once takes eight steps on some processors.
-    const wide d;
-    return hn::ConcatUpperLower(d, second, hn::ZeroExtendVector(d, hn::UpperHalf(hn::Half<wide>(), first)));
-}
-
 /// Interpolated along red and green: lower blue in the lower half, upper blue in the upper.
 template <bool with_deltas>
 HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_places& places, std::size_t i)
@@ -172,7 +164,7 @@ HWY_INLINE wide_vector end_pair(const pixel_pair& rows, wide_vector blue)
 {
     const wide d;
     const auto lower = hn::ConcatLowerLower(d, rows.second, rows.first);
-    const auto upper = upper_halves(rows.first, rows.second);
+    const auto upper = hn::ConcatUpperUpper(d, rows.second, rows.first);
     return between(lower, upper, hn::Broadcast<pair>(blue));
 }
 

@@ -18,7 +18,7 @@ namespace
 {
 
 constexpr std::size_t frame_weight = 64; ///< of packets of sound and the like
-constexpr std::size_t frames_ahead = 3;  ///< between two threads
+constexpr std::size_t frames_ahead = 2;  ///< between two threads
 
 using item_queue = bounded_queue<clip_item>;
 
@@ -33,7 +33,7 @@ public:
         , width(width)
         , height(height)
         , bytes(av_image_get_buffer_size(pixels, width, height, alignment))
-        , pool(bytes > 0 ? av_buffer_pool_init(static_cast<std::size_t>(bytes) + overhang, av_buffer_allocz) : nullptr)
+        , pool(bytes > 0 ? av_buffer_pool_init(static_cast<std::size_t>(bytes) + overhang, nullptr) : nullptr)
     {
     }
     ~frame_pool() { av_buffer_pool_uninit(&pool); }

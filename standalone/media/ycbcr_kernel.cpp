@@ -86,24 +86,23 @@ struct chroma_parts
     vector red, green, blue;
 };
 
-template <class code>
-void shared_to_rgb_here(shared_source<code> from, std::size_t pixels, const code_range& luma, const chroma_axis& axis,
-                        const ycbcr_weights& weights, pixel_pairs to)
+enum class chroma_place
+{
+    amid, ///< the two pixels
+    on_even,
+    on_odd,
+};
+
+template <chroma_place place, class code>
+void placed_to_rgb(shared_source<code> from, std::size_t pixels, const code_range& luma, const ycbcr_weights& weights,
+                   pixel_pairs to)
 {
     const floats d;
     const auto zero = hn::Set(d, luma.zero), step = hn::Set(d, 1.0f / luma.codes_per_unit);
     const auto red_cr = hn::Set(d, weights.red_cr), blue_cb = hn::Set(d, weights.blue_cb);
     const auto green_cb = hn::Set(d, -weights.green_cb), green_cr = hn::Set(d, -weights.green_cr);
-    const auto half = hn::Set(d, 0.5f);
-    const auto parts_at = [&](std::size_t i) HWY_ATTR -> chroma_parts
-    {
-        const auto cb = hn::LoadU(d, from.cb + i), cr = hn::LoadU(d, from.cr + i);
+    const auto parts_of = [&](vector cb, vector cr) HWY_ATTR -> chroma_parts {
         return {hn::Mul(red_cr, cr), hn::Add(hn::Mul(green_cb, cb), hn::Mul(green_cr, cr)), hn::Mul(blue_cb, cb)};
-    };
-    const auto mean = [&](const chroma_parts& a, const chroma_parts& b) HWY_ATTR -> chroma_parts
-    {
-        return {hn::Mul(hn::Add(a.red, b.red), half), hn::Mul(hn::Add(a.green, b.green), half),
-                hn::Mul(hn::Add(a.blue, b.blue), half)};
     };
     const auto add =
         [&](hn::Vec<whole_tag> codes, const chroma_parts& parts, const rgb_planes<float>& out, std::size_t i) HWY_ATTR
@@ -113,14 +112,18 @@ void shared_to_rgb_here(shared_source<code> from, std::size_t pixels, const code
         hn::StoreU(hn::Add(y, parts.green), d, out.g + i);
         hn::StoreU(hn::Add(y, parts.blue), d, out.b + i);
     };
+    const auto mean = [&](vector a, vector b) HWY_ATTR { return hn::Mul(hn::Add(a, b), hn::Set(d, 0.5f)); };
     const auto write = [&](const code* codes, std::size_t i) HWY_ATTR
     {
         const code_pairs pairs = load_pairs(codes);
-        chroma_parts even = parts_at(i), odd = even;
-        if (axis.site && *axis.site == 0)
-            odd = mean(even, parts_at(i + 1));
-        else if (axis.site)
-            even = mean(parts_at(i - 1), odd);
+        const auto cb = hn::LoadU(d, from.cb + i), cr = hn::LoadU(d, from.cr + i);
+        const chroma_parts on = parts_of(cb, cr);
+        chroma_parts even = on, odd = on;
+        // Pixels between two samples take the mean of both.
+        if constexpr (place == chroma_place::on_even)
+            odd = parts_of(mean(cb, hn::LoadU(d, from.cb + i + 1)), mean(cr, hn::LoadU(d, from.cr + i + 1)));
+        if constexpr (place == chroma_place::on_odd)
+            even = parts_of(mean(cb, hn::LoadU(d, from.cb + i - 1)), mean(cr, hn::LoadU(d, from.cr + i - 1)));
         add(pairs.even, even, to.even, i);
         add(pairs.odd, odd, to.odd, i);
     };
@@ -133,6 +136,18 @@ void shared_to_rgb_here(shared_source<code> from, std::size_t pixels, const code
         std::copy(from.luma + x, from.luma + pixels, rest);
         write(rest, x / 2);
     }
+}
+
+template <class code>
+void shared_to_rgb_here(const shared_source<code>& from, std::size_t pixels, const code_range& luma,
+                        const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to)
+{
+    if (!axis.site)
+        placed_to_rgb<chroma_place::amid>(from, pixels, luma, weights, to);
+    else if (*axis.site == 0)
+        placed_to_rgb<chroma_place::on_even>(from, pixels, luma, weights, to);
+    else
+        placed_to_rgb<chroma_place::on_odd>(from, pixels, luma, weights, to);
 }
 
 void shared_to_rgb_8(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
