@@ -4,8 +4,9 @@
 # veridial_room(NAME LEVEL n FOLDER prefix HEADERS ... SOURCES ... LINKS rooms... SYSTEM libraries...)
 #   FOLDER   what stands before the slash in #include "prefix/header.h"
 #   LINKS    rooms of a lower level; SYSTEM libraries from outside
+#   PRECOMPILE   headers of others beside the standard library's that most of its sources include
 function(veridial_room name)
-  cmake_parse_arguments(room "" "LEVEL;FOLDER" "HEADERS;SOURCES;LINKS;SYSTEM" ${ARGN})
+  cmake_parse_arguments(room "" "LEVEL;FOLDER" "HEADERS;SOURCES;LINKS;SYSTEM;PRECOMPILE" ${ARGN})
   if(room_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "room ${name}: what is ${room_UNPARSED_ARGUMENTS}?")
   endif()
@@ -22,10 +23,9 @@ function(veridial_room name)
     add_library(${name} STATIC ${room_SOURCES} ${room_HEADERS})
     set(scope PUBLIC)
     target_link_libraries(${name} PRIVATE veridial_settings)
-    list(LENGTH room_SOURCES count)
-    if(VERIDIAL_PRECOMPILE AND count GREATER 7 AND NOT "${room_SOURCES}" MATCHES "\\.mm")
-      veridial_precompile(${name} <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <mutex> <optional>
-        <span> <string> <string_view> <utility> <vector>)
+    if(NOT "${room_SOURCES}" MATCHES "\\.mm")
+      veridial_precompile(${name} room <algorithm> <array> <cmath> <cstdint> <functional> <map> <memory> <mutex>
+        <optional> <span> <string> <string_view> <utility> <vector> ${room_PRECOMPILE})
     endif()
   else()
     add_library(${name} INTERFACE)
@@ -50,15 +50,25 @@ function(veridial_program name)
   endif()
 endfunction()
 
-# veridial_precompile(NAME headers...): for headers of others that take longer to compile than what includes them.
+# veridial_precompile(NAME KIND headers...): for headers of others that take longer to compile than what includes them.
+# Targets of one kind (a library's code is not a program's) with the same headers share what the first of them made.
 # Sources include what they use all the same: the preset dev builds without.
-function(veridial_precompile name)
+function(veridial_precompile name kind)
   if(NOT VERIDIAL_PRECOMPILE)
     return()
   endif()
-  target_precompile_headers(${name} PRIVATE ${ARGN})
-  # What CMake writes around it is meant for the Objective-C++ compiler too.
-  target_compile_options(${name} PRIVATE -Wno-unknown-pragmas)
+  string(MD5 key "${kind} ${ARGN}")
+  get_property(maker GLOBAL PROPERTY veridial_precompiled_${key})
+  if(maker)
+    target_precompile_headers(${name} REUSE_FROM ${maker})
+  else()
+    target_precompile_headers(${name} PRIVATE ${ARGN})
+    set_property(GLOBAL PROPERTY veridial_precompiled_${key} ${name})
+  endif()
+  # What CMake writes around it is meant for the Objective-C++ compiler too. And g++ 12 no longer knows that a header is
+  # the system's once it is precompiled: it warns of the insides of std::string, which are in order.
+  target_compile_options(${name} PRIVATE -Wno-unknown-pragmas
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict>)
 endfunction()
 
 function(veridial_check_level name level links)
