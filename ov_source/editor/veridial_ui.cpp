@@ -12,8 +12,6 @@
 #include "editor/scopes_panel.h"
 #include "editor/scopes_text.h"
 #include "editor/tooltip_layer.h"
-#include "framework/cparameter_boolean_v1.h"
-#include "framework/cparameter_continuous_v1.h"
 #include "framework/ihost_v1.h"
 #include "framework/toolkit_scope.h"
 #include "platform/iutils.h"
@@ -45,11 +43,6 @@ constexpr std::size_t scope_rows_while_dragging = 2;
 constexpr float least_value_of_a_press = 0.5f;
 
 CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
-
-std::shared_ptr<cparameter_continuous_v1> find_continuous(icomponent_v1& component, std::int32_t tag)
-{
-    return std::dynamic_pointer_cast<cparameter_continuous_v1>(component.get_parameter(static_cast<uid>(tag)));
-}
 
 void colour_scrollbar(CScrollbar* bar, const CColor& back)
 {
@@ -87,7 +80,8 @@ std::vector<CFrame*>& open_frames()
 } // namespace
 
 veridial_ui::veridial_ui(std::weak_ptr<icomponent_v1> component)
-    : cview_v1(std::move(component))
+    : cview_v1(component)
+    , binding(std::move(component), controls)
 {
 }
 
@@ -305,12 +299,7 @@ void veridial_ui::lay_out(double new_width, double new_height)
 void veridial_ui::close()
 {
     if (const auto component = get_component())
-        if (const auto bypass = component->get_parameter("Global Bypass"))
-        {
-            param_value off = bypass->get_param_value();
-            off.value = param_cell::of(false);
-            bypass->set_param_value(off, false);
-        }
+        component->set_bypass(false);
     if (frame)
     {
         if (const auto window = get_window())
@@ -366,38 +355,12 @@ bool veridial_ui::idle()
 
 void veridial_ui::valueChanged(CControl* control)
 {
-    const auto component = get_component();
-    if (!component)
+    if (!get_component())
         return;
-    if (const auto* pad = as_pad(*control)) // first: a pad's own tag is its angle's
-        write_pad(*pad);
-    else if (const auto parameter = find_continuous(*component, control->getTag()))
-    {
-        parameter->set_value_normalized(control->getValueNormalized(), false);
-        if (auto* const arc = find_spread_arc(*control))
-            spread_arc(*arc, control->getValueNormalized());
-    }
-    else if (control == controls.inspire && control->getValue() > least_value_of_a_press)
+    if (!binding.write(*control) && control == controls.inspire && control->getValue() > least_value_of_a_press)
         inspire_randomize();
     if (hand)
         hand->changed(*control);
-}
-
-COVColorWheelXYPad* veridial_ui::as_pad(CControl& control) const
-{
-    const auto found = std::ranges::find(controls.pads, &control);
-    return found == controls.pads.end() ? nullptr : *found;
-}
-
-void veridial_ui::write_pad(const COVColorWheelXYPad& pad)
-{
-    const auto component = get_component();
-    // Both are read before either is set: a set moves the handle of any other pad with the same parameters.
-    const float angle = pad.getAngle(), radius = pad.getRadius();
-    if (const auto parameter = find_continuous(*component, pad.getAngleTag()))
-        parameter->set_value(angle, false);
-    if (const auto parameter = find_continuous(*component, pad.getRadiusTag()))
-        parameter->set_value(radius, false);
 }
 
 void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
@@ -407,58 +370,8 @@ void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> para
     cview_v1::set_control_from_parameter(parameter, edit);
     if (!frame)
         return;
-    const auto continuous = std::dynamic_pointer_cast<cparameter_continuous_v1>(parameter);
-    if (continuous && (show_in_list(*continuous) || show_in_pads(*continuous)))
-        return;
-    if (edit)
+    if (!binding.show(*parameter) && edit)
         frame->invalid();
-}
-
-bool veridial_ui::show_in_list(cparameter_continuous_v1& parameter)
-{
-    const auto tag = static_cast<std::int32_t>(parameter.get_uid());
-    const auto found =
-        std::ranges::find_if(controls.others, [&](const CControl* c) { return c->getTag() == tag && !c->isEditing(); });
-    if (found == controls.others.end())
-        return false;
-    CControl& control = **found;
-    const float value = parameter.get_value_normalized();
-    if (control.getValueNormalized() != value)
-    {
-        control.setValueNormalized(value);
-        control.invalid();
-    }
-    if (auto* const arc = find_spread_arc(control))
-        spread_arc(*arc, value);
-    return true;
-}
-
-bool veridial_ui::show_in_pads(cparameter_continuous_v1& parameter)
-{
-    const auto tag = static_cast<std::int32_t>(parameter.get_uid());
-    for (COVColorWheelXYPad* pad : controls.pads)
-    {
-        if (pad->isEditing())
-            continue;
-        if (pad->getAngleTag() == tag)
-            pad->setAngle(parameter.get_value());
-        else if (pad->getRadiusTag() == tag)
-            pad->setRadius(parameter.get_value());
-        else
-            continue;
-        return true;
-    }
-    return false;
-}
-
-bool veridial_ui::has_parameter_of(CControl& control) const
-{
-    const auto component = get_component();
-    const auto* pad = as_pad(control);
-    if (!component || !pad)
-        return false;
-    return component->get_parameter(static_cast<uid>(pad->getAngleTag())) ||
-           component->get_parameter(static_cast<uid>(pad->getRadiusTag()));
 }
 
 void veridial_ui::controlBeginEdit(CControl* control)
@@ -466,14 +379,14 @@ void veridial_ui::controlBeginEdit(CControl* control)
     if (hand && hand->begins(*control))
         join_gestures();
     // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
-    if (has_parameter_of(*control) || control == controls.inspire)
+    if (binding.is_bound_pad(*control) || control == controls.inspire)
         begin_gesture();
     cview_v1::controlBeginEdit(control);
 }
 
 void veridial_ui::controlEndEdit(CControl* control)
 {
-    if (has_parameter_of(*control) || control == controls.inspire)
+    if (binding.is_bound_pad(*control) || control == controls.inspire)
         end_gesture();
     if (control == controls.inspire && toolbar)
         toolbar->labelStep(random_look_label);

@@ -1,9 +1,9 @@
 // The effect's editor window: preview on the left; toolbar and the panel of wheels on the right.
 #pragma once
 
+#include "editor/control_binding.h"
 #include "editor/cov_image_preview.h"
 #include "editor/editor_memory.h"
-#include "editor/panel_controls.h"
 #include "framework/cview_v1.h"
 #include "framework/preview_sink.h"
 
@@ -15,7 +15,6 @@
 namespace ov1
 {
 
-class cparameter_continuous_v1;
 class COVPluginToolbar;
 class preset_browser;
 class preview_bar;
@@ -86,11 +85,6 @@ private:
     void lay_out(double width, double height);
     void resize(int width, int height);
     void remember();
-    void write_pad(const COVColorWheelXYPad& pad);
-    bool show_in_list(cparameter_continuous_v1& parameter);
-    bool show_in_pads(cparameter_continuous_v1& parameter);
-    bool has_parameter_of(VSTGUI::CControl& control) const;
-    COVColorWheelXYPad* as_pad(VSTGUI::CControl& control) const;
 
     const std::chrono::system_clock::time_point created = std::chrono::system_clock::now();
     double scale = 1;
@@ -104,6 +98,7 @@ private:
     double width = 0; ///< of the frame, in points
     double height = 0;
     panel_controls controls;
+    const control_binding binding;
     std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;
     std::unique_ptr<editor_hand> hand;
