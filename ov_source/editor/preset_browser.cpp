@@ -1,6 +1,6 @@
 #include "editor/preset_browser.h"
 
-#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/events.h"
 
 #include <algorithm>
 #include <utility>
@@ -8,8 +8,9 @@
 namespace ov1
 {
 
-preset_browser::preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar,
-                               language_id language)
+using namespace VSTGUI;
+
+preset_browser::preset_browser(CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language)
     : frame(frame)
     , preview(preview)
     , toolbar(toolbar)
@@ -17,9 +18,9 @@ preset_browser::preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COV
 {
 }
 
-preset_browser::~preset_browser() { close(); }
+preset_browser::~preset_browser() noexcept { close(); }
 
-void preset_browser::toggle(const VSTGUI::CRect& place)
+void preset_browser::toggle(const CRect& place)
 {
     if (panel)
         close();
@@ -27,7 +28,7 @@ void preset_browser::toggle(const VSTGUI::CRect& place)
         open(place);
 }
 
-void preset_browser::open(const VSTGUI::CRect& place)
+void preset_browser::open(const CRect& place)
 {
     preset_panel_content content;
     toolbar.listPresets(content.presets, content.files);
@@ -44,14 +45,25 @@ void preset_browser::open(const VSTGUI::CRect& place)
     events.chosen = [this, presets](std::size_t chosen) { to_load = presets[chosen]; };
     panel = new preset_panel(place, std::move(content), std::move(events), language);
     frame.addView(panel);
+    frame.registerKeyboardHook(this); // before the search field's own, which passes its keys on
 }
 
 void preset_browser::close()
 {
     if (!panel)
         return;
+    is_to_close = false;
+    frame.unregisterKeyboardHook(this);
     preview.showTrial(nullptr);
     frame.removeView(std::exchange(panel, nullptr));
+}
+
+void preset_browser::onKeyboardEvent(KeyboardEvent& event, CFrame*)
+{
+    if (event.type != EventType::KeyDown || event.virt != VirtualKey::Escape || frame.getModalView())
+        return;
+    is_to_close = true;
+    event.consumed = true;
 }
 
 void preset_browser::idle()
@@ -63,6 +75,8 @@ void preset_browser::idle()
         close();
         toolbar.loadPreset(*chosen);
     }
+    else if (is_to_close)
+        close();
 }
 
 } // namespace ov1

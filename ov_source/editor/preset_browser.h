@@ -5,15 +5,17 @@
 #include "editor/preset_panel.h"
 #include "editor/preview_view.h"
 
+#include "vstgui/lib/cframe.h"
+
 namespace ov1
 {
 
-/// Belongs to one editor; frame, preview and toolbar outlive it.
-class preset_browser
+/// Escape closes the panel, at the next idle. Belongs to one editor; frame, preview and toolbar outlive it.
+class preset_browser : public VSTGUI::IKeyboardHook
 {
 public:
     preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language);
-    ~preset_browser();
+    ~preset_browser() noexcept override;
     preset_browser(const preset_browser&) = delete;
     preset_browser& operator=(const preset_browser&) = delete;
 
@@ -22,6 +24,7 @@ public:
     void close();
     bool isOpen() const { return panel != nullptr; }
     void idle();
+    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* of_frame) override;
     /// Null while closed.
     preset_panel* getPanel() const { return panel; }
 
@@ -32,8 +35,10 @@ private:
     preview_view& preview;
     COVPluginToolbar& toolbar;
     const language_id language;
-    preset_panel* panel = nullptr;        ///< owned by the frame
-    std::optional<preset_choice> to_load; ///< chosen in an event of the panel's, which must not end within it
+    preset_panel* panel = nullptr; ///< owned by the frame
+    // Told in an event of the panel's, which must not end within it.
+    std::optional<preset_choice> to_load;
+    bool is_to_close = false;
 };
 
 } // namespace ov1

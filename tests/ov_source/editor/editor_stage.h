@@ -6,11 +6,15 @@
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/editor_factory.h"
+#include "framework/image_render.h"
 #include "framework/iparameter_v1.h"
+#include "framework/row_renderer.h"
 #include "framework/toolkit_scope.h"
 #include "ov_source/editor/control_stage.h"
 #include "platform/cutils_linux.h"
 #include "platform/scoped_utils.h"
+#include "shared/argb_float.h"
+#include "shared/image.h"
 #include "support/fake_window.h"
 #include "support/temp_folder.h"
 
@@ -38,12 +42,21 @@ struct speaking_host : chost_v1
     language_id language = language_id::english;
 };
 
-/// The one child of its class.
+inline std::string tooltip_of(const VSTGUI::CView& view)
+{
+    std::uint32_t bytes = 0;
+    view.getAttributeSize(VSTGUI::kCViewTooltipAttribute, bytes);
+    std::string text(bytes, '\0');
+    view.getAttribute(VSTGUI::kCViewTooltipAttribute, bytes, text.data(), bytes);
+    return text.c_str();
+}
+
+/// The one child of its class; deep for one of a child, too.
 template <class T>
-T& child_of(const VSTGUI::CViewContainer& parent)
+T& child_of(const VSTGUI::CViewContainer& parent, bool deep = false)
 {
     std::vector<T*> found;
-    EXPECT_EQ(parent.getChildViewsOfType<T>(found), 1u);
+    EXPECT_EQ(parent.getChildViewsOfType<T>(found, deep), 1u);
     return *found.front();
 }
 
@@ -52,23 +65,26 @@ struct editor_stage : frame_driver
 {
     explicit editor_stage(language_id language = language_id::english)
     {
-        const auto host = std::make_shared<speaking_host>(effect);
-        host->language = language;
-        effect->initialize(host);
         install_editor_factory([this](std::weak_ptr<icomponent_v1> component)
                                { return ui = std::make_shared<headless_ui>(std::move(component)); });
-        EXPECT_TRUE(effect->create_view()->open(shown));
-        frame = ui->getFrame();
+        open(language);
     }
     ~editor_stage()
     {
-        ui->close();
+        close();
         install_editor_factory({});
-        if (effect)
-            effect->terminate();
         ui.reset(); // while there is a toolkit
     }
     editor_stage& operator=(editor_stage&&) = delete;
+
+    /// Closes the editor; another effect's is opened in the same home.
+    void reopen()
+    {
+        close();
+        effect = create_ccomponent();
+        shown = std::make_shared<fake_window>();
+        open(language_id::english);
+    }
 
     float value(const std::string& name) const
     {
@@ -91,6 +107,32 @@ struct editor_stage : frame_driver
         return **std::ranges::find(ui->get_controls().others, tag, &VSTGUI::CControl::getTag);
     }
     COVPluginToolbar& toolbar() const { return child_of<COVPluginToolbar>(*frame); }
+    /// The button of a toolbar or bar, by its tooltip.
+    template <class bar_type>
+    VSTGUI::CView& button(const std::string& tooltip) const
+    {
+        VSTGUI::CView* found = nullptr;
+        child_of<bar_type>(*frame).forEachChild([&](VSTGUI::CView* each)
+                                                { found = tooltip_of(*each) == tooltip ? each : found; });
+        return *found;
+    }
+
+    /// The left and the right half of the frame that show_frame shows.
+    static constexpr argb_float halves[] = {{1, 200 / 255.f, 120 / 255.f, 60 / 255.f},
+                                            {1, 40 / 255.f, 90 / 255.f, 170 / 255.f}};
+    /// As a session does, before and after the present grade.
+    void show_frame() const
+    {
+        image source(296, 168, image::pixel_type::argb_f32, image::origin::top_left);
+        image graded(296, 168, image::pixel_type::argb_f32, image::origin::top_left);
+        for (std::size_t i = 0; i < std::size_t{296} * 168; ++i)
+            reinterpret_cast<argb_float*>(source.pixels())[i] = halves[i % 296 / 148];
+        effect->get_host()->notify({event_kind::render_begins});
+        ASSERT_TRUE(render_image(*effect->get_row_renderer(), source, graded));
+        ui->set_preview_source(source);
+        ui->set_preview_image(graded);
+        ui->idle();
+    }
 
     /// In the frame, counted from the middle of the view.
     static VSTGUI::CPoint at(const VSTGUI::CView& view, double x = 0, double y = 0)
@@ -118,12 +160,29 @@ struct editor_stage : frame_driver
     }
 
     temp_folder home;
-    cutils_linux utils{"", "", {{}, home.path, VERIDIAL_SHARE_DIR, 1.0, language_id::english}};
+    cutils_linux utils{
+        "orvane", "veridial", {home / "settings", home.path, VERIDIAL_SHARE_DIR, 1.0, language_id::english}};
     scoped_utils in_place{utils};
     toolkit_scope toolkit;
     std::shared_ptr<icomponent_v1> effect = create_ccomponent();
     std::shared_ptr<fake_window> shown = std::make_shared<fake_window>();
     std::shared_ptr<headless_ui> ui;
+
+private:
+    void open(language_id language)
+    {
+        const auto host = std::make_shared<speaking_host>(effect);
+        host->language = language;
+        effect->initialize(host);
+        EXPECT_TRUE(effect->create_view()->open(shown));
+        frame = ui->getFrame();
+    }
+    void close()
+    {
+        ui->close();
+        if (effect)
+            effect->terminate();
+    }
 };
 
 } // namespace ov1

@@ -243,14 +243,7 @@ std::vector<std::string> tooltips_in(language_id language)
 {
     const editor_stage stage(language);
     std::vector<std::string> found;
-    const auto add = [&](const VSTGUI::CView* view)
-    {
-        std::uint32_t bytes = 0;
-        view->getAttributeSize(VSTGUI::kCViewTooltipAttribute, bytes);
-        std::string text(bytes, '\0');
-        view->getAttribute(VSTGUI::kCViewTooltipAttribute, bytes, text.data(), bytes);
-        found.emplace_back(text.c_str());
-    };
+    const auto add = [&](const VSTGUI::CView* view) { found.push_back(tooltip_of(*view)); };
     std::ranges::for_each(stage.ui->get_controls().pads, add);
     std::ranges::for_each(stage.ui->get_controls().others, add);
     add(stage.ui->get_controls().inspire);
