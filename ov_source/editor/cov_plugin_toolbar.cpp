@@ -224,16 +224,18 @@ void COVPluginToolbar::listPresets(std::vector<preset_choice>& entries, std::vec
                                          : presets.get_preset_file(entry.name, reason));
 }
 
-void COVPluginToolbar::showHistory()
+std::vector<history_step> COVPluginToolbar::listHistory() const
 {
     const auto alive = component.lock();
-    if (!alive)
-        return;
-    const auto steps = list_history(*alive, labels, language);
-    const int present = alive->get_undo_range().position;
+    return alive ? list_history(*alive, labels, language) : std::vector<history_step>();
+}
+
+void COVPluginToolbar::showHistory()
+{
+    const auto steps = listHistory();
     std::vector<popup_item> items;
     for (const history_step& step : steps)
-        items.push_back({step.name, step.position == present});
+        items.push_back({step.name, step.is_present});
     show_popup(*owner_frame, *history_button, items,
                [this, steps](std::size_t chosen)
                {

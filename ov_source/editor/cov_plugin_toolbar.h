@@ -43,6 +43,8 @@ public:
 
     /// Names the step that was just made, in the history; a localised literal.
     void labelStep(const char* name);
+    /// What the history button offers; see list_history.
+    std::vector<history_step> listHistory() const;
 
     /// Shows what can be undone and whether the effect is bypassed.
     void idle();

@@ -82,15 +82,18 @@ const std::string* step_labels::find(icomponent_v1& component, int position) con
 std::vector<history_step> list_history(icomponent_v1& component, const step_labels& labels, language_id language)
 {
     const undo_range range = component.get_undo_range();
-    std::vector<history_step> steps;
-    for (int position = range.newest; position > range.oldest; --position)
+    const auto name_of = [&](int position)
     {
+        if (position == range.oldest)
+            return iutils::translate(language, "{en:At the beginning}{de:Am Anfang}");
         const std::string* label = labels.find(component, position);
-        steps.push_back({position, label ? *label
-                                         : name_step(component.get_undo_state(position - 1),
-                                                     component.get_undo_state(position), component, language)});
-    }
-    steps.push_back({range.oldest, iutils::translate(language, "{en:At the beginning}{de:Am Anfang}")});
+        return label ? *label
+                     : name_step(component.get_undo_state(position - 1), component.get_undo_state(position), component,
+                                 language);
+    };
+    std::vector<history_step> steps;
+    for (int position = range.newest; position >= range.oldest; --position)
+        steps.push_back({position, name_of(position), position == range.position});
     return steps;
 }
 

@@ -41,6 +41,7 @@ struct history_step
 {
     int position = 0;
     std::string name;
+    bool is_present = false; ///< the grade is at this position
 };
 
 /// The positions that a user may jump to, the latest first; the oldest is the state that the history begins with.
