@@ -14,6 +14,7 @@
 #include "editor/tooltip_layer.h"
 #include "framework/ihost_v1.h"
 #include "framework/toolkit_scope.h"
+#include "framework/view_size.h"
 #include "platform/iutils.h"
 #include "presets/random_look.h"
 #include "shared/image.h"
@@ -104,7 +105,9 @@ rect veridial_ui::get_rect() const
     const rect suitable = cview_v1::get_rect();
     int width = 0, height = 0;
     iutils::get_instance().get_screen_dimensions(nullptr, width, height);
-    const bool fits = memory.window_width > 0 && memory.window_width <= width && memory.window_height <= height;
+    const auto lies_within = [](int length, int least, int most) { return length >= least && length <= most; };
+    const bool fits = lies_within(memory.window_width, least_view_width, width) &&
+                      lies_within(memory.window_height, least_view_height, height);
     return fits ? rect{0, 0, memory.window_width, memory.window_height} : suitable;
 }
 

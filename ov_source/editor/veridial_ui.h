@@ -72,6 +72,10 @@ public:
     editor_hand& get_hand() const { return *hand; }
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
+protected:
+    /// The window's inside has become so large, in screen pixels.
+    void resize(int width, int height);
+
 private:
     language_id language() const;
     void drop_frame();
@@ -83,7 +87,6 @@ private:
     void add_scopes(double height);
     void ask_for_render();
     void lay_out(double width, double height);
-    void resize(int width, int height);
     void remember();
 
     const std::chrono::system_clock::time_point created = std::chrono::system_clock::now();

@@ -1,6 +1,7 @@
 #include "framework/x11_window.h"
 
 #include "framework/icon_pixels.h"
+#include "framework/view_size.h"
 
 #include <algorithm>
 #include <array>
@@ -14,10 +15,6 @@ namespace
 {
 
 constexpr std::chrono::milliseconds longest_wait(25);
-
-// The least contents that the editor's layout fits into.
-constexpr std::int32_t least_width = 1024;
-constexpr std::int32_t least_height = 528;
 
 /// WM_NORMAL_HINTS as the window managers' conventions lay it out (ICCCM 4.1.2.3).
 struct size_hints
@@ -77,8 +74,11 @@ void x11_window::set_properties(const std::string& icon, const rect& size, const
     set_text(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, std::string_view("veridial\0Veridial\0", 18));
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, atoms.wm_protocols, XCB_ATOM_ATOM, 32, 1,
                         &atoms.wm_delete_window);
-    const size_hints hints{
-        size_hints::has_least_size, {}, std::min(least_width, size.width), std::min(least_height, size.height), {}};
+    const size_hints hints{size_hints::has_least_size,
+                           {},
+                           std::min(least_view_width, size.width),
+                           std::min(least_view_height, size.height),
+                           {}};
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
                         sizeof hints / 4, &hints);
     if (parent != XCB_WINDOW_NONE)

@@ -17,10 +17,11 @@ struct fake_window : window
     void pop_pending_messages() override {}
     void set_pump_hook(std::function<void()>) override {}
     void raise() override {}
-    void set_resize_listener(std::function<void(int, int)>) override {}
+    void set_resize_listener(std::function<void(int, int)> listener) override { resized = std::move(listener); }
 
     bool open = true;
     int modal_changes = 0;
+    std::function<void(int, int)> resized;
 };
 
 } // namespace ov1

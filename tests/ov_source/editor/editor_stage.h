@@ -32,6 +32,7 @@ struct headless_ui : veridial_ui
     {
         build_frame(1200, 900);
         getFrame()->attached(getFrame()); // as opening it in a window does
+        get_window()->set_resize_listener([this](int width, int height) { resize(width, height); });
     }
 };
 
