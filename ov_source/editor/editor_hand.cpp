@@ -57,7 +57,7 @@ int editor_hand::undo_position() const
 bool editor_hand::begins(const CControl& control)
 {
     changed(control);
-    return is_second_click && edited_last == &control && position_after == undo_position();
+    return find_stop(control) && is_second_click && edited_last == &control && position_after == undo_position();
 }
 
 void editor_hand::changed(const CControl& control)

@@ -256,10 +256,7 @@ void veridial_ui::act(key_action action)
     case key_action::actual_size:
         return preview_scroller->setZoom(1);
     case key_action::inspire:
-        begin_gesture();
-        inspire_randomize();
-        end_gesture();
-        return toolbar->labelStep(random_look_label);
+        return inspire();
     case key_action::help:
         return show_help(*frame, language());
     default: // the panel's own
@@ -361,7 +358,7 @@ void veridial_ui::valueChanged(CControl* control)
     if (!get_component())
         return;
     if (!binding.write(*control) && control == controls.inspire && control->getValue() > least_value_of_a_press)
-        inspire_randomize();
+        inspire();
     if (hand)
         hand->changed(*control);
 }
@@ -382,22 +379,28 @@ void veridial_ui::controlBeginEdit(CControl* control)
     if (hand && hand->begins(*control))
         join_gestures();
     // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
-    if (binding.is_bound_pad(*control) || control == controls.inspire)
+    if (binding.is_bound_pad(*control))
         begin_gesture();
     cview_v1::controlBeginEdit(control);
 }
 
 void veridial_ui::controlEndEdit(CControl* control)
 {
-    if (binding.is_bound_pad(*control) || control == controls.inspire)
+    if (binding.is_bound_pad(*control))
         end_gesture();
-    if (control == controls.inspire && toolbar)
-        toolbar->labelStep(random_look_label);
     cview_v1::controlEndEdit(control);
     if (hand)
         hand->ends(*control);
     if (memory.shows_scopes && !is_editing())
         ask_for_render();
+}
+
+void veridial_ui::inspire()
+{
+    begin_gesture();
+    inspire_randomize();
+    end_gesture();
+    toolbar->labelStep(random_look_label);
 }
 
 void veridial_ui::inspire_randomize()

@@ -83,6 +83,7 @@ private:
     void add_toolbar(double width);
     void add_hand(VSTGUI::CViewContainer& panel);
     void act(key_action action);
+    void inspire();
     void add_column(double width, double height);
     void add_scopes(double height);
     void ask_for_render();

@@ -162,6 +162,7 @@ TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
     for (int i = 0; i < 2; ++i)
     {
         stage.click_on(dice);
+        EXPECT_EQ(stage.undo_position(), i + 1);
         EXPECT_NE(std::exchange(last, stage.value("Sky Angle")), stage.value("Sky Angle"));
         EXPECT_EQ(stage.value("Mids Smoothness"), 100);
         for (const float value : {0.5f, 0.0f}) // not above a half
@@ -171,6 +172,17 @@ TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
             EXPECT_EQ(stage.value("Sky Angle"), last);
         }
     }
+    stage.effect->undo();
+    stage.press_on(dice, 0, 0);
+    stage.drag(5, 5);
+    stage.release(5, 5);
+    EXPECT_EQ(stage.effect->get_undo_range(), (undo_range{0, 1, 2})) << "let go elsewhere it is no step";
+    stage.click_on(dice);
+    VSTGUI::MouseDownEvent second(stage.at(dice), MouseButton::Left);
+    second.clickCount = 2;
+    stage.send(std::move(second));
+    stage.release(stage.at(dice).x, stage.at(dice).y);
+    EXPECT_EQ(stage.undo_position(), 3) << "two quick ones are two";
 }
 
 TEST(veridial_ui, what_another_thread_sets_is_shown_at_the_next_idle)
