@@ -53,6 +53,15 @@ std::string offered_path(const std::string& last_folder, const std::optional<pre
     return (folder / (name + (as_3dl ? ".3dl" : ".cube"))).string();
 }
 
+std::vector<param_cell> look_of(icomponent_v1& component)
+{
+    std::vector<param_cell> values;
+    for (int i = 0; i < component.get_parameter_count(); ++i)
+        if (const auto parameter = component.get_parameter(i); !(parameter->get_flags() & parameter_is_bypass))
+            values.push_back(parameter->get_param_value().value);
+    return values;
+}
+
 } // namespace
 
 COVPluginToolbar::COVPluginToolbar(const CRect& size, CFrame* frame, std::weak_ptr<icomponent_v1> component,
@@ -136,11 +145,22 @@ void COVPluginToolbar::idle()
     bypass_button->setValue(alive->get_bypass() ? 1.f : 0.f);
 }
 
-void COVPluginToolbar::parameter_changed(std::shared_ptr<iparameter_v1> parameter, bool)
+void COVPluginToolbar::parameter_changed(std::shared_ptr<iparameter_v1>, bool)
 {
-    if (!current || preset_is_changed || parameter->get_flags() & parameter_is_bypass)
+    const auto alive = component.lock();
+    if (!alive || !current)
         return;
-    preset_is_changed = true;
+    const bool is_changed = look_of(*alive) != current_look;
+    if (std::exchange(preset_is_changed, is_changed) != is_changed)
+        show_preset_name();
+}
+
+void COVPluginToolbar::set_current(const preset_choice& preset)
+{
+    if (const auto alive = component.lock())
+        current_look = look_of(*alive);
+    current = preset;
+    preset_is_changed = false;
     show_preset_name();
 }
 
@@ -253,9 +273,7 @@ void COVPluginToolbar::loadPreset(const preset_choice& entry)
     if (!load_preset_choice(*alive, presets, entry, reason))
         return tell(*owner_frame, language, entry.name, translated(preset_messages::cannot_load) + reason);
     labels.remember(*alive, entry.name);
-    current = entry;
-    preset_is_changed = false;
-    show_preset_name();
+    set_current(entry);
 }
 
 void COVPluginToolbar::labelStep(const char* name)
@@ -289,9 +307,7 @@ void COVPluginToolbar::save_as(const std::string& name, bool overwrite)
         return tell(*owner_frame, language, name,
                     translated("{en:The preset cannot be saved: }{de:Das Preset kann nicht gesichert werden: }") +
                         reason);
-    current = preset_choice{name, false};
-    preset_is_changed = false;
-    show_preset_name();
+    set_current({name, false});
 }
 
 void COVPluginToolbar::deletePreset()

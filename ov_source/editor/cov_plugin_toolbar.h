@@ -76,11 +76,12 @@ public:
     /// Asks for a file and writes the table.
     void exportTable(unsigned int points, bool as_3dl);
 
-    /// The preset that was loaded or saved last, for tests.
+    /// The preset that was loaded or saved last, for tests; its name bears a star while the grade is another.
     const std::optional<preset_choice>& getCurrentPreset() const { return current; }
 
 private:
     COVButton* add_button(const char* artwork, const char* tooltip, VSTGUI::CTextButton::Style style, int group);
+    void set_current(const preset_choice& preset);
     void show_preset_name();
     void save_as(const std::string& name, bool overwrite);
     void write_table(const std::string& path, unsigned int points, bool as_3dl);
@@ -93,6 +94,7 @@ private:
     const language_id language;
     preset_manager presets;
     std::optional<preset_choice> current;
+    std::vector<param_cell> current_look; ///< all values but the bypass
     bool preset_is_changed = false;
     step_labels labels;
     std::string last_folder;

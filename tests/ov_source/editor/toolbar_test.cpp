@@ -53,6 +53,26 @@ TEST_F(toolbar_test, a_saved_preset_comes_back_as_one_step_of_the_history)
     EXPECT_TRUE(stage.state() == changed);
 }
 
+TEST_F(toolbar_test, a_star_marks_a_preset_for_as_long_as_the_grade_is_another)
+{
+    const auto title = [&] { return child_of<COVRoundedGreyButton>(toolbar).getTitle().getString(); };
+    stage.set("Sky Strength", 40);
+    save("Mine");
+    toolbar.toggleBypass();
+    EXPECT_EQ(title(), "Mine");
+    for (const panel_slot slot : {panel_slot::sky, panel_slot::mids})
+    {
+        stage.drag_over(stage.pad(slot), -30, -30);
+        EXPECT_EQ(title(), "Mine *");
+    }
+    stage.effect->undo();
+    EXPECT_EQ(title(), "Mine *");
+    stage.effect->undo();
+    EXPECT_EQ(title(), "Mine");
+    stage.effect->redo();
+    EXPECT_EQ(title(), "Mine *");
+}
+
 TEST_F(toolbar_test, a_bundled_preset_is_loaded_and_never_deleted)
 {
     preset_manager manager(stage.effect);
