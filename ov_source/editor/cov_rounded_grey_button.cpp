@@ -1,5 +1,7 @@
 #include "editor/cov_rounded_grey_button.h"
 
+#include "editor/round_box.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -57,7 +59,11 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
 {
     context->saveGlobalState();
     context->setGlobalAlpha(context->getGlobalAlpha() * opacity());
-    draw_box(*context);
+    draw_round_box(*context, getViewSize(), corner_radius,
+                   isPressed()   ? pressed_grey
+                   : isHovered() ? hovered_grey
+                                 : box_grey,
+                   isOn() ? on_frame_grey : frame_grey);
     VSTGUI::CRect room = getViewSize();
     room.inset(margin, 0.0);
     if (left_icon.picture)
@@ -74,22 +80,6 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
     draw_title(*context, room);
     context->restoreGlobalState();
     setDirty(false);
-}
-
-void COVRoundedGreyButton::draw_box(VSTGUI::CDrawContext& context) const
-{
-    VSTGUI::CRect box = getViewSize();
-    box.inset(0.5, 0.5);
-    const auto path = VSTGUI::owned(context.createRoundRectGraphicsPath(box, corner_radius));
-    if (!path)
-        return;
-    context.setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
-    context.setLineStyle(VSTGUI::kLineSolid);
-    context.setLineWidth(1.0);
-    context.setFillColor(isPressed() ? pressed_grey : isHovered() ? hovered_grey : box_grey);
-    context.setFrameColor(isOn() ? on_frame_grey : frame_grey);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
 }
 
 void COVRoundedGreyButton::draw_icon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const

@@ -30,7 +30,6 @@ private:
         VSTGUI::CPoint size() const;
     };
 
-    void draw_box(VSTGUI::CDrawContext& context) const;
     void draw_icon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const;
     void draw_title(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const;
 

@@ -1,12 +1,11 @@
 #include "editor/help_overlay.h"
 
+#include "editor/modal_layer.h"
 #include "editor/text_measure.h"
 #include "editor/tip_box.h"
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
-#include <utility>
 
 namespace ov1
 {
@@ -19,20 +18,18 @@ constexpr VSTGUI::CCoord title_height = 28.0;
 constexpr VSTGUI::CCoord line_height = 18.0;
 constexpr VSTGUI::CCoord group_gap = 10.0;
 constexpr VSTGUI::CCoord column_gap = 24.0;
-const VSTGUI::CColor dimming(0, 0, 0, 140);
 const VSTGUI::CColor title_colour(226, 226, 226);
 const VSTGUI::CColor text_colour(182, 182, 182);
 
-class help_overlay : public VSTGUI::CView, public VSTGUI::IKeyboardHook
+class help_overlay : public modal_layer
 {
 public:
-    help_overlay(const VSTGUI::CRect& size, const std::string& title, const std::vector<std::vector<help_row>>& groups)
-        : CView(size)
+    help_overlay(const VSTGUI::CFrame& frame, const std::string& title,
+                 const std::vector<std::vector<help_row>>& groups)
+        : modal_layer(frame)
         , title(title)
         , groups(groups)
     {
-        setTransparency(true);
-        setAutosizeFlags(VSTGUI::kAutosizeAll);
         const line_width width = measure_of(font);
         for (const auto& group : groups)
         {
@@ -47,13 +44,9 @@ public:
         }
     }
 
-    void show_until(VSTGUI::ModalViewSessionID id) { session = id; }
-
-    void draw(VSTGUI::CDrawContext* context) override
+    void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect) override
     {
-        context->setDrawMode(VSTGUI::kAliasing);
-        context->setFillColor(dimming);
-        context->drawRect(getViewSize(), VSTGUI::kDrawFilled);
+        modal_layer::drawBackgroundRect(context, update_rect);
         const auto to_scale = VSTGUI::CGraphicsTransform().scale(scale(), scale());
         const VSTGUI::CDrawContext::Transform scaled(*context, to_scale);
         VSTGUI::CRect row = box();
@@ -70,25 +63,9 @@ public:
             else
                 row.offset(0.0, static_cast<double>(group.size()) * line_height + group_gap);
         }
-        setDirty(false);
     }
 
-    bool attached(CView* parent) override
-    {
-        if (!CView::attached(parent))
-            return false;
-        getFrame()->registerKeyboardHook(this);
-        return true;
-    }
-
-    bool removed(CView* parent) override
-    {
-        if (auto* frame = getFrame())
-            frame->unregisterKeyboardHook(this);
-        return CView::removed(parent);
-    }
-
-    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame*) override
+    void take_key(VSTGUI::KeyboardEvent& event) override
     {
         event.consumed = true;
         if (event.type == VSTGUI::EventType::KeyDown)
@@ -96,14 +73,11 @@ public:
     }
 
     // With the release, or the release would go to what lies beneath.
-    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override { event.consumed = true; }
     void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override
     {
         event.consumed = true;
         end();
     }
-
-    using CView::onKeyboardEvent;
 
 private:
     double group_width() const { return keys_width + column_gap + text_width; }
@@ -154,13 +128,6 @@ private:
         context.drawString(text.c_str(), place, VSTGUI::kLeftText);
     }
 
-    void end()
-    {
-        const auto alive = VSTGUI::shared(this);
-        if (auto* frame = getFrame(); frame && session)
-            frame->endModalViewSession(*std::exchange(session, std::nullopt));
-    }
-
     const std::string title;
     const std::vector<std::vector<help_row>> groups;
     const VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
@@ -170,7 +137,6 @@ private:
     double highest = 0.0;
     double keys_width = 0.0;
     double text_width = 0.0;
-    std::optional<VSTGUI::ModalViewSessionID> session;
 };
 
 } // namespace
@@ -178,16 +144,7 @@ private:
 bool show_help_overlay(VSTGUI::CFrame& frame, const std::string& title,
                        const std::vector<std::vector<help_row>>& groups)
 {
-    const auto overlay = VSTGUI::makeOwned<help_overlay>(area_of(frame), title, groups);
-    overlay->remember(); // for the frame, which takes over a reference
-    const auto id = frame.beginModalViewSession(overlay);
-    if (!id)
-    {
-        overlay->forget();
-        return false;
-    }
-    overlay->show_until(*id);
-    return true;
+    return modal_layer::show(frame, VSTGUI::makeOwned<help_overlay>(frame, title, groups));
 }
 
 } // namespace ov1

@@ -1,9 +1,10 @@
 #include "editor/modal_panel.h"
 
 #include "editor/cov_rounded_grey_button.h"
+#include "editor/modal_layer.h"
+#include "editor/round_box.h"
 #include "editor/text_lines.h"
 #include "editor/text_measure.h"
-#include "editor/tip_box.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,7 +29,6 @@ constexpr VSTGUI::CCoord button_padding = 32.0;
 constexpr VSTGUI::CCoord corner_radius = 6.0;
 constexpr VSTGUI::CCoord field_corner_radius = 4.0;
 
-const VSTGUI::CColor dimming(0, 0, 0, 140);
 const VSTGUI::CColor box_grey(56, 56, 56);
 const VSTGUI::CColor frame_grey(92, 92, 92);
 const VSTGUI::CColor field_grey(36, 36, 36);
@@ -47,30 +47,22 @@ std::string without_outer_blanks(const std::string& text)
     return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-class modal_panel : public VSTGUI::CViewContainer, public VSTGUI::IControlListener, public VSTGUI::IKeyboardHook
+class modal_panel : public modal_layer, public VSTGUI::IControlListener
 {
 public:
-    modal_panel(const VSTGUI::CRect& size, const modal_question& question,
+    modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
                 std::function<void(const modal_answer&)> done);
-
-    void show_until(VSTGUI::ModalViewSessionID id) { session = id; }
 
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect) override;
     void setViewSize(const VSTGUI::CRect& rect, bool redraw) override;
-    bool attached(VSTGUI::CView* parent) override;
-    bool removed(VSTGUI::CView* parent) override;
-    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
-    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* frame) override;
+    void take_key(VSTGUI::KeyboardEvent& event) override;
     void valueChanged(VSTGUI::CControl* control) override;
-
-    using CViewContainer::onKeyboardEvent;
 
 private:
     COVRoundedGreyButton* add_button(const std::string& text, button_tag tag);
     void add_field(const std::string& name);
     void place_children();
     VSTGUI::CRect box() const;
-    void draw_box(VSTGUI::CDrawContext& context) const;
     void draw_texts(VSTGUI::CDrawContext& context) const;
     void answer(bool confirmed);
 
@@ -83,18 +75,15 @@ private:
     VSTGUI::CTextEdit* field = nullptr; // a child, as the buttons are
     COVRoundedGreyButton* confirm = nullptr;
     COVRoundedGreyButton* cancel = nullptr;
-    std::optional<VSTGUI::ModalViewSessionID> session;
 };
 
-modal_panel::modal_panel(const VSTGUI::CRect& size, const modal_question& question,
+modal_panel::modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
                          std::function<void(const modal_answer&)> done)
-    : CViewContainer(size)
+    : modal_layer(frame)
     , done(std::move(done))
     , title(question.title)
     , lines(text_lines(question.message, box_width - 2.0 * margin, measure_of(message_font)))
 {
-    setTransparency(true);
-    setAutosizeFlags(VSTGUI::kAutosizeAll);
     if (question.name)
         add_field(*question.name);
     confirm = add_button(question.confirm, confirm_tag);
@@ -170,27 +159,9 @@ void modal_panel::setViewSize(const VSTGUI::CRect& rect, bool redraw)
 
 void modal_panel::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect)
 {
-    context->setDrawMode(VSTGUI::kAliasing);
-    context->setFillColor(dimming);
-    context->drawRect(update_rect, VSTGUI::kDrawFilled);
-    draw_box(*context);
+    modal_layer::drawBackgroundRect(context, update_rect);
+    draw_round_box(*context, box(), corner_radius, box_grey, frame_grey);
     draw_texts(*context);
-}
-
-void modal_panel::draw_box(VSTGUI::CDrawContext& context) const
-{
-    VSTGUI::CRect place = box();
-    place.inset(0.5, 0.5);
-    const auto path = VSTGUI::owned(context.createRoundRectGraphicsPath(place, corner_radius));
-    if (!path)
-        return;
-    context.setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
-    context.setLineStyle(VSTGUI::kLineSolid);
-    context.setLineWidth(1.0);
-    context.setFillColor(box_grey);
-    context.setFrameColor(frame_grey);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
 }
 
 void modal_panel::draw_texts(VSTGUI::CDrawContext& context) const
@@ -213,28 +184,7 @@ void modal_panel::draw_texts(VSTGUI::CDrawContext& context) const
     }
 }
 
-bool modal_panel::attached(VSTGUI::CView* parent)
-{
-    if (!CViewContainer::attached(parent))
-        return false;
-    getFrame()->registerKeyboardHook(this);
-    return true;
-}
-
-bool modal_panel::removed(VSTGUI::CView* parent)
-{
-    if (auto* frame = getFrame())
-        frame->unregisterKeyboardHook(this);
-    return CViewContainer::removed(parent);
-}
-
-void modal_panel::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
-{
-    CViewContainer::onMouseDownEvent(event);
-    event.consumed = true;
-}
-
-void modal_panel::onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame*)
+void modal_panel::take_key(VSTGUI::KeyboardEvent& event)
 {
     const bool confirms = event.virt == VSTGUI::VirtualKey::Return || event.virt == VSTGUI::VirtualKey::Enter;
     if (confirms || event.virt == VSTGUI::VirtualKey::Escape)
@@ -255,13 +205,12 @@ void modal_panel::valueChanged(VSTGUI::CControl* control)
 
 void modal_panel::answer(bool confirmed)
 {
-    auto* frame = getFrame();
-    modal_answer given = {confirmed, field ? without_outer_blanks(field->getText().getString()) : std::string()};
-    if (!frame || !session || (confirmed && field && given.name.empty()))
+    const modal_answer given = {confirmed, field ? without_outer_blanks(field->getText().getString()) : std::string()};
+    if (!is_shown() || (confirmed && field && given.name.empty()))
         return;
     const auto alive = VSTGUI::shared(this);
     const auto tell = std::exchange(done, {});
-    if (frame->endModalViewSession(*std::exchange(session, std::nullopt)) && tell)
+    if (end() && tell)
         tell(given);
 }
 
@@ -270,16 +219,7 @@ void modal_panel::answer(bool confirmed)
 bool show_modal_panel(VSTGUI::CFrame& frame, const modal_question& question,
                       std::function<void(const modal_answer&)> done)
 {
-    const auto panel = VSTGUI::makeOwned<modal_panel>(area_of(frame), question, std::move(done));
-    panel->remember(); // for the frame, which takes over a reference
-    const auto id = frame.beginModalViewSession(panel);
-    if (!id)
-    {
-        panel->forget();
-        return false;
-    }
-    panel->show_until(*id);
-    return true;
+    return modal_layer::show(frame, VSTGUI::makeOwned<modal_panel>(frame, question, std::move(done)));
 }
 
 } // namespace ov1

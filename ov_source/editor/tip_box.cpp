@@ -1,5 +1,7 @@
 #include "editor/tip_box.h"
 
+#include "editor/round_box.h"
+
 namespace ov1
 {
 
@@ -14,18 +16,7 @@ const VSTGUI::CColor frame_grey(84, 84, 84);
 
 void draw_tip_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place)
 {
-    VSTGUI::CRect box = place;
-    box.inset(0.5, 0.5);
-    const auto path = VSTGUI::owned(context.createRoundRectGraphicsPath(box, corner_radius));
-    if (!path)
-        return;
-    context.setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
-    context.setLineStyle(VSTGUI::kLineSolid);
-    context.setLineWidth(1.0);
-    context.setFillColor(tip_grey);
-    context.setFrameColor(frame_grey);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
-    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
+    draw_round_box(context, place, corner_radius, tip_grey, frame_grey);
 }
 
 VSTGUI::CRect area_of(const VSTGUI::CFrame& frame)

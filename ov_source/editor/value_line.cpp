@@ -1,5 +1,7 @@
 #include "editor/value_line.h"
 
+#include "editor/with_keys.h"
+
 #include <utility>
 
 namespace ov1
@@ -20,12 +22,12 @@ VSTGUI::SharedPointer<VSTGUI::CFontDesc> line_font()
     return VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points);
 }
 
-class value_entry : public VSTGUI::CTextEdit, public VSTGUI::IKeyboardHook
+class value_entry : public with_keys<VSTGUI::CTextEdit>
 {
 public:
     value_entry(const VSTGUI::CRect& place, const std::string& text,
                 std::function<void(const std::optional<std::string>&)> done)
-        : CTextEdit(place, nullptr, -1, text.c_str())
+        : with_keys(place, nullptr, -1, text.c_str())
         , done(std::move(done))
     {
         setFont(line_font());
@@ -37,23 +39,13 @@ public:
         setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
     }
 
-    bool attached(CView* parent) override
-    {
-        if (!CTextEdit::attached(parent))
-            return false;
-        getFrame()->registerKeyboardHook(this);
-        return true;
-    }
-
     bool removed(CView* parent) override
     {
-        if (auto* frame = getFrame())
-            frame->unregisterKeyboardHook(this);
         done = {};
-        return CTextEdit::removed(parent);
+        return with_keys::removed(parent);
     }
 
-    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame*) override
+    void take_key(VSTGUI::KeyboardEvent& event) override
     {
         const bool confirms = event.virt == VSTGUI::VirtualKey::Return || event.virt == VSTGUI::VirtualKey::Enter;
         if (!confirms && event.virt != VSTGUI::VirtualKey::Escape)
@@ -68,8 +60,6 @@ public:
         CTextEdit::looseFocus();
         finish(false);
     }
-
-    using CTextEdit::onKeyboardEvent;
 
 private:
     void finish(bool confirmed)

@@ -1,0 +1,13 @@
+// A box with rounded corners and a thin frame, as buttons, hints and questions have it.
+#pragma once
+
+#include "vstgui/vstgui.h"
+
+namespace ov1
+{
+
+/// Fills the rectangle, frame included, in the context's points.
+void draw_round_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place, VSTGUI::CCoord corner_radius,
+                    const VSTGUI::CColor& fill, const VSTGUI::CColor& frame);
+
+} // namespace ov1
