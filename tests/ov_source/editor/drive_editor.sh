@@ -118,5 +118,22 @@ xdotool key --delay 50 Escape Escape
 ends_with 130
 [ ! -e discarded.png ] && [ ! -s printed ] || fail "something was written: $(cat printed)"
 
+echo "a preset found by its name, and a step back to it in the history"
+start_editor landscape.png -o found.png --json
+for keys in 'Escape Escape' ''; do # in the panel they close the panel alone
+  click $((toolbar_x + 90)) 32
+  xdotool type --delay 30 'TEAL cine'
+  [ -z "$keys" ] || xdotool key --delay 50 $keys sleep 0.5 # it goes between events
+done
+click $((toolbar_x + 86)) 156 # the one cell that is left
+sleep 0.5
+drag $((panel_x + 361)) $((panel_y + 190)) $((panel_x + 371)) $((panel_y + 185))
+click $((toolbar_x + 345)) 32 # history: the wheel, the preset, the beginning
+click $((toolbar_x + 345)) 79
+click $((toolbar_x + 470)) 32
+ends_with 0
+"$veridial" grade landscape.png -o teal.png --preset 'Cinematic Teal and Orange' 2>said
+cmp found.png teal.png || fail "the grade is not the preset's: $(cat printed)"
+
 echo "150 editors in one process"
 timeout 240 "$reopen_editor" 150 >printed 2>said || fail "ended with $?"
