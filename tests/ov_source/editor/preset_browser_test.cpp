@@ -26,8 +26,9 @@ struct preset_stage : editor_stage
         drag_over(pad(panel_slot::mids), -30, -30);
         show_frame();
         frame->onActivate(true); // or the keyboard reaches nothing
-        click_on(button<COVPluginToolbar>("Choose a preset"));
+        press_preset_button();
     }
+    void press_preset_button() { click_on(button<COVPluginToolbar>("Choose a preset")); }
 
     /// Null while it is closed.
     preset_panel* panel() const
@@ -145,6 +146,11 @@ TEST(preset_browser, escape_closes_the_panel_alone_and_changes_nothing)
     EXPECT_TRUE(stage.shown->open) << "Escape twice would close the editor";
     EXPECT_TRUE(stage.state() == before);
     EXPECT_EQ(stage.effect->get_undo_range(), (undo_range{0, 1, 1}));
+    for (const bool is_open : {true, false})
+    {
+        stage.press_preset_button();
+        EXPECT_EQ(stage.panel() != nullptr, is_open);
+    }
 }
 
 } // namespace
