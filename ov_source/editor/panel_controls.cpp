@@ -1,5 +1,6 @@
 #include "editor/panel_controls.h"
 
+#include "editor/ccached_nine_part_tiled_bitmap.h"
 #include "editor/cov_bitmap.h"
 #include "editor/editor_style.h"
 #include "editor/panel_layout.h"
@@ -22,6 +23,7 @@ constexpr CViewAttributeID spread_arc_attribute = 'r' << 24 | 's' << 16 | 'a' <<
 constexpr double degrees_of_full_spread = 15;
 constexpr float slider_reach = 100;
 constexpr std::int32_t least_value_on_the_left = 4; ///< as the slider's constructor takes it
+constexpr CCoord panel_margin = 3;                  ///< of the panel's picture, the part that is not stretched
 
 CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
 
@@ -154,6 +156,17 @@ private:
 panel_controls add_panel_controls(CViewContainer& container, IControlListener& listener, language_id language)
 {
     return panel_maker(container, listener, language).make_all();
+}
+
+SharedPointer<CBitmap> draw_panel_background(CFrame* frame)
+{
+    const CNinePartTiledDescription margins(panel_margin, panel_margin, panel_margin, panel_margin);
+    const auto tiles = makeOwned<CNinePartTiledBitmap>(CResourceDescription("panel_first.png"), margins);
+    if (const auto pixels = tiles->getPlatformBitmap())
+        pixels->setScaleFactor(2);
+    auto panel = makeOwned<CCachedNinePartTiledBitmap>(tiles);
+    panel->generate(frame, panel_width, panel_height);
+    return panel;
 }
 
 COVArrowArcSlider* find_spread_arc(const CControl& control)

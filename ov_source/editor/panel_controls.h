@@ -26,6 +26,9 @@ struct panel_controls
 panel_controls add_panel_controls(VSTGUI::CViewContainer& container, VSTGUI::IControlListener& listener,
                                   language_id language);
 
+/// What lies beneath them, panel_width x panel_height, rendered once for a frame.
+VSTGUI::SharedPointer<VSTGUI::CBitmap> draw_panel_background(VSTGUI::CFrame* frame);
+
 /// The arc whose arrows a smoothness slider spreads; null for other controls.
 COVArrowArcSlider* find_spread_arc(const VSTGUI::CControl& control);
 /// Sets the spread that belongs to a smoothness slider's normalised value.

@@ -1,6 +1,5 @@
 #include "editor/veridial_ui.h"
 
-#include "editor/ccached_nine_part_tiled_bitmap.h"
 #include "editor/cov_plugin_toolbar.h"
 #include "editor/discard_keys.h"
 #include "editor/editor_hand.h"
@@ -35,7 +34,6 @@ namespace
 constexpr std::int32_t preview_scroll_style = 0x43;
 constexpr CCoord scrollbar_width = 12;
 constexpr std::uint32_t tooltip_delay_ms = 4000;
-constexpr CCoord panel_margin = 3; ///< of the panel's picture, the part that is not stretched
 constexpr CCoord preview_bar_height = 34;
 constexpr CCoord scopes_width = 260;
 constexpr const char* random_look_label = "{en:Random look}{de:Zufälliger Look}";
@@ -58,17 +56,6 @@ std::uint64_t now_ms()
 {
     const auto since_start = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since_start).count());
-}
-
-SharedPointer<CBitmap> render_panel(CFrame* frame)
-{
-    const CNinePartTiledDescription margins(panel_margin, panel_margin, panel_margin, panel_margin);
-    const auto tiles = makeOwned<CNinePartTiledBitmap>(CResourceDescription("panel_first.png"), margins);
-    if (const auto pixels = tiles->getPlatformBitmap())
-        pixels->setScaleFactor(2);
-    auto panel = makeOwned<CCachedNinePartTiledBitmap>(tiles);
-    panel->generate(frame, panel_width, panel_height);
-    return panel;
 }
 
 /// Of all open editors, in the order of their opening. The editor's thread alone.
@@ -223,7 +210,7 @@ void veridial_ui::add_column(double width, double height)
     colour_scrollbar(column->getHorizontalScrollbar(), kBlackCColor);
 
     auto* const container = new CViewContainer(CRect(0, 0, panel_width, panel_height));
-    container->setBackground(render_panel(frame));
+    container->setBackground(draw_panel_background(frame));
     controls = add_panel_controls(*container, *this, language());
     column->addView(container);
     frame->addView(column);
