@@ -38,7 +38,7 @@ struct alignas(64) chunk_places
     float red[chunk_pixels]; ///< the way to go to the upper grid point, 0 <= way < 1
     float green[chunk_pixels];
     float blue[chunk_pixels];
-    std::int32_t line[chunk_pixels]; ///< in floats from the first line
+    std::uint32_t line[chunk_pixels]; ///< in bytes from the first line
 };
 
 /// The colours of a group, four lanes a pixel in the table's order. Vector k holds the pixels that stand at lanes k and
@@ -92,7 +92,7 @@ template <bool with_deltas>
 HWY_INLINE void place(const group_channels& colours, std::size_t i, chunk_places& places)
 {
     const wide d;
-    const hn::RebindToSigned<wide> whole;
+    const hn::RebindToUnsigned<wide> whole;
     const auto x = on_axis(colours.r), y = on_axis(colours.g), z = on_axis(colours.b);
     const auto lower_r = hn::Trunc(x), lower_g = hn::Trunc(y), lower_b = hn::Trunc(z);
     hn::Store(hn::Sub(x, lower_r), d, places.red + i);
@@ -100,15 +100,20 @@ HWY_INLINE void place(const group_channels& colours, std::size_t i, chunk_places
     hn::Store(hn::Sub(z, lower_b), d, places.blue + i);
 
     // Whole numbers below 2^23 are exact in floats, and 2^23 more leaves them in the low bits.
-    constexpr float point = render_lines{with_deltas, nullptr, nullptr}.floats_per_point();
+    constexpr float point = render_lines{with_deltas, nullptr, nullptr}.floats_per_point() * sizeof(float);
     constexpr float to_low_bits = 0x1p23f;
-    constexpr std::int32_t bits_of_2_23 = 0x4b000000;
+    constexpr std::uint32_t bits_of_2_23 = 0x4b000000;
     const auto along_red = hn::Mul(lower_r, hn::Set(d, point * lut_edge * lut_edge));
     const auto along_green = hn::Mul(lower_g, hn::Set(d, point * lut_edge));
     const auto along_blue = hn::Mul(lower_b, hn::Set(d, point));
     const auto line = hn::Add(hn::Add(along_red, along_green), along_blue);
     const auto bits = hn::BitCast(whole, hn::Add(line, hn::Set(d, to_low_bits)));
     hn::Store(hn::Sub(bits, hn::Set(whole, bits_of_2_23)), whole, places.line + i);
+}
+
+HWY_INLINE const float* line_at(const float* lines, const chunk_places& places, std::size_t i)
+{
+    return reinterpret_cast<const float*>(reinterpret_cast<const char*>(lines) + places.line[i]);
 }
 
 template <class V>
@@ -134,7 +139,7 @@ template <bool with_deltas>
 HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_places& places, std::size_t i)
 {
     const wide d;
-    const float* line = lines + places.line[i];
+    const float* line = line_at(lines, places, i);
 #if HWY_MAX_BYTES >= 64
     const hn::CappedTag<float, 16> all;
     const auto corners = along_red<with_deltas>(all, line, hn::Set(all, places.red[i]));
@@ -188,7 +193,7 @@ template <bool with_deltas>
 HWY_INLINE wide_vector interpolate_pixel(const float* lines, const chunk_places& places, std::size_t i)
 {
     const colour d;
-    const float* line = lines + places.line[i];
+    const float* line = line_at(lines, places, i);
     const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);
     const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<with_deltas>(d, line + 4 * k, red); };
     const auto lower = between(corner(0), corner(2), green), upper = between(corner(1), corner(3), green);
