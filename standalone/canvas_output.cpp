@@ -2,6 +2,8 @@
 
 #include "command_line/console.h"
 #include "command_line/json_text.h"
+#include "command_line/output_plan.h"
+#include "command_line/program.h"
 #include "command_line/run_options.h"
 #include "media/still_writer.h"
 #include "standalone/file_output.h"
@@ -44,6 +46,18 @@ void report(const run_options& run, const std::string& output, const canvas& pai
 }
 
 } // namespace
+
+bool plan_canvas(std::string& path, const run_options& run, console& out, exit_code& code)
+{
+    std::vector<problem> problems;
+    output_job job;
+    const bool is_sound = plan_output(path, {run.overwrite, run.no_clobber, run.dry_run}, job, problems);
+    code = is_sound ? exit_code::done : fail(problems, out);
+    if (is_sound && job.skipped)
+        out.note(job.output + " exists and is left");
+    path = job.output;
+    return is_sound && !job.skipped;
+}
 
 exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out)
 {

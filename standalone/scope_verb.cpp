@@ -4,7 +4,6 @@
 #include "command_line/choice.h"
 #include "command_line/console.h"
 #include "command_line/number.h"
-#include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "platform/rows.h"
 #include "scopes/scope_type.h"
@@ -211,20 +210,14 @@ exit_code run_scope(std::span<const std::string> arguments, console& out)
     exit_code code = exit_code::done;
     if (!parse(command, arguments, out, code))
         return code;
+    std::string output = *command.output;
+    if (!plan_canvas(output, command.run, out, code))
+        return code;
     std::vector<problem> problems;
-    output_job job;
-    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
-    if (!plan_output(*command.output, rules, job, problems))
-        return fail(problems, out);
-    if (job.skipped)
-    {
-        out.note(job.output + " exists and is left");
-        return exit_code::done;
-    }
     media::reduced_picture picture;
     if (!read_picture(command, picture, problems))
         return fail(problems, out);
-    return write_canvas(draw(command, picture), job.output, command.run, out);
+    return write_canvas(draw(command, picture), output, command.run, out);
 }
 
 } // namespace ov1

@@ -3,7 +3,6 @@
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
 #include "command_line/number.h"
-#include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "standalone/canvas.h"
 #include "standalone/canvas_output.h"
@@ -147,17 +146,10 @@ exit_code run_sheet(std::span<const std::string> arguments, console& out)
     exit_code code = exit_code::done;
     if (!parse(command, arguments, out, code))
         return code;
-    std::vector<problem> problems;
-    output_job job;
-    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
-    if (!plan_output(*command.output, rules, job, problems))
-        return fail(problems, out);
-    if (job.skipped)
-    {
-        out.note(job.output + " exists and is left");
-        return exit_code::done;
-    }
-    return make_sheet(command, job.output, out);
+    std::string output = *command.output;
+    if (!plan_canvas(output, command.run, out, code))
+        return code;
+    return make_sheet(command, output, out);
 }
 
 } // namespace ov1
