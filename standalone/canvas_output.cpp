@@ -51,7 +51,8 @@ bool plan_canvas(std::string& path, const run_options& run, console& out, exit_c
 {
     std::vector<problem> problems;
     output_job job;
-    const bool is_sound = plan_output(path, {run.overwrite, run.no_clobber, run.dry_run}, job, problems);
+    const output_rules rules{run.overwrite, run.no_clobber, run.dry_run};
+    const bool is_sound = plan_output(path, rules, job, problems);
     code = is_sound ? exit_code::done : fail(problems, out);
     if (is_sound && job.skipped)
         out.note(job.output + " exists and is left");

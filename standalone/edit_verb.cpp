@@ -76,7 +76,7 @@ bool parse(edit_command& command, std::span<const std::string> arguments, consol
         problems.push_back({exit_code::usage, command.inputs[1], "is one picture too many", "edit them one by one"});
     if (command.output && command.inputs.empty())
         problems.push_back({exit_code::usage, "-o", "needs a picture to write", {}});
-    const output_rules rules{command.run.overwrite, false, false};
+    const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
     sound = sound && problems.empty();
     if (sound && command.output)
         sound = plan_outputs(command.inputs, *command.output, rules, command.plan, problems);

@@ -28,8 +28,8 @@ bool settle_host_request(const host_request& request, std::span<const std::strin
     for (const std::string& path : outputs)
     {
         output_job job;
-        (void)plan_output(path, {request.overwrite, false, false}, job,
-                          problems); // what is wrong is among the problems
+        const output_rules rules{.overwrite = request.overwrite, .can_skip = false};
+        (void)plan_output(path, rules, job, problems); // what is wrong is among the problems
     }
     code = fail(problems, out);
     return problems.empty();

@@ -138,7 +138,8 @@ public:
             if (rules.no_clobber)
                 job.skipped = true;
             else
-                refuse(job.output, "exists already", "-f replaces it, -n leaves it");
+                refuse(job.output, "exists already",
+                       rules.can_skip ? "-f replaces it, -n leaves it" : "-f replaces it");
         }
     }
 

@@ -14,6 +14,7 @@ struct output_rules
     bool overwrite = false;
     bool no_clobber = false; ///< existing outputs are skipped
     bool dry_run = false;    ///< nothing may be written, not even for a try
+    bool can_skip = true;    ///< the program has an option for no_clobber, which a hint may name
 };
 
 struct output_job
