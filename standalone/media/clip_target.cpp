@@ -2,6 +2,7 @@
 
 #include "media/clip_tags.h"
 #include "media/file_sink.h"
+#include "media/stream_copy.h"
 
 extern "C"
 {
@@ -76,28 +77,6 @@ colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelF
     return tags;
 }
 
-std::string kind_name(const AVStream& stream)
-{
-    if ((stream.disposition & AV_DISPOSITION_ATTACHED_PIC) != 0)
-        return "cover picture";
-    const char* name = av_get_media_type_string(stream.codecpar->codec_type);
-    return name != nullptr ? name : "stream";
-}
-
-/// "audio 2 (aac, deu)".
-std::string stream_name(const AVStream& stream, int number)
-{
-    std::string name = kind_name(stream) + ' ' + std::to_string(number) + " (";
-    char tag[AV_FOURCC_MAX_STRING_SIZE] = {};
-    if (stream.codecpar->codec_id == AV_CODEC_ID_NONE && stream.codecpar->codec_tag != 0)
-        name += av_fourcc_make_string(tag, stream.codecpar->codec_tag);
-    else
-        name += avcodec_get_name(stream.codecpar->codec_id);
-    if (const AVDictionaryEntry* language = av_dict_get(stream.metadata, "language", nullptr, 0))
-        name += std::string(", ") + language->value;
-    return name + ')';
-}
-
 AVRational rate_of(const AVStream& stream)
 {
     const AVRational rate = stream.avg_frame_rate.num > 0 ? stream.avg_frame_rate : stream.r_frame_rate;
@@ -115,43 +94,6 @@ AVRational encoder_time_base(const AVStream& stream, AVCodecID codec, const AVOu
     const bool counts = is_fixed || codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO ||
                         (codec == AV_CODEC_ID_MPEG4 && stream.time_base.den > largest_of_mpeg4);
     return counts ? av_inv_q(rate_of(stream)) : stream.time_base;
-}
-
-/// Rotation, mastering display and the like; disposition; metadata; rates.
-void copy_facts(AVStream& to, const AVStream& from)
-{
-    for (int i = 0; i < from.nb_side_data; ++i)
-        if (std::uint8_t* data = av_stream_new_side_data(&to, from.side_data[i].type, from.side_data[i].size))
-            std::memcpy(data, from.side_data[i].data, from.side_data[i].size);
-    to.disposition = from.disposition;
-    to.avg_frame_rate = from.avg_frame_rate;
-    to.r_frame_rate = from.r_frame_rate;
-    to.sample_aspect_ratio = from.sample_aspect_ratio;
-    to.duration = from.duration;
-    to.id = from.id;
-    copy_tags(from.metadata, &to.metadata);
-}
-
-AVStream* copy_stream(AVFormatContext& output, const AVStream& from)
-{
-    AVStream* stream = avformat_new_stream(&output, nullptr);
-    if (stream == nullptr || avcodec_parameters_copy(stream->codecpar, from.codecpar) < 0)
-        return nullptr;
-    const auto* known = output.oformat->codec_tag;
-    const std::uint32_t tag = from.codecpar->codec_tag;
-    if (known == nullptr || av_codec_get_id(known, tag) != from.codecpar->codec_id)
-        stream->codecpar->codec_tag = 0;
-    copy_facts(*stream, from);
-    stream->time_base = from.time_base;
-    return stream;
-}
-
-bool is_timecode(const AVStream& stream) { return stream.codecpar->codec_tag == MKTAG('t', 'm', 'c', 'd'); }
-
-bool is_chapter_text(const AVFormatContext& format, const AVStream& stream)
-{
-    return format.nb_chapters > 0 && stream.codecpar->codec_type == AVMEDIA_TYPE_DATA &&
-           stream.codecpar->codec_tag == MKTAG('t', 'e', 'x', 't');
 }
 
 } // namespace
