@@ -142,6 +142,12 @@ public:
                 carry_alpha(y);
             if (to.family != colour_family::ycbcr || !shares_chroma(to))
                 continue;
+            if (shares_across(to) && to.down.log2 == 0)
+            {
+                store_gathered(y, &colour_rows::blue, to.components[1]);
+                store_gathered(y, &colour_rows::red, to.components[2]);
+                continue;
+            }
             chroma_rows& samples = kept[y % kept.size()];
             gather(&colour_rows::blue, samples.cb);
             gather(&colour_rows::red, samples.cr);
@@ -296,18 +302,39 @@ private:
                               { ycbcr_kernel::to_ycbcr(block, count, weights, luma.range, codes); });
     }
 
+    /// The outermost pixels go on, as far as samples are gathered from them.
+    void extend_pairs(float_row colour_rows::*plane)
+    {
+        const std::size_t count = to.across.samples(in.width);
+        float *const first = (even.*plane).get(), *const second = (odd.*plane).get();
+        if (in.width % 2 != 0)
+            second[count - 1] = first[count - 1];
+        first[-1] = second[-1] = first[0];
+        first[count] = second[count] = second[count - 1];
+    }
+
+    /// A row of samples that no other row has a part in.
+    void store_gathered(std::size_t y, float_row colour_rows::*plane, const component_form& form)
+    {
+        extend_pairs(plane);
+        const float *const first = (even.*plane).get(), *const second = (odd.*plane).get();
+        const std::size_t count = to.across.samples(in.width);
+        if (form.is_plain() && form.layout.bytes == 1)
+            ycbcr_kernel::gather(first, second, count, to.across, form.range,
+                                 component_access::place_of(out, form.layout, 0, y));
+        else
+            access.write_wide(out, form, 0, y, count,
+                              [&](std::uint16_t* codes)
+                              { ycbcr_kernel::gather(first, second, count, to.across, form.range, codes); });
+    }
+
     void gather(float_row colour_rows::*plane, float_row& samples)
     {
         const std::size_t count = to.across.samples(in.width);
         if (shares_across(to))
         {
-            float_row &first = even.*plane, &second = odd.*plane;
-            if (in.width % 2 != 0)
-                second.get()[count - 1] = first.get()[count - 1];
-            const float outermost = first.get()[0], last = second.get()[count - 1];
-            first.get()[-1] = second.get()[-1] = outermost;
-            first.get()[count] = second.get()[count] = last;
-            return ycbcr_kernel::gather(first.get(), second.get(), count, to.across, samples.get());
+            extend_pairs(plane);
+            return ycbcr_kernel::gather((even.*plane).get(), (odd.*plane).get(), count, to.across, samples.get());
         }
         const float* const pixels = (row.*plane).get();
         const std::size_t width = std::size_t{1} << to.across.log2;

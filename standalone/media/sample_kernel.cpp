@@ -41,19 +41,14 @@ void widen_here(const code* codes, std::size_t count, const code_range& range, f
 template <class code>
 void narrow_here(const float* values, std::size_t count, const code_range& range, code* codes)
 {
-    const floats d;
-    const auto zero = hn::Set(d, range.zero), per_unit = hn::Set(d, range.codes_per_unit);
-    const auto least = hn::Set(d, range.least), most = hn::Set(d, range.most);
-    const auto nothing = hn::Zero(d);
-    const auto store = [&](std::size_t i, code* to) HWY_ATTR
-    {
-        const auto value = hn::LoadU(d, values + i);
-        const auto number = hn::IfThenElse(hn::Eq(value, value), value, nothing); // a NaN equals nothing
-        const auto wanted = hn::Add(hn::Mul(number, per_unit), zero);
-        const auto whole = rounded(hn::Min(at_least(wanted, least), most));
-        hn::StoreU(hn::DemoteTo(codes_tag<code>(), whole), codes_tag<code>(), to);
-    };
-    each_vector<lanes>(count, codes, store);
+    const code_maker maker(range);
+    each_vector<lanes>(count, codes,
+                       [&](std::size_t i, code* to) HWY_ATTR
+                       {
+                           const auto value = hn::LoadU(floats(), values + i);
+                           const auto number = hn::IfThenElseZero(hn::Eq(value, value), value); // a NaN equals nothing
+                           hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(number)), codes_tag<code>(), to);
+                       });
 }
 
 void widen_8(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)

@@ -6,6 +6,7 @@
 #define OV1_MEDIA_SAMPLE_VECTORS_INL_H
 #endif
 
+#include "media/ycbcr_coding.h"
 #include "platform/highway_targets.h" // before Highway
 
 #include <hwy/highway.h>
@@ -69,6 +70,29 @@ HWY_INLINE hn::Vec<whole_tag> rounded(vector x)
     const auto bits = hn::BitCast(whole_tag(), hn::Add(x, hn::Set(floats(), 0x1p23f)));
     return hn::Sub(bits, hn::Set(whole_tag(), bits_of_2_23));
 }
+
+/// Values to codes of a range.
+class code_maker
+{
+public:
+    explicit HWY_INLINE code_maker(const code_range& range)
+        : zero(hn::Set(floats(), range.zero))
+        , per_unit(hn::Set(floats(), range.codes_per_unit))
+        , least(hn::Set(floats(), range.least))
+        , most(hn::Set(floats(), range.most))
+    {
+    }
+
+    /// The nearest code, limited to the range's. No NaN.
+    HWY_INLINE hn::Vec<whole_tag> make(vector value) const
+    {
+        const auto wanted = hn::Add(hn::Mul(value, per_unit), zero);
+        return rounded(hn::Min(at_least(wanted, least), most));
+    }
+
+private:
+    vector zero, per_unit, least, most;
+};
 
 } // namespace HWY_NAMESPACE
 } // namespace ov1::media::sample_vectors

@@ -162,27 +162,77 @@ void shared_to_rgb_16(const shared_source<std::uint16_t>& from, std::size_t pixe
     shared_to_rgb_here(from, pixels, luma, axis, weights, to);
 }
 
+/// Chroma samples of rows of pixel pairs, a vector of them at a time.
+template <chroma_place place>
+struct gatherer
+{
+    const float* even;
+    const float* odd;
+
+    HWY_INLINE vector at(std::size_t i) const
+    {
+        const floats d;
+        if constexpr (place == chroma_place::amid)
+            return hn::Mul(hn::Add(hn::LoadU(d, even + i), hn::LoadU(d, odd + i)), hn::Set(d, 0.5f));
+        // The row that samples sit on, and where the pixel before the first sample's is.
+        const float* const on = place == chroma_place::on_even ? even : odd;
+        const float* const before = place == chroma_place::on_even ? odd - 1 : even;
+        const auto here = hn::Mul(hn::LoadU(d, on + i), hn::Set(d, taps_on_site[2]));
+        const auto beside = hn::Add(hn::LoadU(d, before + i), hn::LoadU(d, before + i + 1));
+        const auto beyond = hn::Add(hn::LoadU(d, on + i - 1), hn::LoadU(d, on + i + 1));
+        return hn::Add(hn::Add(here, hn::Mul(beside, hn::Set(d, taps_on_site[1]))),
+                       hn::Mul(beyond, hn::Set(d, taps_on_site[0])));
+    }
+};
+
+/// Calls take with the gatherer for the axis.
+template <class function>
+HWY_INLINE void gather_by(const float* even, const float* odd, const chroma_axis& axis, const function& take)
+{
+    if (!axis.site)
+        take(gatherer<chroma_place::amid>{even, odd});
+    else if (*axis.site == 0)
+        take(gatherer<chroma_place::on_even>{even, odd});
+    else
+        take(gatherer<chroma_place::on_odd>{even, odd});
+}
+
 void gather_here(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out)
 {
-    const floats d;
-    if (!axis.site)
-    {
-        for (std::size_t i = 0; i < samples; i += lanes)
-            hn::StoreU(hn::Mul(hn::Add(hn::LoadU(d, even + i), hn::LoadU(d, odd + i)), hn::Set(d, 0.5f)), d, out + i);
-        return;
-    }
-    // The row that samples sit on, and the one between: before_first is where the pixel before the first sample's is.
-    const float* const on = *axis.site == 0 ? even : odd;
-    const float* const before_first = *axis.site == 0 ? odd - 1 : even;
-    for (std::size_t i = 0; i < samples; i += lanes)
-    {
-        const auto here = hn::Mul(hn::LoadU(d, on + i), hn::Set(d, taps_on_site[2]));
-        const auto beside = hn::Add(hn::LoadU(d, before_first + i), hn::LoadU(d, before_first + i + 1));
-        const auto beyond = hn::Add(hn::LoadU(d, on + i - 1), hn::LoadU(d, on + i + 1));
-        hn::StoreU(hn::Add(hn::Add(here, hn::Mul(beside, hn::Set(d, taps_on_site[1]))),
-                           hn::Mul(beyond, hn::Set(d, taps_on_site[0]))),
-                   d, out + i);
-    }
+    gather_by(even, odd, axis,
+              [=](const auto& gathered) HWY_ATTR
+              {
+                  for (std::size_t i = 0; i < samples; i += lanes)
+                      hn::StoreU(gathered.at(i), floats(), out + i);
+              });
+}
+
+template <class code>
+void gather_codes_here(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis,
+                       const code_range& range, code* codes)
+{
+    const code_maker maker(range);
+    gather_by(even, odd, axis,
+              [&](const auto& gathered) HWY_ATTR
+              {
+                  each_vector<lanes>(samples, codes,
+                                     [&](std::size_t i, code* to) HWY_ATTR {
+                                         hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(gathered.at(i))),
+                                                    codes_tag<code>(), to);
+                                     });
+              });
+}
+
+void gather_8(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis,
+              const code_range& range, std::uint8_t* codes)
+{
+    gather_codes_here(even, odd, samples, axis, range, codes);
+}
+
+void gather_16(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis,
+               const code_range& range, std::uint16_t* codes)
+{
+    gather_codes_here(even, odd, samples, axis, range, codes);
 }
 
 void to_rgb_here(rgb_planes<float> row, std::size_t count, const ycbcr_weights& weights)
@@ -291,6 +341,8 @@ namespace ov1::media::ycbcr_kernel
 HWY_EXPORT(shared_to_rgb_8);
 HWY_EXPORT(shared_to_rgb_16);
 HWY_EXPORT(gather_here);
+HWY_EXPORT(gather_8);
+HWY_EXPORT(gather_16);
 HWY_EXPORT(to_rgb_here);
 HWY_EXPORT(to_ycbcr_8);
 HWY_EXPORT(to_ycbcr_16);
@@ -312,6 +364,18 @@ void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels,
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out)
 {
     HWY_DYNAMIC_DISPATCH(gather_here)(even, odd, samples, axis, out);
+}
+
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint8_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(gather_8)(even, odd, samples, axis, range, codes);
+}
+
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint16_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(gather_16)(even, odd, samples, axis, range, codes);
 }
 
 void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights)

@@ -38,6 +38,12 @@ void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels,
 /// it, which the caller has set. Writes up to margin floats after the last sample.
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out);
 
+/// The same as codes. Nothing is written beside them.
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint8_t* codes);
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint16_t* codes);
+
 /// From Y in g, Cb in b and Cr in r to red, green and blue, in place and not limited.
 void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights);
 
