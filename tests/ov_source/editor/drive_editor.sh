@@ -51,6 +51,9 @@ drag() {
 }
 click() { xdotool mousemove "$1" "$2" sleep 0.03 mousedown 1 sleep 0.03 mouseup 1 sleep 0.03; }
 
+# Panels and menus come and go between events; under a sanitizer that takes its time.
+settle() { sleep 2; }
+
 ends_with() {
   within 60 has_ended
   local code=0
@@ -123,13 +126,17 @@ start_editor landscape.png -o found.png --json
 for keys in 'Escape Escape' ''; do # in the panel they close the panel alone
   click $((toolbar_x + 90)) 32
   xdotool type --delay 30 'TEAL cine'
-  [ -z "$keys" ] || xdotool key --delay 50 $keys sleep 0.5 # it goes between events
+  settle
+  [ -z "$keys" ] || xdotool key --delay 50 $keys
+  [ -z "$keys" ] || settle
 done
 click $((toolbar_x + 86)) 156 # the one cell that is left
-sleep 0.5
+settle
 drag $((panel_x + 361)) $((panel_y + 190)) $((panel_x + 371)) $((panel_y + 185))
 click $((toolbar_x + 345)) 32 # history: the wheel, the preset, the beginning
+settle
 click $((toolbar_x + 345)) 79
+settle
 click $((toolbar_x + 470)) 32
 ends_with 0
 "$veridial" grade landscape.png -o teal.png --preset 'Cinematic Teal and Orange' 2>said
