@@ -247,24 +247,6 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> sheet(double frame)
                    });
 }
 
-TEST(cov_button, the_icons_frame_follows_mouse_and_value)
-{
-    const auto button = VSTGUI::owned(new COVButton({0.0, 0.0, 41.0, 40.0}, nullptr, 1, COVButton::kOnOffStyle, ""));
-    button->setIcon(sheet(20.0));
-    for (const bool on : {false, true})
-        for (const bool hovered : {false, true})
-        {
-            button->setValue(on ? 1.0F : 0.0F);
-            VSTGUI::MouseEnterEvent enter;
-            VSTGUI::MouseExitEvent exit;
-            hovered ? button->dispatchEvent(enter) : button->dispatchEvent(exit);
-            const auto picture = picture_of(*button);
-            EXPECT_EQ(pixel(*picture, 11.0, 10.0), colours[2 * on + hovered]) << "41 wide: 10.5 is rounded up";
-            EXPECT_EQ(pixel(*picture, 30.5, 29.5), colours[2 * on + hovered]);
-            EXPECT_EQ(pixel(*picture, 10.5, 20.0).alpha, 0);
-        }
-}
-
 TEST(cov_button, tells_of_a_press_once_and_shows_the_lower_half_meanwhile)
 {
     control_stage stage;

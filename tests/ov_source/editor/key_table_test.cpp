@@ -59,16 +59,5 @@ TEST(value_text, writes_a_digit_where_there_is_one_and_reads_numbers_between_bla
     }
 }
 
-TEST(value_readout, lies_within_the_area_and_off_the_handle)
-{
-    const VSTGUI::CRect area(0.0, 0.0, 300.0, 200.0);
-    for (const VSTGUI::CPoint handle : {VSTGUI::CPoint(5, 5), {295, 5}, {5, 195}, {295, 195}, {150, 100}})
-    {
-        const VSTGUI::CRect place = readout_place(handle, {90.0, 22.0}, area);
-        EXPECT_TRUE(place.left >= 0.0 && place.top >= 0.0 && place.right <= 300.0 && place.bottom <= 200.0);
-        EXPECT_FALSE(place.pointInside(handle));
-    }
-}
-
 } // namespace
 } // namespace ov1

@@ -9,25 +9,6 @@ namespace ov1
 namespace
 {
 
-struct placed
-{
-    const char* parameter; ///< of a pad, that of its angle
-    int x, y;
-};
-
-rect place_of(const VSTGUI::CView& view)
-{
-    const VSTGUI::CRect r = view.getViewSize();
-    return {int(r.left), int(r.top), int(r.getWidth()), int(r.getHeight())};
-}
-
-void expect_at(const VSTGUI::CControl& control, const placed& expected, int width, int height)
-{
-    SCOPED_TRACE(expected.parameter);
-    EXPECT_EQ(control.getTag(), static_cast<std::int32_t>(make_uid(expected.parameter)));
-    EXPECT_EQ(place_of(control), (rect{expected.x, expected.y, width, height}));
-}
-
 TEST(view_size_for_screen, follows_the_screen_between_its_limits)
 {
     const int cases[][4] = {
@@ -55,45 +36,6 @@ TEST(panel_layout, pictures_of_odd_sizes_are_rounded_half_up)
     EXPECT_EQ(place_arc(pad, {31, 60}, false), (rect{93, 176, 31, 60})); // 91 + 17.5 - 15.5
     EXPECT_EQ(place_slider(pad, {99, 22}, 1), (rect{42, 273, 99, 22}));  // 91 - 49.5; 160 + 91 + 22
     EXPECT_EQ(slider_travel({42, 273, 99, 22}, 13.6), (control_travel{42, 127}));
-}
-
-// With pictures of 120 x 120, 73 x 120 and 120 x 44 points.
-TEST(panel_layout, every_control_stands_at_its_place_in_the_order_of_the_panels)
-{
-    const editor_stage stage;
-    const panel_controls& controls = stage.ui->get_controls();
-    const placed pads[] = {
-        {"Master Hue", 181, 40},      {"Shadows Hue", 31, 160},          {"Mids Hue", 181, 320},
-        {"Highlights Hue", 331, 160}, {"Sky Angle", 331, 458},           {"Greenery Angle", 31, 458},
-        {"Skin Angle", 81, 620},      {"Film Contrast Angle", 281, 620},
-    };
-    const placed others[] = {
-        {"Global Chroma", 167, 41},
-        {"Global Luminance", 244, 41},
-        {"Shadows Range", 17, 161},
-        {"Shadows Lightness", 94, 161},
-        {"Shadows Smoothness", 32, 281},
-        {"Shadows Saturation", 32, 325},
-        {"Highlights Range", 317, 161},
-        {"Highlights Lightness", 394, 161},
-        {"Highlights Smoothness", 332, 281},
-        {"Highlights Saturation", 332, 325},
-        {"Protect Skin Tones", 67, 621},
-        {"Skin Tone Brightness", 144, 621},
-        {"Mids Range", 167, 321},
-        {"Mids Lightness", 244, 321},
-        {"Mids Smoothness", 182, 441},
-        {"Mids Saturation", 182, 485},
-    };
-    ASSERT_EQ(controls.others.size(), std::size(others));
-    for (std::size_t i = 0; i < std::size(pads); ++i)
-        expect_at(*controls.pads[i], pads[i], 121, 121);
-    for (std::size_t i = 0; i < std::size(others); ++i)
-    {
-        const bool is_slider = dynamic_cast<COVCalloutSlider*>(controls.others[i]);
-        expect_at(*controls.others[i], others[i], is_slider ? 120 : 73, is_slider ? 44 : 120);
-    }
-    EXPECT_EQ(place_of(*controls.inspire), (rect{198, 202, 86, 63}));
 }
 
 TEST(panel_layout, a_press_at_an_arcs_inset_gives_the_end_of_its_range_and_not_before)

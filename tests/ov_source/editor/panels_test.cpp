@@ -79,19 +79,6 @@ TEST(modal_panel, answers_once_to_buttons_return_and_escape_and_to_nothing_else)
     }
 }
 
-TEST(tooltip_layer, a_tooltip_lies_within_the_frame_and_off_the_mouse)
-{
-    const VSTGUI::CRect area(0.0, 0.0, 300.0, 200.0);
-    for (const VSTGUI::CPoint mouse : {VSTGUI::CPoint(10, 10), {290, 10}, {10, 190}, {299, 199}, {150, 150}})
-    {
-        const VSTGUI::CRect place = tooltip_place(mouse, {120.0, 40.0}, area);
-        EXPECT_TRUE(place.left >= 0.0 && place.top >= 0.0 && place.right <= 300.0 && place.bottom <= 200.0);
-        EXPECT_EQ(place.getSize(), VSTGUI::CPoint(120.0, 40.0));
-        EXPECT_FALSE(place.pointInside(mouse));
-    }
-    EXPECT_EQ(tooltip_place({10.0, 10.0}, {500.0, 40.0}, area).left, 0.0) << "its beginning, where it is too wide";
-}
-
 TEST(tooltip_layer, comes_after_rest_and_goes_with_the_next_move_or_press)
 {
     control_stage stage;

@@ -138,17 +138,6 @@ TEST(draw_zoomed, below_2_each_pixel_is_the_mean_of_what_lies_beneath_it)
     }
 }
 
-TEST(draw_zoomed, one_colour_stays_that_colour_at_every_zoom)
-{
-    const display_picture plain{600, 4, std::vector<std::uint32_t>(2400, 0xfffe01ff)};
-    for (const double zoom : {1. / 120, 0.3, 0.77, 1.0, 1.31, 1.99, 2.0, 8.0})
-    {
-        std::vector<std::uint32_t> target(30);
-        draw_zoomed(plain, {0.3, 0.6, 6, 5, zoom}, reinterpret_cast<std::uint8_t*>(target.data()), 24);
-        EXPECT_EQ(target, std::vector<std::uint32_t>(30, 0xfffe01ff)) << zoom;
-    }
-}
-
 TEST(draw_zoomed, from_2_on_pixels_are_squares_and_at_1_they_are_copied)
 {
     const display_picture picture = noise(5, 4);

@@ -48,25 +48,6 @@ double weighted_corners(const table& t, const argb_float& c, float argb_float::*
     return sum;
 }
 
-TEST(lut_argb, modes_fill_as_named)
-{
-    const std::tuple<table::init_mode, argb_float, argb_float> rows[] = {
-        {table::init_mode::identity, {1, 0, 0, 0}, {1, 1, 1, 1}},
-        {table::init_mode::black, {1, 0, 0, 0}, {1, 0, 0, 0}},
-        {table::init_mode::white, {1, 1, 1, 1}, {1, 1, 1, 1}},
-        {table::init_mode::none, {0, 0, 0, 0}, {0, 0, 0, 0}},
-        {static_cast<table::init_mode>(9), {0, 0, 0, 0}, {0, 0, 0, 0}},
-    };
-    for (const auto& [mode, first, last] : rows)
-    {
-        SCOPED_TRACE(static_cast<int>(mode));
-        const table t(mode);
-        EXPECT_EQ(t.get_entries().size(), 4913u);
-        EXPECT_EQ(t.get_entries().front(), first);
-        EXPECT_EQ(t.get_entries().back(), last);
-    }
-}
-
 TEST(lut_argb, red_is_the_slowest_axis_and_blue_the_fastest)
 {
     const table t;

@@ -61,20 +61,6 @@ TEST(ccomponent_v1, finds_parameters_by_place_uid_and_name)
     EXPECT_EQ(c.get_parameter("Steps"), c.steps);
 }
 
-TEST(ccomponent_v1, is_asked_by_its_own_name_as_parameter_and_host_are)
-{
-    stage s;
-    const std::pair<iobject*, std::string> rows[] = {
-        {s.component.get(), "ccomponent_v1"}, {s.component->tint.get(), "cparameter_v1"}, {s.host.get(), "chost_v1"}};
-    for (const auto& [object, own] : rows)
-        for (const std::string asked : {"ccomponent_v1", "cparameter_v1", "chost_v1", "icomponent_v1", "iobject", ""})
-        {
-            iobject* found = nullptr;
-            EXPECT_EQ(object->query_interface(asked, &found), own == asked) << own << " asked for " << asked;
-            EXPECT_EQ(found, own == asked ? object : nullptr);
-        }
-}
-
 TEST(ccomponent_v1, gives_back_a_state_to_the_bit)
 {
     stage s;

@@ -134,17 +134,6 @@ TEST(cparameter_v1, maps_between_its_bounds)
     }
 }
 
-TEST(cparameter_v1, tells_no_host_when_made_before_there_is_one)
-{
-    stage s;
-    const auto component = std::make_shared<test_component>();
-    cparameter_boolean_v1 early(component, "Early", false);
-    component->initialize(s.host);
-    s.host->events.take();
-    early.set_value(true, true);
-    EXPECT_TRUE(early.get_value() && s.host->events.take().empty());
-}
-
 TEST(cparameter_v1, reads_and_writes_texts_of_valid_records_only)
 {
     cparameter_continuous_v1 amount({}, "Amount", 0, 100, 50);

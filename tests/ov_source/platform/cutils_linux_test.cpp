@@ -142,16 +142,6 @@ TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
     EXPECT_EQ(cutils_linux("", "", environment).get_dpi_scale(), 1.25) << "the user's own word comes first";
 }
 
-TEST_F(cutils_linux_test, describes_the_system)
-{
-    std::string version, name;
-    EXPECT_TRUE(utils.get_os_version_string(version) && utils.get_os_string(name));
-    EXPECT_EQ(std::ranges::count(version, '.'), 2) << version;
-    EXPECT_TRUE(name.ends_with(" Bits)")) << name;
-    EXPECT_TRUE(utils.is_main_thread());
-    std::thread([&] { EXPECT_FALSE(utils.is_main_thread()); }).join();
-}
-
 TEST_F(cutils_linux_test, a_scope_puts_other_utilities_in_place)
 {
     iutils& usual = iutils::get_instance();

@@ -47,17 +47,6 @@ TEST_F(cutils_mac_test, an_empty_key_or_a_missing_domain_stores_nothing)
     EXPECT_TRUE(utils.del_vendor_key("n"));
 }
 
-TEST_F(cutils_mac_test, system_names_and_threads)
-{
-    EXPECT_EQ(utils.get_os_name_string(), "macOS");
-    ASSERT_TRUE(utils.get_os_version_string(text));
-    EXPECT_EQ(std::ranges::count(text, '.'), 2);
-    ASSERT_TRUE(utils.get_os_string(text));
-    EXPECT_TRUE(text.starts_with("Mac OS BUILD ") && text.ends_with(" (64 Bits)")) << text;
-    EXPECT_TRUE(utils.is_main_thread());
-    std::jthread([&] { EXPECT_FALSE(utils.is_main_thread()); }).join();
-}
-
 TEST_F(cutils_mac_test, folders)
 {
     const temp_folder folder;

@@ -146,22 +146,6 @@ TEST(pad_pictures, wheels_begin_with_red_on_top_and_turn_counter_clockwise)
     EXPECT_LT(master.at(0, 100).g, 0.02f);
 }
 
-TEST(pad_pictures, discs_are_clear_outside_and_soft_at_the_rim)
-{
-    const pad_file file("sky_xy_background.png");
-    int soft = 0;
-    for (int y = 0; y < pad_pixels; ++y)
-        for (int x = 0; x < pad_pixels; ++x)
-        {
-            const double distance = std::hypot(x + 0.5 - pad_pixels / 2.0, y + 0.5 - pad_pixels / 2.0);
-            const float alpha = file.at_pixel(x, y).a;
-            const double cover = std::clamp(pad_pixels / 2.0 - distance, 0.0, 1.0);
-            ASSERT_NEAR(alpha, cover, 1.0 / 255.0) << x << " " << y;
-            soft += alpha > 0.1f && alpha < 0.9f;
-        }
-    EXPECT_GT(soft, pad_pixels); // the rim is some 3 pad_pixels long
-}
-
 TEST(arc_ramps, run_from_grey_to_colour_and_from_dark_to_light)
 {
     engine_colours engine;
