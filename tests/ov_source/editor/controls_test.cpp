@@ -4,11 +4,12 @@
 #include "editor/cov_callout_slider.h"
 #include "editor/cov_color_wheel_xy_pad.h"
 #include "editor/reset_click.h"
+#include "framework/toolkit_scope.h"
 #include "ov_source/editor/control_stage.h"
-#include "vstgui/lib/vstguiinit.h"
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <optional>
 
 namespace ov1
 {
@@ -24,10 +25,12 @@ struct toolkit : testing::Environment
 {
     void SetUp() override
     {
-        VSTGUI::init(nullptr);
+        running.emplace(); // with a run loop: the mouse wheel starts a timer
         VSTGUI::CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
     }
-    void TearDown() override { VSTGUI::exit(); }
+    void TearDown() override { running.reset(); }
+
+    std::optional<toolkit_scope> running;
 };
 [[maybe_unused]] const auto* const environment = testing::AddGlobalTestEnvironment(new toolkit);
 
