@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 roots=build/objc
+toolkit=$(ls -d build/deps/vstgui/4.* | tail -n 1)
 objc=$(dirname "$(dirname "$(ls -d /usr/lib/gcc/*/*/include/objc/objc.h | head -n 1)")")
 
 # An include root for each room, as the build has them.
@@ -19,6 +20,7 @@ sources=$(ls host/fxplug/*.mm host/service/*.mm host/app/*.mm ov_source/platform
 for source in $sources; do
   clang++-19 -fsyntax-only -std=c++20 -Wall -Wextra -Wpedantic -Werror -fobjc-runtime=macosx-12.0 -fobjc-exceptions \
     -DVERIDIAL_HAS_EDITOR=0 -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -D_NATIVE_OBJC_EXCEPTIONS -I"$roots" -Ihost/compat \
-    -DNDEBUG=1 -DVSTGUI_ENABLE_DEPRECATED_METHODS=0 -isystem "$(echo build/deps/vstgui/4.1*)" -isystem /usr/include/GNUstep -idirafter "$objc" -include host/compat/apple_additions.h "$source"
+    -DNDEBUG=1 -DVSTGUI_ENABLE_DEPRECATED_METHODS=0 -isystem "$toolkit" -isystem /usr/include/GNUstep \
+    -idirafter "$objc" -include host/compat/apple_additions.h "$source"
 done
 echo "check_objc: $(echo "$sources" | wc -l) files read with the runtime of macOS"
