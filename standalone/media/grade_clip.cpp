@@ -33,7 +33,7 @@ public:
         , width(width)
         , height(height)
         , bytes(av_image_get_buffer_size(pixels, width, height, alignment))
-        , pool(bytes > 0 ? av_buffer_pool_init(static_cast<std::size_t>(bytes) + overhang, nullptr) : nullptr)
+        , pool(bytes > 0 ? av_buffer_pool_init(static_cast<std::size_t>(bytes) + overhang, av_buffer_allocz) : nullptr)
     {
     }
     ~frame_pool() { av_buffer_pool_uninit(&pool); }
