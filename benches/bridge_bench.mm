@@ -3,11 +3,11 @@
 #include "frames.h"
 #include "framework/icomponent_v1.h"
 #include "framework/row_renderer.h"
-#include "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+#include "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
 #include "interleaved.h"
 #include "platform/rows.h"
-#include "video_host/simulated_host.h"
-#include "video_host/tile_maker.h"
+#include "host/simulator/simulated_host.h"
+#include "host/simulator/tile_maker.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 // FFmpeg's lut3d filter with the same table.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 #include "opencolorio_peer.h"
 
 #include <cstddef>

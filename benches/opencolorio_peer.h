@@ -1,7 +1,7 @@
 // OpenColorIO's processor for the same table.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "pixel_bench.h"
 
-#include "effect/instruction_sets.h"
-#include "effect/render_table.h"
+#include "effect/lut/instruction_sets.h"
+#include "effect/lut/render_table.h"
 #include "interleaved.h"
 #include "lut3d_peer.h"
 #include "opencolorio_peer.h"

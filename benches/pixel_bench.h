@@ -1,7 +1,7 @@
 // A frame through the table: our loops, plain code, memcpy and other LUT renderers.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 #include "frames.h"
 #include "report.h"
 

@@ -1,7 +1,7 @@
 // The effect as one writes it first: a virtual call for every pixel, entries read through a range check.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 
 #include <cstddef>
 #include <memory>

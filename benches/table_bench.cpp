@@ -2,8 +2,8 @@
 
 #include "effect/build_lut.h"
 #include "effect/build_lut_reference.h"
-#include "effect/instruction_sets.h"
-#include "effect/render_table.h"
+#include "effect/lut/instruction_sets.h"
+#include "effect/lut/render_table.h"
 #include "frames.h"
 #include "interleaved.h"
 #include "plain_code.h"

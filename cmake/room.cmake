@@ -1,22 +1,25 @@
-# Rooms: one target each, with an include root that holds its own headers only, and a level.
-# A room may link rooms of lower levels alone, so an include that points upward finds no file.
+# Rooms: one target and one folder each. A room has an include root that holds its own headers only, named by their place
+# in the repository without ov_source/, and sees what it links and what those link. A room links rooms declared before it,
+# so that arrows go down: an include that points up or sideways finds no file.
 
-# veridial_room(NAME LEVEL n FOLDER prefix HEADERS ... SOURCES ... LINKS rooms... SYSTEM libraries...)
-#   FOLDER   what stands before the slash in #include "prefix/header.h"
-#   LINKS    rooms of a lower level; SYSTEM libraries from outside
+# veridial_room(NAME HEADERS ... SOURCES ... LINKS rooms... SYSTEM libraries...)
+#   HEADERS, SOURCES   relative to the room's folder; sub-folders belong to the room
+#   LINKS    rooms; SYSTEM libraries from outside
 #   PRECOMPILE   headers of others beside the standard library's that most of its sources include
 function(veridial_room name)
-  cmake_parse_arguments(room "" "LEVEL;FOLDER" "HEADERS;SOURCES;LINKS;SYSTEM;PRECOMPILE" ${ARGN})
+  cmake_parse_arguments(room "" "" "HEADERS;SOURCES;LINKS;SYSTEM;PRECOMPILE" ${ARGN})
   if(room_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "room ${name}: what is ${room_UNPARSED_ARGUMENTS}?")
   endif()
 
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${CMAKE_SOURCE_DIR}" OUTPUT_VARIABLE folder)
+  string(REGEX REPLACE "^ov_source/" "" prefix "${folder}")
   set(root "${CMAKE_BINARY_DIR}/include/${name}")
   file(REMOVE_RECURSE "${root}")
   foreach(header IN LISTS room_HEADERS)
-    cmake_path(GET header FILENAME leaf)
-    file(MAKE_DIRECTORY "${root}/${room_FOLDER}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}" "${root}/${room_FOLDER}/${leaf}" SYMBOLIC)
+    cmake_path(GET header PARENT_PATH inner)
+    file(MAKE_DIRECTORY "${root}/${prefix}/${inner}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}/${header}" "${root}/${prefix}/${header}" SYMBOLIC)
   endforeach()
 
   if(room_SOURCES)
@@ -32,18 +35,19 @@ function(veridial_room name)
     set(scope INTERFACE)
   endif()
   target_include_directories(${name} ${scope} "${root}")
-  veridial_check_level(${name} ${room_LEVEL} "${room_LINKS}")
+  veridial_record_room(${name} "${folder}" "${room_LINKS}")
   target_link_libraries(${name} ${scope} ${room_LINKS} ${room_SYSTEM})
 endfunction()
 
-# veridial_program(NAME LEVEL n SOURCES ... LINKS rooms... SYSTEM libraries...): an executable, held to its level too.
+# veridial_program(NAME SOURCES ... LINKS rooms... SYSTEM libraries...): an executable, a room that nobody links.
 function(veridial_program name)
-  cmake_parse_arguments(program "" "LEVEL" "SOURCES;LINKS;SYSTEM" ${ARGN})
+  cmake_parse_arguments(program "" "" "SOURCES;LINKS;SYSTEM" ${ARGN})
   if(program_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "program ${name}: what is ${program_UNPARSED_ARGUMENTS}?")
   endif()
   add_executable(${name} ${program_SOURCES})
-  veridial_check_level(${name} ${program_LEVEL} "${program_LINKS}")
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${CMAKE_SOURCE_DIR}" OUTPUT_VARIABLE folder)
+  veridial_record_room(${name} "${folder}" "${program_LINKS}")
   target_link_libraries(${name} PRIVATE veridial_settings ${program_LINKS} ${program_SYSTEM})
   if(APPLE) # the system's utilities, which the room platform only names
     target_link_libraries(${name} PRIVATE platform_cocoa)
@@ -71,29 +75,49 @@ function(veridial_precompile name kind)
     $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict>)
 endfunction()
 
-function(veridial_check_level name level links)
-  set_property(GLOBAL PROPERTY veridial_level_of_${name} ${level})
-  set_property(GLOBAL APPEND PROPERTY veridial_rooms ${name})
-  set_property(GLOBAL PROPERTY veridial_links_of_${name} "${links}")
+# Keeps a room's folder, its level (one above the highest of its links) and its arrows, without those that other arrows
+# imply: what ARCHITECTURE.md draws.
+function(veridial_record_room name folder links)
+  set(level 0)
+  set(below "")
+  set(below_links "") # what is reached through a link
   foreach(link IN LISTS links)
-    get_property(other GLOBAL PROPERTY veridial_level_of_${link})
-    if(other STREQUAL "")
+    get_property(link_level GLOBAL PROPERTY veridial_level_of_${link})
+    if(link_level STREQUAL "")
       message(FATAL_ERROR "${name} links ${link}, which is no room declared before it")
-    elseif(NOT other LESS level)
-      message(FATAL_ERROR "${name} (level ${level}) may not link ${link} (level ${other}): arrows go down")
+    endif()
+    if(NOT link_level LESS level)
+      math(EXPR level "${link_level} + 1")
+    endif()
+    get_property(reached GLOBAL PROPERTY veridial_reached_from_${link})
+    list(APPEND below_links ${reached})
+  endforeach()
+  set(arrows "")
+  foreach(link IN LISTS links)
+    if(NOT link IN_LIST below_links)
+      list(APPEND arrows ${link})
     endif()
   endforeach()
+  list(APPEND below ${links} ${below_links})
+  list(REMOVE_DUPLICATES below)
+  set_property(GLOBAL APPEND PROPERTY veridial_rooms ${name})
+  set_property(GLOBAL PROPERTY veridial_level_of_${name} ${level})
+  set_property(GLOBAL PROPERTY veridial_reached_from_${name} "${below}")
+  set_property(GLOBAL PROPERTY veridial_arrows_of_${name} "${arrows}")
+  set_property(GLOBAL PROPERTY veridial_folder_of_${name} "${folder}")
 endfunction()
 
-# Writes "level name: links" for every room, for the test that holds ARCHITECTURE.md against the build.
+# Writes "level name: arrows | folder" for every room, for the test that compares ARCHITECTURE.md with the build.
 function(veridial_write_levels)
   get_property(rooms GLOBAL PROPERTY veridial_rooms)
   set(text "")
   foreach(name IN LISTS rooms)
     get_property(level GLOBAL PROPERTY veridial_level_of_${name})
-    get_property(links GLOBAL PROPERTY veridial_links_of_${name})
-    list(JOIN links " " links)
-    string(APPEND text "${level} ${name}: ${links}\n")
+    get_property(arrows GLOBAL PROPERTY veridial_arrows_of_${name})
+    get_property(folder GLOBAL PROPERTY veridial_folder_of_${name})
+    list(SORT arrows)
+    list(JOIN arrows " " arrows)
+    string(APPEND text "${level} ${name}: ${arrows} | ${folder}/\n")
   endforeach()
   file(WRITE "${CMAKE_BINARY_DIR}/levels.txt" "${text}")
 endfunction()

@@ -1,6 +1,6 @@
 // Any bytes as a look table: a lookup in what comes of them reads nothing outside, and a table comes back as it was.
-#include "effect/bin_lut.h"
-#include "effect/lut_argb.h"
+#include "effect/lut/bin_lut.h"
+#include "effect/lut/lut_argb.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // Any text either is a table that can be looked up in, or is refused with a reason.
-#include "effect/cube_reader.h"
+#include "effect/lut/cube_reader.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // Any text as a parameter's value: what is accepted is valid and can be written again.
-#include "framework/cparameter_boolean_v1.h"
-#include "framework/cparameter_color_v1.h"
-#include "framework/cparameter_continuous_v1.h"
-#include "framework/cparameter_integral_v1.h"
+#include "framework/parameters/cparameter_boolean_v1.h"
+#include "framework/parameters/cparameter_color_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
+#include "framework/parameters/cparameter_integral_v1.h"
 
 #include <array>
 #include <cstdint>

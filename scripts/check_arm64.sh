@@ -5,18 +5,14 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 out=build/arm64
 mkdir -p "$out/include"
-ln -sfn "$PWD/ov_source/effect" "$out/include/effect"
-ln -sfn "$PWD/ov_source/platform" "$out/include/platform"
-ln -sfn "$PWD/shared" "$out/include/shared"
-ln -sfn "$PWD/standalone/media" "$out/include/media"
 ln -sfn /usr/include/hwy "$out/include/hwy" # headers alone: with one instruction set there is nothing to dispatch
 
-sources="tests/arm64/kernel_hashes.cpp ov_source/effect/render_table.cpp ov_source/effect/row_kernel.cpp
-  ov_source/effect/build_kernel.cpp ov_source/effect/instruction_sets.cpp ov_source/effect/lut_argb.cpp
-  ov_source/platform/cache_size.cpp standalone/media/sample_kernel.cpp standalone/media/ycbcr_kernel.cpp
-  standalone/media/ycbcr_coding.cpp"
+sources="tests/arm64/kernel_hashes.cpp ov_source/effect/lut/render_table.cpp ov_source/effect/lut/row_kernel.cpp
+  ov_source/effect/build_kernel.cpp ov_source/effect/lut/instruction_sets.cpp ov_source/effect/lut/lut_argb.cpp
+  ov_source/platform/cache_size.cpp media/samples/sample_kernel.cpp media/samples/ycbcr_kernel.cpp
+  media/samples/ycbcr_coding.cpp"
 # What reads files is dropped by the linker, with all that it would need.
-flags="-std=c++20 -O2 -Wall -Wextra -Werror -ffp-contract=off -DHWY_COMPILE_ONLY_STATIC -I$out/include
+flags="-std=c++20 -O2 -Wall -Wextra -Werror -ffp-contract=off -DHWY_COMPILE_ONLY_STATIC -I. -Iov_source -I$out/include
   -ffunction-sections -Wl,--gc-sections"
 
 # The loops of this machine are static here too: the baseline's. Its other instruction sets are the test's business.

@@ -3,23 +3,13 @@
 # types alone, against our own declarations of Apple's frameworks; nothing is made and nothing run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-roots=build/objc
 toolkit=$(ls -d build/deps/vstgui/4.* | tail -n 1)
 objc=$(dirname "$(dirname "$(ls -d /usr/lib/gcc/*/*/include/objc/objc.h | head -n 1)")")
 
-# An include root for each room, as the build has them.
-rm -rf "$roots"
-mkdir -p "$roots/framework" "$roots/platform"
-for room in shared:shared host:host host/fxplug:fxplug ov_source/platform:platform ov_source/platform/cocoa:platform \
-  ov_source/framework:framework ov_source/framework/cocoa:framework ov_source/effect:effect; do
-  mkdir -p "$roots/${room#*:}"
-  ln -sf "$PWD/${room%:*}"/*.h "$roots/${room#*:}/"
-done
-
-sources=$(ls host/fxplug/*.mm host/service/*.mm host/app/*.mm ov_source/platform/cocoa/*.mm ov_source/framework/cocoa/*.mm)
+sources=$(ls host/fxplug/*.mm host/service/*.mm host/app/*.mm ov_source/platform/cocoa/*.mm ov_source/framework/view/cocoa/*.mm)
 for source in $sources; do
   clang++-19 -fsyntax-only -std=c++20 -Wall -Wextra -Wpedantic -Werror -fobjc-runtime=macosx-12.0 -fobjc-exceptions \
-    -DVERIDIAL_HAS_EDITOR=0 -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -D_NATIVE_OBJC_EXCEPTIONS -I"$roots" -Ihost/compat \
+    -DVERIDIAL_HAS_EDITOR=0 -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -D_NATIVE_OBJC_EXCEPTIONS -I. -Iov_source -Ihost/compat \
     -DNDEBUG=1 -DVSTGUI_ENABLE_DEPRECATED_METHODS=0 -isystem "$toolkit" -isystem /usr/include/GNUstep \
     -idirafter "$objc" -include host/compat/apple_additions.h "$source"
 done

@@ -1,7 +1,7 @@
 // What the program's own bundle says of it.
 #pragma once
 
-#include "host/template_writer.h"
+#include "host/bridge/template_writer.h"
 
 #import <Foundation/Foundation.h>
 

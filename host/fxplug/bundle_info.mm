@@ -1,4 +1,4 @@
-#include "fxplug/bundle_info.h"
+#include "host/fxplug/bundle_info.h"
 
 #include <cstdio>
 

@@ -1,8 +1,8 @@
-#import "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+#import "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
 
 #include "framework/editor_session.h"
-#include "fxplug/host_apis.h"
-#include "fxplug/run_loop.h"
+#include "host/fxplug/host_apis.h"
+#include "host/fxplug/run_loop.h"
 
 using namespace ov1;
 

@@ -4,7 +4,7 @@
 #include "framework/icomponent_v1.h"
 #include "shared/image.h"
 
-#import "fxplug/fcpx_state_param.h"
+#import "host/fxplug/fcpx_state_param.h"
 #import <FxPlug/FxPlugSDK.h>
 
 #include <atomic>

@@ -1,15 +1,15 @@
-#import "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+#import "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
 
 #include "framework/create_ccomponent.h"
-#include "framework/iparameter_v1.h"
-#include "fxplug/fcpx_host_interface.h"
-#include "fxplug/fx_error.h"
-#include "fxplug/host_apis.h"
-#include "fxplug/host_values.h"
-#include "fxplug/preview_capture.h"
-#include "fxplug/render_tile.h"
-#include "host/mapped_parameters.h"
-#include "host/state_payload.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "host/fxplug/fcpx_host_interface.h"
+#include "host/fxplug/fx_error.h"
+#include "host/fxplug/host_apis.h"
+#include "host/fxplug/host_values.h"
+#include "host/fxplug/preview_capture.h"
+#include "host/fxplug/render_tile.h"
+#include "host/bridge/mapped_parameters.h"
+#include "host/bridge/state_payload.h"
 
 #include <dispatch/dispatch.h>
 

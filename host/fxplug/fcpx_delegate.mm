@@ -1,7 +1,7 @@
-#import "fxplug/fcpx_delegate.h"
+#import "host/fxplug/fcpx_delegate.h"
 
-#include "fxplug/bundle_info.h"
-#include "host/connected_host.h"
+#include "host/fxplug/bundle_info.h"
+#include "host/bridge/connected_host.h"
 
 @implementation FCPXDelegate
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/chost_v1.h"
-#include "host/dirty_queue.h"
+#include "host/bridge/dirty_queue.h"
 
 #import <FxPlug/FxPlugSDK.h>
 

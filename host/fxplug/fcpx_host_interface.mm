@@ -1,10 +1,10 @@
-#include "fxplug/fcpx_host_interface.h"
+#include "host/fxplug/fcpx_host_interface.h"
 
 #include "framework/icomponent_v1.h"
-#include "framework/iparameter_v1.h"
-#include "fxplug/host_apis.h"
-#include "host/connected_host.h"
-#include "host/parameter_map.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "host/fxplug/host_apis.h"
+#include "host/bridge/connected_host.h"
+#include "host/bridge/parameter_map.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#import "fxplug/fcpx_state_param.h"
+#import "host/fxplug/fcpx_state_param.h"
 
-#include "host/bridge_texts.h"
+#include "host/bridge/bridge_texts.h"
 
 #include <mutex>
 

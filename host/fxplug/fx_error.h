@@ -1,7 +1,7 @@
 // Errors in the video host's domain.
 #pragma once
 
-#include "host/bridge_texts.h"
+#include "host/bridge/bridge_texts.h"
 
 #import <Foundation/Foundation.h>
 

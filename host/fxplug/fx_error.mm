@@ -1,4 +1,4 @@
-#include "fxplug/fx_error.h"
+#include "host/fxplug/fx_error.h"
 
 #import <FxPlug/FxPlugSDK.h>
 

@@ -1,4 +1,4 @@
-#include "fxplug/host_apis.h"
+#include "host/fxplug/host_apis.h"
 
 #if !defined(__APPLE__)
 #import <FxPlug/protocol_records.h>

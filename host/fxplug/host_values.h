@@ -1,7 +1,7 @@
 // One parameter declared, read and written through the video host's interfaces.
 #pragma once
 
-#include "host/parameter_map.h"
+#include "host/bridge/parameter_map.h"
 
 #import <FxPlug/FxPlugSDK.h>
 

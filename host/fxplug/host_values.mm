@@ -1,4 +1,4 @@
-#include "fxplug/host_values.h"
+#include "host/fxplug/host_values.h"
 
 namespace ov1
 {

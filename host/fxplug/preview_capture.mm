@@ -1,8 +1,8 @@
-#include "fxplug/preview_capture.h"
+#include "host/fxplug/preview_capture.h"
 
-#include "fxplug/fx_error.h"
-#include "fxplug/surface.h"
-#include "host/preview_reduction.h"
+#include "host/fxplug/fx_error.h"
+#include "host/fxplug/surface.h"
+#include "host/bridge/preview_reduction.h"
 
 namespace ov1
 {

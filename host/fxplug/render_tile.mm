@@ -1,9 +1,9 @@
-#include "fxplug/render_tile.h"
+#include "host/fxplug/render_tile.h"
 
 #include "framework/ihost_v1.h"
 #include "framework/row_renderer.h"
-#include "fxplug/fx_error.h"
-#include "fxplug/surface.h"
+#include "host/fxplug/fx_error.h"
+#include "host/fxplug/surface.h"
 
 namespace ov1
 {

@@ -1,4 +1,4 @@
-#include "fxplug/run_loop.h"
+#include "host/fxplug/run_loop.h"
 
 #import <AppKit/AppKit.h>
 

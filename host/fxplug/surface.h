@@ -1,7 +1,7 @@
 // The host's surfaces: their layout, and rows of them on several threads.
 #pragma once
 
-#include "host/pixel_loops.h"
+#include "host/bridge/pixel_loops.h"
 
 #import <FxPlug/FxPlugSDK.h>
 #include <dispatch/dispatch.h>

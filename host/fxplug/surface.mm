@@ -1,4 +1,4 @@
-#include "fxplug/surface.h"
+#include "host/fxplug/surface.h"
 
 namespace ov1
 {

@@ -1,16 +1,16 @@
 // veridialfcpx: the service that the video host starts, and the writer of the template.
-#import "fxplug/fcpx_delegate.h"
+#import "host/fxplug/fcpx_delegate.h"
 
-#include "fxplug/bundle_info.h"
-#include "host/extract_command.h"
-#include "host/template_writer.h"
-#include "platform/cutils_mac.h"
+#include "host/fxplug/bundle_info.h"
+#include "host/bridge/extract_command.h"
+#include "host/bridge/template_writer.h"
+#include "platform/cocoa/cutils_mac.h"
 #include "platform/scoped_utils.h"
 
 #if VERIDIAL_HAS_EDITOR
 #include "editor/editor_scope.h"
 #ifdef __APPLE__
-#include "framework/cocoa_window.h"
+#include "framework/view/cocoa/cocoa_window.h"
 #include "framework/window_factory.h"
 #endif
 #endif

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "editor/editor_keys.h"
-#include "editor/panel_focus.h"
-#include "editor/panel_values.h"
+#include "editor/panel/panel_focus.h"
+#include "editor/panel/panel_values.h"
 
 #include "vstgui/lib/cframe.h"
 

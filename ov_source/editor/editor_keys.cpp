@@ -1,6 +1,6 @@
 #include "editor/editor_keys.h"
 
-#include "editor/help_overlay.h"
+#include "editor/controls/modal/help_overlay.h"
 #include "platform/iutils.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 // The frame's keys as the editor's actions.
 #pragma once
 
-#include "editor/key_table.h"
+#include "editor/controls/modal/key_table.h"
 #include "shared/language_id.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "editor/editor_scope.h"
 
-#include "editor/editor_dialogs.h"
+#include "editor/toolbar/editor_dialogs.h"
 #include "editor/veridial_ui.h"
 #include "framework/editor_factory.h"
 #include "platform/desktop_services.h"

@@ -1,7 +1,7 @@
 // Makes the editor available to components, for as long as a program shows windows.
 #pragma once
 
-#include "framework/toolkit_scope.h"
+#include "framework/view/toolkit_scope.h"
 
 namespace ov1
 {

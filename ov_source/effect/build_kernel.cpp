@@ -7,7 +7,7 @@
 #define HWY_TARGET_INCLUDE "effect/build_kernel.cpp"
 #include <hwy/foreach_target.h> // before highway.h, by its own rule
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 #include <hwy/highway.h>
 

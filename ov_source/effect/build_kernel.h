@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/build_plan.h"
-#include "effect/lut_mask.h"
+#include "effect/lut/lut_mask.h"
 
 #include <vector>
 

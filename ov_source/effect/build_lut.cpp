@@ -1,7 +1,7 @@
 #include "effect/build_lut.h"
 
 #include "effect/build_kernel.h"
-#include "effect/lut_utils.h"
+#include "effect/lut/lut_utils.h"
 #include "effect/skin_data.h"
 #include "effect/skin_tones.h"
 

@@ -1,8 +1,8 @@
 #include "effect/build_lut_reference.h"
 
 #include "effect/build_plan.h"
-#include "effect/integer_hsl.h"
-#include "effect/lut_utils.h"
+#include "effect/lut/integer_hsl.h"
+#include "effect/lut/lut_utils.h"
 #include "effect/skin_tones.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "effect/build_plan.h"
 
-#include "effect/angle_weights.h"
-#include "effect/integer_hsl.h"
-#include "effect/skin_square.h"
+#include "effect/lut/angle_weights.h"
+#include "effect/lut/integer_hsl.h"
+#include "effect/lut/skin_square.h"
 #include "effect/zone_colour.h"
 
 #include <cmath>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "effect/grade_settings.h"
-#include "effect/lut_argb.h"
-#include "effect/lut_point.h"
+#include "effect/lut/lut_argb.h"
+#include "effect/lut/lut_point.h"
 #include "effect/veridial_luts.h"
 
 #include <vector>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/grade_settings.h"
-#include "effect/render_table.h"
+#include "effect/lut/render_table.h"
 #include "framework/row_renderer.h"
 
 #include <optional>

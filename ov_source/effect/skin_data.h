@@ -1,8 +1,8 @@
 // The skin tables and masks that are compiled into the engine. Their values are computed when the project is built.
 #pragma once
 
-#include "effect/lut_argb.h"
-#include "effect/lut_mask.h"
+#include "effect/lut/lut_argb.h"
+#include "effect/lut/lut_mask.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // The reference tables of the skin pad.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 
 namespace ov1
 {

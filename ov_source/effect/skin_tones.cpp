@@ -1,6 +1,6 @@
 #include "effect/skin_tones.h"
 
-#include "effect/lut_utils.h"
+#include "effect/lut/lut_utils.h"
 #include "effect/skin_data.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // What the skin pad and its two arcs do to a table.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 
 namespace ov1::lut_utils
 {

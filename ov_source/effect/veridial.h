@@ -3,12 +3,12 @@
 
 #include "effect/grade_settings.h"
 #include "effect/legacy_parameters.h"
-#include "effect/lut.h"
+#include "effect/lut/lut.h"
 #include "effect/published_table.h"
 #include "effect/wheel_memory.h"
 #include "effect/zone_colour.h"
 #include "framework/ccomponent_v1.h"
-#include "framework/cparameter_v1.h"
+#include "framework/parameters/cparameter_v1.h"
 #include "framework/lut_exporter.h"
 
 #include <array>

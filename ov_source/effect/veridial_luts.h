@@ -1,7 +1,7 @@
 // The eighteen look tables of the product.
 #pragma once
 
-#include "effect/lut_argb.h"
+#include "effect/lut/lut_argb.h"
 #include "effect/zone.h"
 
 #include <array>

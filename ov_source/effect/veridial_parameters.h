@@ -1,7 +1,7 @@
 // The effect's own parameter classes.
 #pragma once
 
-#include "framework/cparameter_boolean_v1.h"
+#include "framework/parameters/cparameter_boolean_v1.h"
 
 namespace ov1
 {

@@ -1,7 +1,7 @@
 #include "framework/ccomponent_v1.h"
 
 #include "framework/ihost_v1.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/iview_v1.h"
 #include "framework/restore_scope.h"
 #include "framework/row_renderer.h"

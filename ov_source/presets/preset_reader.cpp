@@ -1,7 +1,7 @@
 #include "presets/preset_reader.h"
 
 #include "framework/icomponent_v1.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/iview_v1.h"
 #include "framework/restore_scope.h"
 #include "framework/state_blob.h"

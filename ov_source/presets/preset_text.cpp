@@ -1,8 +1,8 @@
 #include "presets/preset_text.h"
 
-#include "effect/lut_argb_variable.h"
+#include "effect/lut/lut_argb_variable.h"
 #include "framework/icomponent_v1.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/lut_exporter.h"
 
 #include <cmath>

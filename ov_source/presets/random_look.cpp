@@ -1,6 +1,6 @@
 #include "presets/random_look.h"
 
-#include "framework/cparameter_continuous_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/icomponent_v1.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
 // OpenColorIO as an independent reader of the files that we export.
-#include "effect/lut_argb_variable.h"
+#include "effect/lut/lut_argb_variable.h"
 #include "effect/veridial.h"
 #include "framework/chost_v1.h"
 

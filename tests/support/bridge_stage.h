@@ -7,8 +7,8 @@
 #include "framework/window_factory.h"
 #include "support/bridge_component.h"
 
-#include "fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
-#include "video_host/simulated_host.h"
+#include "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+#include "host/simulator/simulated_host.h"
 
 #include <functional>
 #include <gtest/gtest.h>

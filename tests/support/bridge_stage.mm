@@ -1,7 +1,7 @@
 #include "support/bridge_stage.h"
 
 #include "framework/create_ccomponent.h"
-#include "fxplug/run_loop.h"
+#include "host/fxplug/run_loop.h"
 
 namespace ov1
 {

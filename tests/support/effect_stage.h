@@ -4,7 +4,7 @@
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/icomponent_v1.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 
 namespace ov1
 {

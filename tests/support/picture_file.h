@@ -1,7 +1,7 @@
 // A picture of the editor, as the build wrote it.
 #pragma once
 
-#include "media/still_reader.h"
+#include "media/stills/still_reader.h"
 
 #include <gtest/gtest.h>
 

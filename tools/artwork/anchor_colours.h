@@ -1,7 +1,7 @@
 // The colours that stand for sky, greenery and skin on the controls.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

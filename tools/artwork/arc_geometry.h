@@ -1,7 +1,7 @@
 // How an arc's picture lies under its arrow.
 #pragma once
 
-#include "artwork/pad_geometry.h"
+#include "tools/artwork/pad_geometry.h"
 
 namespace ov1
 {

@@ -1,7 +1,7 @@
-#include "artwork/arc_pictures.h"
+#include "tools/artwork/arc_pictures.h"
 
-#include "artwork/arc_geometry.h"
-#include "artwork/arc_ramps.h"
+#include "tools/artwork/arc_geometry.h"
+#include "tools/artwork/arc_ramps.h"
 
 #include <algorithm>
 #include <cmath>

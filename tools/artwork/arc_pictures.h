@@ -1,7 +1,7 @@
 // The pictures of the arcs beside the pads: bands that show what becomes of a colour along the arrow's way.
 #pragma once
 
-#include "artwork/engine_colours.h"
+#include "tools/artwork/engine_colours.h"
 #include "shared/argb_float.h"
 
 #include <string>

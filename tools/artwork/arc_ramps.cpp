@@ -1,6 +1,6 @@
-#include "artwork/arc_ramps.h"
+#include "tools/artwork/arc_ramps.h"
 
-#include "artwork/anchor_colours.h"
+#include "tools/artwork/anchor_colours.h"
 
 #include <array>
 

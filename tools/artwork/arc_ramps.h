@@ -1,7 +1,7 @@
 // The colours along the arcs beside the pads, made from what the engine does.
 #pragma once
 
-#include "artwork/engine_colours.h"
+#include "tools/artwork/engine_colours.h"
 
 namespace ov1
 {

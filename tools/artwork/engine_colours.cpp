@@ -1,4 +1,4 @@
-#include "artwork/engine_colours.h"
+#include "tools/artwork/engine_colours.h"
 
 #include "effect/build_lut.h"
 

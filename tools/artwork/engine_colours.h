@@ -1,8 +1,8 @@
 // What the engine makes of single colours.
 #pragma once
 
-#include "effect/integer_hsl.h"
-#include "effect/lut_argb.h"
+#include "effect/lut/integer_hsl.h"
+#include "effect/lut/lut_argb.h"
 #include "effect/parameter_table.h"
 #include "effect/skin_tables.h"
 #include "effect/veridial_luts.h"

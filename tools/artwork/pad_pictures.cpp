@@ -1,8 +1,8 @@
-#include "artwork/pad_pictures.h"
+#include "tools/artwork/pad_pictures.h"
 
-#include "artwork/anchor_colours.h"
-#include "artwork/pad_geometry.h"
-#include "artwork/pad_response.h"
+#include "tools/artwork/anchor_colours.h"
+#include "tools/artwork/pad_geometry.h"
+#include "tools/artwork/pad_response.h"
 #include "effect/zone.h"
 
 #include <algorithm>

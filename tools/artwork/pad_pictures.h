@@ -1,7 +1,7 @@
 // The pictures of the eight pads, made from what the engine does.
 #pragma once
 
-#include "artwork/engine_colours.h"
+#include "tools/artwork/engine_colours.h"
 #include "shared/argb_float.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "artwork/pad_response.h"
+#include "tools/artwork/pad_response.h"
 
 #include <algorithm>
 #include <array>

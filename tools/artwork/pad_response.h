@@ -1,7 +1,7 @@
 // What a pad does to colours, all over its disc.
 #pragma once
 
-#include "artwork/engine_colours.h"
+#include "tools/artwork/engine_colours.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "looks/colour_region.h"
+#include "tools/looks/colour_region.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // A region of colours with soft edges, and moves that act within it alone.
 #pragma once
 
-#include "looks/colour_space.h"
-#include "looks/shaping.h"
+#include "tools/looks/colour_space.h"
+#include "tools/looks/shaping.h"
 
 namespace ov1
 {

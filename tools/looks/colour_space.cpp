@@ -1,4 +1,4 @@
-#include "looks/colour_space.h"
+#include "tools/looks/colour_space.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,7 +1,7 @@
 // The colour spaces in which looks are computed and judged.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

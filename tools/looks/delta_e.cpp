@@ -1,4 +1,4 @@
-#include "looks/delta_e.h"
+#include "tools/looks/delta_e.h"
 
 #include <cmath>
 #include <numbers>

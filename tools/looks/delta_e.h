@@ -1,7 +1,7 @@
 // How different two colours look.
 #pragma once
 
-#include "looks/colour_space.h"
+#include "tools/looks/colour_space.h"
 
 namespace ov1
 {

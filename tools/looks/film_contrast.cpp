@@ -1,4 +1,4 @@
-#include "looks/film_contrast.h"
+#include "tools/looks/film_contrast.h"
 
 #include <algorithm>
 

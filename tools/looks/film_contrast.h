@@ -1,7 +1,7 @@
 // The film contrast looks: tone curves with toe and shoulder.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

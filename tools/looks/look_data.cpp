@@ -1,8 +1,8 @@
-#include "looks/look_data.h"
+#include "tools/looks/look_data.h"
 
-#include "looks/film_contrast.h"
-#include "looks/region_looks.h"
-#include "looks/zone_saturation.h"
+#include "tools/looks/film_contrast.h"
+#include "tools/looks/region_looks.h"
+#include "tools/looks/zone_saturation.h"
 
 #include <cmath>
 

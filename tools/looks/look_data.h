@@ -1,8 +1,8 @@
 // All tables and masks that the product's looks are made of.
 #pragma once
 
-#include "effect/integer_hsl.h"
-#include "effect/lut_argb.h"
+#include "effect/lut/integer_hsl.h"
+#include "effect/lut/lut_argb.h"
 
 #include <array>
 #include <cstddef>

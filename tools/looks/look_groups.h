@@ -1,7 +1,7 @@
 // The looks by what they act on, and a look's answer to a colour.
 #pragma once
 
-#include "looks/look_data.h"
+#include "tools/looks/look_data.h"
 
 #include <span>
 

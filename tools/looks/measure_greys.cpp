@@ -1,7 +1,7 @@
-#include "looks/measures.h"
+#include "tools/looks/measures.h"
 
-#include "looks/delta_e.h"
-#include "looks/look_groups.h"
+#include "tools/looks/delta_e.h"
+#include "tools/looks/look_groups.h"
 
 #include <algorithm>
 #include <cmath>

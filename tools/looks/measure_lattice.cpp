@@ -1,6 +1,6 @@
-#include "looks/measures.h"
+#include "tools/looks/measures.h"
 
-#include "looks/look_groups.h"
+#include "tools/looks/look_groups.h"
 
 #include <algorithm>
 #include <array>

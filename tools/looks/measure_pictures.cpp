@@ -1,8 +1,8 @@
-#include "looks/measures.h"
+#include "tools/looks/measures.h"
 
-#include "looks/look_groups.h"
-#include "looks/memory_colours.h"
-#include "looks/shaping.h"
+#include "tools/looks/look_groups.h"
+#include "tools/looks/memory_colours.h"
+#include "tools/looks/shaping.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "looks/measures.h"
+#include "tools/looks/measures.h"
 
 namespace ov1
 {

@@ -1,7 +1,7 @@
 // Fifteen measures that the look data are held to.
 #pragma once
 
-#include "looks/look_data.h"
+#include "tools/looks/look_data.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "looks/memory_colours.h"
+#include "tools/looks/memory_colours.h"
 
 #include <algorithm>
 #include <cassert>

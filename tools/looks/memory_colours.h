@@ -1,7 +1,7 @@
 // The colours that looks are made for and judged by: printed patches, real skies, leaves and faces.
 #pragma once
 
-#include "looks/colour_space.h"
+#include "tools/looks/colour_space.h"
 
 #include <array>
 #include <cstddef>

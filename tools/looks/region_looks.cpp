@@ -1,6 +1,6 @@
-#include "looks/region_looks.h"
+#include "tools/looks/region_looks.h"
 
-#include "looks/colour_region.h"
+#include "tools/looks/colour_region.h"
 
 namespace ov1
 {

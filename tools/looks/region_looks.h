@@ -1,7 +1,7 @@
 // The looks of sky, greenery and skin, and the masks that select skin.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

@@ -1,4 +1,4 @@
-#include "looks/report.h"
+#include "tools/looks/report.h"
 
 #include <cmath>
 #include <fmt/format.h>

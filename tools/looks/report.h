@@ -1,7 +1,7 @@
 // The measures as a table to read.
 #pragma once
 
-#include "looks/measures.h"
+#include "tools/looks/measures.h"
 
 #include <string>
 #include <vector>

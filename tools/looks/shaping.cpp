@@ -1,4 +1,4 @@
-#include "looks/shaping.h"
+#include "tools/looks/shaping.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Soft edges: how a weight sets in, and how a channel is kept within its range.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

@@ -1,4 +1,4 @@
-#include "looks/skin_source.h"
+#include "tools/looks/skin_source.h"
 
 #include <fmt/format.h>
 #include <iterator>

@@ -1,7 +1,7 @@
 // The C++ source that carries the skin tables and masks into the engine.
 #pragma once
 
-#include "looks/look_data.h"
+#include "tools/looks/look_data.h"
 
 #include <string>
 

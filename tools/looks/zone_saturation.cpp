@@ -1,7 +1,7 @@
-#include "looks/zone_saturation.h"
+#include "tools/looks/zone_saturation.h"
 
-#include "looks/colour_space.h"
-#include "looks/shaping.h"
+#include "tools/looks/colour_space.h"
+#include "tools/looks/shaping.h"
 
 #include <algorithm>
 #include <cmath>

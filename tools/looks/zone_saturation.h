@@ -1,7 +1,7 @@
 // More or less colour in shadows, mids and highlights.
 #pragma once
 
-#include "effect/integer_hsl.h"
+#include "effect/lut/integer_hsl.h"
 
 namespace ov1
 {

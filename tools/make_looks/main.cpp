@@ -1,9 +1,9 @@
 // Computes the product's look data when the project is built.
-#include "effect/bin_lut.h"
-#include "looks/look_data.h"
-#include "looks/measures.h"
-#include "looks/report.h"
-#include "looks/skin_source.h"
+#include "effect/lut/bin_lut.h"
+#include "tools/looks/look_data.h"
+#include "tools/looks/measures.h"
+#include "tools/looks/report.h"
+#include "tools/looks/skin_source.h"
 
 #include <algorithm>
 #include <filesystem>

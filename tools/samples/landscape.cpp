@@ -1,6 +1,6 @@
-#include "samples/landscape.h"
+#include "tools/samples/landscape.h"
 
-#include "samples/noise.h"
+#include "tools/samples/noise.h"
 
 #include <algorithm>
 #include <array>

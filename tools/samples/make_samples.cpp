@@ -1,8 +1,8 @@
 // Draws the sample pictures: make_samples FOLDER writes landscape.png and memory_colours.png there.
-#include "media/still_writer.h"
+#include "media/stills/still_writer.h"
 #include "platform/atomic_file.h"
-#include "samples/landscape.h"
-#include "samples/memory_chart.h"
+#include "tools/samples/landscape.h"
+#include "tools/samples/memory_chart.h"
 
 #include <cstdio>
 #include <string>

@@ -1,4 +1,4 @@
-#include "samples/memory_chart.h"
+#include "tools/samples/memory_chart.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "samples/noise.h"
+#include "tools/samples/noise.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,11 +3,11 @@
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/icomponent_v1.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "platform/atomic_file.h"
 #include "presets/preset_manager.h"
 #include "presets/preset_text.h"
-#include "starting_looks/starting_looks.h"
+#include "tools/starting_looks/starting_looks.h"
 
 #include <cstdio>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "starting_looks/starting_looks.h"
+#include "tools/starting_looks/starting_looks.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 // From the button to the editor and back, with an editor that runs a script.
 #include "support/bridge_stage.h"
 
-#include "framework/iparameter_v1.h"
-#include "fxplug/run_loop.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "host/fxplug/run_loop.h"
 
 namespace ov1
 {

@@ -1,7 +1,7 @@
 // Tiles through the plug-in class: pixels, refusals, several threads.
 #include "support/bridge_stage.h"
 
-#include "video_host/tile_maker.h"
+#include "host/simulator/tile_maker.h"
 
 #include <random>
 #include <thread>

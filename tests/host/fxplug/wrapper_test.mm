@@ -1,10 +1,10 @@
 // The plug-in class under the simulated host: declaration, values both ways, state, documents.
 #include "support/bridge_stage.h"
 
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/state_blob.h"
-#include "host/parameter_map.h"
-#include "video_host/host_archive.h"
+#include "host/bridge/parameter_map.h"
+#include "host/simulator/host_archive.h"
 
 namespace ov1
 {

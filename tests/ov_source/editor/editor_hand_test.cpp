@@ -1,6 +1,6 @@
 #include "editor/editor_hand.h"
 
-#include "editor/value_text.h"
+#include "editor/controls/widgets/value_text.h"
 #include "ov_source/editor/editor_stage.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "editor/editor_memory.h"
 
-#include "editor/preview_bar.h"
-#include "editor/scopes_panel.h"
+#include "editor/preview/preview_bar.h"
+#include "editor/scopes/scopes_panel.h"
 #include "ov_source/editor/editor_stage.h"
 
 #include "vstgui/lib/platform/platformfactory.h"

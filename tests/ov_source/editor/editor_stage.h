@@ -1,16 +1,16 @@
 // The effect with its editor open, in a frame without a window and a home of its own.
 #pragma once
 
-#include "editor/cov_plugin_toolbar.h"
+#include "editor/toolbar/cov_plugin_toolbar.h"
 #include "editor/veridial_ui.h"
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/editor_factory.h"
 #include "framework/image_render.h"
-#include "framework/iparameter_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/row_renderer.h"
-#include "framework/toolkit_scope.h"
-#include "ov_source/editor/control_stage.h"
+#include "framework/view/toolkit_scope.h"
+#include "ov_source/editor/controls/widgets/control_stage.h"
 #include "platform/cutils_linux.h"
 #include "platform/scoped_utils.h"
 #include "shared/argb_float.h"

@@ -1,6 +1,6 @@
 #include "editor/veridial_ui.h"
 
-#include "framework/cparameter_continuous_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "ov_source/editor/editor_stage.h"
 
 #include "vstgui/lib/platform/platformfactory.h"

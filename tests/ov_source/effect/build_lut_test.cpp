@@ -1,7 +1,7 @@
 #include "effect/build_lut.h"
 
 #include "effect/build_lut_reference.h"
-#include "effect/instruction_sets.h"
+#include "effect/lut/instruction_sets.h"
 #include "platform/iutils.h"
 #include "platform/scoped_utils.h"
 #include "reference_build.h"

@@ -1,10 +1,10 @@
 #include "effect/skin_tones.h"
 
 #include "effect/build_lut.h"
-#include "effect/lut_utils.h"
+#include "effect/lut/lut_utils.h"
 #include "effect/skin_data.h"
-#include "looks/delta_e.h"
-#include "looks/memory_colours.h"
+#include "tools/looks/delta_e.h"
+#include "tools/looks/memory_colours.h"
 
 #include <algorithm>
 #include <cmath>

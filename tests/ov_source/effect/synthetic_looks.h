@@ -1,8 +1,8 @@
 // Look tables for tests: each bends the cube in its own way, so that none can stand in for another.
 #pragma once
 
-#include "effect/bin_lut.h"
-#include "effect/lut_argb.h"
+#include "effect/lut/bin_lut.h"
+#include "effect/lut/lut_argb.h"
 
 #include <array>
 #include <cmath>

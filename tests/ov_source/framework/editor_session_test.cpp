@@ -2,7 +2,7 @@
 
 #include "framework/ccomponent_v1.h"
 #include "framework/chost_v1.h"
-#include "framework/cparameter_continuous_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/iview_v1.h"
 #include "framework/preview_sink.h"
 #include "framework/window_factory.h"

@@ -1,4 +1,4 @@
-#include "platform/cutils_mac.h"
+#include "platform/cocoa/cutils_mac.h"
 
 #include "support/temp_folder.h"
 

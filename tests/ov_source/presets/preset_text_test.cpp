@@ -1,6 +1,6 @@
 #include "presets/preset_text.h"
 
-#include "effect/lut_argb_variable.h"
+#include "effect/lut/lut_argb_variable.h"
 #include "framework/lut_exporter.h"
 #include "support/test_component.h"
 

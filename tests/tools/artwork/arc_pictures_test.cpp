@@ -1,4 +1,4 @@
-#include "artwork/arc_ramps.h"
+#include "tools/artwork/arc_ramps.h"
 #include "support/picture_file.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "looks/colour_space.h"
+#include "tools/looks/colour_space.h"
 
-#include "looks/shaping.h"
+#include "tools/looks/shaping.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

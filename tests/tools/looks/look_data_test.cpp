@@ -1,10 +1,10 @@
 // The generated data, as the product loads them, are held to the fifteen measures; and each measure sees damage.
-#include "looks/look_data.h"
+#include "tools/looks/look_data.h"
 
-#include "effect/bin_lut.h"
+#include "effect/lut/bin_lut.h"
 #include "effect/skin_data.h"
-#include "looks/look_groups.h"
-#include "looks/measures.h"
+#include "tools/looks/look_groups.h"
+#include "tools/looks/measures.h"
 
 #include <algorithm>
 #include <fstream>

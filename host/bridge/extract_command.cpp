@@ -1,0 +1,37 @@
+#include "host/bridge/extract_command.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr const char* key = "--extractXML";
+
+extract_command refusal(const char* message, int exit_code)
+{
+    return {extract_command::action::say, message, exit_code, {}};
+}
+
+} // namespace
+
+extract_command read_extract_command(std::span<const std::string> arguments)
+{
+    if (arguments.empty())
+        return {};
+    if (arguments.size() == 1)
+        return refusal("Usage: --extractXML path-to-template-xml-folder", 0);
+
+    std::string folder;
+    for (std::size_t at = 0; at + 1 < arguments.size(); at += 2)
+    {
+        if (arguments[at] != key)
+            return refusal("Invalid commandline arguments.", 1);
+        folder = arguments[at + 1];
+    }
+    if (folder.empty())
+        return refusal("No valid template folder provided.", 1);
+    return {extract_command::action::extract, {}, 0, folder};
+}
+
+} // namespace ov1

@@ -1,0 +1,55 @@
+#include "host/bridge/pixel_loops.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::size_t half_pixel_bytes = 4 * sizeof(half_bits);
+constexpr std::size_t float_pixel_bytes = 4 * sizeof(float);
+
+template <typename T>
+const T* source_row(const tile_pair& tile, std::size_t y)
+{
+    return reinterpret_cast<const T*>(tile.source + y * tile.source_bytes_per_row);
+}
+
+template <typename T>
+T* destination_row(const tile_pair& tile, std::size_t y)
+{
+    return reinterpret_cast<T*>(tile.destination + y * tile.destination_bytes_per_row);
+}
+
+float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; } // a NaN fails the comparison
+
+} // namespace
+
+std::optional<tile_format> tile_format_of(const surface_layout& layout)
+{
+    if (layout.pixel_format == rgba_half_code && layout.bytes_per_element == half_pixel_bytes)
+        return tile_format::rgba_half;
+    if (layout.pixel_format == rgba_float_code && layout.bytes_per_element == float_pixel_bytes)
+        return tile_format::rgba_float;
+    return std::nullopt;
+}
+
+void render_half_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y)
+{
+    renderer.render_row_half(y, source_row<half_bits>(tile, y), destination_row<half_bits>(tile, y), tile.width);
+}
+
+void render_float_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y)
+{
+    auto* const out = destination_row<argb_float>(tile, y);
+    // The limited row lies in the destination, where it is rendered in place.
+    std::transform(source_row<argb_float>(tile, y), source_row<argb_float>(tile, y) + tile.width, out,
+                   [](const argb_float& p) {
+                       return argb_float{limited(p.a), limited(p.r), limited(p.g), limited(p.b)};
+                   });
+    renderer.render_row(y, out, out, tile.width);
+}
+
+} // namespace ov1

@@ -1,0 +1,145 @@
+// Documents of the simulated host: a property list.
+//
+//   format       "veridial-host document 1"
+//   parameters   id -> { name, value (value_text.h) or archive (data), keyframes: time -> value }
+#include "host/simulator/host_core.h"
+#include "host/simulator/value_text.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+NSString* const format_name = @"veridial-host document 1";
+
+NSString* host_text(const std::string& text) { return [NSString stringWithUTF8String:text.c_str()]; }
+
+std::string text_of(id object)
+{
+    const char* const text = [object isKindOfClass:[NSString class]] ? [object UTF8String] : nullptr;
+    return text == nullptr ? std::string() : text;
+}
+
+NSDictionary* dictionary_of(const stored_parameter& p)
+{
+    NSMutableDictionary* const entry = [NSMutableDictionary dictionary];
+    [entry setObject:host_text(p.name) forKey:@"name"];
+    if (const auto* archive = std::get_if<store_archive>(&p.value))
+        [entry setObject:[NSData dataWithBytes:archive->data() length:archive->size()] forKey:@"archive"];
+    else
+        [entry setObject:host_text(text_of_value(p.value)) forKey:@"value"];
+    NSMutableDictionary* const keyframes = [NSMutableDictionary dictionary];
+    for (const auto& [time, value] : p.keyframes)
+        [keyframes setObject:host_text(text_of_value(value)) forKey:host_text(text_of_time(time))];
+    if ([keyframes count] > 0)
+        [entry setObject:keyframes forKey:@"keyframes"];
+    return entry;
+}
+
+bool read_keyframes(NSDictionary* from, stored_parameter& p)
+{
+    if (from == nil)
+        return true;
+    if (![from isKindOfClass:[NSDictionary class]])
+        return false;
+    for (NSString* key in from)
+    {
+        CMTime time;
+        store_value value;
+        if (!time_of_text(text_of(key), time) || !value_of_text(text_of([from objectForKey:key]), value) ||
+            value.index() != p.value.index())
+            return false;
+        p.keyframes[time] = value;
+    }
+    return true;
+}
+
+bool read_parameter(NSDictionary* entry, stored_parameter& p)
+{
+    if (![entry isKindOfClass:[NSDictionary class]])
+        return false;
+    p.name = text_of([entry objectForKey:@"name"]);
+    NSData* const archive = [entry objectForKey:@"archive"];
+    if ([archive isKindOfClass:[NSData class]])
+    {
+        const auto* const first = static_cast<const std::uint8_t*>([archive bytes]);
+        p.value = store_archive(first, first + [archive length]);
+    }
+    else if (!value_of_text(text_of([entry objectForKey:@"value"]), p.value))
+        return false;
+    return read_keyframes([entry objectForKey:@"keyframes"], p);
+}
+
+/// Nil for what is no property list.
+NSDictionary* parsed(const std::vector<std::uint8_t>& bytes)
+{
+    @try
+    {
+        NSData* const data = [NSData dataWithBytes:bytes.data() length:bytes.size()];
+        const id root = [NSPropertyListSerialization propertyListWithData:data
+                                                                  options:NSPropertyListImmutable
+                                                                   format:NULL
+                                                                    error:NULL];
+        return [root isKindOfClass:[NSDictionary class]] ? root : nil;
+    }
+    @catch (NSException*)
+    {
+        return nil;
+    }
+}
+
+} // namespace
+
+bool simulated_host::write_document(std::vector<std::uint8_t>& bytes, std::string& reason) const
+{
+    @autoreleasepool
+    {
+        NSMutableDictionary* const parameters = [NSMutableDictionary dictionary];
+        for (const auto& [id, p] : impl->store.copy())
+            [parameters setObject:dictionary_of(p) forKey:host_text(std::to_string(id))];
+        NSDictionary* const root =
+            [NSDictionary dictionaryWithObjectsAndKeys:format_name, @"format", parameters, @"parameters", nil];
+        NSData* const data = [NSPropertyListSerialization dataWithPropertyList:root
+                                                                        format:NSPropertyListXMLFormat_v1_0
+                                                                       options:0
+                                                                         error:NULL];
+        if (data == nil)
+        {
+            reason = "cannot be written as a property list";
+            return false;
+        }
+        const auto* const first = static_cast<const std::uint8_t*>([data bytes]);
+        bytes.assign(first, first + [data length]);
+        return true;
+    }
+}
+
+bool simulated_host::read_document(const std::vector<std::uint8_t>& bytes, std::string& reason)
+{
+    @autoreleasepool
+    {
+        NSDictionary* const root = parsed(bytes);
+        NSDictionary* const entries = [root objectForKey:@"parameters"];
+        if (![[root objectForKey:@"format"] isEqual:format_name] || ![entries isKindOfClass:[NSDictionary class]])
+        {
+            reason = "is no document of this program";
+            return false;
+        }
+        parameter_map_by_id parameters;
+        for (NSString* key in entries)
+        {
+            stored_parameter p;
+            if (!read_parameter([entries objectForKey:key], p))
+            {
+                reason = "parameter " + text_of(key) + " is damaged";
+                return false;
+            }
+            parameters[static_cast<std::uint32_t>([key intValue])] = std::move(p);
+        }
+        impl->store.restore(parameters);
+        return true;
+    }
+}
+
+} // namespace ov1

@@ -1,0 +1,357 @@
+#include "host/simulator/host_archive.h"
+#include "host/simulator/host_core.h"
+
+/// Each interface is an object of its own, so that none answers for another.
+@interface host_interface : NSObject
+{
+@protected
+    ov1::simulated_host::core* core;
+}
+- (instancetype)initWithCore:(ov1::simulated_host::core*)owner;
+@end
+
+@implementation host_interface
+- (instancetype)initWithCore:(ov1::simulated_host::core*)owner
+{
+    if ((self = [super init]))
+        core = owner;
+    return self;
+}
+@end
+
+namespace
+{
+
+using namespace ov1;
+
+std::string text_of(NSString* text) { return text == nil ? std::string() : [text UTF8String]; }
+
+stored_parameter described(NSString* name, FxParameterFlags flags, store_value value)
+{
+    stored_parameter p;
+    p.name = text_of(name);
+    p.flags = flags;
+    p.default_value = std::move(value);
+    return p;
+}
+
+template <typename T, typename to>
+bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
+{
+    store_value found = T{};
+    if (value == nullptr || !store.get(id, time, found))
+        return false;
+    *value = static_cast<to>(std::get<T>(found));
+    return true;
+}
+
+} // namespace
+
+@interface host_parameter_creation : host_interface <FxParameterCreationAPI_v5>
+@end
+
+@implementation host_parameter_creation
+
+- (BOOL)addFloatSliderWithName:(NSString*)name
+                   parameterID:(UInt32)parameterID
+                  defaultValue:(double)defaultValue
+                  parameterMin:(double)min
+                  parameterMax:(double)max
+                     sliderMin:(double)sliderMin
+                     sliderMax:(double)sliderMax
+                         delta:(double)sliderDelta
+                parameterFlags:(FxParameterFlags)flags
+{
+    stored_parameter p = described(name, flags, defaultValue);
+    p.min = min;
+    p.max = max;
+    return min <= sliderMin && sliderMax <= max && sliderDelta > 0 && core->store.declare(parameterID, std::move(p));
+}
+
+- (BOOL)addIntSliderWithName:(NSString*)name
+                 parameterID:(UInt32)parameterID
+                defaultValue:(int)defaultValue
+                parameterMin:(int)min
+                parameterMax:(int)max
+                   sliderMin:(int)sliderMin
+                   sliderMax:(int)sliderMax
+                       delta:(int)sliderDelta
+              parameterFlags:(FxParameterFlags)flags
+{
+    stored_parameter p = described(name, flags, defaultValue);
+    p.min = min;
+    p.max = max;
+    return min <= sliderMin && sliderMax <= max && sliderDelta > 0 && core->store.declare(parameterID, std::move(p));
+}
+
+- (BOOL)addToggleButtonWithName:(NSString*)name
+                    parameterID:(UInt32)parameterID
+                   defaultValue:(BOOL)defaultValue
+                 parameterFlags:(FxParameterFlags)flags
+{
+    return core->store.declare(parameterID, described(name, flags, defaultValue != NO));
+}
+
+- (BOOL)addPopupMenuWithName:(NSString*)name
+                 parameterID:(UInt32)parameterID
+                defaultValue:(UInt32)defaultValue
+                 menuEntries:(NSArray*)entries
+              parameterFlags:(FxParameterFlags)flags
+{
+    stored_parameter p = described(name, flags, static_cast<int>(defaultValue));
+    for (NSString* entry in entries)
+        p.entries.push_back(text_of(entry));
+    p.max = static_cast<double>(p.entries.size()) - 1;
+    return defaultValue < p.entries.size() && core->store.declare(parameterID, std::move(p));
+}
+
+- (BOOL)addColorParameterWithName:(NSString*)name
+                      parameterID:(UInt32)parameterID
+                       defaultRed:(double)red
+                     defaultGreen:(double)green
+                      defaultBlue:(double)blue
+                     defaultAlpha:(double)alpha
+                   parameterFlags:(FxParameterFlags)flags
+{
+    return core->store.declare(parameterID, described(name, flags, store_color{red, green, blue, alpha}));
+}
+
+- (BOOL)addCustomParameterWithName:(NSString*)name
+                       parameterID:(UInt32)parameterID
+                      defaultValue:(NSObject<NSSecureCoding, NSCopying>*)defaultValue
+                    parameterFlags:(FxParameterFlags)flags
+{
+    return core->store.declare(parameterID, described(name, flags, archive_value(defaultValue)));
+}
+
+@end
+
+@interface host_parameter_retrieval : host_interface <FxParameterRetrievalAPI_v6>
+@end
+
+@implementation host_parameter_retrieval
+
+- (BOOL)getFloatValue:(double*)value fromParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return get<double>(core->store, parameterID, time, value);
+}
+
+- (BOOL)getIntValue:(int*)value fromParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return get<int>(core->store, parameterID, time, value);
+}
+
+- (BOOL)getBoolValue:(BOOL*)value fromParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return get<bool>(core->store, parameterID, time, value);
+}
+
+- (BOOL)getRedValue:(double*)red
+         greenValue:(double*)green
+          blueValue:(double*)blue
+         alphaValue:(double*)alpha
+      fromParameter:(UInt32)parameterID
+             atTime:(CMTime)time
+{
+    store_color c;
+    if (!get<store_color>(core->store, parameterID, time, &c))
+        return NO;
+    *red = c.red;
+    *green = c.green;
+    *blue = c.blue;
+    *alpha = c.alpha;
+    return YES;
+}
+
+- (BOOL)getCustomParameterValue:(NSObject<NSSecureCoding, NSCopying>**)value
+                  fromParameter:(UInt32)parameterID
+                         atTime:(CMTime)time
+{
+    store_archive archive;
+    if (!get<store_archive>(core->store, parameterID, time, &archive))
+        return NO;
+    std::string reason;
+    *value = unarchive_value(archive, [core->plugin classForCustomParameterID:parameterID], reason);
+    return *value != nil;
+}
+
+- (BOOL)getParameterFlags:(FxParameterFlags*)flags fromParameter:(UInt32)parameterID
+{
+    return core->store.get_flags(parameterID, *flags);
+}
+
+@end
+
+@interface host_parameter_setting : host_interface <FxParameterSettingAPI_v6>
+@end
+
+@implementation host_parameter_setting
+
+- (BOOL)setFloatValue:(double)value toParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return core->store.set(parameterID, time, value);
+}
+
+- (BOOL)setIntValue:(int)value toParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return core->store.set(parameterID, time, value);
+}
+
+- (BOOL)setBoolValue:(BOOL)value toParameter:(UInt32)parameterID atTime:(CMTime)time
+{
+    return core->store.set(parameterID, time, value != NO);
+}
+
+- (BOOL)setRedValue:(double)red
+         greenValue:(double)green
+          blueValue:(double)blue
+         alphaValue:(double)alpha
+        toParameter:(UInt32)parameterID
+             atTime:(CMTime)time
+{
+    return core->store.set(parameterID, time, store_color{red, green, blue, alpha});
+}
+
+- (BOOL)setCustomParameterValue:(NSObject<NSSecureCoding, NSCopying>*)value
+                    toParameter:(UInt32)parameterID
+                         atTime:(CMTime)time
+{
+    return core->store.set(parameterID, time, archive_value(value));
+}
+
+- (BOOL)setParameterFlags:(FxParameterFlags)flags toParameter:(UInt32)parameterID
+{
+    return core->store.set_flags(parameterID, flags);
+}
+
+- (BOOL)addFlags:(FxParameterFlags)flags toParameter:(UInt32)parameterID
+{
+    FxParameterFlags now = 0;
+    return core->store.get_flags(parameterID, now) && core->store.set_flags(parameterID, now | flags);
+}
+
+- (BOOL)removeFlags:(FxParameterFlags)flags fromParameter:(UInt32)parameterID
+{
+    FxParameterFlags now = 0;
+    return core->store.get_flags(parameterID, now) && core->store.set_flags(parameterID, now & ~flags);
+}
+
+@end
+
+@interface host_actions : host_interface <FxCustomParameterActionAPI_v4>
+@end
+
+@implementation host_actions
+
+- (void)startAction:(id)sender
+{
+    (void)sender;
+    core->store.begin_action();
+}
+
+- (void)endAction:(id)sender
+{
+    (void)sender;
+    core->store.end_action();
+}
+
+- (CMTime)currentTime
+{
+    return core->current_time();
+}
+
+@end
+
+@interface host_timing : host_interface <FxTimingAPI_v4>
+@end
+
+@implementation host_timing
+
+- (void)inputTime:(CMTime*)inputTime fromTimelineTime:(CMTime)time
+{
+    *inputTime = core->frames_later(time, core->input_offset);
+}
+
+- (NSUInteger)timelineFpsNumeratorForEffect:(id<FxTileableEffect>)effect
+{
+    (void)effect;
+    return static_cast<NSUInteger>(core->rate_numerator);
+}
+
+- (NSUInteger)timelineFpsDenominatorForEffect:(id<FxTileableEffect>)effect
+{
+    (void)effect;
+    return static_cast<NSUInteger>(core->rate_denominator);
+}
+
+@end
+
+@interface host_analysis : host_interface <FxAnalysisAPI>
+@end
+
+@implementation host_analysis
+
+- (FxAnalysisState)analysisStateForEffect
+{
+    const std::scoped_lock guard(core->lock);
+    return core->analysis_state;
+}
+
+- (BOOL)startForwardAnalysis:(FxAnalysisLocation)location error:(NSError**)error
+{
+    (void)location;
+    if (core->start_analysis())
+        return YES;
+    if (error != nullptr)
+        *error = [NSError errorWithDomain:FxPlugErrorDomain code:kFxError_AnalysisError userInfo:nil];
+    return NO;
+}
+
+- (BOOL)startBackwardAnalysis:(FxAnalysisLocation)location error:(NSError**)error
+{
+    return [self startForwardAnalysis:location error:error];
+}
+
+@end
+
+@interface host_api_manager : host_interface <PROAPIAccessing>
+{
+    NSDictionary* interfaces; // by their protocols' names
+}
+@end
+
+@implementation host_api_manager
+
+- (instancetype)initWithCore:(ov1::simulated_host::core*)owner
+{
+    if (!(self = [super initWithCore:owner]))
+        return nil;
+    NSMutableDictionary* const all = [NSMutableDictionary dictionary];
+    const auto offer = [&](NSString* protocol, Class kind)
+    { [all setObject:[[[kind alloc] initWithCore:owner] autorelease] forKey:protocol]; };
+    offer(@"FxParameterCreationAPI_v5", [host_parameter_creation class]);
+    offer(@"FxParameterRetrievalAPI_v6", [host_parameter_retrieval class]);
+    offer(@"FxParameterSettingAPI_v5", [host_parameter_setting class]);
+    offer(@"FxParameterSettingAPI_v6", [host_parameter_setting class]);
+    offer(@"FxCustomParameterActionAPI_v4", [host_actions class]);
+    offer(@"FxTimingAPI_v4", [host_timing class]);
+    offer(@"FxAnalysisAPI", [host_analysis class]);
+    interfaces = [all copy];
+    return self;
+}
+
+- (void)dealloc
+{
+    [interfaces release];
+    [super dealloc];
+}
+
+- (id)apiForProtocol:(Protocol*)apiProtocol
+{
+    NSString* const name = NSStringFromProtocol(apiProtocol);
+    return core->is_refused(name) ? nil : [interfaces objectForKey:name];
+}
+
+@end
+
+id ov1::make_api_manager(simulated_host::core& core) { return [[host_api_manager alloc] initWithCore:&core]; }

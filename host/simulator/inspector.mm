@@ -1,0 +1,186 @@
+#include "host/simulator/inspector.h"
+
+#import <AppKit/AppKit.h>
+
+#include <vector>
+
+/// Passes the sliders' values on to the host; a slider's tag is its parameter's number.
+@interface inspector_target : NSObject
+{
+    ov1::simulated_host* host;
+}
+- (instancetype)initWithHost:(ov1::simulated_host*)owner;
+- (void)sliderMoved:(NSSlider*)slider;
+@end
+
+@implementation inspector_target
+
+- (instancetype)initWithHost:(ov1::simulated_host*)owner
+{
+    if ((self = [super init]))
+        host = owner;
+    return self;
+}
+
+- (void)sliderMoved:(NSSlider*)slider
+{
+    if (!host->edit(static_cast<std::uint32_t>([slider tag]), [slider doubleValue]))
+        NSLog(@"The effect refused a value.");
+}
+
+@end
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr double row_height = 22, label_width = 190, slider_width = 200, number_width = 70, margin = 8;
+constexpr double window_width = label_width + slider_width + number_width + 3 * margin + 20, window_height = 560;
+constexpr NSTimeInterval refresh_period = 0.1; // seconds
+constexpr std::uint32_t hidden_flag = 2;
+
+NSTextField* make_label(NSRect frame, NSString* text)
+{
+    NSTextField* const label = [[[NSTextField alloc] initWithFrame:frame] autorelease];
+    [label setStringValue:text];
+    [label setEditable:NO];
+    [label setBezeled:NO];
+    [label setDrawsBackground:NO];
+    return label;
+}
+
+} // namespace
+
+struct inspector::parts
+{
+    struct row
+    {
+        std::uint32_t number;
+        NSSlider* slider;
+        NSTextField* text;
+    };
+
+    simulated_host& host;
+    inspector_target* target = nil;
+    NSWindow* window = nil;
+    NSView* effect_view = nil;
+    std::vector<row> rows;
+
+    void add_row(NSView* to, double y, std::uint32_t number, const stored_parameter& p);
+    NSView* make_rows();
+};
+
+void inspector::parts::add_row(NSView* to, double y, std::uint32_t number, const stored_parameter& p)
+{
+    [to addSubview:make_label(NSMakeRect(margin, y, label_width, row_height),
+                              [NSString stringWithUTF8String:p.name.c_str()])];
+    const NSRect place = NSMakeRect(margin + label_width, y, slider_width, row_height - 4);
+    NSSlider* const slider = [[[NSSlider alloc] initWithFrame:place] autorelease];
+    [slider setMinValue:p.min];
+    [slider setMaxValue:p.max];
+    [slider setTag:static_cast<NSInteger>(number)];
+    [slider setTarget:target];
+    [slider setAction:@selector(sliderMoved:)];
+    NSTextField* const text =
+        make_label(NSMakeRect(2 * margin + label_width + slider_width, y, number_width, row_height), @"");
+    [to addSubview:slider];
+    [to addSubview:text];
+    rows.push_back({number, slider, text});
+}
+
+NSView* inspector::parts::make_rows()
+{
+    std::vector<std::pair<std::uint32_t, stored_parameter>> shown;
+    for (auto& [number, p] : host.get_parameters().copy())
+        if (std::holds_alternative<double>(p.value) && !(p.flags & hidden_flag))
+            shown.emplace_back(number, p);
+    const double height = row_height * static_cast<double>(shown.size()) + margin;
+    NSView* const list = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, window_width - 20, height)] autorelease];
+    double y = height - row_height;
+    for (const auto& [number, p] : shown)
+    {
+        add_row(list, y, number, p);
+        y -= row_height;
+    }
+    return list;
+}
+
+inspector::inspector(simulated_host& host, const std::string& title)
+    : held(std::make_unique<parts>(host))
+{
+    @autoreleasepool
+    {
+        held->target = [[inspector_target alloc] initWithHost:&host];
+        held->effect_view = static_cast<NSView*>(host.create_view());
+        held->window = [[NSWindow alloc] initWithContentRect:NSMakeRect(40, 40, window_width, window_height)
+                                                   styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                                                     backing:NSBackingStoreBuffered
+                                                       defer:NO];
+        [held->window setTitle:[NSString stringWithUTF8String:title.c_str()]];
+        [held->window setReleasedWhenClosed:NO];
+        const double top = window_height - [held->effect_view frame].size.height - margin;
+        [held->effect_view setFrameOrigin:NSMakePoint(margin, top)];
+        [[held->window contentView] addSubview:held->effect_view];
+        const NSRect below = NSMakeRect(0, 0, window_width, top - margin);
+        NSScrollView* const scroller = [[[NSScrollView alloc] initWithFrame:below] autorelease];
+        [scroller setHasVerticalScroller:YES];
+        NSView* const list = held->make_rows();
+        [scroller setDocumentView:list];
+        [list scrollPoint:NSMakePoint(0, [list frame].size.height)];
+        [[held->window contentView] addSubview:scroller];
+        [held->window center];
+        [held->window makeKeyAndOrderFront:nil];
+    }
+    refresh();
+}
+
+inspector::~inspector()
+{
+    @autoreleasepool
+    {
+        [held->window close];
+        [held->window release];
+        [held->effect_view release];
+        [held->target release];
+    }
+}
+
+bool inspector::is_open() const { return [held->window isVisible]; }
+void* inspector::get_effect_view() const { return held->effect_view; }
+
+void inspector::refresh()
+{
+    @autoreleasepool
+    {
+        for (const parts::row& row : held->rows)
+        {
+            store_value value = 0.0;
+            if (!held->host.get_parameters().get(row.number, held->host.get_playhead(), value))
+                continue;
+            [row.slider setDoubleValue:std::get<double>(value)];
+            [row.text setStringValue:[NSString stringWithFormat:@"%.2f", std::get<double>(value)]];
+        }
+    }
+}
+
+void inspector::run()
+{
+    while (is_open())
+    {
+        @autoreleasepool
+        {
+            NSDate* const until = [NSDate dateWithTimeIntervalSinceNow:refresh_period];
+            NSEvent* const event = [NSApp nextEventMatchingMask:static_cast<NSEventMask>(NSUIntegerMax)
+                                                      untilDate:until
+                                                         inMode:NSDefaultRunLoopMode
+                                                        dequeue:YES];
+            if (event != nil)
+                [NSApp sendEvent:event];
+        }
+        refresh();
+    }
+}
+
+} // namespace ov1

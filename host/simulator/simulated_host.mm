@@ -1,0 +1,342 @@
+#include "host/simulator/simulated_host.h"
+
+#include "host/simulator/host_core.h"
+#include "host/simulator/tile_maker.h"
+
+#include <atomic>
+#include <numeric>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+thread_local std::optional<CMTime> call_time;
+
+using effect = NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>;
+
+effect* effect_of(const simulated_host::core& core) { return static_cast<effect*>(core.plugin); }
+
+/// The parts of a picture, row by row.
+std::vector<picture_part> parts_of(const host_picture& picture, std::size_t side)
+{
+    const std::size_t width = side == 0 ? picture.width : side, height = side == 0 ? picture.height : side;
+    std::vector<picture_part> parts;
+    for (std::size_t y = 0; y < picture.height; y += height)
+        for (std::size_t x = 0; x < picture.width; x += width)
+            parts.push_back({x, y, std::min(width, picture.width - x), std::min(height, picture.height - y)});
+    return parts;
+}
+
+/// Sends one part through the effect, with the questions that a host asks before.
+bool render_part(effect* plugin, const host_picture& in, host_picture& out, const picture_part& part,
+                 const tile_options& options, CMTime time, host_error& error)
+{
+    @autoreleasepool
+    {
+        IOSurface* const from = [make_surface(in, part, options.format, options.padding) autorelease];
+        IOSurface* const to = [make_empty_surface(part, options.format, options.padding) autorelease];
+        FxImageTile* const source = [make_tile(from, in, part) autorelease];
+        FxImageTile* const destination = [make_tile(to, in, part) autorelease];
+        NSArray* const sources = [NSArray arrayWithObject:source];
+        FxRect whole{}, wanted{};
+        NSError* said = nil;
+        const bool done = [plugin destinationImageRect:&whole
+                                          sourceImages:sources
+                                      destinationImage:destination
+                                           pluginState:nil
+                                                atTime:time
+                                                 error:&said] &&
+                          [plugin sourceTileRect:&wanted
+                                 sourceImageIndex:0
+                                     sourceImages:sources
+                              destinationTileRect:[destination tilePixelBounds]
+                                 destinationImage:destination
+                                      pluginState:nil
+                                           atTime:time
+                                            error:&said] &&
+                          [plugin renderDestinationImage:destination
+                                            sourceImages:sources
+                                             pluginState:nil
+                                                  atTime:time
+                                                   error:&said];
+        if (done)
+            take_surface(to, options.format, out, part);
+        else
+            error = error_of(said);
+        return done;
+    }
+}
+
+} // namespace
+
+call_at::call_at(CMTime time)
+    : before(std::exchange(call_time, time))
+{
+}
+call_at::~call_at() { call_time = before; }
+std::optional<CMTime> call_at::now() { return call_time; }
+
+host_error error_of(NSError* error)
+{
+    const char* const text = [[error localizedDescription] UTF8String];
+    return {static_cast<long>([error code]), text == nullptr ? "the effect gave no reason" : text};
+}
+
+bool simulated_host::core::is_refused(NSString* protocol) const
+{
+    const std::scoped_lock guard(lock);
+    return refused_interfaces.contains([protocol UTF8String]);
+}
+
+CMTime simulated_host::core::frames_later(CMTime time, int frames) const
+{
+    const std::scoped_lock guard(lock);
+    if (frames == 0)
+        return time;
+    const std::int64_t value = time.value * rate_numerator + std::int64_t{frames} * rate_denominator * time.timescale;
+    const std::int64_t scale = std::int64_t{time.timescale} * rate_numerator;
+    const std::int64_t common = std::gcd(value, scale);
+    return CMTimeMake(value / common, static_cast<std::int32_t>(scale / common));
+}
+
+CMTime simulated_host::core::current_time() const
+{
+    if (const auto during_call = call_at::now())
+        return *during_call;
+    const std::scoped_lock guard(lock);
+    return playhead;
+}
+
+simulated_host::simulated_host(std::string plugin_class)
+    : impl(std::make_unique<core>())
+{
+    impl->plugin_class = std::move(plugin_class);
+    @autoreleasepool
+    {
+        impl->manager = make_api_manager(*impl);
+    }
+}
+
+simulated_host::~simulated_host()
+{
+    wait_for_analysis();
+    @autoreleasepool
+    {
+        [impl->plugin release];
+        [impl->manager release];
+    }
+}
+
+void simulated_host::refuse_interface(const std::string& protocol, bool refused)
+{
+    const std::scoped_lock guard(impl->lock);
+    if (refused)
+        impl->refused_interfaces.insert(protocol);
+    else
+        impl->refused_interfaces.erase(protocol);
+}
+
+void simulated_host::refuse_analysis_locks(bool refused)
+{
+    const std::scoped_lock guard(impl->lock);
+    impl->refuse_analysis_locks = refused;
+}
+
+bool simulated_host::create_instance(host_error& error)
+{
+    @autoreleasepool
+    {
+        NSString* const name = [NSString stringWithUTF8String:impl->plugin_class.c_str()];
+        effect* const plugin = [[NSClassFromString(name) alloc] initWithAPIManager:impl->manager];
+        impl->plugin = plugin;
+        NSDictionary* properties = nil;
+        NSError* said = nil;
+        if (plugin != nil && [plugin properties:&properties error:&said] && [plugin addParametersWithError:&said])
+            return true;
+        error = error_of(said);
+        return false;
+    }
+}
+
+void simulated_host::add_to_document()
+{
+    @autoreleasepool
+    {
+        [effect_of(*impl) pluginInstanceAddedToDocument];
+    }
+}
+
+void* simulated_host::get_plugin() const { return impl->plugin; }
+parameter_store& simulated_host::get_parameters() { return impl->store; }
+
+void simulated_host::set_playhead(CMTime time)
+{
+    const std::scoped_lock guard(impl->lock);
+    impl->playhead = time;
+}
+
+CMTime simulated_host::get_playhead() const { return impl->current_time(); }
+
+void simulated_host::set_input_offset(int frames)
+{
+    const std::scoped_lock guard(impl->lock);
+    impl->input_offset = frames;
+}
+
+void simulated_host::set_rate(int numerator, int denominator)
+{
+    const std::scoped_lock guard(impl->lock);
+    impl->rate_numerator = numerator;
+    impl->rate_denominator = denominator;
+}
+
+bool simulated_host::edit(std::uint32_t number, store_value value)
+{
+    const CMTime time = get_playhead();
+    const call_at here(time);
+    if (!impl->store.set(number, time, std::move(value)))
+        return false;
+    @autoreleasepool
+    {
+        NSError* said = nil;
+        return [effect_of(*impl) parameterChanged:number atTime:time error:&said];
+    }
+}
+
+bool simulated_host::undo()
+{
+    const parameter_map_by_id before = impl->store.copy();
+    if (!impl->store.undo())
+        return false;
+    tell_changes(before);
+    return true;
+}
+
+bool simulated_host::redo()
+{
+    const parameter_map_by_id before = impl->store.copy();
+    if (!impl->store.redo())
+        return false;
+    tell_changes(before);
+    return true;
+}
+
+void simulated_host::tell_changes(const parameter_map_by_id& before)
+{
+    const CMTime time = get_playhead();
+    const call_at here(time);
+    @autoreleasepool
+    {
+        for (const auto& [number, now] : impl->store.copy())
+            if (!same_values(before.at(number), now))
+            {
+                NSError* said = nil;
+                [effect_of(*impl) parameterChanged:number atTime:time error:&said];
+            }
+    }
+}
+
+bool simulated_host::render(const host_picture& in, host_picture& out, const tile_options& options, host_error& error)
+{
+    const CMTime time = get_playhead();
+    {
+        const call_at here(time);
+        @autoreleasepool
+        {
+            NSData* state = nil;
+            NSError* said = nil;
+            [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&said];
+        }
+    }
+    out = host_picture(in.width, in.height);
+    const std::vector<picture_part> parts = parts_of(in, options.side);
+    std::atomic<std::size_t> next = 0;
+    std::mutex error_mutex;
+    bool failed = false;
+    const auto work = [&]
+    {
+        const call_at here(time);
+        for (std::size_t i = next++; i < parts.size(); i = next++)
+        {
+            host_error said;
+            if (render_part(effect_of(*impl), in, out, parts[i], options, time, said))
+                continue;
+            const std::scoped_lock guard(error_mutex);
+            error = said;
+            failed = true;
+        }
+    };
+    std::vector<std::jthread> others;
+    for (unsigned i = 1; i < options.threads; ++i)
+        others.emplace_back(work);
+    work();
+    others.clear();
+    return !failed;
+}
+
+void simulated_host::set_frame(host_picture frame, surface_format format)
+{
+    const std::scoped_lock guard(impl->lock);
+    impl->frame = std::move(frame);
+    impl->frame_format = format;
+}
+
+bool simulated_host::core::start_analysis()
+{
+    const std::scoped_lock guard(lock);
+    if (analysis_state == kFxAnalysisState_AnalysisStarted)
+        return false;
+    if (analysis.joinable())
+        analysis.join(); // has ended
+    analysis_state = kFxAnalysisState_AnalysisStarted;
+    analysis_error = {};
+    analysis = std::thread([this] { run_analysis(); });
+    return true;
+}
+
+void simulated_host::core::run_analysis()
+{
+    @autoreleasepool
+    {
+        effect* const asked = effect_of(*this);
+        CMTimeRange range{kCMTimeInvalid, kCMTimeInvalid};
+        const CMTimeRange everything{kCMTimeZero, CMTimeMake(3600, 1)};
+        NSError* said = nil;
+        bool done = [asked desiredAnalysisTimeRange:&range forInputWithTimeRange:everything error:&said] &&
+                    [asked setupAnalysisForTimeRange:range frameDuration:range.duration error:&said];
+        if (done)
+        {
+            IOSurface* surface = nil;
+            FxImageTile* tile = nil;
+            {
+                const std::scoped_lock guard(lock);
+                const picture_part all{0, 0, frame.width, frame.height};
+                surface = [make_surface(frame, all, frame_format, 32) autorelease];
+                tile = [make_tile(surface, frame, all) autorelease];
+                [surface refuseLocks:refuse_analysis_locks];
+            }
+            // A host may hand over the frame before as well.
+            done = [asked analyzeFrame:tile atTime:frames_later(range.start, -1) error:&said] &&
+                   [asked analyzeFrame:tile atTime:range.start error:&said];
+            [asked cleanupAnalysis:nullptr];
+        }
+        const std::scoped_lock guard(lock);
+        analysis_error = done ? host_error{} : error_of(said);
+        analysis_state = done ? kFxAnalysisState_AnalysisCompleted : kFxAnalysisState_AnalysisInterrupted;
+    }
+}
+
+host_error simulated_host::wait_for_analysis()
+{
+    if (impl->analysis.joinable())
+        impl->analysis.join();
+    const std::scoped_lock guard(impl->lock);
+    return impl->analysis_error;
+}
+
+void* simulated_host::create_view() { return [effect_of(*impl) createViewForParameterID:1]; }
+
+} // namespace ov1

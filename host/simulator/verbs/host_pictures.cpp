@@ -1,0 +1,76 @@
+#include "host/simulator/verbs/host_pictures.h"
+
+#include "media/stills/still_writer.h"
+#include "platform/atomic_file.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+exit_code code_of(media::error_kind kind)
+{
+    if (kind == media::error_kind::unreadable)
+        return exit_code::unreadable;
+    return kind == media::error_kind::unsupported ? exit_code::unsupported : exit_code::cannot_write;
+}
+
+bool told(const media::error& error, const std::string& path, problem& why)
+{
+    why = {code_of(error.kind), path, error.reason, error.hint};
+    return false;
+}
+
+} // namespace
+
+bool read_picture(const std::string& path, picture_file& file, problem& why)
+{
+    media::error error;
+    if (!file.reader.open(path, error))
+        return told(error, path, why);
+    const media::still_info& info = file.reader.info();
+    file.picture = host_picture(info.width, info.height);
+    std::vector<argb_float> row(info.width);
+    for (std::size_t y = 0; y < info.height; ++y)
+    {
+        file.reader.read_rows(y, 1, row.data());
+        for (std::size_t x = 0; x < info.width; ++x)
+        {
+            const float rgba[] = {row[x].r, row[x].g, row[x].b, row[x].a};
+            std::copy_n(rgba, 4, file.picture.pixel(x, y));
+        }
+    }
+    return true;
+}
+
+bool write_picture(const std::string& path, const picture_file& like, const host_picture& picture, bool overwrite,
+                   problem& why)
+{
+    media::still_writer writer;
+    media::error error;
+    if (!writer.create(path, like.reader.info(), {}, error))
+        return told(error, path, why);
+    constexpr std::size_t step = media::still_writer::row_multiple;
+    std::vector<argb_float> rows;
+    for (std::size_t y = 0; y < picture.height; y += step)
+    {
+        const std::size_t count = std::min(step, picture.height - y);
+        rows.resize(count * picture.width);
+        for (std::size_t i = 0; i < rows.size(); ++i)
+        {
+            const float* const p = picture.pixel(i % picture.width, y + i / picture.width);
+            rows[i] = {like.picture.pixel(i % picture.width, y + i / picture.width)[3], p[0], p[1], p[2]};
+        }
+        writer.write_rows(y, count, rows.data());
+    }
+    std::vector<std::uint8_t> bytes;
+    if (!writer.finish(bytes, error))
+        return told(error, path, why);
+    why = {exit_code::cannot_write, path, {}, {}};
+    return overwrite ? replace_file(path, bytes, why.reason) : create_file(path, bytes, why.reason);
+}
+
+} // namespace ov1

@@ -1,0 +1,27 @@
+// Picture files as the simulated host's pictures, and back.
+#pragma once
+
+#include "command_line/problem.h"
+#include "media/stills/still_reader.h"
+#include "host/simulator/host_picture.h"
+
+#include <string>
+
+namespace ov1
+{
+
+/// A picture file with its code values as stored, linear ones and all: the host hands them on as they are.
+struct picture_file
+{
+    media::still_reader reader;
+    host_picture picture;
+};
+
+[[nodiscard]] bool read_picture(const std::string& path, picture_file& file, problem& why);
+
+/// Writes a picture like the one that was read, with that one's alpha: the effect says that it leaves alpha alone, so
+/// the host does not take the effect's.
+[[nodiscard]] bool write_picture(const std::string& path, const picture_file& like, const host_picture& picture,
+                                 bool overwrite, problem& why);
+
+} // namespace ov1

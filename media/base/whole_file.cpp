@@ -1,0 +1,63 @@
+#include "media/base/whole_file.h"
+
+#include "media/base/libav.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <new>
+
+namespace ov1::media
+{
+
+namespace
+{
+
+struct file_closer
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using file_ptr = std::unique_ptr<std::FILE, file_closer>;
+
+constexpr std::uintmax_t largest = INT_MAX - AV_INPUT_BUFFER_PADDING_SIZE; // a packet of libav counts its bytes in int
+
+bool fail(error& why, std::string reason, std::string hint = {})
+{
+    why = {error_kind::unreadable, std::move(reason), std::move(hint)};
+    return false;
+}
+
+} // namespace
+
+bool whole_file::read(const std::string& path, error& why)
+{
+    std::error_code code;
+    const std::filesystem::file_type type = std::filesystem::status(path, code).type();
+    if (type == std::filesystem::file_type::directory)
+        return fail(why, "is a folder", "name the pictures in it");
+    if (std::filesystem::exists(path, code) && type != std::filesystem::file_type::regular)
+        return fail(why, "is not a regular file"); // opening a pipe would wait for its other end
+    const file_ptr file(std::fopen(path.c_str(), "rb"));
+    if (file == nullptr)
+        return fail(why, errno == ENOENT ? "no such file" : std::strerror(errno));
+    const std::uintmax_t size = std::filesystem::file_size(path, code);
+    if (code)
+        return fail(why, "its size is not known");
+    if (size == 0)
+        return fail(why, "the file is empty");
+    if (size > largest)
+        return fail(why, "the file is larger than 2 GB");
+    std::unique_ptr<std::uint8_t[]> room(new (std::nothrow) std::uint8_t[size + AV_INPUT_BUFFER_PADDING_SIZE]);
+    if (room == nullptr)
+        return fail(why, "not enough memory for the file");
+    if (std::fread(room.get(), 1, size, file.get()) != size)
+        return fail(why, "the file could not be read to its end");
+    std::memset(room.get() + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
+    data = std::move(room);
+    count = size;
+    return true;
+}
+
+} // namespace ov1::media

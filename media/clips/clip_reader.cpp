@@ -1,0 +1,169 @@
+#include "media/clips/clip_reader.h"
+
+#include "media/clips/clip_source.h"
+#include "media/samples/frame_form.h"
+#include "media/samples/unpack_span.h"
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace ov1::media
+{
+
+struct clip_reader::state
+{
+    clip_source source;
+    clip_request request;
+    std::uint64_t next = 0; ///< index of the frame that comes next
+    std::int64_t start = 0; ///< time of the first frame
+    frame_ptr ahead;        ///< read already, and not yet given
+    std::vector<clip_damage> dropped;
+
+    /// The next frame in the file.
+    frame_ptr take(std::vector<clip_damage>& damages)
+    {
+        if (ahead != nullptr)
+            return std::move(ahead);
+        clip_item item;
+        while (source.next(item))
+        {
+            if (item.damage)
+                damages.push_back(*item.damage);
+            if (item.frame != nullptr)
+                return std::move(item.frame);
+        }
+        return nullptr;
+    }
+};
+
+namespace
+{
+
+constexpr std::uint64_t frames_worth_reading = 48; ///< rather than searching for a later one
+
+bool fail(error& why, error_kind kind, std::string reason)
+{
+    why = {kind, std::move(reason), {}};
+    return false;
+}
+
+/// What frame and request leave open, said as the conversion of clips has it.
+void set_tags(AVFrame& frame, const AVCodecParameters& stream, const clip_request& request)
+{
+    if (frame.color_range == AVCOL_RANGE_UNSPECIFIED)
+        frame.color_range = stream.color_range;
+    if (request.range != range_choice::automatic)
+        frame.color_range = request.range == range_choice::full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
+    if (frame.colorspace == AVCOL_SPC_UNSPECIFIED)
+        frame.colorspace = stream.color_space;
+    if (frame.colorspace == AVCOL_SPC_UNSPECIFIED && is_large(frame.width, frame.height))
+        frame.colorspace = AVCOL_SPC_BT709;
+    constexpr std::array matrices{AVCOL_SPC_UNSPECIFIED, AVCOL_SPC_SMPTE170M, AVCOL_SPC_BT709, AVCOL_SPC_BT2020_NCL};
+    if (request.matrix != matrix_choice::automatic)
+        frame.colorspace = matrices[static_cast<std::size_t>(request.matrix)];
+    if (frame.chroma_location == AVCHROMA_LOC_UNSPECIFIED)
+        frame.chroma_location = frame.color_range == AVCOL_RANGE_JPEG ? AVCHROMA_LOC_CENTER : AVCHROMA_LOC_LEFT;
+}
+
+still_info describe(const AVFrame& frame, const clip_info& clip)
+{
+    const AVPixFmtDescriptor& format = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    const int bits = format.comp[0].depth;
+    still_info info;
+    info.width = static_cast<std::size_t>(frame.width);
+    info.height = static_cast<std::size_t>(frame.height);
+    info.depth = (format.flags & AV_PIX_FMT_FLAG_FLOAT) != 0 ? depth::full_float
+                 : bits <= 8                                 ? depth::u8
+                 : bits <= 10                                ? depth::u10
+                 : bits <= 12                                ? depth::u12
+                                                             : depth::u16;
+    info.gray = format.nb_components < 3;
+    info.alpha = (format.flags & AV_PIX_FMT_FLAG_ALPHA) != 0 ? alpha_kind::straight : alpha_kind::none;
+    info.transfer = frame.color_trc == AVCOL_TRC_SMPTE2084      ? transfer::pq
+                    : frame.color_trc == AVCOL_TRC_ARIB_STD_B67 ? transfer::hlg
+                                                                : transfer::display;
+    info.format_name = clip.codec;
+    info.orientation = clip.turned_by == 90 ? 6 : clip.turned_by == 180 ? 3 : clip.turned_by == 270 ? 8 : 1;
+    if (turn_of(info.orientation).swap_axes)
+        std::swap(info.width, info.height);
+    return info;
+}
+
+} // namespace
+
+clip_reader::clip_reader() = default;
+clip_reader::~clip_reader() = default;
+clip_reader::clip_reader(clip_reader&&) noexcept = default;
+clip_reader& clip_reader::operator=(clip_reader&&) noexcept = default;
+
+bool clip_reader::open(const std::string& path, const clip_request& request, error& why)
+{
+    auto made = std::make_unique<state>();
+    made->request = request;
+    if (!made->source.open(path, request.threads, why))
+        return false;
+    const frame_ptr first(av_frame_clone(&made->source.get_first_frame()));
+    made->start = first->pts;
+    set_tags(*first, *made->source.get_picture().codecpar, request);
+    if (!can_unpack(*first))
+        return fail(why, error_kind::unsupported,
+                    "frames of the form " + made->source.get_info().pixel_format + " do not become pictures");
+    opened = std::move(made);
+    return true;
+}
+
+const clip_info& clip_reader::info() const { return opened->source.get_info(); }
+
+bool clip_reader::read_next(still_reader& picture, std::vector<clip_damage>& damages)
+{
+    frame_ptr frame = opened->take(damages);
+    if (frame == nullptr)
+        return false;
+    ++opened->next;
+    set_tags(*frame, *opened->source.get_picture().codecpar, opened->request);
+    still_info known = describe(*frame, info());
+    picture.take(frame.release(), std::move(known));
+    return true;
+}
+
+bool clip_reader::read_frame(std::uint64_t index, still_reader& picture, error& why)
+{
+    const AVStream& stream = opened->source.get_picture();
+    const double rate = info().frames_per_second > 0 ? info().frames_per_second : 25;
+    const double step = 1 / rate / av_q2d(stream.time_base);
+    const std::int64_t wanted = opened->start + std::llround(static_cast<double>(index) * step);
+    if (index < opened->next || index > opened->next + frames_worth_reading)
+    {
+        opened->ahead.reset();
+        if (!opened->source.seek(wanted))
+            return fail(why, error_kind::unreadable, "no frame could be found there");
+    }
+    frame_ptr shown;
+    opened->dropped.clear();
+    for (;;)
+    {
+        frame_ptr frame = opened->take(opened->dropped);
+        if (frame == nullptr)
+            break;
+        const bool is_later = static_cast<double>(frame->pts) > static_cast<double>(wanted) + step / 2;
+        if (is_later && shown != nullptr)
+        {
+            opened->ahead = std::move(frame);
+            break;
+        }
+        shown = std::move(frame);
+        if (is_later || static_cast<double>(shown->pts) > static_cast<double>(wanted) - step / 2)
+            break;
+    }
+    if (shown == nullptr)
+        return fail(why, error_kind::unreadable, "no frame could be decoded there");
+    frame_ptr kept = std::exchange(opened->ahead, std::move(shown));
+    std::vector<clip_damage> ignored;
+    const bool given = read_next(picture, ignored);
+    opened->ahead = std::move(kept);
+    opened->next = index + 1;
+    return given;
+}
+
+} // namespace ov1::media

@@ -1,0 +1,85 @@
+// A clip's file, open: packets of all streams in their order, and those of the picture decoded.
+#pragma once
+
+#include "media/clips/clip_info.h"
+#include "media/base/error.h"
+#include "media/base/libav.h"
+
+extern "C"
+{
+#include <libavformat/avformat.h>
+}
+
+#include <deque>
+#include <optional>
+#include <string>
+
+namespace ov1::media
+{
+
+/// One of the three.
+struct clip_item
+{
+    frame_ptr frame;   ///< of the picture; its pts is in the stream's time base
+    packet_ptr packet; ///< of any other stream
+    std::optional<clip_damage> damage;
+};
+
+class clip_source
+{
+public:
+    /// Opens a file and decodes up to the first frame of its picture: of several, the one that players choose. So many
+    /// threads decode, 0 for as many as there are processors.
+    [[nodiscard]] bool open(const std::string& path, unsigned int threads, error& why);
+
+    const AVFormatContext& get_format() const { return *format; }
+    const AVStream& get_picture() const { return *format->streams[picture]; }
+    const AVFrame& get_first_frame() const { return *first; }
+    const clip_info& get_info() const { return info; }
+
+    /// The next item in the file's order; false at the end. Damage is told, and the rest goes on.
+    [[nodiscard]] bool next(clip_item& item);
+
+    /// Goes to the last frame that can be decoded on its own, not after a time in the stream's time base.
+    [[nodiscard]] bool seek(std::int64_t time);
+
+private:
+    struct closer
+    {
+        void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
+    };
+
+    bool open_decoder(unsigned int threads, const libav_messages& messages, error& why);
+    void read_more();
+    void receive(const libav_messages& messages);
+    void receive_frame(frame_ptr frame);
+    void watch_reports();
+    void tell_failure(std::string reason);
+    void tell_damage(std::int64_t time, std::string reason);
+    void tell_missing();
+    double seconds_of(std::int64_t time) const;
+
+    /// What a decoder has said on its way.
+    struct decoder_report
+    {
+        std::int64_t time;
+        std::string text;
+        int frames_left; ///< until it is told
+    };
+
+    std::unique_ptr<AVFormatContext, closer> format;
+    codec_ptr decoder;
+    int picture = -1;
+    frame_ptr first;
+    clip_info info;
+    std::deque<clip_item> ready;
+    std::deque<std::int64_t> waiting; ///< times of the packets that no frame has come of yet, as they were sent
+    std::uint64_t packets = 0;        ///< of the picture
+    std::uint64_t reports = 0;        ///< of decoders, seen so far
+    std::optional<decoder_report> report;
+    std::int64_t last_time = 0;
+    bool is_at_end = false;
+    bool has_sought = false;
+};
+
+} // namespace ov1::media

@@ -1,0 +1,172 @@
+// Compiled once for every instruction set: foreach_target.h includes this file again for each.
+#include "media/samples/sample_kernel.h"
+
+#include "platform/highway_targets.h" // before Highway
+
+#undef HWY_TARGET_INCLUDE
+#define HWY_TARGET_INCLUDE "media/samples/sample_kernel.cpp"
+#include <hwy/foreach_target.h> // before highway.h, by its own rule
+
+#include "media/samples/sample_vectors-inl.h"
+
+#include <hwy/highway.h>
+
+#include <algorithm>
+
+HWY_BEFORE_NAMESPACE();
+namespace ov1::media::sample_kernel
+{
+namespace HWY_NAMESPACE
+{
+
+using namespace sample_vectors::HWY_NAMESPACE;
+
+template <class code>
+void widen_here(const code* codes, std::size_t count, const code_range& range, float* values)
+{
+    const floats d;
+    const auto zero = hn::Set(d, range.zero), step = hn::Set(d, 1.0f / range.codes_per_unit);
+    const auto value = [&](const code* from) HWY_ATTR { return hn::Mul(hn::Sub(load_codes(from), zero), step); };
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        hn::StoreU(value(codes + i), d, values + i);
+    if (i < count)
+    {
+        code rest[lanes] = {};
+        std::copy(codes + i, codes + count, rest);
+        hn::StoreU(value(rest), d, values + i);
+    }
+}
+
+template <class code>
+void narrow_here(const float* values, std::size_t count, const code_range& range, code* codes)
+{
+    const code_maker maker(range);
+    each_vector<lanes>(count, codes,
+                       [&](std::size_t i, code* to) HWY_ATTR
+                       {
+                           const auto value = hn::LoadU(floats(), values + i);
+                           const auto number = hn::IfThenElseZero(hn::Eq(value, value), value); // a NaN equals nothing
+                           hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(number)), codes_tag<code>(), to);
+                       });
+}
+
+void widen_8(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    widen_here(codes, count, range, values);
+}
+
+void widen_16(const std::uint16_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    widen_here(codes, count, range, values);
+}
+
+void narrow_8(const float* values, std::size_t count, const code_range& range, std::uint8_t* codes)
+{
+    narrow_here(values, count, range, codes);
+}
+
+void narrow_16(const float* values, std::size_t count, const code_range& range, std::uint16_t* codes)
+{
+    narrow_here(values, count, range, codes);
+}
+
+void split_here(const float* row, std::size_t pairs, float* even, float* odd)
+{
+    const floats d;
+    for (std::size_t i = 0; i < pairs; i += lanes)
+    {
+        vector first, second;
+        hn::LoadInterleaved2(d, row + 2 * i, first, second);
+        hn::StoreU(first, d, even + i);
+        hn::StoreU(second, d, odd + i);
+    }
+}
+
+void join_here(const float* even, const float* odd, std::size_t pairs, float* row)
+{
+    const floats d;
+    for (std::size_t i = 0; i < pairs; i += lanes)
+        hn::StoreInterleaved2(hn::LoadU(d, even + i), hn::LoadU(d, odd + i), d, row + 2 * i);
+}
+
+void halve_here(const float* a, const float* b, std::size_t count, float* out)
+{
+    const floats d;
+    for (std::size_t i = 0; i < count; i += lanes)
+        hn::StoreU(hn::Mul(hn::Add(hn::LoadU(d, a + i), hn::LoadU(d, b + i)), hn::Set(d, 0.5f)), d, out + i);
+}
+
+void mix_here(const float* const* rows, const float* weights, std::size_t row_count, std::size_t count, float* out)
+{
+    const floats d;
+    for (std::size_t i = 0; i < count; i += lanes)
+    {
+        auto sum = hn::Mul(hn::LoadU(d, rows[0] + i), hn::Set(d, weights[0]));
+        for (std::size_t row = 1; row < row_count; ++row)
+            sum = hn::Add(sum, hn::Mul(hn::LoadU(d, rows[row] + i), hn::Set(d, weights[row])));
+        hn::StoreU(sum, d, out + i);
+    }
+}
+
+} // namespace HWY_NAMESPACE
+} // namespace ov1::media::sample_kernel
+HWY_AFTER_NAMESPACE();
+
+#if HWY_ONCE
+
+namespace ov1::media::sample_kernel
+{
+
+HWY_EXPORT(widen_8);
+HWY_EXPORT(widen_16);
+HWY_EXPORT(narrow_8);
+HWY_EXPORT(narrow_16);
+HWY_EXPORT(split_here);
+HWY_EXPORT(join_here);
+HWY_EXPORT(halve_here);
+HWY_EXPORT(mix_here);
+
+void widen(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    HWY_DYNAMIC_DISPATCH(widen_8)(codes, count, range, values);
+}
+
+void widen(const std::uint16_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    HWY_DYNAMIC_DISPATCH(widen_16)(codes, count, range, values);
+}
+
+void narrow(const float* values, std::size_t count, const code_range& range, std::uint8_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(narrow_8)(values, count, range, codes);
+}
+
+void narrow(const float* values, std::size_t count, const code_range& range, std::uint16_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(narrow_16)(values, count, range, codes);
+}
+
+void split(const float* row, std::size_t pairs, float* even, float* odd)
+{
+    HWY_DYNAMIC_DISPATCH(split_here)(row, pairs, even, odd);
+}
+
+void join(const float* even, const float* odd, std::size_t pairs, float* row)
+{
+    HWY_DYNAMIC_DISPATCH(join_here)(even, odd, pairs, row);
+}
+
+void halve(const float* a, const float* b, std::size_t count, float* out)
+{
+    HWY_DYNAMIC_DISPATCH(halve_here)(a, b, count, out);
+}
+
+void mix(const float* const* rows, const float* weights, std::size_t row_count, std::size_t count, float* out)
+{
+    HWY_DYNAMIC_DISPATCH(mix_here)(rows, weights, row_count, count, out);
+}
+
+} // namespace ov1::media::sample_kernel
+
+#endif

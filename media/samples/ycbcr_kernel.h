@@ -1,0 +1,62 @@
+// The loops between luma and chroma and red, green and blue, in the widest instructions that the processor has, with
+// the same results on all of them. Rows have the margins that sample_kernel.h tells.
+#pragma once
+
+#include "media/samples/ycbcr_coding.h"
+#include "shared/rgb_planes.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace ov1::media::ycbcr_kernel
+{
+
+/// A row of pixels of which two share a chroma sample, as two rows: those at even places and those at odd ones. So
+/// every sample stands beside what it belongs to, and nothing has to be moved between lanes.
+struct pixel_pairs
+{
+    rgb_planes<float> even;
+    rgb_planes<float> odd;
+};
+
+/// Luma codes, and chroma samples of which two pixels share one, as red, green and blue, not limited. The first pixel
+/// is the first of a sample's two; chroma_at says which samples a pixel takes. Reads a sample before and after the
+/// row's, which the caller has set; writes up to margin floats after the last pixels.
+template <class code>
+struct shared_source
+{
+    const code* luma;
+    const float* cb;
+    const float* cr;
+};
+void shared_to_rgb(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to);
+void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels, const code_range& luma,
+                   const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to);
+
+/// One sample for every two pixels, the inverse of what shared_to_rgb does. Reads a value before each row and one after
+/// it, which the caller has set. Writes up to margin floats after the last sample.
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out);
+
+/// The same as codes. Nothing is written beside them.
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint8_t* codes);
+void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
+            std::uint16_t* codes);
+
+/// From Y in g, Cb in b and Cr in r to red, green and blue, in place and not limited.
+void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights);
+
+/// From red, green and blue, which are limited to 0..1 (a NaN is 0), to luma codes, and in place to Cb in b and Cr in
+/// r.
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint8_t* codes);
+void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
+              std::uint16_t* codes);
+
+void to_ycbcr(const pixel_pairs& row, std::size_t pixels, const ycbcr_weights& weights, const code_range& luma,
+              std::uint8_t* codes);
+void to_ycbcr(const pixel_pairs& row, std::size_t pixels, const ycbcr_weights& weights, const code_range& luma,
+              std::uint16_t* codes);
+
+} // namespace ov1::media::ycbcr_kernel

@@ -1,0 +1,33 @@
+// Which format a file is of.
+#pragma once
+
+#include "media/base/error.h"
+#include "media/stills/picture_facts.h"
+
+extern "C"
+{
+#include <libavcodec/codec_id.h>
+}
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace ov1::media
+{
+
+/// A format of still pictures that is read.
+struct picture_kind
+{
+    std::string_view name;
+    std::string_view mark; ///< with which files begin, or what stands at mark_at
+    std::size_t mark_at;
+    still_format format;
+    AVCodecID codec;
+    picture_facts (*facts)(std::span<const std::uint8_t> file); ///< null if the decoder tells all
+};
+
+/// The kind of a file by its first bytes. Null, with the reason, for clips and for what is no picture.
+const picture_kind* kind_of(std::span<const std::uint8_t> file, std::string_view path, error& why);
+
+} // namespace ov1::media

@@ -1,0 +1,275 @@
+#include "media/stills/still_reader.h"
+
+#include "media/base/libav.h"
+#include "media/stills/picture_kind.h"
+#include "media/samples/unpack_span.h"
+#include "media/base/whole_file.h"
+
+extern "C"
+{
+#include <libavutil/pixdesc.h>
+}
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace ov1::media
+{
+
+namespace
+{
+
+bool fail(error& why, error_kind kind, std::string reason, std::string hint = {})
+{
+    why = {kind, std::move(reason), std::move(hint)};
+    return false;
+}
+
+/// Runs a decoder's jobs as libav would, and keeps the failures that EXR's passes over.
+struct job_watch
+{
+    decltype(AVCodecContext::execute2) run = nullptr;
+    bool failed = false;
+
+    static int execute(AVCodecContext* context, int (*job)(AVCodecContext*, void*, int, int), void* data, int* results,
+                       int count)
+    {
+        auto& watch = *static_cast<job_watch*>(context->opaque);
+        std::vector<int> own(static_cast<std::size_t>(count));
+        const int result = watch.run(context, job, data, own.data(), count);
+        watch.failed = watch.failed || std::any_of(own.begin(), own.end(), [](int r) { return r < 0; });
+        if (results != nullptr)
+            std::copy(own.begin(), own.end(), results);
+        return result;
+    }
+
+    void attach(AVCodecContext& context)
+    {
+        run = context.execute2;
+        context.opaque = this;
+        context.execute2 = execute;
+    }
+};
+
+/// Opens a decoder that refuses damage rather than hiding it. That of TIFF would refuse harmless tags as well: it is
+/// left to report damage. Null when the decoder is not there.
+codec_ptr open_decoder(AVCodecID id)
+{
+    const AVCodec* codec = avcodec_find_decoder(id);
+    codec_ptr context(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
+    if (context == nullptr)
+        return nullptr;
+    context->err_recognition = AV_EF_CRCCHECK | AV_EF_BITSTREAM | AV_EF_BUFFER;
+    if (id != AV_CODEC_ID_TIFF)
+        context->err_recognition |= AV_EF_EXPLODE;
+    context->thread_type = FF_THREAD_SLICE; // whole-frame threads only delay a single picture
+    context->thread_count = 0;
+    return avcodec_open2(context.get(), codec, nullptr) == 0 ? std::move(context) : nullptr;
+}
+
+/// A packet that owns the file's bytes: libav would copy what nobody owns. Null without memory.
+packet_ptr packet_of(whole_file& file)
+{
+    packet_ptr packet(av_packet_alloc());
+    if (packet == nullptr)
+        return nullptr;
+    const std::size_t size = file.bytes().size();
+    std::uint8_t* const data = file.release();
+    packet->buf = av_buffer_create(
+        data, size, [](void*, std::uint8_t* bytes) { delete[] bytes; }, nullptr, AV_BUFFER_FLAG_READONLY);
+    if (packet->buf == nullptr)
+    {
+        delete[] data;
+        return nullptr;
+    }
+    packet->data = data;
+    packet->size = static_cast<int>(size);
+    return packet;
+}
+
+/// Uses the file up.
+[[nodiscard]] bool decode(const picture_kind& kind, whole_file& file, frame_ptr& frame, error& why)
+{
+    const std::string name(kind.name);
+    const libav_messages messages;
+    const codec_ptr context = open_decoder(kind.codec);
+    if (context == nullptr)
+        return fail(why, error_kind::unsupported, "this build of libav does not read " + name);
+    job_watch jobs;
+    jobs.attach(*context);
+    const packet_ptr packet = packet_of(file);
+    frame.reset(av_frame_alloc());
+    if (packet == nullptr || frame == nullptr)
+        return fail(why, error_kind::unreadable, "not enough memory");
+    int result = avcodec_send_packet(context.get(), packet.get());
+    if (result >= 0)
+        result = avcodec_send_packet(context.get(), nullptr);
+    if (result >= 0)
+        result = avcodec_receive_frame(context.get(), frame.get());
+    if (result == AVERROR_PATCHWELCOME || result == AVERROR(ENOSYS))
+        return fail(why, error_kind::unsupported, "this kind of " + name + " is not read: " + messages.reason(result));
+    const bool reported = jobs.failed || (kind.codec == AV_CODEC_ID_TIFF && messages.any());
+    if (result >= 0 && reported)
+        result = AVERROR_INVALIDDATA;
+    if (result < 0 || frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0)
+        return fail(why, error_kind::unreadable, "the " + name + " could not be decoded: " + messages.reason(result));
+    return true;
+}
+
+depth depth_of(const AVPixFmtDescriptor& format)
+{
+    if ((format.flags & AV_PIX_FMT_FLAG_FLOAT) != 0)
+        return depth::full_float;
+    int bits = 0;
+    for (int i = 0; i < format.nb_components; ++i)
+        bits = std::max(bits, format.comp[i].depth);
+    return bits <= 8 ? depth::u8 : bits <= 10 ? depth::u10 : bits <= 12 ? depth::u12 : depth::u16;
+}
+
+/// A palette has room for alpha; most say 255 throughout.
+bool palette_has_alpha(const AVFrame& frame)
+{
+    for (std::size_t i = 0; i < 256; ++i)
+    {
+        std::uint32_t color;
+        std::memcpy(&color, frame.data[1] + 4 * i, sizeof color);
+        if (color >> 24 != 255)
+            return true;
+    }
+    return false;
+}
+
+bool has_alpha(const AVFrame& frame, const AVPixFmtDescriptor& format)
+{
+    if ((format.flags & AV_PIX_FMT_FLAG_PAL) != 0)
+        return palette_has_alpha(frame);
+    return (format.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
+}
+
+transfer transfer_of(const AVFrame& frame, const picture_kind& kind, const picture_facts& facts)
+{
+    if (facts.transfer)
+        return *facts.transfer;
+    if (kind.format == still_format::dpx)
+        return transfer::display;
+    switch (frame.color_trc)
+    {
+    case AVCOL_TRC_SMPTE2084:
+        return transfer::pq;
+    case AVCOL_TRC_ARIB_STD_B67:
+        return transfer::hlg;
+    case AVCOL_TRC_LINEAR:
+        return transfer::linear;
+    default:
+        return transfer::display;
+    }
+}
+
+unsigned orientation_of(const AVFrame& frame, const picture_kind& kind, const picture_facts& facts)
+{
+    if (kind.facts != nullptr)
+        return facts.orientation;
+    const AVDictionaryEntry* entry = av_dict_get(frame.metadata, "Orientation", nullptr, 0);
+    const long value = entry != nullptr ? std::strtol(entry->value, nullptr, 10) : 1;
+    return value >= 1 && value <= 8 ? static_cast<unsigned>(value) : 1;
+}
+
+still_info describe(const AVFrame& frame, const picture_kind& kind, const picture_facts& facts)
+{
+    const AVPixFmtDescriptor& format = *av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    const bool palette = (format.flags & AV_PIX_FMT_FLAG_PAL) != 0;
+    still_info info;
+    info.depth = facts.half_float ? depth::half : depth_of(format);
+    info.gray = format.nb_components < 3 && !palette;
+    if (has_alpha(frame, format))
+        info.alpha = facts.premultiplied ? alpha_kind::premultiplied : alpha_kind::straight;
+    info.transfer = transfer_of(frame, kind, facts);
+    info.format = kind.format;
+    info.format_name = kind.name;
+    info.orientation = orientation_of(frame, kind, facts);
+    info.has_exif = facts.has_exif;
+    info.png_color = facts.png_color;
+    info.dpx_transfer = facts.dpx_transfer;
+    info.width = static_cast<std::size_t>(frame.width);
+    info.height = static_cast<std::size_t>(frame.height);
+    if (turn_of(info.orientation).swap_axes)
+        std::swap(info.width, info.height);
+    if (const AVFrameSideData* icc = av_frame_get_side_data(&frame, AV_FRAME_DATA_ICC_PROFILE))
+        info.icc.assign(icc->data, icc->data + icc->size);
+    return info;
+}
+
+} // namespace
+
+still_reader::still_reader() = default;
+still_reader::~still_reader() = default;
+still_reader::still_reader(still_reader&&) noexcept = default;
+still_reader& still_reader::operator=(still_reader&&) noexcept = default;
+
+void still_reader::frame_deleter::operator()(AVFrame* f) const { av_frame_free(&f); }
+
+bool still_reader::open(const std::string& path, error& why)
+{
+    whole_file file;
+    if (!file.read(path, why))
+        return false;
+    const picture_kind* kind = kind_of(file.bytes(), path, why);
+    if (kind == nullptr)
+        return false;
+    const std::string name(kind->name);
+    picture_facts facts = kind->facts != nullptr ? kind->facts(file.bytes()) : picture_facts{};
+    if (!facts.refusal.empty())
+        return fail(why, error_kind::unsupported, "this " + name + " is not read: " + facts.refusal,
+                    "save it as a plain RGB picture");
+    if (facts.truncated)
+        return fail(why, error_kind::unreadable, "the " + name + " ends before its picture does");
+    frame_ptr decoded;
+    if (!decode(*kind, file, decoded, why))
+        return false;
+    if (facts.full_range && decoded->color_range == AVCOL_RANGE_UNSPECIFIED)
+        decoded->color_range = AVCOL_RANGE_JPEG;
+    if (!can_unpack(*decoded))
+        return fail(why, error_kind::unsupported, "this " + name + " is not read: its samples are of an unusual kind");
+    description = describe(*decoded, *kind, facts);
+    notes = std::move(facts.warnings);
+    frame.reset(decoded.release());
+    return true;
+}
+
+void still_reader::take(AVFrame* decoded, still_info known)
+{
+    frame.reset(decoded);
+    description = std::move(known);
+    notes.clear();
+}
+
+void still_reader::read_rows(std::size_t first, std::size_t count, argb_float* out) const
+{
+    const turn upright = turn_of(description.orientation);
+    const std::size_t width = description.width;
+    const std::size_t height = description.height;
+    const std::size_t from = upright.flip_y ? height - first - count : first; // along the stored axis
+    if (upright.swap_axes)
+    {
+        // Rows are stored columns: a strip of them is read row by row and turned.
+        std::vector<argb_float> strip(count);
+        for (std::size_t row = 0; row < width; ++row)
+        {
+            unpack_span(*frame, from, row, count, strip.data());
+            const std::size_t x = upright.flip_x ? width - 1 - row : row;
+            for (std::size_t i = 0; i < count; ++i)
+                out[(upright.flip_y ? count - 1 - i : i) * width + x] = strip[i];
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        argb_float* row = out + (upright.flip_y ? count - 1 - i : i) * width;
+        unpack_span(*frame, 0, from + i, width, row);
+        if (upright.flip_x)
+            std::reverse(row, row + width);
+    }
+}
+
+} // namespace ov1::media

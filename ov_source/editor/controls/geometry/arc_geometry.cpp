@@ -1,0 +1,48 @@
+#include "editor/controls/geometry/arc_geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr double half_thickness = 2.5;
+constexpr double tip_length = 2.5;
+
+double angle_to(double height, double reach) { return std::asin(std::clamp(height / reach, -1.0, 1.0)); }
+
+} // namespace
+
+arc_angles arc_angles_of(double width, double centre, double min_pos, double max_pos)
+{
+    const double lowest = angle_to(max_pos - centre, width);
+    const double highest = angle_to(centre - min_pos, width);
+    return {-lowest, lowest + highest};
+}
+
+arrow_outline arrow_outline_of(const arc_view& view, double angle)
+{
+    const bool points_right = view.orientation == COVArrowArcOrientation::pivot_left;
+    const double forward = points_right ? 1.0 : -1.0;
+    const arc_point pivot = {points_right ? view.left : view.right, (view.top + view.bottom) / 2.0};
+    const auto at = [&](double distance, double direction) {
+        return arc_point{pivot.x + forward * distance * std::cos(direction), pivot.y - distance * std::sin(direction)};
+    };
+    // Perpendicular to the ray, on the side of greater angles.
+    const double side_x = -forward * half_thickness * std::sin(angle);
+    const double side_y = -half_thickness * std::cos(angle);
+
+    const double tip = view.right - view.left - 1.0 - view.frame_width;
+    const double barbs = tip - tip_length;
+    const double half_opening = std::atan(half_thickness / barbs);
+    return {{{pivot.x - side_x, pivot.y - side_y},
+             at(barbs, angle - half_opening),
+             at(tip, angle),
+             at(barbs, angle + half_opening),
+             {pivot.x + side_x, pivot.y + side_y}}};
+}
+
+} // namespace ov1

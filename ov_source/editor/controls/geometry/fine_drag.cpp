@@ -1,0 +1,88 @@
+#include "editor/controls/geometry/fine_drag.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr double fine_pace = 0.1;
+constexpr VSTGUI::CCoord least_path_of_an_axis = 2.0;
+
+VSTGUI::CPoint times(const VSTGUI::CPoint& path, double factor) { return {path.x * factor, path.y * factor}; }
+
+} // namespace
+
+drag_hold hold_of(const VSTGUI::Modifiers& keys)
+{
+    return {keys.has(VSTGUI::ModifierKey::Shift), keys.has(VSTGUI::ModifierKey::Control)};
+}
+
+VSTGUI::CPoint fine_drag::press(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold)
+{
+    held = hold;
+    mouse_before = mouse;
+    place = hold == drag_hold{} ? mouse : handle;
+    off_mouse = place - mouse;
+    since_locking = {};
+    locked_to = axis::undecided;
+    return place;
+}
+
+VSTGUI::CPoint fine_drag::move(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold)
+{
+    if (hold != held)
+    {
+        if (hold != drag_hold{})
+            place = handle; // the way back from beyond the handle's reach is not gone at a tenth of the pace
+        if (hold.is_locked && !held.is_locked)
+        {
+            since_locking = {};
+            locked_to = axis::undecided;
+        }
+        off_mouse = place - mouse_before;
+        held = hold;
+    }
+    const VSTGUI::CPoint path = mouse - mouse_before;
+    mouse_before = mouse;
+    if (held == drag_hold{})
+        return place = mouse + off_mouse;
+    place += times(held.is_locked ? kept_on_axis(path) : path, held.is_fine ? fine_pace : 1.0);
+    off_mouse = place - mouse;
+    return place;
+}
+
+VSTGUI::CPoint fine_drag::kept_on_axis(const VSTGUI::CPoint& path)
+{
+    VSTGUI::CPoint taken = path;
+    if (locked_to == axis::undecided)
+    {
+        since_locking += path;
+        const double across = std::abs(since_locking.x), down = std::abs(since_locking.y);
+        if (std::max(across, down) < least_path_of_an_axis)
+            return {};
+        locked_to = across >= down ? axis::horizontal : axis::vertical;
+        taken = since_locking;
+    }
+    return locked_to == axis::horizontal ? VSTGUI::CPoint(taken.x, 0.0) : VSTGUI::CPoint(0.0, taken.y);
+}
+
+steered_event::steered_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& place)
+    : event(event)
+    , mouse(event.mousePosition)
+    , keys(event.modifiers)
+{
+    event.mousePosition = place;
+    event.modifiers.remove(VSTGUI::ModifierKey::Shift);
+}
+
+steered_event::~steered_event()
+{
+    event.mousePosition = mouse;
+    event.modifiers = keys;
+}
+
+} // namespace ov1

@@ -1,0 +1,54 @@
+#include "editor/controls/modal/modal_layer.h"
+
+#include "editor/controls/style/tip_box.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+const VSTGUI::CColor dimming(0, 0, 0, 140);
+
+} // namespace
+
+modal_layer::modal_layer(const VSTGUI::CFrame& frame)
+    : with_keys(area_of(frame))
+{
+    setTransparency(true);
+    setAutosizeFlags(VSTGUI::kAutosizeAll);
+}
+
+bool modal_layer::show(VSTGUI::CFrame& frame, const VSTGUI::SharedPointer<modal_layer>& layer)
+{
+    layer->remember(); // for the frame, which takes over a reference
+    const auto id = frame.beginModalViewSession(layer);
+    if (id)
+        layer->session = *id;
+    else
+        layer->forget();
+    return layer->is_shown();
+}
+
+void modal_layer::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect)
+{
+    context->setDrawMode(VSTGUI::kAliasing);
+    context->setFillColor(dimming);
+    context->drawRect(update_rect, VSTGUI::kDrawFilled);
+}
+
+void modal_layer::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
+{
+    CViewContainer::onMouseDownEvent(event);
+    event.consumed = true;
+}
+
+bool modal_layer::end()
+{
+    auto* frame = getFrame();
+    return frame && session && frame->endModalViewSession(*std::exchange(session, std::nullopt));
+}
+
+} // namespace ov1

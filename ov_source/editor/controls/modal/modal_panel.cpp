@@ -1,0 +1,225 @@
+#include "editor/controls/modal/modal_panel.h"
+
+#include "editor/controls/widgets/cov_rounded_grey_button.h"
+#include "editor/controls/modal/modal_layer.h"
+#include "editor/controls/style/round_box.h"
+#include "editor/controls/style/text_lines.h"
+#include "editor/controls/style/text_measure.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr VSTGUI::CCoord box_width = 380.0;
+constexpr VSTGUI::CCoord margin = 22.0;
+constexpr VSTGUI::CCoord title_height = 20.0;
+constexpr VSTGUI::CCoord gap = 12.0;
+constexpr VSTGUI::CCoord line_height = 17.0;
+constexpr VSTGUI::CCoord field_height = 26.0;
+constexpr VSTGUI::CCoord button_height = 26.0;
+constexpr VSTGUI::CCoord least_button_width = 92.0;
+constexpr VSTGUI::CCoord button_padding = 32.0;
+constexpr VSTGUI::CCoord corner_radius = 6.0;
+constexpr VSTGUI::CCoord field_corner_radius = 4.0;
+
+const VSTGUI::CColor box_grey(56, 56, 56);
+const VSTGUI::CColor frame_grey(92, 92, 92);
+const VSTGUI::CColor field_grey(36, 36, 36);
+const VSTGUI::CColor title_colour(226, 226, 226);
+const VSTGUI::CColor message_colour(182, 182, 182);
+
+enum button_tag : std::int32_t
+{
+    confirm_tag = 1,
+    cancel_tag = 2,
+};
+
+std::string without_outer_blanks(const std::string& text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+class modal_panel : public modal_layer, public VSTGUI::IControlListener
+{
+public:
+    modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
+                std::function<void(const modal_answer&)> done);
+
+    void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect) override;
+    void setViewSize(const VSTGUI::CRect& rect, bool redraw) override;
+    void take_key(VSTGUI::KeyboardEvent& event) override;
+    void valueChanged(VSTGUI::CControl* control) override;
+
+private:
+    COVRoundedGreyButton* add_button(const std::string& text, button_tag tag);
+    void add_field(const std::string& name);
+    void place_children();
+    VSTGUI::CRect box() const;
+    void draw_texts(VSTGUI::CDrawContext& context) const;
+    void answer(bool confirmed);
+
+    std::function<void(const modal_answer&)> done;
+    VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
+        VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 14.0, VSTGUI::kBoldFace);
+    VSTGUI::SharedPointer<VSTGUI::CFontDesc> message_font = VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 12.0);
+    std::string title;
+    std::vector<std::string> lines;
+    VSTGUI::CTextEdit* field = nullptr; // a child, as the buttons are
+    COVRoundedGreyButton* confirm = nullptr;
+    COVRoundedGreyButton* cancel = nullptr;
+};
+
+modal_panel::modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
+                         std::function<void(const modal_answer&)> done)
+    : modal_layer(frame)
+    , done(std::move(done))
+    , title(question.title)
+    , lines(text_lines(question.message, box_width - 2.0 * margin, measure_of(message_font)))
+{
+    if (question.name)
+        add_field(*question.name);
+    confirm = add_button(question.confirm, confirm_tag);
+    confirm->setTextColor(VSTGUI::kWhiteCColor);
+    if (!question.cancel.empty())
+        cancel = add_button(question.cancel, cancel_tag);
+    place_children();
+}
+
+COVRoundedGreyButton* modal_panel::add_button(const std::string& text, button_tag tag)
+{
+    auto* button = new COVRoundedGreyButton({}, this, tag, text.c_str(), COVButton::kKickStyle);
+    const VSTGUI::CCoord width = measure_of(message_font)(text) + button_padding;
+    button->setViewSize({0.0, 0.0, std::max(std::ceil(width), least_button_width), button_height});
+    addView(button);
+    return button;
+}
+
+void modal_panel::add_field(const std::string& name)
+{
+    field = new VSTGUI::CTextEdit({}, nullptr, -1, name.c_str());
+    field->setFont(message_font);
+    field->setFontColor(title_colour);
+    field->setBackColor(field_grey);
+    field->setFrameColor(frame_grey);
+    field->setHoriAlign(VSTGUI::kLeftText);
+    field->setTextInset({8.0, 0.0});
+    field->setStyle(VSTGUI::CTextEdit::kRoundRectStyle);
+    field->setRoundRectRadius(field_corner_radius);
+    field->setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
+    addView(field);
+}
+
+VSTGUI::CRect modal_panel::box() const
+{
+    const VSTGUI::CCoord message_height = lines.empty() ? 0.0 : gap + static_cast<double>(lines.size()) * line_height;
+    const VSTGUI::CCoord height =
+        margin + title_height + message_height + (field ? gap + field_height : 0.0) + margin + button_height + margin;
+    const VSTGUI::CPoint corner(std::max(std::floor((getWidth() - box_width) / 2.0), 0.0),
+                                std::max(std::floor((getHeight() - height) / 2.0), 0.0));
+    return {corner, VSTGUI::CPoint(box_width, height)};
+}
+
+void modal_panel::place_children()
+{
+    const VSTGUI::CRect place = box();
+    VSTGUI::CPoint right_bottom(place.right - margin, place.bottom - margin);
+    if (field)
+    {
+        const VSTGUI::CPoint corner(place.left + margin, right_bottom.y - button_height - margin - field_height);
+        const VSTGUI::CRect row(corner, VSTGUI::CPoint(box_width - 2.0 * margin, field_height));
+        field->setViewSize(row);
+        field->setMouseableArea(row);
+    }
+    for (auto* button : {confirm, cancel})
+    {
+        if (!button)
+            continue;
+        const VSTGUI::CPoint size = button->getViewSize().getSize();
+        const VSTGUI::CRect row(right_bottom - size, size);
+        button->setViewSize(row);
+        button->setMouseableArea(row);
+        right_bottom.x -= size.x + gap;
+    }
+}
+
+void modal_panel::setViewSize(const VSTGUI::CRect& rect, bool redraw)
+{
+    CViewContainer::setViewSize(rect, redraw);
+    if (confirm)
+        place_children();
+}
+
+void modal_panel::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect)
+{
+    modal_layer::drawBackgroundRect(context, update_rect);
+    draw_round_box(*context, box(), corner_radius, box_grey, frame_grey);
+    draw_texts(*context);
+}
+
+void modal_panel::draw_texts(VSTGUI::CDrawContext& context) const
+{
+    VSTGUI::CRect row = box();
+    row.inset(margin, margin);
+    row.setHeight(title_height);
+    context.setFont(title_font);
+    context.setFontColor(title_colour);
+    context.drawString(title.c_str(), row, VSTGUI::kLeftText);
+
+    row.offset(0.0, title_height + gap);
+    row.setHeight(line_height);
+    context.setFont(message_font);
+    context.setFontColor(message_colour);
+    for (const std::string& line : lines)
+    {
+        context.drawString(line.c_str(), row, VSTGUI::kLeftText);
+        row.offset(0.0, line_height);
+    }
+}
+
+void modal_panel::take_key(VSTGUI::KeyboardEvent& event)
+{
+    const bool confirms = event.virt == VSTGUI::VirtualKey::Return || event.virt == VSTGUI::VirtualKey::Enter;
+    if (confirms || event.virt == VSTGUI::VirtualKey::Escape)
+    {
+        event.consumed = true;
+        if (event.type == VSTGUI::EventType::KeyDown)
+            answer(confirms);
+    }
+    else if (!field) // whose keys come through here too
+        event.consumed = true;
+}
+
+void modal_panel::valueChanged(VSTGUI::CControl* control)
+{
+    if (control->getValue() > 0.5F)
+        answer(control->getTag() == confirm_tag);
+}
+
+void modal_panel::answer(bool confirmed)
+{
+    const modal_answer given = {confirmed, field ? without_outer_blanks(field->getText().getString()) : std::string()};
+    if (!is_shown() || (confirmed && field && given.name.empty()))
+        return;
+    const auto alive = VSTGUI::shared(this);
+    const auto tell = std::exchange(done, {});
+    if (end() && tell)
+        tell(given);
+}
+
+} // namespace
+
+bool show_modal_panel(VSTGUI::CFrame& frame, const modal_question& question,
+                      std::function<void(const modal_answer&)> done)
+{
+    return modal_layer::show(frame, VSTGUI::makeOwned<modal_panel>(frame, question, std::move(done)));
+}
+
+} // namespace ov1

@@ -1,0 +1,50 @@
+#include "editor/controls/style/editor_style.h"
+
+#include "editor/controls/style/cov_bitmap.h"
+
+#include "vstgui/lib/cgraphicstransform.h"
+#include "vstgui/lib/coffscreencontext.h"
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr double artwork_scale = 2;
+
+SharedPointer<CFontDesc> make_font(CCoord size, std::int32_t face = kNormalFace)
+{
+    return makeOwned<CFontDesc>("Arial", size, face);
+}
+
+} // namespace
+
+SharedPointer<CFontDesc> style::panel_label_font() { return make_font(12, kBoldFace | kItalicFace); }
+SharedPointer<CFontDesc> style::text_font() { return make_font(12); }
+SharedPointer<CFontDesc> style::small_font() { return make_font(11); }
+
+SharedPointer<CBitmap> load_artwork(const char* name)
+{
+    return makeOwned<COVBitmap>(CResourceDescription(name), artwork_scale);
+}
+
+SharedPointer<CBitmap> load_first_frame(const char* name)
+{
+    const auto sheet = load_artwork(name);
+    const CPoint size(sheet->getWidth() / 2, sheet->getHeight() / 2);
+    const auto drawn = size.x > 0 ? COffscreenContext::create(size, artwork_scale) : nullptr;
+    if (!drawn)
+        return sheet;
+    drawn->beginDraw();
+    {
+        CDrawContext::Transform to_pixels(*drawn, CGraphicsTransform().scale(artwork_scale, artwork_scale));
+        sheet->draw(drawn, CRect(CPoint(0, 0), size));
+    }
+    drawn->endDraw();
+    return drawn->getBitmap();
+}
+
+} // namespace ov1

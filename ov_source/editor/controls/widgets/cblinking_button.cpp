@@ -1,0 +1,46 @@
+#include "editor/controls/widgets/cblinking_button.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+void CBlinkingButton::setBlinkParams(bool blink, int period)
+{
+    blinking = blink;
+    period_ms = remaining_ms = std::max(period, 0);
+    phase_on = false;
+    ask_for_idle_calls();
+}
+
+void CBlinkingButton::setBlinkIcon(VSTGUI::CBitmap* sheet)
+{
+    blink_icon = sheet;
+    ask_for_idle_calls();
+}
+
+void CBlinkingButton::ask_for_idle_calls()
+{
+    setWantsIdle(blinking && blink_icon);
+    invalid();
+}
+
+void CBlinkingButton::onIdle()
+{
+    if (!blinking)
+        return;
+    remaining_ms -= idleRate == 0 ? 0.0 : 1000.0 / idleRate;
+    if (!(remaining_ms < 0.0))
+        return;
+    phase_on = !phase_on;
+    remaining_ms =
+        std::max(remaining_ms + period_ms, -period_ms); // a short period blinks no faster than idle calls come
+    invalid();
+}
+
+VSTGUI::CBitmap* CBlinkingButton::icon_to_draw() const
+{
+    return phase_on && blink_icon ? blink_icon.get() : COVButton::icon_to_draw();
+}
+
+} // namespace ov1

@@ -1,0 +1,125 @@
+#include "editor/controls/widgets/cov_arrow_arc_slider.h"
+
+#include "editor/controls/widgets/reset_click.h"
+
+#include <numbers>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr double radians_per_degree = std::numbers::pi / 180.0;
+constexpr VSTGUI::CCoord frame_points = 2.0;
+const VSTGUI::CColor arrow_grey(176, 176, 176);
+
+} // namespace
+
+COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+                                     std::int32_t min_pos, std::int32_t max_pos, VSTGUI::CBitmap* background)
+    : CVerticalSlider(size, listener, tag, min_pos, max_pos, nullptr, background)
+    , angles(arc_angles_of(size.getWidth(), size.getCenter().y, min_pos, max_pos))
+    , highest(min_pos - size.top)
+    , lowest(max_pos - size.top)
+{
+    setTransparency(true);
+    setSliderMode(VSTGUI::CSliderMode::FreeClick);
+    // The toolkit counts a drag from the view's edge, and half the size, 1, of the handle that is not there.
+    setOffsetHandle({0.0, min_pos - size.top + 0.5});
+    setFrameColor(VSTGUI::kBlackCColor);
+    setBackColor(arrow_grey);
+    setFrameWidth(frame_points);
+}
+
+void COVArrowArcSlider::setOrientation(COVArrowArcOrientation side)
+{
+    if (side == orientation)
+        return;
+    orientation = side;
+    invalid();
+}
+
+void COVArrowArcSlider::setSpreadAngle(double degrees)
+{
+    const double radians = degrees * radians_per_degree;
+    if (radians == spread)
+        return;
+    spread = radians;
+    invalid();
+}
+
+void COVArrowArcSlider::draw(VSTGUI::CDrawContext* context)
+{
+    if (auto* picture = getDrawBackground())
+        picture->draw(context, getViewSize());
+    context->setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
+    context->setLineStyle(VSTGUI::kLineSolid);
+    context->setLineWidth(getFrameWidth());
+    context->setFrameColor(getFrameColor());
+    context->setFillColor(getBackColor());
+    const double angle = angles.at(getValueNormalized());
+    draw_arrow(*context, angle - spread / 2.0);
+    if (spread > 0.0)
+        draw_arrow(*context, angle + spread / 2.0);
+    setDirty(false);
+}
+
+arrow_outline COVArrowArcSlider::outline_at(double angle) const
+{
+    const VSTGUI::CRect& view = getViewSize();
+    return arrow_outline_of({view.left, view.top, view.right, view.bottom, getFrameWidth(), orientation}, angle);
+}
+
+VSTGUI::CPoint COVArrowArcSlider::getTip() const
+{
+    const arc_point tip = outline_at(angles.at(getValueNormalized()) + spread / 2.0)[2];
+    return {tip.x, tip.y};
+}
+
+VSTGUI::CPoint COVArrowArcSlider::place_of_value() const
+{
+    const VSTGUI::CRect& view = getViewSize();
+    return {view.getCenter().x, view.top + lowest + (highest - lowest) * getValueNormalized()};
+}
+
+void COVArrowArcSlider::draw_arrow(VSTGUI::CDrawContext& context, double angle) const
+{
+    const auto path = VSTGUI::owned(context.createGraphicsPath());
+    if (!path)
+        return;
+    const arrow_outline outline = outline_at(angle);
+    path->beginSubpath({outline[0].x, outline[0].y});
+    for (std::size_t corner = 1; corner < outline.size(); ++corner)
+        path->addLine({outline[corner].x, outline[corner].y});
+    path->closeSubpath();
+    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
+    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
+}
+
+void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
+{
+    if (is_right_click(event) || is_alt_click(event) || is_double_click(event))
+    {
+        reset_to_default(*this);
+        return consume_press(event);
+    }
+    const drag_hold hold{hold_of(event.modifiers).is_fine};
+    const steered_event steered(event, path.press(event.mousePosition, place_of_value(), hold));
+    if (hold.is_fine) // the toolkit then leaves the value alone until the mouse moves
+        event.modifiers.add(VSTGUI::ModifierKey::Shift);
+    CVerticalSlider::onMouseDownEvent(event);
+}
+
+void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
+{
+    if (!isEditing())
+        return CVerticalSlider::onMouseMoveEvent(event);
+    const drag_hold hold{hold_of(event.modifiers).is_fine};
+    const steered_event steered(event, path.move(event.mousePosition, place_of_value(), hold));
+    CVerticalSlider::onMouseMoveEvent(event);
+}
+
+void COVArrowArcSlider::onMouseWheelEvent(VSTGUI::MouseWheelEvent&) {}
+
+} // namespace ov1

@@ -1,0 +1,184 @@
+#include "editor/controls/widgets/cov_color_wheel_xy_pad.h"
+
+#include "editor/controls/widgets/reset_click.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr VSTGUI::CCoord frame_points = 2.5;
+constexpr VSTGUI::CCoord handle_points = 12.0;
+constexpr float wheel_increment = 0.04F;
+const VSTGUI::CColor clear_white(255, 255, 255, 0);
+
+} // namespace
+
+COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener,
+                                       std::int32_t angle_tag, std::int32_t radius_tag, VSTGUI::CBitmap* background)
+    : CXYPad(size)
+    , radius_tag(radius_tag)
+{
+    setTag(angle_tag);
+    setListener(listener);
+    setBackground(background);
+    setTransparency(true);
+    setWantsFocus(true);
+    setFrameWidth(frame_points);
+    COVColorWheelXYPad::setRoundRectRadius(handle_points);
+    setDefaultValues(0.5F, 0.5F);
+    COVColorWheelXYPad::setValue(pad_centre_value);
+    setFontColor(clear_white);
+    setWheelInc(wheel_increment);
+}
+
+void COVColorWheelXYPad::setRoundRectRadius(const VSTGUI::CCoord& diameter)
+{
+    CXYPad::setRoundRectRadius(diameter);
+    max_radius = max_radius_of(getWidth(), diameter, getFrameWidth());
+}
+
+void COVColorWheelXYPad::setRadius(float percent)
+{
+    if (percent == polar.radius)
+        return;
+    polar.radius = percent;
+    place_handle();
+}
+
+void COVColorWheelXYPad::setAngle(float degrees)
+{
+    if (degrees == polar.angle)
+        return;
+    polar.angle = degrees;
+    place_handle();
+}
+
+void COVColorWheelXYPad::place_handle()
+{
+    setValue(pack_pad_value(place_of(polar, max_radius)));
+    invalid();
+}
+
+void COVColorWheelXYPad::setValue(float packed)
+{
+    CXYPad::setValue(packed);
+    polar = polar_of(unpack_pad_value(packed), max_radius).value_or(polar);
+}
+
+void COVColorWheelXYPad::draw(VSTGUI::CDrawContext* context)
+{
+    if (auto* picture = getDrawBackground())
+    {
+        const VSTGUI::CPoint margin = getViewSize().getSize() - picture->getSize();
+        const VSTGUI::CPoint corner = getViewSize().getTopLeft() + VSTGUI::CPoint(margin.x / 2.0, margin.y / 2.0);
+        picture->draw(context, VSTGUI::CRect(corner, picture->getSize()));
+    }
+    draw_handle(*context);
+    setDirty(false);
+}
+
+VSTGUI::CPoint COVColorWheelXYPad::point_of(const pad_place& place) const
+{
+    const pad_point centre = handle_centre(place, getWidth(), getHeight(), getRoundRectRadius());
+    return getViewSize().getTopLeft() + VSTGUI::CPoint(centre.x, centre.y);
+}
+
+VSTGUI::CPoint COVColorWheelXYPad::getHandleCentre() const
+{
+    return point_of(pulled_onto_rim(unpack_pad_value(getValue()), max_radius));
+}
+
+void COVColorWheelXYPad::draw_handle(VSTGUI::CDrawContext& context) const
+{
+    VSTGUI::CRect circle(getHandleCentre(), {});
+    circle.extend(getRoundRectRadius() / 2.0, getRoundRectRadius() / 2.0);
+
+    const auto path = VSTGUI::owned(context.createGraphicsPath());
+    if (!path)
+        return;
+    path->addEllipse(circle);
+    context.setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
+    context.setLineStyle(VSTGUI::kLineSolid);
+    context.setLineWidth(getFrameWidth());
+    context.setFrameColor(getFrameColor());
+    context.setFillColor(getFontColor());
+    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathFilled);
+    context.drawGraphicsPath(path, VSTGUI::CDrawContext::kPathStroked);
+}
+
+bool COVColorWheelXYPad::hitTest(const VSTGUI::CPoint& where, const VSTGUI::Event& event)
+{
+    const VSTGUI::CPoint point = where - getViewSize().getTopLeft();
+    return pad_contains({point.x, point.y}, getWidth(), getHeight(), max_radius) && CXYPad::hitTest(where, event);
+}
+
+void COVColorWheelXYPad::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
+{
+    if (is_right_click(event) || is_alt_click(event))
+    {
+        reset();
+        consume_press(event);
+    }
+    else if (event.buttonState.isLeft())
+        begin_drag(event);
+}
+
+void COVColorWheelXYPad::begin_drag(VSTGUI::MouseDownEvent& event)
+{
+    at_press = {getValue(), polar};
+    // A handle beyond the rim stays there until the mouse moves.
+    const steered_event steered(
+        event, path.press(event.mousePosition, point_of(unpack_pad_value(getValue())), hold_of(event.modifiers)));
+    CXYPad::onMouseDownEvent(event);
+}
+
+void COVColorWheelXYPad::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
+{
+    if (!isEditing())
+        return CXYPad::onMouseMoveEvent(event);
+    const steered_event steered(event, path.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
+    CXYPad::onMouseMoveEvent(event);
+}
+
+void COVColorWheelXYPad::reset()
+{
+    // A handle that was led to the very centre stands at the default value with the angle and radius of before.
+    const bool is_reset = getValue() == getDefaultValue() && polar.angle == 0.0F && polar.radius == 0.0F;
+    if (is_reset || isEditing())
+        return;
+    beginEdit();
+    restore({getDefaultValue(), {}});
+    endEdit();
+}
+
+void COVColorWheelXYPad::restore(const pad_state& state)
+{
+    setValue(state.value);
+    polar = state.polar;
+    valueChanged();
+    invalid();
+}
+
+void COVColorWheelXYPad::onMouseCancelEvent(VSTGUI::MouseCancelEvent& event)
+{
+    if (!isEditing())
+        return;
+    restore(at_press);
+    endEdit();
+    event.consumed = true;
+}
+
+void COVColorWheelXYPad::onMouseWheelEvent(VSTGUI::MouseWheelEvent&) {}
+
+void COVColorWheelXYPad::onKeyboardEvent(VSTGUI::KeyboardEvent& event)
+{
+    if (event.type != VSTGUI::EventType::KeyDown || event.virt != VSTGUI::VirtualKey::Escape || !isEditing())
+        return;
+    VSTGUI::MouseCancelEvent cancel;
+    onMouseCancelEvent(cancel);
+    event.consumed = true;
+}
+
+} // namespace ov1

@@ -1,0 +1,104 @@
+#include "editor/controls/widgets/cov_rounded_grey_button.h"
+
+#include "editor/controls/style/round_box.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr VSTGUI::CCoord corner_radius = 4.0;
+constexpr VSTGUI::CCoord margin = 8.0;
+constexpr VSTGUI::CCoord icon_gap = 6.0;
+constexpr VSTGUI::CCoord font_points = 12.0;
+
+const VSTGUI::CColor box_grey(66, 66, 66);
+const VSTGUI::CColor hovered_grey(78, 78, 78);
+const VSTGUI::CColor pressed_grey(56, 56, 56);
+const VSTGUI::CColor frame_grey(92, 92, 92);
+const VSTGUI::CColor on_frame_grey(176, 176, 176);
+
+} // namespace
+
+COVRoundedGreyButton::COVRoundedGreyButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener,
+                                           std::int32_t tag, VSTGUI::UTF8StringPtr title, Style style)
+    : COVButton(size, listener, tag, style, title)
+{
+    setFont(VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points));
+}
+
+VSTGUI::CPoint COVRoundedGreyButton::scaled_icon::size() const
+{
+    return picture ? VSTGUI::CPoint(picture->getWidth() * scale, picture->getHeight() * scale) : VSTGUI::CPoint();
+}
+
+void COVRoundedGreyButton::setLefttIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> icon, float scale)
+{
+    left_icon = {std::move(icon), scale};
+    invalid();
+}
+
+void COVRoundedGreyButton::setRightIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> icon, float scale)
+{
+    right_icon = {std::move(icon), scale};
+    invalid();
+}
+
+void COVRoundedGreyButton::setTextColor(const VSTGUI::CColor& color)
+{
+    COVButton::setTextColor(color);
+    setTextColorHighlighted(color);
+}
+
+void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
+{
+    context->saveGlobalState();
+    context->setGlobalAlpha(context->getGlobalAlpha() * opacity());
+    draw_round_box(*context, getViewSize(), corner_radius,
+                   isPressed()   ? pressed_grey
+                   : isHovered() ? hovered_grey
+                                 : box_grey,
+                   isOn() ? on_frame_grey : frame_grey);
+    VSTGUI::CRect room = getViewSize();
+    room.inset(margin, 0.0);
+    if (left_icon.picture)
+    {
+        draw_icon(*context, left_icon, room.left);
+        room.left += left_icon.size().x + icon_gap;
+    }
+    if (right_icon.picture)
+    {
+        room.right -= right_icon.size().x;
+        draw_icon(*context, right_icon, room.right);
+        room.right -= icon_gap;
+    }
+    draw_title(*context, room);
+    context->restoreGlobalState();
+    setDirty(false);
+}
+
+void COVRoundedGreyButton::draw_icon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const
+{
+    const VSTGUI::CCoord top = std::floor(getViewSize().getCenter().y - icon.size().y / 2.0 + 0.5);
+    const VSTGUI::CDrawContext::Transform transform(
+        context, VSTGUI::CGraphicsTransform().scale(icon.scale, icon.scale).translate(left, top));
+    icon.picture->draw(&context, VSTGUI::CRect({0.0, 0.0}, icon.picture->getSize()));
+}
+
+void COVRoundedGreyButton::draw_title(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const
+{
+    if (getTitle().empty() || room.getWidth() <= 0.0)
+        return;
+    const auto text = VSTGUI::CDrawMethods::createTruncatedText(VSTGUI::CDrawMethods::kTextTruncateTail, getTitle(),
+                                                                getFont(), room.getWidth());
+    context.setFont(getFont());
+    context.setFontColor(getTextColor());
+    context.drawString(text.getPlatformString(), room, getTextAlignment());
+}
+
+} // namespace ov1

@@ -1,0 +1,164 @@
+#include "editor/controls/widgets/csimple_slider.h"
+
+#include "editor/controls/widgets/reset_click.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+const VSTGUI::CColor center_line_grey(85, 85, 85);
+constexpr VSTGUI::CCoord center_line_width = 2.0;
+constexpr VSTGUI::CCoord center_line_overhang = 2.0;
+const VSTGUI::CPoint track_inset(8.0, 5.0);
+
+bool is_ganged(const VSTGUI::MouseEvent& event)
+{
+    return event.buttonState.has(VSTGUI::MouseButton::Left) && event.modifiers.has(VSTGUI::ModifierKey::Control);
+}
+
+void draw_line_through_center(VSTGUI::CDrawContext& context, const VSTGUI::CRect& view)
+{
+    const VSTGUI::CCoord x = view.getCenter().x;
+    context.setLineStyle(VSTGUI::kLineSolid);
+    context.setLineWidth(center_line_width);
+    context.setFrameColor(center_line_grey);
+    context.drawLine(VSTGUI::CPoint(x, view.top - center_line_overhang),
+                     VSTGUI::CPoint(x, view.bottom + center_line_overhang));
+}
+
+} // namespace
+
+CSimpleSlider::CSimpleSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
+                             std::int32_t min_pos, std::int32_t max_pos, VSTGUI::CBitmap* handle,
+                             const VSTGUI::CPoint& offset, std::int32_t style)
+    : CHorizontalSlider(size, listener, tag, min_pos, max_pos, handle, nullptr, offset, Styles(style))
+{
+    setTransparency(true);
+    setSliderMode(VSTGUI::CSliderMode::Touch);
+}
+
+void CSimpleSlider::setDrawCenterLine(bool on)
+{
+    if (std::exchange(draws_center_line, on) != on)
+        invalid();
+}
+
+void CSimpleSlider::draw(VSTGUI::CDrawContext* context)
+{
+    context->setDrawMode(VSTGUI::kAliasing);
+    if (draws_center_line)
+        draw_line_through_center(*context, getViewSize());
+    VSTGUI::CRect track = getViewSize();
+    track.inset(track_inset.x, track_inset.y);
+    context->setFillColor(VSTGUI::kBlackCColor);
+    context->drawRect(track, VSTGUI::kDrawFilled);
+    CHorizontalSlider::draw(context);
+}
+
+void CSimpleSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
+{
+    if (is_alt_click(event) || is_double_click(event) || (resets_on_right_click && is_right_click(event)))
+    {
+        reset_to_default(*this);
+        return consume_press(event);
+    }
+    const float before = getValue();
+    press_handle(event);
+    if (isEditing() && is_ganged(event))
+        begin_gang(before);
+}
+
+void CSimpleSlider::press_handle(VSTGUI::MouseDownEvent& event)
+{
+    grip = event.mousePosition.x - place_of_value();
+    // The toolkit drags from the whole point that the handle is drawn at.
+    beyond_whole_point = place_of_value() - calculateHandleRect(getValueNormalized()).left;
+    path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
+    const steered_event steered(event, event.mousePosition);
+    event.modifiers.add(VSTGUI::ModifierKey::Shift); // so that the value stays until the mouse moves
+    CHorizontalSlider::onMouseDownEvent(event);
+}
+
+void CSimpleSlider::drag_handle(VSTGUI::MouseMoveEvent& event)
+{
+    const VSTGUI::CPoint gripped(place_of_value() + grip, event.mousePosition.y);
+    VSTGUI::CPoint place = path.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
+    place.x += beyond_whole_point;
+    const steered_event steered(event, place);
+    CHorizontalSlider::onMouseMoveEvent(event);
+}
+
+VSTGUI::CCoord CSimpleSlider::place_of_value() const
+{
+    const VSTGUI::CCoord least = calculateHandleRect(0.0F).left, most = calculateHandleRect(1.0F).left;
+    return least + (most - least) * getValueNormalized();
+}
+
+void CSimpleSlider::begin_gang(float value_before)
+{
+    if (!partner || partner->isEditing())
+        return;
+    ganged = partner;
+    ganged_value_at_press = ganged->getValue();
+    ganged->beginEdit();
+    drag_partner(getValue() - value_before);
+}
+
+void CSimpleSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
+{
+    const float before = getValue();
+    if (isEditing())
+        drag_handle(event);
+    else
+        CHorizontalSlider::onMouseMoveEvent(event);
+    if (is_ganged(event))
+        drag_partner(getValue() - before);
+}
+
+void CSimpleSlider::drag_partner(float change)
+{
+    if (!ganged || change == 0.0F)
+        return;
+    ganged->setValue(ganged->getValue() + change);
+    ganged->valueChanged();
+    ganged->invalid();
+}
+
+void CSimpleSlider::onMouseUpEvent(VSTGUI::MouseUpEvent& event)
+{
+    CHorizontalSlider::onMouseUpEvent(event);
+    end_gang();
+}
+
+VSTGUI::CMouseEventResult CSimpleSlider::onMouseCancel()
+{
+    const auto result = CHorizontalSlider::onMouseCancel();
+    if (ganged)
+        drag_partner(ganged_value_at_press - ganged->getValue());
+    end_gang();
+    return result;
+}
+
+void CSimpleSlider::end_gang()
+{
+    if (auto* other = std::exchange(ganged, nullptr))
+        other->endEdit();
+}
+
+void CSimpleSlider::onMouseWheelEvent(VSTGUI::MouseWheelEvent& event)
+{
+    if (!accepts_wheel)
+        return;
+    // The toolkit's horizontal sliders know the sideways axis alone, on which positive lowers the value.
+    const auto sideways = event.deltaX;
+    if (sideways == 0.0)
+        event.deltaX = -event.deltaY;
+    CHorizontalSlider::onMouseWheelEvent(event);
+    event.deltaX = sideways;
+}
+
+} // namespace ov1

@@ -1,0 +1,134 @@
+#include "editor/controls/widgets/value_line.h"
+
+#include "editor/controls/widgets/with_keys.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr VSTGUI::CCoord font_points = 10.0;
+constexpr VSTGUI::CCoord field_corner_radius = 3.0;
+const VSTGUI::CColor calm_grey(134, 134, 134);
+const VSTGUI::CColor hovered_grey(214, 214, 214);
+const VSTGUI::CColor field_grey(30, 30, 30);
+const VSTGUI::CColor field_frame_grey(110, 110, 110);
+
+VSTGUI::SharedPointer<VSTGUI::CFontDesc> line_font()
+{
+    return VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points);
+}
+
+class value_entry : public with_keys<VSTGUI::CTextEdit>
+{
+public:
+    value_entry(const VSTGUI::CRect& place, const std::string& text,
+                std::function<void(const std::optional<std::string>&)> done)
+        : with_keys(place, nullptr, -1, text.c_str())
+        , done(std::move(done))
+    {
+        setFont(line_font());
+        setFontColor(hovered_grey);
+        setBackColor(field_grey);
+        setFrameColor(field_frame_grey);
+        setStyle(kRoundRectStyle);
+        setRoundRectRadius(field_corner_radius);
+        setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
+    }
+
+    bool removed(CView* parent) override
+    {
+        done = {};
+        return with_keys::removed(parent);
+    }
+
+    void take_key(VSTGUI::KeyboardEvent& event) override
+    {
+        const bool confirms = event.virt == VSTGUI::VirtualKey::Return || event.virt == VSTGUI::VirtualKey::Enter;
+        if (!confirms && event.virt != VSTGUI::VirtualKey::Escape)
+            return;
+        event.consumed = true;
+        if (event.type == VSTGUI::EventType::KeyDown)
+            finish(confirms);
+    }
+
+    void looseFocus() override
+    {
+        CTextEdit::looseFocus();
+        finish(false);
+    }
+
+private:
+    void finish(bool confirmed)
+    {
+        const auto tell = std::exchange(done, {});
+        auto* const parent = getParentView() ? getParentView()->asViewContainer() : nullptr;
+        if (!tell || !parent)
+            return;
+        const auto alive = VSTGUI::shared(this);
+        const std::string typed = getText().getString();
+        if (getFrame()->getFocusView() == this)
+            getFrame()->setFocusView(nullptr);
+        parent->removeView(this);
+        tell(confirmed ? std::optional(typed) : std::nullopt);
+    }
+
+    std::function<void(const std::optional<std::string>&)> done;
+};
+
+} // namespace
+
+value_line::value_line(const VSTGUI::CRect& size, std::function<void()> clicked)
+    : CView(size)
+    , clicked(std::move(clicked))
+    , font(line_font())
+{
+    setTransparency(true);
+}
+
+void value_line::setText(const std::string& new_text)
+{
+    if (std::exchange(text, new_text) != new_text)
+        invalid();
+}
+
+void value_line::draw(VSTGUI::CDrawContext* context)
+{
+    context->setDrawMode(VSTGUI::kAntiAliasing);
+    context->setFont(font);
+    context->setFontColor(is_hovered ? hovered_grey : calm_grey);
+    context->drawString(text.c_str(), getViewSize(), VSTGUI::kCenterText);
+    setDirty(false);
+}
+
+void value_line::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
+{
+    if (!event.buttonState.isLeft())
+        return;
+    event.consumed = true;
+    event.ignoreFollowUpMoveAndUpEvents(true);
+    clicked();
+}
+
+void value_line::onMouseEnterEvent(VSTGUI::MouseEnterEvent&) { show_hovered(true); }
+void value_line::onMouseExitEvent(VSTGUI::MouseExitEvent&) { show_hovered(false); }
+
+void value_line::show_hovered(bool on)
+{
+    if (std::exchange(is_hovered, on) != on)
+        invalid();
+}
+
+void open_value_entry(VSTGUI::CViewContainer& container, const VSTGUI::CRect& place, const std::string& text,
+                      std::function<void(const std::optional<std::string>& typed)> done)
+{
+    auto* const entry = new value_entry(place, text, std::move(done));
+    container.addView(entry);
+    if (auto* frame = container.getFrame())
+        frame->setFocusView(entry);
+}
+
+} // namespace ov1

@@ -1,0 +1,82 @@
+#include "editor/presets/preset_browser.h"
+
+#include "vstgui/lib/events.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+preset_browser::preset_browser(CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language)
+    : frame(frame)
+    , preview(preview)
+    , toolbar(toolbar)
+    , language(language)
+{
+}
+
+preset_browser::~preset_browser() noexcept { close(); }
+
+void preset_browser::toggle(const CRect& place)
+{
+    if (panel)
+        close();
+    else
+        open(place);
+}
+
+void preset_browser::open(const CRect& place)
+{
+    preset_panel_content content;
+    toolbar.listPresets(content.presets, content.files);
+    const auto& current = toolbar.getCurrentPreset();
+    const auto found = current ? std::ranges::find(content.presets, *current) : content.presets.end();
+    if (found != content.presets.end())
+        content.current = static_cast<std::size_t>(found - content.presets.begin());
+    content.frame = preview.getBefore();
+    content.screen_scale = frame.getZoom();
+
+    const auto presets = content.presets;
+    preset_panel_events events;
+    events.hovered = [this](std::shared_ptr<const row_renderer> renderer) { preview.showTrial(std::move(renderer)); };
+    events.chosen = [this, presets](std::size_t chosen) { to_load = presets[chosen]; };
+    panel = new preset_panel(place, std::move(content), std::move(events), language);
+    frame.addView(panel);
+    frame.registerKeyboardHook(this); // before the search field's own, which passes its keys on
+}
+
+void preset_browser::close()
+{
+    if (!panel)
+        return;
+    is_to_close = false;
+    frame.unregisterKeyboardHook(this);
+    preview.showTrial(nullptr);
+    frame.removeView(std::exchange(panel, nullptr));
+}
+
+void preset_browser::onKeyboardEvent(KeyboardEvent& event, CFrame*)
+{
+    if (event.type != EventType::KeyDown || event.virt != VirtualKey::Escape || frame.getModalView())
+        return;
+    is_to_close = true;
+    event.consumed = true;
+}
+
+void preset_browser::idle()
+{
+    if (panel)
+        panel->idle();
+    if (const auto chosen = std::exchange(to_load, {}))
+    {
+        close();
+        toolbar.loadPreset(*chosen);
+    }
+    else if (is_to_close)
+        close();
+}
+
+} // namespace ov1

@@ -1,0 +1,44 @@
+// Opens the preset panel over the column of controls, shows what it hovers over, and loads what is chosen.
+#pragma once
+
+#include "editor/toolbar/cov_plugin_toolbar.h"
+#include "editor/presets/preset_panel.h"
+#include "editor/preview/preview_view.h"
+
+#include "vstgui/lib/cframe.h"
+
+namespace ov1
+{
+
+/// Escape closes the panel, at the next idle. Belongs to one editor; frame, preview and toolbar outlive it.
+class preset_browser : public VSTGUI::IKeyboardHook
+{
+public:
+    preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language);
+    ~preset_browser() noexcept override;
+    preset_browser(const preset_browser&) = delete;
+    preset_browser& operator=(const preset_browser&) = delete;
+
+    /// Opens the panel at a place of the frame, or closes it.
+    void toggle(const VSTGUI::CRect& place);
+    void close();
+    bool isOpen() const { return panel != nullptr; }
+    void idle();
+    void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* of_frame) override;
+    /// Null while closed.
+    preset_panel* getPanel() const { return panel; }
+
+private:
+    void open(const VSTGUI::CRect& place);
+
+    VSTGUI::CFrame& frame;
+    preview_view& preview;
+    COVPluginToolbar& toolbar;
+    const language_id language;
+    preset_panel* panel = nullptr; ///< owned by the frame
+    // Told in an event of the panel's, which must not end within it.
+    std::optional<preset_choice> to_load;
+    bool is_to_close = false;
+};
+
+} // namespace ov1

@@ -1,0 +1,119 @@
+#include "editor/presets/preset_cell.h"
+
+#include "editor/controls/style/editor_style.h"
+
+#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/cdrawmethods.h"
+#include "vstgui/lib/events.h"
+#include "vstgui/lib/platform/iplatformbitmap.h"
+
+#include <cstring>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr CCoord frame_width = 2;
+
+SharedPointer<CBitmap> to_bitmap(const display_picture& picture, double scale)
+{
+    if (picture.is_empty())
+        return nullptr;
+    auto bitmap = makeOwned<CBitmap>(picture.width, picture.height);
+    bitmap->getPlatformBitmap()->setScaleFactor(scale);
+    if (const auto pixels = bitmap->getPlatformBitmap()->lockPixels(true))
+        for (std::uint32_t y = 0; y < picture.height; ++y)
+            std::memcpy(pixels->getAddress() + std::size_t{y} * pixels->getBytesPerRow(), picture.row(y),
+                        std::size_t{picture.width} * 4);
+    return bitmap;
+}
+
+} // namespace
+
+preset_cell::preset_cell(std::string name, bool is_current, std::function<void(bool over)> hovered,
+                         std::function<void()> chosen)
+    : CView(CRect(0, 0, preset_picture_width, preset_cell_height))
+    , name(std::move(name))
+    , is_current(is_current)
+    , hover_listener(std::move(hovered))
+    , choice_listener(std::move(chosen))
+{
+}
+
+void preset_cell::setThumbnail(preset_thumbnail made, double screen_scale)
+{
+    picture = to_bitmap(made.picture, screen_scale);
+    renderer = std::move(made.renderer);
+    invalid();
+    if (is_hovered)
+        hover_listener(true);
+}
+
+void preset_cell::draw(CDrawContext* context)
+{
+    CRect place = getViewSize();
+    place.bottom = place.top + preset_picture_height;
+    context->setDrawMode(kAntiAliasing);
+    context->setFillColor(style::sunken);
+    context->drawRect(place, kDrawFilled);
+    if (picture)
+    {
+        CRect centred(CPoint(0, 0), picture->getSize());
+        centred.centerInside(place);
+        picture->draw(context, centred.makeIntegral());
+    }
+    if (is_hovered || is_current)
+    {
+        context->setFrameColor(is_hovered ? style::bright_text : style::accent);
+        context->setLineWidth(frame_width);
+        CRect frame = place;
+        frame.inset(frame_width / 2, frame_width / 2);
+        context->drawRect(frame, kDrawStroked);
+    }
+    CRect text = getViewSize();
+    text.top = place.bottom + 2;
+    const auto font = style::small_font();
+    const auto shown =
+        CDrawMethods::createTruncatedText(CDrawMethods::kTextTruncateTail, name.c_str(), font, text.getWidth());
+    context->setFont(font);
+    context->setFontColor(is_current ? style::accent : style::text_colour);
+    context->drawString(shown.empty() ? UTF8String(name.c_str()) : shown, text, kCenterText);
+    setDirty(false);
+}
+
+void preset_cell::onMouseDownEvent(MouseDownEvent& event)
+{
+    if (!event.buttonState.isLeft())
+        return;
+    event.consumed = true;
+    event.ignoreFollowUpMoveAndUpEvents(true);
+    const auto chosen = choice_listener; // which may end this cell
+    chosen();
+}
+
+void preset_cell::set_hovered(bool over)
+{
+    if (std::exchange(is_hovered, over) == over)
+        return;
+    invalid();
+    hover_listener(over);
+}
+
+void preset_cell::onMouseEnterEvent(MouseEnterEvent& event)
+{
+    set_hovered(true);
+    event.consumed = true;
+}
+
+void preset_cell::onMouseExitEvent(MouseExitEvent& event)
+{
+    set_hovered(false);
+    event.consumed = true;
+}
+
+} // namespace ov1

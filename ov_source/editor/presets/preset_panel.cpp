@@ -1,0 +1,200 @@
+#include "editor/presets/preset_panel.h"
+
+#include "editor/controls/style/editor_style.h"
+#include "editor/presets/preset_cell.h"
+#include "platform/iutils.h"
+
+#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/controls/cscrollbar.h"
+#include "vstgui/lib/events.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr CCoord margin = 12;
+constexpr CCoord search_height = 26;
+constexpr CCoord cell_gap = 8;
+constexpr CCoord column_gap = 13;
+constexpr int columns = 3;
+constexpr CCoord scrollbar_width = 12;
+
+/// ASCII alone; other letters are compared as they are.
+std::string lower(std::string_view text)
+{
+    std::string low(text);
+    for (char& c : low)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return low;
+}
+
+/// The frame as large as a cell's picture.
+display_picture reduce_to_cell(const display_picture& frame, double screen_scale)
+{
+    if (frame.is_empty())
+        return {};
+    const double zoom = std::min(preset_picture_width * screen_scale / frame.width,
+                                 preset_picture_height * screen_scale / frame.height);
+    const auto length = [&](std::uint32_t of)
+    { return std::max(1u, static_cast<std::uint32_t>(std::lround(of * zoom))); };
+    display_picture small{length(frame.width), length(frame.height), {}};
+    small.pixels.resize(std::size_t{small.width} * small.height);
+    draw_zoomed(frame, {0, 0, small.width, small.height, zoom}, reinterpret_cast<std::uint8_t*>(small.pixels.data()),
+                std::size_t{small.width} * 4);
+    return small;
+}
+
+} // namespace
+
+bool matches_search(std::string_view name, std::string_view search)
+{
+    const std::string low = lower(name);
+    std::istringstream words(lower(search));
+    for (std::string word; words >> word;)
+        if (low.find(word) == std::string::npos)
+            return false;
+    return true;
+}
+
+preset_panel::preset_panel(const CRect& size, preset_panel_content new_content, preset_panel_events events,
+                           language_id language)
+    : CViewContainer(size)
+    , content(std::move(new_content))
+    , events(std::move(events))
+    , thumbnails(
+          std::make_unique<preset_thumbnails>(content.files, reduce_to_cell(content.frame, content.screen_scale)))
+{
+    add_search_field(language);
+    add_cells();
+    lay_out_cells();
+}
+
+void preset_panel::add_search_field(language_id language)
+{
+    const CRect place(margin, margin, getViewSize().getWidth() - margin, margin + search_height);
+    search_field = new CTextEdit(place, this, -1);
+    search_field->setPlaceholderString(iutils::translate(language, "{en:Search}{de:Suchen}").c_str());
+    search_field->setImmediateTextChange(true);
+    search_field->setFont(style::text_font());
+    search_field->setFontColor(style::bright_text);
+    search_field->setBackColor(style::sunken);
+    search_field->setFrameColor(style::hairline);
+    search_field->setHoriAlign(kLeftText);
+    search_field->setTextInset(CPoint(8, 0));
+    addView(search_field);
+}
+
+void preset_panel::add_cells()
+{
+    const CRect place(0, 2 * margin + search_height, getViewSize().getWidth(), getViewSize().getHeight());
+    scroller = new CScrollView(place, CRect(0, 0, place.getWidth(), place.getHeight()),
+                               CScrollView::kVerticalScrollbar | CScrollView::kDontDrawFrame |
+                                   CScrollView::kOverlayScrollbars | CScrollView::kAutoHideScrollbars,
+                               scrollbar_width);
+    scroller->setBackgroundColor(style::background);
+    if (auto* const bar = scroller->getVerticalScrollbar())
+    {
+        bar->setFrameColor(style::background);
+        bar->setBackgroundColor(style::background);
+        bar->setScrollerColor(style::hairline);
+    }
+    grid = new CViewContainer(CRect(0, 0, place.getWidth(), place.getHeight()));
+    grid->setTransparency(true);
+    for (std::size_t i = 0; i < content.presets.size(); ++i)
+    {
+        const auto hovered = [this, i](bool over) { events.hovered(over ? cells[i]->getRenderer() : nullptr); };
+        auto* const cell =
+            new preset_cell(content.presets[i].name, content.current == i, hovered, [this, i] { events.chosen(i); });
+        cells.push_back(cell);
+        grid->addView(cell);
+    }
+    scroller->addView(grid);
+    addView(scroller);
+}
+
+void preset_panel::lay_out_cells()
+{
+    int shown = 0;
+    for (preset_cell* cell : cells)
+    {
+        const bool matches = matches_search(cell->getName(), searched);
+        cell->setVisible(matches);
+        if (!matches)
+            continue;
+        const CCoord left = margin + (shown % columns) * (preset_picture_width + column_gap);
+        const CCoord top = (shown / columns) * (preset_cell_height + cell_gap);
+        const CRect place(CPoint(left, top), CPoint(preset_picture_width, preset_cell_height));
+        cell->setViewSize(place);
+        cell->setMouseableArea(place);
+        ++shown;
+    }
+    const int rows = (shown + columns - 1) / columns;
+    const CRect whole(0, 0, scroller->getViewSize().getWidth(),
+                      std::max(scroller->getViewSize().getHeight(), rows * (preset_cell_height + cell_gap) + margin));
+    scroller->resetScrollOffset();
+    scroller->setContainerSize(whole);
+    grid->setViewSize(whole);
+    grid->setMouseableArea(whole);
+    invalid();
+}
+
+void preset_panel::idle()
+{
+    for (auto& [place, made] : thumbnails->take())
+        cells[place]->setThumbnail(std::move(made), content.screen_scale);
+}
+
+void preset_panel::search(const std::string& text)
+{
+    if (std::exchange(searched, text) == text)
+        return;
+    lay_out_cells();
+    events.hovered(nullptr); // the cells have moved from under the pointer
+}
+
+void preset_panel::valueChanged(CControl*) { search(search_field->getText().getString()); }
+
+std::size_t preset_panel::countShown() const
+{
+    return static_cast<std::size_t>(std::ranges::count_if(cells, [](const preset_cell* c) { return c->isVisible(); }));
+}
+
+std::size_t preset_panel::countPictures() const
+{
+    return static_cast<std::size_t>(std::ranges::count_if(cells, [](const preset_cell* c) { return c->hasPicture(); }));
+}
+
+void preset_panel::drawBackgroundRect(CDrawContext* context, const CRect&)
+{
+    CRect whole = getViewSize();
+    whole.originize();
+    context->setFillColor(style::background);
+    context->drawRect(whole, kDrawFilled);
+}
+
+bool preset_panel::attached(CView* parent)
+{
+    const bool done = CViewContainer::attached(parent);
+    if (getFrame() && getFrame()->getPlatformFrame()) // a field has no keyboard without a window
+        search_field->takeFocus();
+    return done;
+}
+
+void preset_panel::onMouseDownEvent(MouseDownEvent& event)
+{
+    CViewContainer::onMouseDownEvent(event);
+    event.consumed = true; // nothing beneath the panel hears of it
+}
+
+} // namespace ov1

@@ -1,0 +1,36 @@
+// The preview of one editor: its picture, and the component whose grade it shows.
+#pragma once
+
+#include "editor/preview/preview_view.h"
+#include "framework/icomponent_v1.h"
+
+#include <memory>
+
+namespace ov1
+{
+
+/// Owner hears `colour_picked(const std::optional<picked_colour>&)`: what the pointer is over.
+template <class owner_type>
+class COVImagePreview : public preview_view
+{
+public:
+    COVImagePreview(const VSTGUI::CRect& size, std::weak_ptr<icomponent_v1> component)
+        : preview_view(size)
+        , component(std::move(component))
+    {
+    }
+
+    /// Not owned, and it outlives the view.
+    void setOwner(owner_type& owner)
+    {
+        setColourListener([&owner](const std::optional<picked_colour>& colour) { owner.colour_picked(colour); });
+    }
+
+    /// The component whose grade is shown; null once it is gone.
+    std::shared_ptr<icomponent_v1> getComponent() const { return component.lock(); }
+
+private:
+    const std::weak_ptr<icomponent_v1> component;
+};
+
+} // namespace ov1

@@ -1,0 +1,65 @@
+// The strip beneath the preview: zoom, comparison, the colour under the pointer, and the frame of a clip.
+#pragma once
+
+#include "editor/controls/widgets/cov_button.h"
+#include "editor/preview/preview_view.h"
+#include "shared/language_id.h"
+
+#include "vstgui/lib/controls/cslider.h"
+#include "vstgui/lib/controls/ctextlabel.h"
+#include "vstgui/lib/cviewcontainer.h"
+
+#include <functional>
+#include <optional>
+
+namespace ov1
+{
+
+/// Lives no longer than the preview and its scroller, which it steers.
+class preview_bar : public VSTGUI::CViewContainer, public VSTGUI::IControlListener
+{
+public:
+    preview_bar(const VSTGUI::CRect& size, preview_view& preview, COVScrollView& scroller, language_id language);
+
+    /// Adds a button that shows and hides the scopes.
+    void offerScopes(bool shown, std::function<void(bool shown)> toggled, language_id language);
+    /// The colour under the pointer, while the eyedropper is on.
+    void showColour(const std::optional<picked_colour>& colour);
+    /// Adds a slider for the frames 0..count - 1; none for a count of 1 or less.
+    void offerFrames(int count, std::function<void(int frame)> chosen);
+
+    /// Shows the comparison, or, where it is shown already, the graded picture.
+    void toggleComparison(comparison mode);
+
+    void valueChanged(VSTGUI::CControl* control) override;
+    void setViewSize(const VSTGUI::CRect& rect, bool invalid = true) override;
+    void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;
+
+private:
+    COVButton* add_button(const char* artwork, VSTGUI::CTextButton::Style style, const char* tooltip,
+                          language_id language);
+    VSTGUI::CTextLabel* add_label(VSTGUI::CCoord width, VSTGUI::CHoriTxtAlign alignment);
+    void show_zoom();
+    void show_comparison();
+    void lay_out_frames();
+
+    preview_view& preview;
+    COVScrollView& scroller;
+    VSTGUI::CCoord next_left;
+    COVButton* fit = nullptr;
+    COVButton* actual_size = nullptr;
+    COVButton* before = nullptr;
+    COVButton* split = nullptr;
+    COVButton* eyedropper = nullptr;
+    COVButton* scopes = nullptr;
+    VSTGUI::CTextLabel* zoom_label = nullptr;
+    VSTGUI::CTextLabel* colour_label = nullptr;
+    VSTGUI::CSliderBase* frames = nullptr;
+    VSTGUI::CTextLabel* frame_label = nullptr;
+    int frame_count = 1;
+    int shown_frame = 0;
+    std::function<void(int frame)> frame_chosen;
+    std::function<void(bool shown)> scopes_toggled;
+};
+
+} // namespace ov1

@@ -1,0 +1,114 @@
+// The preview's picture: the frame before and after the grade, side by side if wanted, at any zoom.
+#pragma once
+
+#include "editor/preview/cov_scroll_view.h"
+#include "editor/preview/display_picture.h"
+#include "framework/row_renderer.h"
+
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cview.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+
+namespace ov1
+{
+
+class image;
+
+enum class comparison
+{
+    after,  ///< the graded picture
+    before, ///< the picture as it came
+    split,  ///< before on the left of a line that can be dragged, after on its right
+};
+
+/// What lies beneath the pointer.
+struct picked_colour
+{
+    int x = 0;                ///< pixels from the left
+    int y = 0;                ///< pixels from the top
+    std::uint32_t before = 0; ///< as in display_picture
+    std::uint32_t after = 0;
+};
+
+/// Lives within a COVScrollView. A drag pans, or moves the line of the split.
+class preview_view : public VSTGUI::CView
+{
+public:
+    explicit preview_view(const VSTGUI::CRect& size);
+
+    /// The view that scrolls this one; not owned, and it outlives the view.
+    void setScroller(COVScrollView* view) { scroller = view; }
+
+    /// Takes a frame; it is shown at the next idle. Any thread.
+    void update(const image& frame);
+    void updateSource(const image& frame);
+    /// Shows what has arrived.
+    void idle();
+
+    /// The frame before the grade; empty until one has come.
+    const display_picture& getBefore() const { return before.picture; }
+    /// Shows the frame through another grade in the graded picture's place; null ends that.
+    void showTrial(std::shared_ptr<const row_renderer> renderer);
+
+    void setComparison(comparison mode);
+    comparison getComparison() const { return mode; }
+    /// Place of the split's line, 0 at the left edge of the picture, 1 at its right.
+    void setSplit(double place);
+    double getSplit() const { return split; }
+    /// Called with what the pointer is over, and with nothing when it leaves the picture.
+    void setColourListener(std::function<void(const std::optional<picked_colour>&)> listener);
+    std::optional<picked_colour> pickColour(const VSTGUI::CPoint& where) const;
+
+    void draw(VSTGUI::CDrawContext* context) override;
+    void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
+    void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
+    void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override;
+    void onMouseCancelEvent(VSTGUI::MouseCancelEvent& event) override;
+    void onMouseExitEvent(VSTGUI::MouseExitEvent& event) override;
+
+private:
+    /// One of the two pictures, and its part on the screen as it was drawn last.
+    struct layer
+    {
+        display_picture arrived; ///< guarded by arrival_mutex, with has_arrived
+        bool has_arrived = false;
+        display_picture picture;
+        VSTGUI::SharedPointer<VSTGUI::CBitmap> drawn;
+        VSTGUI::CRect drawn_area;
+        double drawn_zoom = 0;
+    };
+    enum class dragging
+    {
+        nothing,
+        picture,
+        line,
+    };
+
+    bool take_arrived(layer& taken);
+    VSTGUI::CRect picture_area() const;
+    double line_x() const;
+    bool is_on_line(const VSTGUI::CPoint& where) const;
+    void draw_split(VSTGUI::CDrawContext* context, layer& graded, const VSTGUI::CRect& area);
+    void draw_layer(VSTGUI::CDrawContext* context, layer& shown, const VSTGUI::CRect& area);
+    void render_layer(layer& shown, const VSTGUI::CRect& area, double scale);
+    void draw_line(VSTGUI::CDrawContext* context);
+    void drag_to(const VSTGUI::CPoint& where);
+    void report_colour(const VSTGUI::CPoint& where);
+
+    COVScrollView* scroller = nullptr;
+    std::mutex arrival_mutex;
+    layer before;
+    layer after;
+    layer trial; ///< its picture is empty while there is none
+    comparison mode = comparison::after;
+    double split = 0.5;
+    dragging drag = dragging::nothing;
+    VSTGUI::CPoint last_position;
+    std::function<void(const std::optional<picked_colour>&)> colour_listener;
+};
+
+} // namespace ov1

@@ -1,0 +1,70 @@
+#include "editor/scopes/scope_pictures.h"
+
+#include "platform/rows.h"
+
+#include <utility>
+
+namespace ov1
+{
+
+namespace
+{
+
+bool holds(const scope_selection& all, const scope_selection& some)
+{
+    for (std::size_t i = 0; i < scope_type_count; ++i)
+        if (is_chosen(some, scope_type{i}) && !is_chosen(all, scope_type{i}))
+            return false;
+    return true;
+}
+
+} // namespace
+
+void scope_pictures::update(const image& graded)
+{
+    const std::scoped_lock guard(mutex);
+    counted = present.is_visible ? present.choice.shown : scope_selection{};
+    if (!present.is_visible)
+        return;
+    scope_sampling sampling = sampling_for({0, 0, present.width, present.height}, present.line_width);
+    sampling.row_step = present.row_step;
+    counter.count(frame_of(graded), counted, sampling);
+    draw_all();
+}
+
+bool scope_pictures::order(const scope_order& wanted)
+{
+    const std::scoped_lock guard(mutex);
+    present = wanted;
+    if (!present.is_visible)
+        return true;
+    draw_all();
+    return holds(counted, present.choice.shown);
+}
+
+bool scope_pictures::take_news()
+{
+    const std::scoped_lock guard(mutex);
+    return std::exchange(has_news, false);
+}
+
+void scope_pictures::draw_all()
+{
+    const auto draw = [this](std::size_t first, std::size_t end)
+    {
+        for (std::size_t i = first; i < end; ++i)
+        {
+            const scope_type type{i};
+            if (!is_chosen(present.choice.shown, type))
+                continue;
+            pictures[i].reset(present.width, present.height);
+            if (is_chosen(counted, type))
+                draw_scope(type, counter.get_counts(), present.choice.skin_line, {0, 0, present.width, present.height},
+                           present.line_width, pictures[i]);
+        }
+    };
+    for_each_row_piece(scope_type_count, 1, 0, draw);
+    has_news = true;
+}
+
+} // namespace ov1

@@ -1,0 +1,102 @@
+#include "editor/scopes/scope_view.h"
+
+#include "editor/controls/style/editor_style.h"
+
+#include "vstgui/lib/cdrawcontext.h"
+#include "vstgui/lib/platform/iplatformbitmap.h"
+
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+namespace ov1
+{
+
+using namespace VSTGUI;
+
+namespace
+{
+
+constexpr CColor scale_text(176, 176, 176);
+constexpr CCoord title_indent = 8;
+constexpr CPoint label_size(32, 14);
+constexpr CPoint label_reach(24, 11); ///< nearer than that two labels touch
+constexpr CCoord label_font_size = 10;
+
+} // namespace
+
+scope_view::scope_view(const CRect& size, const scope_pictures& pictures, scope_type type, std::string title)
+    : CView(size)
+    , pictures(pictures)
+    , type(type)
+    , title(std::move(title))
+{
+    setMouseEnabled(false);
+}
+
+void scope_view::showNews()
+{
+    has_news = true;
+    invalid();
+}
+
+void scope_view::copy_picture()
+{
+    const auto copy = [this](const scope_picture& picture)
+    {
+        const CPoint size(picture.width, picture.height);
+        if (!drawn || drawn->getPlatformBitmap()->getSize() != size)
+            drawn = picture.pixels.empty() ? nullptr : makeOwned<CBitmap>(size.x, size.y);
+        if (!drawn)
+            return;
+        const auto pixels = drawn->getPlatformBitmap()->lockPixels(true);
+        if (!pixels)
+            return;
+        const auto row_bytes = static_cast<std::size_t>(picture.width) * sizeof(std::uint32_t);
+        for (int y = 0; y < picture.height; ++y)
+            std::memcpy(pixels->getAddress() + static_cast<std::size_t>(y) * pixels->getBytesPerRow(), picture.row(y),
+                        row_bytes);
+    };
+    pictures.look_at(type, copy);
+}
+
+void scope_view::draw(CDrawContext* context)
+{
+    CRect area = getViewSize();
+    CRect heading = area;
+    heading.bottom = area.top += title_height;
+    heading.left += title_indent;
+    context->setFont(style::small_font());
+    context->setFontColor(style::text_colour);
+    context->drawString(title.c_str(), heading, kLeftText);
+    if (std::exchange(has_news, false))
+        copy_picture();
+    if (drawn && area.getWidth() > 0)
+    {
+        const auto pixels = drawn->getPlatformBitmap();
+        pixels->setScaleFactor(pixels->getSize().x / area.getWidth());
+        drawn->draw(context, area);
+        draw_labels(context, area);
+    }
+    setDirty(false);
+}
+
+void scope_view::draw_labels(CDrawContext* context, const CRect& area) const
+{
+    const rect points{0, 0, static_cast<int>(area.getWidth()), static_cast<int>(area.getHeight())};
+    context->setFont(makeOwned<CFontDesc>("Arial", label_font_size));
+    context->setFontColor(scale_text);
+    CPoint last(-label_size.x, 0);
+    for (const scope_label& label : scope_labels_of(type, points, 1))
+    {
+        const CPoint place(label.x, label.y);
+        if (std::abs(place.x - last.x) < label_reach.x && std::abs(place.y - last.y) < label_reach.y)
+            continue; // in a low view the words would run into one another
+        last = place;
+        CRect box(CPoint(), label_size);
+        box.offset(area.left + label.x - label_size.x / 2, area.top + label.y - label_size.y / 2);
+        context->drawString(label.text, box, kCenterText);
+    }
+}
+
+} // namespace ov1

@@ -1,0 +1,228 @@
+#include "effect/lut/cube_reader.h"
+
+#include "effect/lut/lut_argb.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::string_view blanks = " \t\r\v\f";
+
+/// Takes the next word off a line; empty at its end.
+std::string_view take_word(std::string_view& line)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+    const std::string_view word = line.substr(0, line.find_first_of(blanks));
+    line.remove_prefix(word.size());
+    return word;
+}
+
+std::string_view take_line(std::string_view& text)
+{
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(text.size(), line.size() + 1));
+    return line;
+}
+
+template <typename number>
+bool read_whole(std::string_view word, number& value)
+{
+    if (word.starts_with('+'))
+        word.remove_prefix(1);
+    const auto [end, failure] = std::from_chars(word.data(), word.data() + word.size(), value);
+    return failure == std::errc() && end == word.data() + word.size();
+}
+
+bool read_number(std::string_view word, float& value) { return read_whole(word, value) && std::isfinite(value); }
+
+} // namespace
+
+/// One text on its way into a table.
+class cube_parser
+{
+public:
+    bool parse(std::string_view text, std::string& why)
+    {
+        constexpr std::size_t least_line = 6; // "0 0 0\n"
+        most_entries = text.size() / least_line + 1;
+        if (text.starts_with("\xEF\xBB\xBF")) // a byte order mark
+            text.remove_prefix(3);
+        while (!text.empty() && reason.empty())
+        {
+            ++line_number;
+            take(take_line(text));
+        }
+        if (reason.empty() && made.size == 0)
+            reason = "no LUT_1D_SIZE or LUT_3D_SIZE in it";
+        else if (reason.empty() && made.entries.size() < wanted())
+            reason =
+                "ends after " + std::to_string(made.entries.size()) + " of " + std::to_string(wanted()) + " entries";
+        why = reason;
+        return reason.empty();
+    }
+
+    cube_table made;
+
+private:
+    void take(std::string_view line)
+    {
+        std::string_view rest = line;
+        const std::string_view word = take_word(rest);
+        if (word.empty() || word.starts_with('#'))
+            return;
+        if (word == "TITLE")
+            take_title(rest);
+        else if (word == "LUT_1D_SIZE" || word == "LUT_3D_SIZE")
+            take_size(rest, word == "LUT_3D_SIZE");
+        else if (word == "DOMAIN_MIN")
+            take_three(rest, made.domain_min);
+        else if (word == "DOMAIN_MAX")
+            take_three(rest, made.domain_max);
+        else if (word == "LUT_1D_INPUT_RANGE" || word == "LUT_3D_INPUT_RANGE")
+            take_range(rest);
+        else
+            take_entry(line);
+        check_domain();
+    }
+
+    void refuse(const std::string& text) { reason = "line " + std::to_string(line_number) + ": " + text; }
+
+    std::size_t wanted() const { return made.three_dimensional ? made.size * made.size * made.size : made.size; }
+
+    void take_title(std::string_view rest)
+    {
+        const std::size_t open = rest.find('"'), close = rest.rfind('"');
+        if (open != std::string_view::npos && close > open)
+            made.title = rest.substr(open + 1, close - open - 1);
+    }
+
+    void take_size(std::string_view rest, bool is_3d)
+    {
+        const std::size_t largest = is_3d ? cube_table::largest_3d : cube_table::largest_1d;
+        std::size_t size = 0;
+        if (made.size != 0)
+            refuse("a second size");
+        else if (!read_whole(take_word(rest), size) || size < 2 || size > largest || !take_word(rest).empty())
+            refuse("a size is a whole number from 2 to " + std::to_string(largest));
+        else
+        {
+            made.size = size;
+            made.three_dimensional = is_3d;
+            made.entries.reserve(std::min(wanted(), most_entries)); // a size may lie
+        }
+    }
+
+    void take_three(std::string_view rest, std::array<float, 3>& values)
+    {
+        for (float& value : values)
+            if (!read_number(take_word(rest), value))
+                return refuse("three numbers are needed");
+        if (!take_word(rest).empty())
+            refuse("three numbers are needed");
+    }
+
+    void take_range(std::string_view rest)
+    {
+        float least = 0, most = 1;
+        if (!read_number(take_word(rest), least) || !read_number(take_word(rest), most))
+            return refuse("two numbers are needed");
+        made.domain_min.fill(least);
+        made.domain_max.fill(most);
+    }
+
+    void take_entry(std::string_view line)
+    {
+        std::array<float, 3> entry{};
+        const char first = line[line.find_first_not_of(blanks)];
+        if ((first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z'))
+            return refuse("no such keyword");
+        if (made.size == 0)
+            return refuse("an entry before the size");
+        if (made.entries.size() == wanted())
+            return refuse("more than " + std::to_string(wanted()) + " entries");
+        take_three(line, entry);
+        made.entries.push_back({1.0f, entry[0], entry[1], entry[2]});
+    }
+
+    /// Minimum and maximum come in any order: what matters is what holds when the entries begin.
+    void check_domain()
+    {
+        for (std::size_t i = 0; i < 3 && made.entries.size() == 1 && reason.empty(); ++i)
+            if (!(made.domain_min[i] < made.domain_max[i]))
+                refuse("the domain above it is empty");
+    }
+
+    std::size_t line_number = 0;
+    std::size_t most_entries = 0; ///< that the text has room for
+    std::string reason;
+};
+
+bool cube_table::read(std::string_view text, std::string& reason)
+{
+    cube_parser parser;
+    if (!parser.parse(text, reason))
+        return false;
+    *this = std::move(parser.made);
+    return true;
+}
+
+namespace
+{
+
+struct axis_position
+{
+    std::size_t lower, upper;
+    float way;
+};
+
+axis_position position_of(float value, float least, float most, std::size_t size)
+{
+    const float last = static_cast<float>(size - 1);
+    float x = (value - least) / (most - least) * last;
+    x = x > 0.0f ? std::min(x, last) : 0.0f; // a NaN fails the comparison
+    const auto lower = static_cast<std::size_t>(x);
+    return {lower, std::min(lower + 1, size - 1), x - static_cast<float>(lower)};
+}
+
+} // namespace
+
+argb_float cube_table::lookup(const argb_float& c) const
+{
+    const axis_position r = position_of(c.r, domain_min[0], domain_max[0], size);
+    const axis_position g = position_of(c.g, domain_min[1], domain_max[1], size);
+    const axis_position b = position_of(c.b, domain_min[2], domain_max[2], size);
+    const argb_float* const e = entries.data();
+    if (!three_dimensional)
+        return {c.a, lerp(e[r.lower].r, e[r.upper].r, r.way), lerp(e[g.lower].g, e[g.upper].g, g.way),
+                lerp(e[b.lower].b, e[b.upper].b, b.way)};
+    const auto along_red = [&](std::size_t gi, std::size_t bi)
+    {
+        const argb_float* const row = e + (bi * size + gi) * size;
+        return lerp(row[r.lower], row[r.upper], r.way);
+    };
+    const argb_float lower = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.way);
+    const argb_float upper = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.way);
+    argb_float result = lerp(lower, upper, b.way);
+    result.a = c.a;
+    return result;
+}
+
+void cube_table::apply(const rgb_planes<float>& row, std::size_t count) const
+{
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const argb_float c = lookup({1.0f, row.r[i], row.g[i], row.b[i]});
+        row.r[i] = c.r;
+        row.g[i] = c.g;
+        row.b[i] = c.b;
+    }
+}
+
+} // namespace ov1

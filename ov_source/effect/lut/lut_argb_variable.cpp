@@ -1,0 +1,70 @@
+#include "effect/lut/lut_argb_variable.h"
+
+#include "effect/lut/cube_format.h"
+#include "effect/lut/export_text.h"
+#include "effect/lut/threedl_format.h"
+#include "platform/atomic_file.h"
+
+#include <algorithm>
+#include <span>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// The position of a grid index of a grid of size points on an axis of edge points.
+template <std::size_t size>
+grid_position resampled_position(std::size_t index, std::size_t edge)
+{
+    const double per_index = static_cast<double>(edge - 1) * (1.0 / (size - 1));
+    const std::size_t lower = std::min(static_cast<std::size_t>(per_index * static_cast<double>(index)), edge - 2);
+    const double indices_per_step = static_cast<double>(size - 1) / static_cast<double>(edge - 1);
+    const double fraction = static_cast<double>(index) / indices_per_step - static_cast<double>(lower);
+    return {lower, lower + 1, static_cast<float>(fraction)};
+}
+
+bool write_text(const std::string& path, const std::string& text)
+{
+    std::string reason;
+    return replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, reason);
+}
+
+} // namespace
+
+template <std::size_t size>
+argb_float lut_argb_variable::get_integer(std::size_t i, std::size_t j, std::size_t k) const
+{
+    const auto n = static_cast<std::size_t>(edge_length);
+    const auto at = [&](std::size_t r, std::size_t g, std::size_t b) -> const argb_float&
+    { return values.at((r * n + g) * n + b); };
+    if (n == size)
+        return at(i, j, k);
+
+    const grid_position r = resampled_position<size>(i, n);
+    const grid_position g = resampled_position<size>(j, n);
+    const grid_position b = resampled_position<size>(k, n);
+    const auto along_red = [&](std::size_t gi, std::size_t bi)
+    { return lerp(at(r.lower, gi, bi), at(r.upper, gi, bi), r.fraction); };
+    const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
+    const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
+    return lerp(c0, c1, b.fraction);
+}
+
+template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;
+template argb_float lut_argb_variable::get_integer<32>(std::size_t, std::size_t, std::size_t) const;
+
+bool lut_argb_variable::save_as_cube(const std::string& path, unsigned int size, const std::string& creator,
+                                     const std::string& author) const
+{
+    return write_text(path, cube_text(*this, size, export_title(path), creator, author));
+}
+
+bool lut_argb_variable::save_as_3dl(const std::string& path, const std::string& creator,
+                                    const std::string& author) const
+{
+    return write_text(path, threedl_text(*this, export_title(path), creator, author));
+}
+
+} // namespace ov1

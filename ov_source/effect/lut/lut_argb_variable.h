@@ -1,0 +1,46 @@
+// A table of any edge length, as export and presets take it.
+#pragma once
+
+#include "effect/lut/lut_argb.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+/// edge_length^3 colours in the order of lut_argb: red outermost, blue innermost.
+class lut_argb_variable
+{
+public:
+    template <std::size_t edge>
+    static lut_argb_variable from_lut_argb(const lut_argb<edge>& table)
+    {
+        return {edge, table.get_entries(), {}};
+    }
+
+    /// The colour at grid point (i, j, k) = (red, green, blue), each 0..size-1, of a grid of size points per axis,
+    /// resampled trilinearly where the table's own edge length differs. size is 17 or 32, edge_length at least 2.
+    template <std::size_t size>
+    argb_float get_integer(std::size_t i, std::size_t j, std::size_t k) const;
+
+    /// Writes the table as a .cube file of 17 or 32 points per axis; another length throws std::logic_error before
+    /// anything is written. The title is the file's name without its extension; creator and author may be empty.
+    /// Returns false, with nothing written, where the file cannot be written. The file is replaced whole.
+    bool save_as_cube(const std::string& path, unsigned int size, const std::string& creator,
+                      const std::string& author) const;
+
+    /// Writes the table as a .3dl file, 17 points per axis; otherwise as save_as_cube.
+    bool save_as_3dl(const std::string& path, const std::string& creator, const std::string& author) const;
+
+    std::uint64_t edge_length = 0;
+    std::vector<argb_float> values;
+    std::string text; ///< empty in every table that the effect makes
+};
+
+extern template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;
+extern template argb_float lut_argb_variable::get_integer<32>(std::size_t, std::size_t, std::size_t) const;
+
+} // namespace ov1

@@ -1,0 +1,85 @@
+#include "effect/lut/lut_utils.h"
+
+#include "effect/lut/integer_hsl.h"
+
+#include <algorithm>
+
+namespace ov1::lut_utils
+{
+
+namespace
+{
+
+float within_unit(float v)
+{
+    v = v > 0.0f ? v : 0.0f; // a NaN fails the comparison
+    return v < 1.0f ? v : 1.0f;
+}
+
+/// The share of a chroma push that a colour of so many percent of chroma takes.
+double push_share(double chroma_percent)
+{
+    if (chroma_percent <= 1.0)
+        return 0.0;
+    return chroma_percent <= 7.0 ? (chroma_percent - 1.0) / 6.0 : 1.0;
+}
+
+argb_float pushed(const argb_float& entry, double push_percent)
+{
+    const rgb_double u8{entry.r * 255.0, entry.g * 255.0, entry.b * 255.0};
+    const double max = std::max({u8.r, u8.g, u8.b});
+    const double min = std::min({u8.r, u8.g, u8.b});
+    const double chroma = (max - min) * percent_per_u8;
+    const double wanted = std::max(chroma + push_percent * push_share(chroma), 0.0);
+
+    const rgb_double to = rgb_of({static_cast<std::int32_t>(hexcone_hue(u8)), limited_milli(wanted * 1000.0),
+                                  limited_milli((max + min) * half_sum_percent_per_u8 * 1000.0)});
+    return {entry.a, static_cast<float>(to.r), static_cast<float>(to.g), static_cast<float>(to.b)};
+}
+
+} // namespace
+
+template <std::size_t edge>
+void add(lut_argb<edge>& dst, const lut_argb<edge>& src, float amount, bool limit)
+{
+    constexpr float step = 1.0f / static_cast<float>(edge - 1);
+    auto to = dst.get_entries().begin();
+    auto from = src.get_entries().begin();
+    for (std::size_t i = 0; i < edge; ++i)
+        for (std::size_t j = 0; j < edge; ++j)
+            for (std::size_t k = 0; k < edge; ++k, ++to, ++from)
+            {
+                to->a += (from->a - 1.0f) * amount;
+                to->r += (from->r - static_cast<float>(i) * step) * amount;
+                to->g += (from->g - static_cast<float>(j) * step) * amount;
+                to->b += (from->b - static_cast<float>(k) * step) * amount;
+                if (limit)
+                    *to = {1.0f, within_unit(to->r), within_unit(to->g), within_unit(to->b)};
+            }
+}
+
+template <std::size_t edge>
+void apply(lut_argb<edge>& dst, const lut_argb<edge>& src, float amount)
+{
+    if (amount == 0.0f)
+        return;
+    for (argb_float& entry : dst.get_entries())
+    {
+        const argb_float composed = src.lookup(entry);
+        entry = amount == 1.0f ? composed : lerp(entry, composed, amount);
+    }
+}
+
+template <std::size_t edge>
+void add_chroma(lut_argb<edge>& table, int amount, const lut_mask<edge>& mask, mask_mode mode)
+{
+    auto& entries = table.get_entries();
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i] = pushed(entries[i], static_cast<double>(mask.weight(i, mode)) * amount);
+}
+
+template void add<lut_edge>(lut_argb<lut_edge>&, const lut_argb<lut_edge>&, float, bool);
+template void apply<lut_edge>(lut_argb<lut_edge>&, const lut_argb<lut_edge>&, float);
+template void add_chroma<lut_edge>(lut_argb<lut_edge>&, int, const lut_mask<lut_edge>&, mask_mode);
+
+} // namespace ov1::lut_utils

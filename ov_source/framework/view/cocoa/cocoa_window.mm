@@ -1,0 +1,172 @@
+#include "framework/view/cocoa/cocoa_window.h"
+
+#import <AppKit/AppKit.h>
+
+#include <atomic>
+#include <utility>
+
+namespace
+{
+
+/// What the window's delegate tells; outlives the window.
+struct window_news
+{
+    std::atomic<bool> open = true;
+    std::function<void(int, int)> resized;
+};
+
+} // namespace
+
+/// Takes note of what the user does to the window.
+@interface cocoa_window_delegate : NSObject
+{
+    window_news* news;
+}
+- (instancetype)initWithNews:(window_news*)place;
+- (void)windowWillClose:(NSNotification*)notification;
+- (void)windowDidResize:(NSNotification*)notification;
+@end
+
+@implementation cocoa_window_delegate
+
+- (instancetype)initWithNews:(window_news*)place
+{
+    if ((self = [super init]))
+        news = place;
+    return self;
+}
+
+- (void)windowWillClose:(NSNotification*)notification
+{
+    (void)notification;
+    news->open = false;
+}
+
+- (void)windowDidResize:(NSNotification*)notification
+{
+    const NSSize size = [[static_cast<NSWindow*>([notification object]) contentView] frame].size;
+    if (news->resized)
+        news->resized(static_cast<int>(size.width), static_cast<int>(size.height));
+}
+
+@end
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr NSTimeInterval longest_wait = 0.025; // seconds
+// The least contents that the editor's layout fits into.
+constexpr double least_width = 1024, least_height = 528;
+constexpr NSUInteger style =
+    NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable | NSWindowStyleMaskResizable;
+
+} // namespace
+
+struct cocoa_window::parts
+{
+    window_news news;
+    NSWindow* window = nil;
+    cocoa_window_delegate* delegate = nil;
+    NSModalSession session = nullptr;
+    std::function<void()> pump_hook;
+};
+
+cocoa_window::cocoa_window(const rect& size, const std::string& title)
+    : held(std::make_unique<parts>())
+{
+    @autoreleasepool
+    {
+        held->delegate = [[cocoa_window_delegate alloc] initWithNews:&held->news];
+        held->window = [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, size.width, size.height)
+                                                   styleMask:style
+                                                     backing:NSBackingStoreBuffered
+                                                       defer:NO];
+        [held->window setTitle:[NSString stringWithUTF8String:title.c_str()]];
+        [held->window setReleasedWhenClosed:NO]; // it is ours
+        [held->window setContentMinSize:NSMakeSize(least_width, least_height)];
+        [held->window setDelegate:static_cast<id>(held->delegate)];
+        [held->window center];
+        [held->window makeKeyAndOrderFront:nil];
+    }
+}
+
+cocoa_window::~cocoa_window()
+{
+    @autoreleasepool
+    {
+        close();
+        [held->window setDelegate:nil];
+        [held->window release];
+        [held->delegate release];
+    }
+}
+
+void cocoa_window::close()
+{
+    end_modal();
+    @autoreleasepool
+    {
+        if ([held->window isVisible])
+            [held->window orderOut:nil];
+        if ([held->window isVisible])
+            [held->window close];
+    }
+    held->news.open = false;
+}
+
+bool cocoa_window::is_open() const { return held->news.open; }
+void* cocoa_window::get_native_handle() const { return [held->window contentView]; }
+
+void cocoa_window::begin_modal()
+{
+    if (held->session == nullptr && is_open())
+        held->session = [NSApp beginModalSessionForWindow:held->window];
+}
+
+void cocoa_window::end_modal()
+{
+    if (const NSModalSession session = std::exchange(held->session, nullptr); session != nullptr)
+        [NSApp endModalSession:session];
+}
+
+bool cocoa_window::is_modal() const { return held->session != nullptr; }
+
+void cocoa_window::pop_pending_messages()
+{
+    @autoreleasepool
+    {
+        if (is_modal() && [held->window isVisible])
+        {
+            const NSInteger answer = [NSApp runModalSession:held->session];
+            if (answer == NSModalResponseStop || answer == NSModalResponseAbort)
+                end_modal();
+        }
+        // The pause between two turns, which input ends; the event stays for the next one.
+        [NSApp nextEventMatchingMask:static_cast<NSEventMask>(NSUIntegerMax)
+                           untilDate:[NSDate dateWithTimeIntervalSinceNow:longest_wait]
+                              inMode:NSModalPanelRunLoopMode
+                             dequeue:NO];
+        [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
+    }
+    if (held->pump_hook)
+        held->pump_hook();
+}
+
+void cocoa_window::set_pump_hook(std::function<void()> hook) { held->pump_hook = std::move(hook); }
+
+void cocoa_window::raise()
+{
+    [NSApp activateIgnoringOtherApps:YES];
+    [held->window makeKeyAndOrderFront:nil];
+}
+
+void cocoa_window::set_resize_listener(std::function<void(int width, int height)> listener)
+{
+    held->news.resized = std::move(listener);
+}
+
+} // namespace ov1

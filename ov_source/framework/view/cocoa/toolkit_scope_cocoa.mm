@@ -1,0 +1,46 @@
+#import <AppKit/AppKit.h>
+#import <CoreFoundation/CoreFoundation.h>
+
+#include "framework/view/toolkit_scope.h"
+
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/vstguiinit.h"
+
+namespace ov1
+{
+
+/// The system has the run loop and the connection to the desktop; windows are made by who links them.
+struct toolkit_scope::parts
+{
+};
+
+toolkit_scope::parts* toolkit_scope::running = nullptr; // nothing to look up: the system keeps it all
+
+toolkit_scope::toolkit_scope()
+    : held(std::make_unique<parts>())
+{
+    VSTGUI::init(CFBundleGetMainBundle()); // where the toolkit finds its pictures
+}
+
+toolkit_scope::~toolkit_scope() { VSTGUI::exit(); }
+
+void toolkit_scope::turn()
+{
+    constexpr NSTimeInterval longest_wait_s = 0.025;
+    @autoreleasepool
+    {
+        NSEvent* const event = [NSApp nextEventMatchingMask:NSUIntegerMax // any
+                                                  untilDate:[NSDate dateWithTimeIntervalSinceNow:longest_wait_s]
+                                                     inMode:NSDefaultRunLoopMode
+                                                    dequeue:YES];
+        if (event)
+            [NSApp sendEvent:event];
+    }
+}
+
+bool toolkit_scope::open_frame(VSTGUI::CFrame& frame, void* native_handle)
+{
+    return native_handle && frame.open(native_handle, VSTGUI::PlatformType::kNSView);
+}
+
+} // namespace ov1

@@ -1,0 +1,184 @@
+#include "framework/view/cview_v1.h"
+
+#include "framework/ihost_v1.h"
+#include "framework/parameters/iparameter_change_listener_v1.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "framework/view/view_size.h"
+#include "platform/iutils.h"
+
+#include "vstgui/lib/controls/ccontrol.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace ov1
+{
+
+cview_v1::cview_v1(std::weak_ptr<icomponent_v1> component)
+    : component(std::move(component))
+{
+}
+
+cview_v1::~cview_v1() = default;
+
+bool cview_v1::query_interface(const std::string& name, iobject** out) { return answer_query(ifc_id, this, name, out); }
+
+rect cview_v1::get_rect() const
+{
+    void* host_window = nullptr;
+    const auto alive = get_component();
+    const auto host = alive ? alive->get_host() : nullptr;
+    if (host && !host->get_host_window(&host_window))
+        host_window = nullptr;
+    int width = 0, height = 0;
+    iutils::get_instance().get_screen_dimensions(host_window, width, height);
+    return view_size_for_screen(width, height);
+}
+
+std::shared_ptr<window> cview_v1::get_window() const
+{
+    const std::scoped_lock guard(shared_mutex);
+    return opened;
+}
+
+bool cview_v1::open(std::shared_ptr<window> window)
+{
+    if (is_open() || !window || !window->get_native_handle())
+    {
+        std::fputs("Cannot open GUI window.\n", stderr);
+        return false;
+    }
+    {
+        const std::scoped_lock guard(shared_mutex);
+        opened = std::move(window);
+        editor_thread = std::this_thread::get_id();
+        deferred.clear();
+    }
+    init_view();
+    update_controls(false);
+    if (const auto alive = get_component())
+    {
+        alive->save_cancel_state();
+        alive->flush_state_stack();
+    }
+    return true;
+}
+
+void cview_v1::close()
+{
+    listeners.clear();
+    editing = false;
+    open_gestures = 0;
+    std::shared_ptr<window> leaving;
+    {
+        const std::scoped_lock guard(shared_mutex);
+        leaving = std::move(opened);
+        opened = nullptr;
+        deferred.clear();
+    }
+    if (leaving)
+        leaving->close();
+}
+
+bool cview_v1::is_open()
+{
+    const auto shown = get_window();
+    return shown && shown->get_native_handle() && shown->is_open();
+}
+
+bool cview_v1::idle()
+{
+    if (const auto shown = get_window())
+        shown->pop_pending_messages();
+    std::vector<change> arrived;
+    {
+        const std::scoped_lock guard(shared_mutex);
+        arrived.swap(deferred);
+    }
+    for (const change& c : arrived)
+        set_control_from_parameter(c.parameter, c.edit);
+    return true;
+}
+
+bool cview_v1::defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit)
+{
+    const std::scoped_lock guard(shared_mutex);
+    if (!opened || editor_thread == std::this_thread::get_id())
+        return false;
+    const auto same = [&](const change& c) { return c.parameter == parameter; };
+    if (const auto known = std::ranges::find_if(deferred, same); known != deferred.end())
+        known->edit |= edit;
+    else
+        deferred.push_back({parameter, edit});
+    return true;
+}
+
+void cview_v1::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
+{
+    if (!is_open() || defer(parameter, edit))
+        return;
+    const auto told = listeners; // which may come and go meanwhile
+    for (iparameter_change_listener_v1* listener : told)
+        listener->parameter_changed(parameter, edit);
+}
+
+void cview_v1::update_controls(bool edit)
+{
+    const auto alive = get_component();
+    const int count = alive ? alive->get_parameter_count() : 0;
+    for (int i = 0; i < count; ++i)
+        set_control_from_parameter(alive->get_parameter(i), edit);
+}
+
+void cview_v1::register_parameter_change_listener(iparameter_change_listener_v1* listener)
+{
+    if (std::ranges::find(listeners, listener) == listeners.end())
+        listeners.push_back(listener);
+}
+
+void cview_v1::unregister_parameter_change_listener(iparameter_change_listener_v1* listener)
+{
+    std::erase(listeners, listener);
+}
+
+bool cview_v1::stands_for_parameter(VSTGUI::CControl& control) const
+{
+    const auto alive = get_component();
+    return alive && alive->get_parameter(static_cast<uid>(control.getTag()));
+}
+
+void cview_v1::controlBeginEdit(VSTGUI::CControl* control)
+{
+    editing = true;
+    if (stands_for_parameter(*control))
+        begin_gesture();
+}
+
+void cview_v1::controlEndEdit(VSTGUI::CControl* control)
+{
+    if (stands_for_parameter(*control))
+        end_gesture();
+    editing = open_gestures > 0;
+}
+
+void cview_v1::begin_gesture()
+{
+    editing = true;
+    // The state before the first of them is what undo goes back to.
+    const bool joins = std::exchange(joins_last_gesture, false);
+    if (open_gestures++ == 0 && !joins)
+        if (const auto alive = get_component())
+            alive->save_state(true);
+}
+
+void cview_v1::end_gesture()
+{
+    if (open_gestures == 0 || --open_gestures > 0)
+        return;
+    if (const auto alive = get_component())
+        alive->save_state(false);
+    editing = false;
+}
+
+} // namespace ov1

@@ -1,0 +1,56 @@
+// A top-level X11 window for an editor.
+#pragma once
+
+#include "framework/window.h"
+#include "framework/view/x11/x11_desktop.h"
+#include "shared/rect.h"
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+namespace ov1
+{
+
+/// Its handle is the window's number. is_open may be asked from any thread.
+class x11_window final : public window
+{
+public:
+    /// parent is the handle of another window, or null. The desktop and the loop outlive the window.
+    x11_window(x11_desktop& desktop, poll_run_loop& loop, const std::string& icon, const rect& size,
+               const std::string& title, void* parent);
+    ~x11_window() override;
+
+    void close() override;
+    bool is_open() const override { return open; }
+    void* get_native_handle() const override;
+    void begin_modal() override;
+    void end_modal() override { modal = false; }
+    bool is_modal() const override { return modal; }
+    void pop_pending_messages() override;
+    void set_pump_hook(std::function<void()> hook) override { pump_hook = std::move(hook); }
+    void raise() override;
+    void set_resize_listener(std::function<void(int width, int height)> listener) override
+    {
+        resize_listener = std::move(listener);
+    }
+
+private:
+    void set_properties(const std::string& icon, const rect& size, const std::string& title);
+    void set_icon(const std::string& icon);
+    void take_event(const xcb_generic_event_t* event);
+    void take_size(int new_width, int new_height);
+
+    x11_desktop& desktop;
+    poll_run_loop& loop;
+    const xcb_window_t parent;
+    const xcb_window_t id;
+    std::atomic<bool> open = true;
+    bool modal = false;
+    int width;
+    int height;
+    std::function<void()> pump_hook;
+    std::function<void(int, int)> resize_listener;
+};
+
+} // namespace ov1

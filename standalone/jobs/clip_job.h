@@ -1,0 +1,48 @@
+// One clip of a run: decoded, graded, encoded, with everything else that its file holds.
+#pragma once
+
+#include "command_line/console.h"
+#include "command_line/output_plan.h"
+#include "command_line/problem.h"
+#include "command_line/progress.h"
+#include "media/clips/clip_info.h"
+#include "media/clips/clip_request.h"
+#include "media/samples/frame_grader.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ov1
+{
+
+/// How all clips of a run are treated.
+struct clip_settings
+{
+    media::plane_grade grade; ///< empty passes samples untouched
+    media::clip_request format;
+    bool overwrite = false;
+    bool dry_run = false;
+    unsigned int threads = 0; ///< 0 for all processors
+    progress_style progress = progress_style::automatic;
+    bool is_terminal = false; ///< what progress is told on
+};
+
+/// What became of a clip.
+struct clip_result
+{
+    exit_code code = exit_code::done; ///< some_failed: written, but parts of the source are damaged
+    problem failure;                  ///< where there is no output
+    std::vector<problem> warnings;    ///< with their subjects
+    media::clip_info written;
+    std::vector<media::clip_stream> streams; ///< of the source
+    std::uint64_t frames = 0;                ///< written
+    std::size_t damages = 0;
+    bool is_written = false;
+};
+
+/// Takes a clip from its input to its output, which is written whole or not at all. Progress and damage are told as
+/// they come. A dry run decodes one frame, settles the format and writes nothing.
+clip_result grade_clip_file(const output_job& job, const clip_settings& settings, console& out);
+
+} // namespace ov1

@@ -1,0 +1,67 @@
+#include "standalone/jobs/edit_picture.h"
+
+#include "media/stills/input_kind.h"
+#include "media/stills/still_reader.h"
+#include "standalone/jobs/media_problem.h"
+#include "standalone/jobs/preview_picture.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+namespace ov1
+{
+
+edit_picture::edit_picture() { show(make_test_chart()); }
+
+void edit_picture::show(std::shared_ptr<image> picture)
+{
+    destination = make_image_like(*picture);
+    source = std::move(picture);
+}
+
+bool edit_picture::open(const std::string& new_path, problem& why)
+{
+    path = new_path;
+    media::error failure;
+    if (media::input_kind_of(path) == media::input_kind::clip)
+    {
+        media::clip_reader opened;
+        if (opened.open(path, {}, failure))
+        {
+            clip = std::move(opened);
+            return read_frame(0, why);
+        }
+    }
+    else if (media::still_reader reader; reader.open(path, failure))
+    {
+        show(make_preview_image(reader));
+        return true;
+    }
+    why = problem_of(failure, path);
+    return false;
+}
+
+int edit_picture::get_frame_count() const
+{
+    if (!clip)
+        return 1;
+    const std::uint64_t frames = clip->info().frames;
+    return static_cast<int>(std::clamp<std::uint64_t>(frames, 1, std::numeric_limits<int>::max()));
+}
+
+bool edit_picture::read_frame(int frame, problem& why)
+{
+    media::still_reader picture;
+    media::error failure;
+    if (!clip || !clip->read_frame(static_cast<std::uint64_t>(frame), picture, failure))
+    {
+        why = problem_of(failure, path);
+        return false;
+    }
+    show(make_preview_image(picture));
+    return true;
+}
+
+} // namespace ov1

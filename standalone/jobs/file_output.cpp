@@ -1,0 +1,14 @@
+#include "standalone/jobs/file_output.h"
+
+#include "platform/atomic_file.h"
+
+namespace ov1
+{
+
+bool write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace, problem& why)
+{
+    why = {exit_code::cannot_write, path, {}, {}};
+    return may_replace ? replace_file(path, bytes, why.reason) : create_file(path, bytes, why.reason);
+}
+
+} // namespace ov1

@@ -1,0 +1,83 @@
+#include "standalone/jobs/frames_job.h"
+
+#include "command_line/frame_pattern.h"
+#include "command_line/frame_progress.h"
+#include "media/clips/clip_reader.h"
+#include "standalone/jobs/media_problem.h"
+
+#include <filesystem>
+
+namespace ov1
+{
+
+namespace
+{
+
+/// One frame; false where it could not be written.
+bool grade_frame(const media::still_reader& frame, const output_job& job, const picture_settings& settings,
+                 clip_result& result)
+{
+    picture_result written = grade_read_picture(frame, job, settings);
+    if (result.frames == 0)
+        result.warnings = std::move(written.warnings);
+    result.written.width = written.written.width;
+    result.written.height = written.written.height;
+    result.written.container = written.written.format_name;
+    result.written.pixel_format = name_of(written.written.depth);
+    if (written.code == exit_code::done)
+        return true;
+    result.code = written.code;
+    result.failure = written.failure;
+    return false;
+}
+
+} // namespace
+
+clip_result grade_clip_into_frames(const grade_plan& plan, const picture_settings& settings, const clip_settings& clip,
+                                   bool no_clobber, console& out)
+{
+    const output_job& job = plan.outputs.jobs.front();
+    clip_result result;
+    media::clip_reader reader;
+    media::still_reader frame;
+    media::error why;
+    if (!reader.open(job.input, clip.format, why))
+    {
+        result.failure = problem_of(why, job.input);
+        result.code = result.failure.code;
+        return result;
+    }
+    const frame_pattern names = *find_frame_pattern(job.output);
+    const std::uint64_t all = reader.info().frames;
+    const auto first = static_cast<std::uint64_t>(plan.first_frame);
+    const std::uint64_t last = plan.last_frame == 0 ? all : static_cast<std::uint64_t>(plan.last_frame);
+    frame_progress progress(out, clip.progress, clip.is_terminal, job.input, last >= first ? last - first + 1 : 0);
+    std::vector<media::clip_damage> damages;
+    for (int number = 1; plan.last_frame == 0 || number <= plan.last_frame; ++number)
+    {
+        damages.clear();
+        if (!reader.read_next(frame, damages))
+            break;
+        if (number < plan.first_frame)
+            continue;
+        result.damages += damages.size();
+        for (const media::clip_damage& damage : damages)
+            out.error(
+                {exit_code::some_failed, job.input, "frame " + std::to_string(number) + ": " + damage.reason, {}});
+        const std::string name = names.name_of(number);
+        std::error_code error;
+        if (no_clobber && std::filesystem::exists(name, error))
+            continue;
+        if (!grade_frame(frame, {job.input, name, false}, settings, result) || settings.dry_run)
+            return result;
+        progress.step(++result.frames);
+    }
+    result.is_written = result.frames != 0;
+    if (plan.last_frame != 0 && result.frames == 0 && !no_clobber)
+        result.failure = {exit_code::unreadable, job.input, "the clip has no such frames", {}};
+    result.code = result.failure.reason.empty() ? result.damages != 0 ? exit_code::some_failed : exit_code::done
+                                                : result.failure.code;
+    return result;
+}
+
+} // namespace ov1

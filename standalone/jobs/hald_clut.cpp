@@ -1,0 +1,42 @@
+#include "standalone/jobs/hald_clut.h"
+
+#include "media/stills/still_writer.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::size_t points = 64;
+constexpr std::size_t side = 512; ///< points^3 pixels in a square
+
+argb_float identity_pixel(std::size_t i)
+{
+    const auto code = [](std::size_t point) { return static_cast<float>(point) / static_cast<float>(points - 1); };
+    return {1.0f, code(i % points), code(i / points % points), code(i / (points * points))};
+}
+
+} // namespace
+
+bool make_hald_clut(const row_renderer& renderer, std::vector<std::uint8_t>& bytes, media::error& why)
+{
+    media::still_info info;
+    info.width = info.height = side;
+    info.depth = media::depth::u16;
+    media::still_writer writer;
+    if (!writer.create("hald.png", info, {}, why))
+        return false;
+
+    std::vector<argb_float> rows(side * media::still_writer::row_multiple);
+    for (std::size_t y = 0; y < side; y += media::still_writer::row_multiple)
+    {
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            rows[i] = identity_pixel(y * side + i);
+        renderer.render_row(y, rows.data(), rows.data(), rows.size());
+        writer.write_rows(y, media::still_writer::row_multiple, rows.data());
+    }
+    return writer.finish(bytes, why);
+}
+
+} // namespace ov1

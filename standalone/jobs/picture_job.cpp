@@ -1,0 +1,74 @@
+#include "standalone/jobs/picture_job.h"
+
+#include "platform/rows.h"
+#include "standalone/jobs/file_output.h"
+#include "standalone/jobs/media_problem.h"
+
+namespace ov1
+{
+
+namespace
+{
+
+picture_result failed(picture_result result, const std::string& subject, const media::error& why)
+{
+    result.failure = problem_of(why, subject);
+    result.code = result.failure.code;
+    return result;
+}
+
+void warn(picture_result& result, const std::string& subject, const std::string& text)
+{
+    if (!text.empty())
+        result.warnings.push_back({exit_code::done, subject, text, {}});
+}
+
+} // namespace
+
+picture_result grade_picture(const output_job& job, const picture_settings& settings)
+{
+    media::still_reader source;
+    media::error why;
+    if (!source.open(job.input, why))
+        return failed({}, job.input, why);
+    return grade_read_picture(source, job, settings);
+}
+
+picture_result grade_read_picture(const media::still_reader& source, const output_job& job,
+                                  const picture_settings& settings)
+{
+    picture_result result;
+    media::still_writer target;
+    media::error why;
+    for (const std::string& note : source.warnings())
+        warn(result, job.input, note);
+    if (!target.create(job.output, source.info(), settings.format, why))
+        return failed(result, job.output, why);
+    warn(result, job.output, target.warning());
+    result.written = target.info();
+    if (settings.dry_run)
+        return result;
+
+    const auto on_all = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
+    {
+        for_each_row_piece(pieces, 1, settings.threads,
+                           [&](std::size_t first, std::size_t end)
+                           {
+                               for (std::size_t piece = first; piece < end; ++piece)
+                                   work(piece);
+                           });
+    };
+    const auto report = media::grade_still(source, target, settings.grade, settings.format.transfer, on_all);
+    result.limited_pixels = report.limited_pixels;
+    for (const std::string& warning : report.warnings)
+        warn(result, job.input, warning);
+
+    std::vector<std::uint8_t> bytes;
+    if (!target.finish(bytes, why))
+        return failed(result, job.output, why);
+    if (!write_output(job.output, bytes, settings.overwrite, result.failure))
+        result.code = result.failure.code;
+    return result;
+}
+
+} // namespace ov1

@@ -1,0 +1,26 @@
+// A small copy of a picture as the effect takes it: display-referred, straight, within 0..1.
+#pragma once
+
+#include "media/stills/reduced_picture.h"
+#include "shared/image.h"
+
+#include <cstddef>
+#include <memory>
+
+namespace ov1
+{
+
+/// Linear pictures are encoded with the sRGB curve, premultiplied alpha is undone, values are limited; a NaN gives 0.
+media::reduced_picture make_gradable_picture(const media::still_reader& source, std::size_t max_width,
+                                             std::size_t max_height);
+
+/// The same, at most 1600 pixels on the long side, as the editor's preview takes it.
+std::shared_ptr<image> make_preview_image(const media::still_reader& source);
+
+/// An empty image alike in size, type and origin.
+std::shared_ptr<image> make_image_like(const image& other);
+
+/// What the editor shows where there is no picture: ramps of hues over ramps of grey.
+std::shared_ptr<image> make_test_chart();
+
+} // namespace ov1

@@ -1,0 +1,79 @@
+#include "standalone/sheets/canvas_output.h"
+
+#include "command_line/console.h"
+#include "command_line/json_text.h"
+#include "command_line/output_plan.h"
+#include "command_line/program.h"
+#include "command_line/run_options.h"
+#include "media/stills/still_writer.h"
+#include "standalone/jobs/file_output.h"
+#include "standalone/jobs/media_problem.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+bool encode(const canvas& painted, const std::string& path, std::vector<std::uint8_t>& bytes, media::error& why)
+{
+    media::still_info info;
+    info.width = painted.get_width();
+    info.height = painted.get_height();
+    media::still_writer writer;
+    if (!writer.create(path, info, {}, why))
+        return false;
+    for (std::size_t y = 0; y < info.height; y += media::still_writer::row_multiple)
+        writer.write_rows(y, std::min(media::still_writer::row_multiple, info.height - y), painted.row(y));
+    return writer.finish(bytes, why);
+}
+
+void report(const run_options& run, const std::string& output, const canvas& painted, console& out)
+{
+    if (run.json)
+    {
+        json_text json;
+        json.begin_object().key("output").value(output).key("written").value(!run.dry_run);
+        json.key("width").value(painted.get_width()).key("height").value(painted.get_height()).end();
+        out.result(json.text() + '\n');
+    }
+    else if (run.dry_run)
+        out.result("would write " + output + '\n');
+    else
+        out.note("wrote " + output);
+}
+
+} // namespace
+
+bool plan_canvas(std::string& path, const run_options& run, console& out, exit_code& code)
+{
+    std::vector<problem> problems;
+    output_job job;
+    const output_rules rules{run.overwrite, run.no_clobber, run.dry_run};
+    const bool is_sound = plan_output(path, rules, job, problems);
+    code = is_sound ? exit_code::done : fail(problems, out);
+    if (is_sound && job.skipped)
+        out.note(job.output + " exists and is left");
+    path = job.output;
+    return is_sound && !job.skipped;
+}
+
+exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out)
+{
+    std::vector<std::uint8_t> bytes;
+    media::error why;
+    problem failure;
+    if (!encode(painted, path, bytes, why))
+        failure = problem_of(why, path);
+    else if (run.dry_run || write_output(path, bytes, run.overwrite, failure))
+    {
+        report(run, path, painted, out);
+        return exit_code::done;
+    }
+    out.error(failure);
+    return failure.code;
+}
+
+} // namespace ov1

@@ -1,0 +1,218 @@
+#include "standalone/verbs/edit_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/console.h"
+#include "command_line/json_text.h"
+#include "command_line/number.h"
+#include "command_line/output_plan.h"
+#include "command_line/program.h"
+#include "command_line/run_options.h"
+#include "framework/chost_v1.h"
+#include "framework/editor_session.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "platform/user_environment.h"
+#include "standalone/jobs/clip_job.h"
+#include "standalone/jobs/clip_report.h"
+#include "standalone/jobs/edit_picture.h"
+#include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/grade_steps.h"
+#include "standalone/jobs/picture_job.h"
+
+#include <atomic>
+#include <optional>
+#include <utility>
+#include <unistd.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+struct edit_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output;
+    output_plan plan;
+};
+
+/// Speaks the user's language, and takes note of a grade that the user threw away.
+class edit_host : public chost_v1
+{
+public:
+    using chost_v1::chost_v1;
+
+    language_id get_language() const override { return read_user_environment().language; }
+    void notify(event e) override
+    {
+        if (e.type == event_kind::cancelled)
+            discarded = true;
+        chost_v1::notify(e);
+    }
+    bool is_discarded() const { return discarded; }
+
+private:
+    std::atomic<bool> discarded = false;
+};
+
+bool parse(edit_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+{
+    argument_parser parser("veridial edit", "Opens the editor over a picture or a clip.",
+                           "  veridial edit photo.jpg -o out.png\n"
+                           "  veridial edit photo.jpg -p \"Golden Hour\" -o out.jpg -f\n");
+    parser.positionals("INPUT", command.inputs, "a picture or a clip; without one, a chart of colours");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "OUT", "the graded picture or clip, written when the editor is closed");
+    add_run_options(parser, command.run);
+    if (!parse_or_explain(parser, arguments, out, code))
+        return false;
+
+    std::vector<problem> problems;
+    bool sound = settle_run_options(command.run, out, problems);
+    if (command.inputs.size() > 1)
+        problems.push_back({exit_code::usage, command.inputs[1], "is one picture too many", "edit them one by one"});
+    if (command.output && command.inputs.empty())
+        problems.push_back({exit_code::usage, "-o", "needs a picture to write", {}});
+    const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
+    sound = sound && problems.empty();
+    if (sound && command.output)
+        sound = plan_outputs(command.inputs, *command.output, rules, command.plan, problems);
+    if (!sound)
+        code = fail(problems, out);
+    return sound;
+}
+
+/// -s "Sky Angle=90" -s ..., for every parameter that is not at its default but the bypass.
+std::string grade_as_options(effect_instance& effect)
+{
+    std::string options;
+    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
+    {
+        const auto parameter = effect.get().get_parameter(i);
+        const param_value record = parameter->get_param_value();
+        if (record.type != param_type::continuous || parameter->get_is_default())
+            continue;
+        options += options.empty() ? "" : " ";
+        options += "-s \"" + parameter->get_name() + '=' + number_text(record.value.as_continuous()) + '"';
+    }
+    return options;
+}
+
+std::string grade_as_json(effect_instance& effect)
+{
+    json_text json;
+    json.begin_object();
+    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
+    {
+        const auto parameter = effect.get().get_parameter(i);
+        const param_value record = parameter->get_param_value();
+        if (record.type == param_type::continuous)
+            json.key(parameter->get_name()).value(record.value.as_continuous());
+    }
+    return json.end().text();
+}
+
+exit_code write_picture(const output_job& job, const picture_settings& settings, console& out)
+{
+    const picture_result result = grade_picture(job, settings);
+    for (const problem& warning : result.warnings)
+        out.warning(warning);
+    if (result.code != exit_code::done)
+        out.error(result.failure);
+    else
+        out.note("wrote " + job.output);
+    return result.code;
+}
+
+exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)
+{
+    const grade_steps steps{nullptr, effect.get_renderer()};
+    const auto threads = static_cast<unsigned int>(command.run.threads);
+    for (const output_job& job : command.plan.jobs)
+    {
+        exit_code code = exit_code::done;
+        if (is_clip)
+        {
+            const clip_result result = grade_clip_file(job,
+                                                       {steps.for_clips(),
+                                                        {},
+                                                        command.run.overwrite,
+                                                        false,
+                                                        threads,
+                                                        command.run.progress,
+                                                        isatty(STDERR_FILENO) != 0},
+                                                       out);
+            tell_clip(job, result, false, command.run.json, out);
+            code = result.code;
+        }
+        else
+            code = write_picture(job, {steps.for_stills(), {}, command.run.overwrite, false, threads}, out);
+        if (code != exit_code::done)
+            return code;
+    }
+    return exit_code::done;
+}
+
+/// The sitting itself. False, with the problem told, when no window opens.
+bool sit(effect_instance& effect, edit_picture& picture, const editor_opener& open_editor, console& out)
+{
+    const auto editor = open_editor();
+    editor_session session(effect.share());
+    session.set_picture(picture.get_source(), picture.get_destination());
+    editor_session_options options;
+    options.frame_count = picture.get_frame_count();
+    // Of the frames that a drag of the slider passes over, only the last one of a turn is read.
+    std::optional<int> wanted_frame;
+    options.frame_chosen = [&](int frame) { wanted_frame = frame; };
+    options.pump = [&]
+    {
+        const auto frame = std::exchange(wanted_frame, {});
+        problem why;
+        if (!frame)
+            return;
+        if (!picture.read_frame(*frame, why))
+            return out.warning(why);
+        session.set_picture(picture.get_source(), picture.get_destination());
+    };
+    if (session.run(options))
+        return true;
+    out.error(
+        {exit_code::unsupported, "edit", "no window can be opened", "is there a desktop? DISPLAY names the X server"});
+    return false;
+}
+
+} // namespace
+
+exit_code run_edit(std::span<const std::string> arguments, console& out, const editor_opener& open_editor)
+{
+    edit_command command;
+    exit_code code = exit_code::done;
+    if (!parse(command, arguments, out, code))
+        return code;
+
+    std::shared_ptr<edit_host> host;
+    effect_instance effect([&](std::weak_ptr<icomponent_v1> component)
+                           { return host = std::make_shared<edit_host>(std::move(component)); });
+    std::vector<problem> problems;
+    edit_picture picture;
+    problem why;
+    if (!effect.apply(command.grade, problems))
+        return fail(problems, out);
+    if (!command.inputs.empty() && !picture.open(command.inputs[0], why))
+    {
+        out.error(why);
+        return why.code;
+    }
+    if (!sit(effect, picture, open_editor, out))
+        return exit_code::unsupported;
+    if (host->is_discarded())
+        return exit_code::interrupted;
+    effect.get().notify({event_kind::render_begins});
+    out.result((command.run.json ? grade_as_json(effect) : grade_as_options(effect)) + '\n');
+    return write_outputs(command, picture.is_clip(), effect, out);
+}
+
+} // namespace ov1

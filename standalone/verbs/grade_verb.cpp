@@ -1,0 +1,262 @@
+#include "standalone/verbs/grade_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/choice.h"
+#include "command_line/console.h"
+#include "command_line/json_text.h"
+#include "command_line/number.h"
+#include "command_line/run_options.h"
+#include "media/stills/input_kind.h"
+#include "standalone/jobs/clip_report.h"
+#include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/frames_job.h"
+#include "standalone/jobs/grade_plan.h"
+#include "standalone/jobs/grade_steps.h"
+#include "standalone/jobs/picture_job.h"
+
+#include <array>
+#include <unistd.h>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr std::array<choice<media::transfer_choice>, 3> transfers{{{"auto", media::transfer_choice::automatic},
+                                                                   {"none", media::transfer_choice::none},
+                                                                   {"linear", media::transfer_choice::linear}}};
+constexpr std::array<choice<media::depth>, 6> depths{{{"8", media::depth::u8},
+                                                      {"10", media::depth::u10},
+                                                      {"12", media::depth::u12},
+                                                      {"16", media::depth::u16},
+                                                      {"half", media::depth::half},
+                                                      {"float", media::depth::full_float}}};
+constexpr std::array<choice<media::range_choice>, 3> ranges{{{"auto", media::range_choice::automatic},
+                                                             {"full", media::range_choice::full},
+                                                             {"limited", media::range_choice::limited}}};
+constexpr std::array<choice<media::matrix_choice>, 4> matrices{{{"auto", media::matrix_choice::automatic},
+                                                                {"601", media::matrix_choice::bt601},
+                                                                {"709", media::matrix_choice::bt709},
+                                                                {"2020", media::matrix_choice::bt2020}}};
+
+struct grade_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output, transfer, depth, quality, pixel_format, codec, range, matrix, frames,
+        input_table;
+    media::write_request format;
+    media::clip_request clip;
+};
+
+void declare(argument_parser& parser, grade_command& command)
+{
+    parser.positionals("INPUT", command.inputs,
+                       "pictures and clips: PNG, JPEG, TIFF, EXR, DPX, MOV, MP4, MKV and what else can be read");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "OUT|DIR", "the graded picture or clip, or the folder for several");
+    parser.text("--codec", command.codec, "NAME",
+                "of a clip, its own unless asked: h264, hevc, av1, vp9, prores[_hq ..], dnxhr[_hqx ..], ffv1, ..");
+    parser.text("--depth", command.depth, choice_names(depths), "bits per sample, the source's unless asked");
+    parser.text("--quality", command.quality, "N",
+                "1 to 100; of a JPEG (95 unless asked) or of a clip's codec that has one");
+    parser.text("--pix-fmt", command.pixel_format, "F", "libav's name of the pixel format");
+    parser.text("--frames", command.frames, "A-B",
+                "of numbered frames (shot.%04d.exr), or of a clip that becomes such");
+    parser.group("Input");
+    parser.text("--input-lut", command.input_table, "FILE.cube",
+                "a table to go through before the grade, as for log footage");
+    parser.text("--transfer", command.transfer, choice_names(transfers),
+                "how code values relate to light; auto: linear for EXR and what is tagged so");
+    parser.text("--range", command.range, choice_names(ranges), "of a clip's codes, in place of its tag");
+    parser.text("--matrix", command.matrix, choice_names(matrices), "of a clip's luma and chroma, in place of its tag");
+    add_run_options(parser, command.run);
+}
+
+/// Reads the options' texts, and gathers what is wrong with them.
+bool settle(grade_command& command, console& out, std::vector<problem>& problems)
+{
+    bool sound = settle_run_options(command.run, out, problems);
+    const auto keep = [&](bool read, problem why)
+    {
+        if (!read)
+            problems.push_back(std::move(why));
+        sound = sound && read;
+    };
+    if (command.inputs.empty())
+        keep(false, {exit_code::usage, "INPUT", "is missing", "name at least one picture or clip"});
+    if (!command.output)
+        keep(false, {exit_code::usage, "-o", "is missing", "it names the file or folder to write"});
+    if (problem why{exit_code::usage, "--transfer", {}, {}}; command.transfer)
+        keep(read_choice(*command.transfer, transfers, command.format.transfer, why), why);
+    if (problem why{exit_code::usage, "--range", {}, {}}; command.range)
+        keep(read_choice(*command.range, ranges, command.clip.range, why), why);
+    if (problem why{exit_code::usage, "--matrix", {}, {}}; command.matrix)
+        keep(read_choice(*command.matrix, matrices, command.clip.matrix, why), why);
+    media::depth depth{};
+    if (problem why{exit_code::usage, "--depth", {}, {}}; command.depth)
+    {
+        keep(read_choice(*command.depth, depths, depth, why), why);
+        command.format.depth = depth;
+    }
+    int quality = 0;
+    if (problem why{exit_code::usage, "--quality", {}, {}}; command.quality)
+    {
+        keep(read_whole_number_within(*command.quality, 1, 100, quality, why), why);
+        command.format.quality = quality;
+    }
+    command.format.pixel_format = command.pixel_format.value_or("");
+    command.clip.codec = command.codec.value_or("");
+    command.clip.depth = command.format.depth;
+    command.clip.quality = command.format.quality;
+    command.clip.pixel_format = command.format.pixel_format;
+    command.clip.threads = static_cast<unsigned int>(command.run.threads);
+    return sound;
+}
+
+std::string size_text(const media::still_info& info)
+{
+    return std::to_string(info.width) + " x " + std::to_string(info.height) + ", " + info.format_name + ' ' +
+           std::string(name_of(info.depth));
+}
+
+void add_json(json_text& json, const output_job& job, const picture_result& result, bool dry_run)
+{
+    json.begin_object().key("input").value(job.input).key("output").value(job.output);
+    json.key("exit_code").value(static_cast<int>(result.code));
+    if (result.code != exit_code::done)
+        json.key("error").value(result.failure.reason);
+    else if (job.skipped)
+        json.key("skipped").value(true);
+    else
+    {
+        json.key("written").value(!dry_run);
+        json.key("width").value(result.written.width).key("height").value(result.written.height);
+        json.key("format").value(result.written.format_name).key("depth").value(name_of(result.written.depth));
+        json.key("limited_pixels").value(static_cast<std::size_t>(result.limited_pixels));
+    }
+    json.key("warnings").begin_array();
+    for (const problem& warning : result.warnings)
+        json.value(warning.reason);
+    json.end().end();
+}
+
+void tell(const output_job& job, const picture_result& result, const grade_command& command, console& out)
+{
+    for (const problem& warning : result.warnings)
+        out.warning(warning);
+    if (result.code != exit_code::done)
+        out.error(result.failure);
+    else if (job.skipped)
+        out.note(job.output + " exists and is left");
+    else if (command.run.dry_run && !command.run.json)
+        out.result("would write " + job.output + ": " + size_text(result.written) + '\n');
+    else
+        out.note("wrote " + job.output + ": " + size_text(result.written));
+}
+
+/// One input after the other, whatever it is.
+class job_runner
+{
+public:
+    job_runner(const grade_command& command, const grade_steps& steps, console& out)
+        : command(command)
+        , out(out)
+    {
+        const auto threads = static_cast<unsigned int>(command.run.threads);
+        picture = {steps.for_stills(), command.format, command.run.overwrite, command.run.dry_run, threads};
+        clip = {steps.for_clips(), command.clip,         command.run.overwrite,     command.run.dry_run,
+                threads,           command.run.progress, isatty(STDERR_FILENO) != 0};
+    }
+
+    exit_code run_into_frames(const grade_plan& plan, json_text& json)
+    {
+        const output_job& job = plan.outputs.jobs.front();
+        const clip_result result = grade_clip_into_frames(plan, picture, clip, command.run.no_clobber, out);
+        tell_clip(job, result, command.run.dry_run, command.run.json, out);
+        add_clip_json(json, job, result);
+        return result.code;
+    }
+
+    exit_code run(const output_job& job, json_text& json)
+    {
+        if (!job.skipped && media::input_kind_of(job.input) == media::input_kind::clip)
+        {
+            const clip_result result = grade_clip_file(job, clip, out);
+            tell_clip(job, result, command.run.dry_run, command.run.json, out);
+            add_clip_json(json, job, result);
+            return result.code;
+        }
+        const picture_result result = job.skipped ? picture_result{} : grade_picture(job, picture);
+        tell(job, result, command, out);
+        add_json(json, job, result, command.run.dry_run);
+        return result.code;
+    }
+
+private:
+    const grade_command& command;
+    console& out;
+    picture_settings picture;
+    clip_settings clip;
+};
+
+exit_code run_jobs(const grade_plan& plan, const grade_command& command, const grade_steps& steps, console& out)
+{
+    progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.outputs.jobs.size());
+    job_runner runner(command, steps, out);
+    std::vector<exit_code> outcomes;
+    json_text json;
+    json.begin_array();
+    for (const output_job& job : plan.outputs.jobs)
+    {
+        outcomes.push_back(plan.into_frames ? runner.run_into_frames(plan, json) : runner.run(job, json));
+        bar.step(job.input, outcomes.back() == exit_code::done);
+    }
+    if (command.run.json)
+        out.result(json.end().text() + '\n');
+    return common_exit_code(outcomes);
+}
+
+} // namespace
+
+exit_code run_grade(std::span<const std::string> arguments, console& out)
+{
+    grade_command command;
+    argument_parser parser("veridial grade", "Sends pictures and clips through a grade.",
+                           "  veridial grade photo.jpg -s \"Shadows Hue=220\" -s \"Shadows Chroma=40\" -o out.png\n"
+                           "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n"
+                           "  veridial grade clip.mov --input-lut log.cube --sky 90,50 -o graded.mov\n"
+                           "  veridial grade shot.%04d.exr --frames 101-200 -p Autumn -o out.%04d.exr\n");
+    declare(parser, command);
+    exit_code code = exit_code::done;
+    if (!parse_or_explain(parser, arguments, out, code))
+        return code;
+    std::vector<problem> problems;
+    if (!settle(command, out, problems))
+        return fail(problems, out);
+
+    effect_instance effect;
+    grade_steps steps;
+    grade_plan plan;
+    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
+    bool graded = effect.apply(command.grade, problems);
+    if (problem why; command.input_table && !read_input_table(*command.input_table, steps.input, why))
+    {
+        problems.push_back(why);
+        graded = false;
+    }
+    if (!plan_grade({command.inputs, *command.output, command.frames}, rules, plan, problems) || !graded)
+        return fail(problems, out);
+    if (problem why; !command.run.dry_run && !make_new_folder(plan.outputs, why))
+    {
+        out.error(why);
+        return why.code;
+    }
+    steps.effect = effect.get().get_bypass() ? nullptr : effect.get_renderer();
+    return run_jobs(plan, command, steps, out);
+}
+
+} // namespace ov1

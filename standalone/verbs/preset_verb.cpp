@@ -1,0 +1,206 @@
+#include "standalone/verbs/preset_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/console.h"
+#include "command_line/edit_distance.h"
+#include "command_line/json_text.h"
+#include "command_line/number.h"
+#include "framework/parameters/iparameter_v1.h"
+#include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/preset_source.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ov1
+{
+
+namespace
+{
+
+exit_code refuse(console& out, const problem& why)
+{
+    out.error(why);
+    return why.code;
+}
+
+/// What every action but "list" takes.
+struct named_preset
+{
+    std::vector<std::string> names;
+    bool json = false;
+};
+
+/// Parses an action that takes one name. False if there is nothing to run.
+bool parse_named(argument_parser& parser, named_preset& preset, std::span<const std::string> arguments, console& out,
+                 exit_code& code)
+{
+    parser.positionals("NAME", preset.names, "the preset");
+    if (!parse_or_explain(parser, arguments, out, code))
+        return false;
+    if (preset.names.size() == 1)
+        return true;
+    code =
+        refuse(out, {exit_code::usage, "NAME", "exactly one preset is needed", "\"veridial preset list\" shows them"});
+    return false;
+}
+
+exit_code list(std::span<const std::string> arguments, console& out)
+{
+    bool json = false;
+    argument_parser parser("veridial preset list", "Lists the presets: your own, and those that come with Veridial.",
+                           "  veridial preset list\n");
+    parser.flag("--json", json, "as JSON");
+    exit_code code = exit_code::done;
+    if (!parse_or_explain(parser, arguments, out, code))
+        return code;
+    effect_instance effect;
+    preset_listing listing;
+    if (problem why; !list_presets(effect.get_presets(), listing, why))
+        return refuse(out, why);
+
+    json_text text;
+    text.begin_object().key("own").begin_array();
+    for (const std::string& name : listing.own)
+        text.value(name);
+    text.end().key("bundled").begin_array();
+    for (const std::string& name : listing.bundled)
+        text.value(name);
+    text.end().end();
+    std::string lines;
+    for (const std::string& name : listing.own)
+        lines += name + '\n';
+    for (const std::string& name : listing.bundled)
+        lines += name + " (bundled)\n";
+    out.result(json ? text.text() + '\n' : lines);
+    return exit_code::done;
+}
+
+/// Every parameter that is not at its default, as -s takes it; with JSON all of them.
+std::string values_text(effect_instance& effect, bool json)
+{
+    json_text object;
+    object.begin_object();
+    std::string lines;
+    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
+    {
+        const auto parameter = effect.get().get_parameter(i);
+        const param_value record = parameter->get_param_value();
+        object.key(parameter->get_name());
+        const bool is_switch = record.type == param_type::boolean;
+        is_switch ? object.value(record.value.as_boolean()) : object.value(record.value.as_continuous());
+        if (!record.is_default_value())
+            lines +=
+                parameter->get_name() + '=' + (is_switch ? "true" : number_text(record.value.as_continuous())) + '\n';
+    }
+    return json ? object.end().text() + '\n' : lines;
+}
+
+exit_code show(std::span<const std::string> arguments, console& out)
+{
+    named_preset preset;
+    argument_parser parser("veridial preset show", "Prints what a preset sets, as -s takes it.",
+                           "  veridial preset show \"Golden Hour\"\n");
+    parser.flag("--json", preset.json, "all parameters as a JSON object");
+    exit_code code = exit_code::done;
+    if (!parse_named(parser, preset, arguments, out, code))
+        return code;
+    effect_instance effect;
+    grade_request request;
+    request.presets = preset.names;
+    std::vector<problem> problems;
+    if (!effect.apply(request, problems))
+        return fail(problems, out);
+    out.result(values_text(effect, preset.json));
+    return exit_code::done;
+}
+
+exit_code save(std::span<const std::string> arguments, console& out)
+{
+    named_preset preset;
+    grade_request grade;
+    bool overwrite = false;
+    argument_parser parser("veridial preset save", "Keeps a grade as a preset of your own.",
+                           "  veridial preset save \"Cool shadows\" --wheel shadows=205,38\n");
+    add_grade_options(parser, grade);
+    parser.group("Output");
+    parser.flag("-f,--overwrite", overwrite, "replace a preset of this name");
+    exit_code code = exit_code::done;
+    if (!parse_named(parser, preset, arguments, out, code))
+        return code;
+    effect_instance effect;
+    std::vector<problem> problems;
+    if (!effect.apply(grade, problems))
+        return fail(problems, out);
+    problem why{exit_code::cannot_write, preset.names[0], {}, {}};
+    if (!is_preset_name(preset.names[0], why.reason))
+        why.code = exit_code::usage;
+    else if (!overwrite && effect.get_presets().preset_exists(preset.names[0]))
+        why.reason = "exists already", why.hint = "-f replaces it";
+    else if (effect.get_presets().save_preset(preset.names[0], overwrite, why.reason))
+        return exit_code::done;
+    return refuse(out, why);
+}
+
+exit_code load_check(std::span<const std::string> arguments, console& out)
+{
+    named_preset preset;
+    argument_parser parser("veridial preset load-check", "Tells whether a preset or a file would load, and why not.",
+                           "  veridial preset load-check grade.json\n");
+    exit_code code = exit_code::done;
+    if (!parse_named(parser, preset, arguments, out, code))
+        return code;
+    effect_instance effect;
+    preset_content content;
+    problem why;
+    if (!read_preset(effect.get_presets(), preset.names[0], content, why))
+        return refuse(out, why);
+    why = {exit_code::invalid_grade, preset.names[0], {}, {}};
+    if (!is_preset_accepted(content, effect.get(), why.reason))
+        return refuse(out, why);
+    out.result(preset.names[0] + ": loads\n");
+    return exit_code::done;
+}
+
+exit_code remove(std::span<const std::string> arguments, console& out)
+{
+    named_preset preset;
+    argument_parser parser("veridial preset delete", "Removes a preset of your own.",
+                           "  veridial preset delete \"Cool shadows\"\n");
+    exit_code code = exit_code::done;
+    if (!parse_named(parser, preset, arguments, out, code))
+        return code;
+    effect_instance effect;
+    const std::string& name = preset.names[0];
+    preset_listing listing;
+    problem why;
+    if (!list_presets(effect.get_presets(), listing, why))
+        return refuse(out, why);
+    const auto has = [&](const std::vector<std::string>& names)
+    { return std::find(names.begin(), names.end(), name) != names.end(); };
+    why = {exit_code::unreadable, name, "no such preset of your own", did_you_mean(name, listing.own)};
+    if (!has(listing.own) && has(listing.bundled))
+        why = {exit_code::cannot_write, name, "comes with Veridial and stays", {}};
+    else if (has(listing.own))
+    {
+        why = {exit_code::cannot_write, name, {}, {}};
+        if (effect.get_presets().delete_preset(name, why.reason))
+            return exit_code::done;
+    }
+    return refuse(out, why);
+}
+
+constexpr std::array<verb, 5> actions{{{"list", "lists all presets", list},
+                                       {"show", "prints what a preset sets", show},
+                                       {"save", "keeps a grade as a preset", save},
+                                       {"load-check", "tells whether a preset would load", load_check},
+                                       {"delete", "removes a preset", remove}}};
+
+} // namespace
+
+exit_code run_preset(std::span<const std::string> arguments, console& out)
+{
+    return run_verbs("veridial preset", "Keeps grades.", arguments, actions, out);
+}
+
+} // namespace ov1

@@ -1,0 +1,223 @@
+#include "standalone/verbs/scope_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/choice.h"
+#include "command_line/console.h"
+#include "command_line/number.h"
+#include "command_line/run_options.h"
+#include "platform/rows.h"
+#include "scopes/scope_type.h"
+#include "standalone/sheets/canvas_output.h"
+#include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/media_problem.h"
+#include "standalone/jobs/preview_picture.h"
+#include "standalone/sheets/text_painter.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr int least_side = 64;
+constexpr int most_side = 8192;
+constexpr std::size_t longest_picture_side = 4096;
+constexpr int side_of_thicker_lines = 1080; ///< from here on lines are 2 pixels wide, from its double on 3
+constexpr int text_height = 12;             ///< in line widths
+constexpr int caption_height = 22;          ///< in line widths
+constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
+constexpr argb_float label_colour{1.0f, 0.6f, 0.6f, 0.6f};
+
+struct scope_kind
+{
+    scope_type type;
+    const char* caption;
+    const char* usual_size;
+};
+
+constexpr std::array<choice<scope_kind>, scope_type_count> scope_kinds{
+    {{"waveform", {scope_type::waveform, "Waveform, luma", "960x540"}},
+     {"parade", {scope_type::parade, "RGB parade", "960x540"}},
+     {"vectorscope", {scope_type::vectorscope, "Vectorscope, BT.709, frames at 75 %", "640x664"}},
+     {"histogram", {scope_type::histogram, "Histogram", "960x540"}}}};
+
+struct scope_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output;
+    std::optional<std::string> type_text;
+    std::optional<std::string> size_text;
+    scope_kind kind = scope_kinds[0].value;
+    bool skin_line = false;
+    int width = 0;
+    int height = 0;
+};
+
+/// "960x540".
+bool read_size(const std::string& text, scope_command& command, problem& why)
+{
+    const auto x = text.find_first_of("xX");
+    if (x == std::string::npos)
+    {
+        why.reason = text + " is no size";
+        why.hint = "write 960x540";
+        return false;
+    }
+    return read_whole_number_within(text.substr(0, x), least_side, most_side, command.width, why) &&
+           read_whole_number_within(text.substr(x + 1), least_side, most_side, command.height, why);
+}
+
+void settle_scope(scope_command& command, std::vector<problem>& problems)
+{
+    problem bad_type{exit_code::usage, "--type", {}, {}};
+    if (command.type_text && !read_choice(*command.type_text, scope_kinds, command.kind, bad_type))
+        problems.push_back(bad_type);
+    problem bad_size{exit_code::usage, "--size", {}, {}};
+    if (!read_size(command.size_text.value_or(command.kind.usual_size), command, bad_size))
+        problems.push_back(bad_size);
+    if (command.skin_line && command.kind.type != scope_type::vectorscope)
+        problems.push_back({exit_code::usage, "--skin-line", "belongs to the vectorscope", "add --type vectorscope"});
+    if (command.inputs.size() != 1)
+        problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
+    if (!command.output)
+        problems.push_back({exit_code::usage, "-o", "is missing", "it names the picture to write"});
+}
+
+bool parse(scope_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+{
+    argument_parser parser("veridial scope",
+                           "Shows a picture's values, after a grade if one is asked for. Pictures of more than 4096 "
+                           "pixels on a side are reduced first.",
+                           "  veridial scope photo.jpg -o waveform.png\n"
+                           "  veridial scope photo.jpg --type vectorscope --skin-line -o skin.png\n"
+                           "  veridial scope photo.jpg -p \"Golden Hour\" --type parade -o parade.png\n");
+    parser.positionals("INPUT", command.inputs, "a picture");
+    parser.group("Scope");
+    parser.text("--type", command.type_text, "TYPE", choice_names(scope_kinds) + "; waveform unless asked");
+    parser.text("--size", command.size_text, "WxH", "of the output in pixels, 960x540 or 640x664 unless asked");
+    parser.flag("--skin-line", command.skin_line, "the line near which skin lies, on the vectorscope");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "OUT.png", "the picture of the scope");
+    add_run_options(parser, command.run);
+    if (!parse_or_explain(parser, arguments, out, code))
+        return false;
+
+    std::vector<problem> problems;
+    bool sound = settle_run_options(command.run, out, problems);
+    settle_scope(command, problems);
+    sound = sound && problems.empty();
+    code = fail(problems, out);
+    return sound;
+}
+
+/// The picture with the grade that is asked for; without one, and bypassed, as it is.
+bool read_picture(const scope_command& command, media::reduced_picture& picture, std::vector<problem>& problems)
+{
+    media::still_reader source;
+    media::error why;
+    if (!source.open(command.inputs[0], why))
+    {
+        problems.push_back(problem_of(why, command.inputs[0]));
+        return false;
+    }
+    effect_instance effect;
+    if (!effect.apply(command.grade, problems))
+        return false;
+    picture = make_gradable_picture(source, longest_picture_side, longest_picture_side);
+    const bool is_graded = asks_for_values(command.grade) || !command.grade.presets.empty();
+    if (!is_graded || effect.get().get_bypass())
+        return true;
+    const auto renderer = effect.get_renderer();
+    const auto render = [&](std::size_t first, std::size_t end)
+    {
+        for (std::size_t y = first; y < end; ++y)
+        {
+            argb_float* const row = picture.pixels.data() + y * picture.width;
+            renderer->render_row(y, row, row, picture.width);
+        }
+    };
+    for_each_picture_piece(picture.width, picture.height, static_cast<unsigned>(command.run.threads), render);
+    return true;
+}
+
+canvas to_canvas(const scope_picture& picture)
+{
+    canvas painted(static_cast<std::size_t>(picture.width), static_cast<std::size_t>(picture.height), {});
+    std::vector<argb_float> row(static_cast<std::size_t>(picture.width));
+    const auto channel = [](std::uint32_t byte) { return static_cast<float>(byte & 255) / 255; };
+    for (int y = 0; y < picture.height; ++y)
+    {
+        for (std::size_t x = 0; x < row.size(); ++x)
+        {
+            const std::uint32_t p = picture.row(y)[x];
+            row[x] = {1, channel(p >> 16), channel(p >> 8), channel(p)};
+        }
+        painted.paint(0, static_cast<std::size_t>(y), row.data(), row.size(), 1);
+    }
+    return painted;
+}
+
+void write_texts(const scope_command& command, const rect& area, int line_width, canvas& painted)
+{
+    text_painter texts(static_cast<unsigned>(text_height * line_width));
+    if (!texts.has_face())
+        return;
+    const double half_capital = text_height * line_width * 0.36; // from a text's middle to its base line
+    const std::string caption =
+        std::string(command.kind.caption) + "  \u2013  " + std::filesystem::path(command.inputs[0]).filename().string();
+    const auto margin = static_cast<std::size_t>(6 * line_width);
+    texts.paint(painted, margin, static_cast<std::size_t>(area.y - 7 * line_width), caption,
+                painted.get_width() - 2 * margin, caption_colour);
+    for (const scope_label& label : scope_labels_of(command.kind.type, area, line_width))
+    {
+        const std::size_t width = texts.width_of(label.text);
+        const double left = std::max(0.0, label.x - static_cast<double>(width) / 2);
+        texts.paint(painted, static_cast<std::size_t>(left), static_cast<std::size_t>(label.y + half_capital),
+                    label.text, width, label_colour);
+    }
+}
+
+canvas draw(const scope_command& command, const media::reduced_picture& picture)
+{
+    const int line_width = 1 + std::min(command.width, command.height) / side_of_thicker_lines;
+    const int top = caption_height * line_width;
+    const rect area{0, top, command.width, command.height - top};
+    scope_sampling sampling = sampling_for(area, line_width);
+    sampling.max_threads = static_cast<unsigned>(command.run.threads);
+    scope_selection selection;
+    chosen(selection, command.kind.type) = true;
+    scope_counter counter;
+    counter.count({picture.pixels.data(), picture.width, picture.height}, selection, sampling);
+    scope_picture drawn;
+    drawn.reset(command.width, command.height);
+    draw_scope(command.kind.type, counter.get_counts(), command.skin_line, area, line_width, drawn);
+    canvas painted = to_canvas(drawn);
+    write_texts(command, area, line_width, painted);
+    return painted;
+}
+
+} // namespace
+
+exit_code run_scope(std::span<const std::string> arguments, console& out)
+{
+    scope_command command;
+    exit_code code = exit_code::done;
+    if (!parse(command, arguments, out, code))
+        return code;
+    std::string output = *command.output;
+    if (!plan_canvas(output, command.run, out, code))
+        return code;
+    std::vector<problem> problems;
+    media::reduced_picture picture;
+    if (!read_picture(command, picture, problems))
+        return fail(problems, out);
+    return write_canvas(draw(command, picture), output, command.run, out);
+}
+
+} // namespace ov1

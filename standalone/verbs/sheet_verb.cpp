@@ -1,0 +1,155 @@
+#include "standalone/verbs/sheet_verb.h"
+
+#include "command_line/argument_parser.h"
+#include "command_line/console.h"
+#include "command_line/number.h"
+#include "command_line/run_options.h"
+#include "standalone/sheets/canvas.h"
+#include "standalone/sheets/canvas_output.h"
+#include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/media_problem.h"
+#include "standalone/jobs/preview_picture.h"
+#include "standalone/sheets/sheet_cells.h"
+#include "standalone/sheets/sheet_layout.h"
+#include "standalone/sheets/text_painter.h"
+
+#include <algorithm>
+
+namespace ov1
+{
+
+namespace
+{
+
+constexpr int usual_width = 2400;
+constexpr int least_width = 320;
+constexpr int most_width = 20'000;
+constexpr unsigned int caption_size = 14;
+constexpr argb_float background{1.0f, 0.184f, 0.184f, 0.184f}; // the editor's grey, 47 of 255
+constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
+
+struct sheet_command
+{
+    grade_request grade;
+    run_options run;
+    std::vector<std::string> inputs;
+    std::optional<std::string> output;
+    std::optional<std::string> width_text;
+    int width = usual_width;
+};
+
+bool parse(sheet_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+{
+    argument_parser parser("veridial sheet",
+                           "Shows a picture through every look at full strength and half, through the presets that are "
+                           "named, or before and "
+                           "after a grade.",
+                           "  veridial sheet photo.jpg -o looks.png\n"
+                           "  veridial sheet photo.jpg -p \"Golden Hour\" -p Noir -o presets.png\n"
+                           "  veridial sheet photo.jpg --wheel shadows=205,40 --film 270,60 -o before_after.png\n");
+    parser.positionals("INPUT", command.inputs, "a picture");
+    add_grade_options(parser, command.grade);
+    parser.group("Output");
+    parser.text("-o,--output", command.output, "SHEET.png", "the contact sheet");
+    parser.text("--width", command.width_text, "PIXELS", "how wide the sheet may become, 2400 unless asked");
+    add_run_options(parser, command.run);
+    if (!parse_or_explain(parser, arguments, out, code))
+        return false;
+
+    std::vector<problem> problems;
+    bool sound = settle_run_options(command.run, out, problems);
+    if (command.inputs.size() != 1)
+        problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
+    if (!command.output)
+        problems.push_back({exit_code::usage, "-o", "is missing", "it names the sheet to write"});
+    problem why{exit_code::usage, "--width", {}, {}};
+    if (command.width_text &&
+        !read_whole_number_within(*command.width_text, least_width, most_width, command.width, why))
+        problems.push_back(why);
+    sound = sound && problems.empty();
+    code = fail(problems, out);
+    return sound;
+}
+
+/// What the cells show, and how many stand in a row.
+std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& columns)
+{
+    columns = look_columns;
+    if (!asks_for_values(command.grade) && command.grade.presets.empty())
+        return look_cells();
+    if (!asks_for_values(command.grade))
+        return preset_cells(command.grade.presets, columns);
+    columns = 2;
+    sheet_cell before{"before", {}};
+    before.grade.bypass = true;
+    return {before, {"after", command.grade}};
+}
+
+/// The picture through the effect's present table, with its own alpha.
+std::vector<argb_float> graded(effect_instance& effect, const media::reduced_picture& picture)
+{
+    std::vector<argb_float> pixels(picture.pixels.size());
+    effect.get_renderer()->render_row(0, picture.pixels.data(), pixels.data(), pixels.size());
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i].a = picture.pixels[i].a;
+    return pixels;
+}
+
+/// Draws all cells; each grade starts from the defaults.
+bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
+          const media::reduced_picture& picture, std::vector<problem>& problems)
+{
+    effect_instance effect;
+    text_painter captions(caption_size);
+    for (std::size_t i = 0; i < cells.size(); ++i)
+    {
+        effect.get().reset_to_default();
+        if (!effect.apply(cells[i].grade, problems))
+            return false;
+        const auto pixels = graded(effect, picture);
+        const std::size_t left = layout.left_of(i), top = layout.top_of(i);
+        sheet.paint(left, top, pixels.data(), picture.width, picture.height);
+        captions.paint(sheet, left, top + layout.picture_height + caption_size + 3, cells[i].name, layout.picture_width,
+                       caption_colour);
+    }
+    return true;
+}
+
+exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
+{
+    media::still_reader source;
+    media::error why;
+    if (!source.open(command.inputs[0], why))
+    {
+        const problem p = problem_of(why, command.inputs[0]);
+        out.error(p);
+        return p.code;
+    }
+    std::size_t columns = 0;
+    const auto cells = cells_of(command, columns);
+    const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height,
+                                      static_cast<std::size_t>(command.width));
+    const auto picture = make_gradable_picture(source, layout.picture_width, layout.picture_height);
+
+    canvas sheet(layout.width(), layout.height(), background);
+    std::vector<problem> problems;
+    if (!draw(sheet, layout, cells, picture, problems))
+        return fail(problems, out);
+    return write_canvas(sheet, output, command.run, out);
+}
+
+} // namespace
+
+exit_code run_sheet(std::span<const std::string> arguments, console& out)
+{
+    sheet_command command;
+    exit_code code = exit_code::done;
+    if (!parse(command, arguments, out, code))
+        return code;
+    std::string output = *command.output;
+    if (!plan_canvas(output, command.run, out, code))
+        return code;
+    return make_sheet(command, output, out);
+}
+
+} // namespace ov1

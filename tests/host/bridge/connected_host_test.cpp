@@ -1,0 +1,34 @@
+#include "host/bridge/connected_host.h"
+
+#include <gtest/gtest.h>
+
+namespace ov1
+{
+namespace
+{
+
+TEST(connected_host, versions_are_read_as_far_as_they_are_numbers)
+{
+    const struct
+    {
+        const char* text;
+        version wanted;
+        const char* shown;
+    } rows[] = {
+        {"10.6.5", {10, 6, 5, 0}, "10.6.5"},
+        {"11", {11, 0, 0, 0}, "11.0.0"},
+        {"10.8.1.2.9", {10, 8, 1, 2}, "10.8.1"},
+        {"10.b.3", {10, 0, 0, 0}, "10.0.0"},
+        {"", {0, 0, 0, 0}, "0.0.0"},
+        {"1.99999999999.3", {1, 0, 0, 0}, "1.0.0"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(version_from_text(row.text), row.wanted);
+        EXPECT_EQ(version_text(version_from_text(row.text)), row.shown);
+    }
+}
+
+} // namespace
+} // namespace ov1

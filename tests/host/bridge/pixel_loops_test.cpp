@@ -1,0 +1,80 @@
+#include "host/bridge/pixel_loops.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace ov1
+{
+namespace
+{
+
+/// Notes what it is given, and gives values outside 0..1.
+struct noting_rows : row_renderer
+{
+    void render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count) const override
+    {
+        for (std::size_t x = 0; x < count; ++x)
+        {
+            seen.push_back(in[x]);
+            out[x] = {in[x].a + 1, in[x].r + static_cast<float>(y), in[x].g, -in[x].b};
+        }
+    }
+    mutable std::vector<argb_float> seen;
+};
+
+TEST(tile_format, a_code_counts_only_with_its_own_pixel_size)
+{
+    const struct
+    {
+        std::uint32_t code;
+        std::size_t bytes;
+        std::optional<tile_format> wanted;
+    } rows[] = {{0x52476841, 8, tile_format::rgba_half},
+                {0x52476641, 16, tile_format::rgba_float},
+                {0x52476841, 16, std::nullopt},
+                {0x52476641, 8, std::nullopt},
+                {0x42475241, 4, std::nullopt}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.code);
+        EXPECT_EQ(tile_format_of({0, row.bytes, 4, 4, row.code}), row.wanted);
+    }
+}
+
+TEST(pixel_loops, halfs_go_in_limited_as_argb_and_come_out_unlimited_as_rgba)
+{
+    const half_bits quiet_nan = 0x7e00;
+    // Two pixels and a pad; the second row is the one rendered.
+    std::vector<half_bits> in(2 * 12), out(2 * 12, 0x1234);
+    const half_bits pixels[] = {float_to_half(1.5f), float_to_half(-0.2f), float_to_half(0.5f),
+                                float_to_half(2.0f), float_to_half(0.25f), quiet_nan,
+                                float_to_half(1.0f), float_to_half(0.0f)};
+    std::copy(std::begin(pixels), std::end(pixels), in.begin() + 12);
+    const noting_rows renderer;
+    render_half_row(
+        renderer, {reinterpret_cast<std::byte*>(in.data()), reinterpret_cast<std::byte*>(out.data()), 24, 24, 2, 2}, 1);
+    ASSERT_EQ(renderer.seen.size(), 2u);
+    EXPECT_EQ(renderer.seen[0], (argb_float{1, 1, 0, 0.5f}));
+    EXPECT_EQ(renderer.seen[1], (argb_float{0, 0.25f, 0, 1}));
+    EXPECT_EQ(half_to_float(out[12]), 2.0f) << "red, with the row's number added";
+    EXPECT_EQ(half_to_float(out[14]), -0.5f) << "blue";
+    EXPECT_EQ(half_to_float(out[15]), 2.0f) << "alpha";
+    EXPECT_EQ(out[11], 0x1234) << "the row before";
+    EXPECT_EQ(out[20], 0x1234) << "the pad";
+}
+
+TEST(pixel_loops, floats_pass_in_memory_order)
+{
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float in[] = {1.5f, -0.2f, 0.5f, nan};
+    float out[4] = {};
+    const noting_rows renderer;
+    render_float_row(renderer,
+                     {reinterpret_cast<const std::byte*>(in), reinterpret_cast<std::byte*>(out), 16, 16, 1, 1}, 0);
+    EXPECT_EQ(renderer.seen.at(0), (argb_float{1, 0, 0.5f, 0}));
+    EXPECT_EQ(out[0], 2.0f) << "what the renderer calls alpha";
+}
+
+} // namespace
+} // namespace ov1

@@ -1,0 +1,134 @@
+// The road of an edit from end to end: button, analysed frame, editor, a drag, and back to host and document; the
+// document then rendered by a host of another process. Run under an X server of the test's own.
+#include "editor/editor_scope.h"
+#include "editor/veridial_ui.h"
+#include "framework/icomponent_v1.h"
+#include "host/simulator/verbs/host_pictures.h"
+#include "support/temp_folder.h"
+#include "host/simulator/inspector.h"
+
+#import "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
+
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+
+/// Turns with the main run loop, also while the editor is open.
+@interface road_driver : NSObject
+{
+@public
+    std::function<void()> step;
+}
+- (void)tick:(NSTimer*)timer;
+@end
+
+@implementation road_driver
+- (void)tick:(NSTimer*)timer
+{
+    (void)timer;
+    step();
+}
+@end
+
+namespace ov1
+{
+namespace
+{
+
+/// A drag across a pad of the panel.
+void drag_over(veridial_ui& editor, COVColorWheelXYPad& pad)
+{
+    VSTGUI::CFrame& frame = *editor.getFrame();
+    const VSTGUI::CRect place = pad.translateToGlobal(pad.getViewSize(), false);
+    const VSTGUI::CPoint from = place.getCenter(), to = from + VSTGUI::CPoint(place.getWidth() / 5, 9);
+    VSTGUI::MouseDownEvent press(from, VSTGUI::MouseButton::Left);
+    VSTGUI::MouseMoveEvent move(to, VSTGUI::MouseButton::Left);
+    VSTGUI::MouseUpEvent release(to, VSTGUI::MouseButton::Left);
+    frame.dispatchEvent(press);
+    frame.dispatchEvent(move);
+    frame.dispatchEvent(release);
+}
+
+void press_button(inspector& window)
+{
+    NSView* const view = static_cast<NSView*>(window.get_effect_view());
+    [static_cast<NSButton*>([[view subviews] objectAtIndex:0]) performClick:nil];
+}
+
+TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
+{
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+    [NSApplication sharedApplication];
+    const editor_scope editor;
+    temp_folder folder;
+    const std::string photo = PHOTO, document = folder / "grade.plist", here = folder / "here.png",
+                      there = folder / "there.png";
+    problem why;
+    picture_file file;
+    ASSERT_TRUE(read_picture(photo, file, why)) << why.reason;
+    host_error error;
+    simulated_host host;
+    ASSERT_TRUE(host.create_instance(error)) << error.description;
+    host.add_to_document();
+    host.set_frame(file.picture, surface_format::half);
+    const auto component = [static_cast<id>(host.get_plugin()) getComponent];
+    const auto before = host.get_parameters().copy();
+    const std::size_t undo_steps = host.get_parameters().get_undo_count();
+    inspector window(host, "Road");
+
+    road_driver* const driver = [[[road_driver alloc] init] autorelease];
+    int turns = 0;
+    bool opened = false;
+    driver->step = [&]
+    {
+        auto* const ui = dynamic_cast<veridial_ui*>(component->get_view().get());
+        if (ui == nullptr || !ui->is_open() || ui->getFrame() == nullptr)
+            return;
+        ++turns;
+        if (turns == 3)
+            drag_over(*ui, *ui->get_controls().pads[1]);
+        else if (turns == 5)
+            press_button(window); // a second press harms nothing
+        else if (turns == 8)
+            ui->close();
+        opened = true;
+    };
+    NSTimer* const timer = [NSTimer timerWithTimeInterval:0.02
+                                                   target:driver
+                                                 selector:@selector(tick:)
+                                                 userInfo:nil
+                                                  repeats:YES];
+    [[NSRunLoop mainRunLoop] addTimer:timer forMode:NSDefaultRunLoopMode];
+    press_button(window);
+    for (int i = 0; i < 400 && !(opened && !gui_is_open()); ++i)
+        [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
+    [timer invalidate];
+    ASSERT_TRUE(opened) << "the editor never opened";
+
+    std::vector<std::uint32_t> changed;
+    for (const auto& [number, p] : host.get_parameters().copy())
+        if (!same_values(p, before.at(number)))
+            changed.push_back(number);
+    ASSERT_EQ(changed.size(), 3u) << "the state, a hue and a chroma";
+    EXPECT_EQ(changed[0], 1u);
+    EXPECT_EQ(host.get_parameters().get_undo_count(), undo_steps + 3) << "one state, two parameters";
+    EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
+
+    host_picture graded;
+    std::vector<std::uint8_t> bytes;
+    std::string reason;
+    ASSERT_TRUE(host.render(file.picture, graded, {}, error)) << error.description;
+    EXPECT_FALSE(graded == file.picture);
+    ASSERT_TRUE(write_picture(here, file, graded, false, why)) << why.reason;
+    ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
+    std::ofstream(document, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    const std::string command = std::string("'") + VERIDIAL_HOST + "' render '" + photo + "' --document '" + document +
+                                "' --tile 100 -o '" + there + "'";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(text_of_file(there), text_of_file(here)) << "the same bits in another process";
+    [pool drain];
+}
+
+} // namespace
+} // namespace ov1

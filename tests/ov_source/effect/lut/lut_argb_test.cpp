@@ -1,0 +1,178 @@
+#include "effect/lut/lut_argb.h"
+
+#include "effect/lut/bin_lut.h"
+#include "effect/lut/lut.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+
+namespace ov1
+{
+namespace
+{
+
+using table = lut_argb<17>;
+
+/// A table whose every entry differs, so that swapped axes and wrong corners show.
+table scrambled()
+{
+    table t(table::init_mode::none);
+    std::mt19937 engine(17);
+    std::uniform_real_distribution<float> any(-0.5f, 1.5f);
+    for (argb_float& entry : t.get_entries())
+        entry = {any(engine), any(engine), any(engine), any(engine)};
+    return t;
+}
+
+/// Trilinear interpolation as eight weighted corners, in double precision: another road to the same value.
+double weighted_corners(const table& t, const argb_float& c, float argb_float::*channel)
+{
+    const auto axis = [](float v) { return std::min(std::max(v * 16.0, 0.0), 16.0); };
+    const double x[3] = {axis(c.r), axis(c.g), axis(c.b)};
+    double sum = 0.0;
+    for (int corner = 0; corner < 8; ++corner)
+    {
+        double weight = 1.0;
+        std::size_t at[3];
+        for (int i = 0; i < 3; ++i)
+        {
+            const double low = std::min(std::floor(x[i]), 15.0);
+            const bool upper = (corner >> i & 1) != 0;
+            weight *= upper ? x[i] - low : 1.0 - (x[i] - low);
+            at[i] = static_cast<std::size_t>(low) + upper;
+        }
+        sum += weight * t.get_direct(at[0], at[1], at[2]).*channel;
+    }
+    return sum;
+}
+
+TEST(lut_argb, red_is_the_slowest_axis_and_blue_the_fastest)
+{
+    const table t;
+    EXPECT_EQ(&t.get_direct(2, 3, 5), &t.get_entries()[2 * 289 + 3 * 17 + 5]);
+    const argb_float c = t.get_direct(2, 3, 5);
+    EXPECT_FLOAT_EQ(c.r, 2 / 16.0f);
+    EXPECT_FLOAT_EQ(c.g, 3 / 16.0f);
+    EXPECT_FLOAT_EQ(c.b, 5 / 16.0f);
+    EXPECT_THROW(t.get_direct(0, 0, 17), std::out_of_range) << "would be a neighbour's entry";
+    EXPECT_THROW(t.get_direct(17, 0, 0), std::out_of_range);
+}
+
+TEST(lut_argb, lookup_is_the_sum_of_the_weighted_corners)
+{
+    const table t = scrambled();
+    std::mt19937 engine(4);
+    std::uniform_real_distribution<float> any(-0.2f, 1.2f);
+    for (int i = 0; i < 20'000; ++i)
+    {
+        const argb_float c{0.0f, any(engine), any(engine), any(engine)};
+        const argb_float got = t.lookup(c);
+        // Seven roundings of values below 2.
+        for (const auto channel : {&argb_float::a, &argb_float::r, &argb_float::g, &argb_float::b})
+            ASSERT_NEAR(got.*channel, weighted_corners(t, c, channel), 2e-6) << c.r << ' ' << c.g << ' ' << c.b;
+    }
+}
+
+TEST(lut_argb, lookup_of_a_grid_point_is_its_entry_to_the_bit)
+{
+    const table t = scrambled();
+    for (std::size_t r = 0; r < 17; ++r)
+        for (std::size_t g = 0; g < 17; ++g)
+            for (std::size_t b = 0; b < 17; ++b)
+                ASSERT_EQ(t.lookup({0, r / 16.0f, g / 16.0f, b / 16.0f}), t.get_direct(r, g, b));
+}
+
+TEST(lut_argb, lookup_clamps_what_lies_outside_and_takes_nan_as_zero)
+{
+    constexpr float inf = std::numeric_limits<float>::infinity();
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    constexpr float big = std::numeric_limits<float>::max();
+    const table t = scrambled();
+    const std::pair<float, float> rows[] = {{-0.001f, 0}, {1.001f, 1}, {-inf, 0}, {inf, 1},  {big, 1},
+                                            {-big, 0},    {nan, 0},    {-nan, 0}, {-0.0f, 0}};
+    for (const auto& [given, same_as] : rows)
+    {
+        SCOPED_TRACE(given);
+        EXPECT_EQ(t.lookup({0, given, 0.3f, 0.7f}), t.lookup({0, same_as, 0.3f, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, given, 0.7f}), t.lookup({0, 0.3f, same_as, 0.7f}));
+        EXPECT_EQ(t.lookup({0, 0.3f, 0.7f, given}), t.lookup({0, 0.3f, 0.7f, same_as}));
+    }
+}
+
+TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
+{
+    const table t = scrambled();
+    const auto bytes = write_bin_lut(t.get_entries(), 17);
+    ASSERT_EQ(bytes.size(), 58'958u);
+    const table back = table::from_vec(bytes);
+    for (std::size_t i = 0; i < t.get_entries().size(); ++i)
+    {
+        const argb_float& e = t.get_entries()[i];
+        ASSERT_EQ(back.get_entries()[i], (argb_float{1.0f, e.r, e.g, e.b}));
+    }
+
+    auto header_33 = bytes, header_273 = bytes, longer = bytes, shorter = bytes;
+    header_33[0] = 33;
+    header_273[1] = 1; // 17 + 256: the second byte counts
+    longer.push_back(0);
+    shorter.pop_back();
+    for (const auto& damaged : {header_33, header_273, longer, shorter, std::vector<unsigned char>{}, {17, 0}})
+        EXPECT_EQ(table::from_vec(damaged), table());
+}
+
+constexpr float step = 4095.9375f; // from one grid point to the next
+
+lut<17> bent(std::vector<lut_point> points)
+{
+    lut<17> t;
+    t.update(std::move(points));
+    return t;
+}
+
+TEST(lut, no_points_and_points_that_stay_give_the_identity)
+{
+    const argb_float grey{0, 30000, 31000, 32000};
+    EXPECT_EQ(lut<17>().get_entries(), table().get_entries());
+    EXPECT_EQ(bent({}).get_entries(), table().get_entries());
+    EXPECT_EQ(bent({{grey, grey, 140, 0}}).get_entries(), table().get_entries());
+}
+
+TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
+{
+    // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
+    const argb_float source{0, 4 * step, 8 * step, 12 * step};
+    const lut<17> t = bent({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
+    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::*channel)
+    { return (t.get_direct(4, g, b).*channel - table().get_direct(4, g, b).*channel) * 65535; };
+    // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
+    constexpr float tolerance = 0.05f;
+    EXPECT_NEAR(moved(8, 12, &argb_float::r), 1000, tolerance);
+    EXPECT_NEAR(moved(8, 12, &argb_float::g), -2000, tolerance);
+    EXPECT_NEAR(moved(8, 12, &argb_float::b), 3000, tolerance);
+    EXPECT_NEAR(moved(9, 12, &argb_float::b), 3000 * (1 - step / 10816), tolerance);
+    EXPECT_EQ(moved(8, 9, &argb_float::r), 0) << "three steps are farther than the reach";
+}
+
+TEST(lut, radius_and_values_are_limited_and_offsets_add_up)
+{
+    const argb_float source{0, 5 * step, 5 * step, 5 * step};
+    const argb_float target{0, source.r + 6553.5f, source.g, source.b};
+    const auto widest = bent({{source, target, 256, 0}}).get_entries(); // reach 262,144: every grid point moves
+    const auto narrow = bent({{source, target, 1, 0}}).get_entries();   // reach 4: its own grid point only
+    EXPECT_EQ(bent({{source, target, 300, 0}}).get_entries(), widest);
+    EXPECT_EQ(bent({{source, target, -5, 0}}).get_entries(), narrow);
+    EXPECT_NEAR(widest.front().r * 65535, 6553.5 * (1 - std::sqrt(75.0) * step / 262144), 0.3);
+    std::size_t changed = 0;
+    for (std::size_t i = 0; i < narrow.size(); ++i)
+        changed += narrow[i] != table().get_entries()[i];
+    EXPECT_EQ(changed, 1u);
+
+    const lut<17> twice = bent({{source, target, 1, 0}, {source, target, 1, 0}});
+    EXPECT_NEAR(twice.get_direct(5, 5, 5).r, 5 / 16.0 + 0.2, 1e-6);
+    EXPECT_EQ(bent({{{}, {0, -50000, 90000, 0}, 256, 0}}).get_direct(0, 0, 0), (argb_float{1, 0, 1, 0}));
+}
+
+} // namespace
+} // namespace ov1
