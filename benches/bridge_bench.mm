@@ -4,10 +4,10 @@
 #include "framework/icomponent_v1.h"
 #include "framework/row_renderer.h"
 #include "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
-#include "interleaved.h"
-#include "platform/rows.h"
 #include "host/simulator/simulated_host.h"
 #include "host/simulator/tile_maker.h"
+#include "interleaved.h"
+#include "platform/rows.h"
 
 #include <cstring>
 

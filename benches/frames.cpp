@@ -22,7 +22,7 @@ std::vector<float> wave(std::size_t length, float periods, float phase)
 }
 
 /// Slopes over the whole picture and a texture some pixels wide, for one channel.
-void paint(frame& picture, float argb_float::*channel, float phase)
+void paint(frame& picture, float argb_float::* channel, float phase)
 {
     const auto slope_x = wave(picture.width, 1.3f, phase), slope_y = wave(picture.height, 0.8f, phase * 2);
     const auto texture_x = wave(picture.width, static_cast<float>(picture.width) / 23.0f, phase);

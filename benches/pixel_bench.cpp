@@ -141,7 +141,8 @@ private:
     {
         // One thread copies in one go, as memcpy is at its best.
         for_each_row_piece(in.height, threads == 1 ? in.height : row_pieces::usual_rows, threads,
-                           [&](std::size_t first, std::size_t end) {
+                           [&](std::size_t first, std::size_t end)
+                           {
                                std::memcpy(&out[first * in.width], &in.pixels[first * in.width],
                                            (end - first) * in.width * sizeof(argb_float));
                            });

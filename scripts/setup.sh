@@ -9,8 +9,8 @@ run_packages="g++ cmake ninja-build pkg-config ca-certificates libfmt-dev libcli
   libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libfreetype-dev libfontconfig-dev fonts-liberation
   libx11-dev libxcb1-dev libxcb-util-dev libxcb-cursor-dev libxcb-keysyms1-dev libxcb-xkb-dev libxcb-randr0-dev
   libxkbcommon-dev libxkbcommon-x11-dev libcairo2-dev libpango1.0-dev libglib2.0-dev librsvg2-bin"
-test_packages="clang-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools libopencolorio-dev git
-  libavfilter-dev g++-aarch64-linux-gnu qemu-user xvfb xauth xdotool
+test_packages="clang-19 clang-format-19 libclang-rt-19-dev libgtest-dev locales ffmpeg opencolorio-tools git
+  libopencolorio-dev libavfilter-dev g++-aarch64-linux-gnu qemu-user xvfb xauth xdotool
   libgnustep-base-dev libgnustep-gui-dev gnustep-gui-runtime gnustep-back0.29-cairo"
 
 missing() {

@@ -32,8 +32,8 @@ std::string read(const fs::path& file)
     return text.str();
 }
 
-/// Lines "3 effect: framework lut", in a diagram without and in the build's list with "| ov_source/effect/" behind them;
-/// other lines are passed over. No room may have two lines.
+/// Lines "3 effect: framework lut", in a diagram without and in the build's list with "| ov_source/effect/" behind
+/// them; other lines are passed over. No room may have two lines.
 rooms rooms_in(const std::string& text)
 {
     rooms found;
@@ -83,7 +83,7 @@ std::set<std::string> reached(const rooms& all, const std::string& from)
 
 class levels : public testing::Test
 {
-  protected:
+protected:
     const std::string page = read(fs::path(SOURCE_DIR) / "ARCHITECTURE.md");
     const rooms drawn = rooms_in(page);
     const rooms built = rooms_in(read(LEVELS_FILE));

@@ -46,9 +46,8 @@ void render_float_row(const row_renderer& renderer, const tile_pair& tile, std::
     auto* const out = destination_row<argb_float>(tile, y);
     // The limited row lies in the destination, where it is rendered in place.
     std::transform(source_row<argb_float>(tile, y), source_row<argb_float>(tile, y) + tile.width, out,
-                   [](const argb_float& p) {
-                       return argb_float{limited(p.a), limited(p.r), limited(p.g), limited(p.b)};
-                   });
+                   [](const argb_float& p)
+                   { return argb_float{limited(p.a), limited(p.r), limited(p.g), limited(p.b)}; });
     renderer.render_row(y, out, out, tile.width);
 }
 

@@ -2,14 +2,14 @@
 
 #include "framework/create_ccomponent.h"
 #include "framework/parameters/iparameter_v1.h"
+#include "host/bridge/mapped_parameters.h"
+#include "host/bridge/state_payload.h"
 #include "host/fxplug/fcpx_host_interface.h"
 #include "host/fxplug/fx_error.h"
 #include "host/fxplug/host_apis.h"
 #include "host/fxplug/host_values.h"
 #include "host/fxplug/preview_capture.h"
 #include "host/fxplug/render_tile.h"
-#include "host/bridge/mapped_parameters.h"
-#include "host/bridge/state_payload.h"
 
 #include <dispatch/dispatch.h>
 

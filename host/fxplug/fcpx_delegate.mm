@@ -1,7 +1,7 @@
 #import "host/fxplug/fcpx_delegate.h"
 
-#include "host/fxplug/bundle_info.h"
 #include "host/bridge/connected_host.h"
+#include "host/fxplug/bundle_info.h"
 
 @implementation FCPXDelegate
 

@@ -2,9 +2,9 @@
 
 #include "framework/icomponent_v1.h"
 #include "framework/parameters/iparameter_v1.h"
-#include "host/fxplug/host_apis.h"
 #include "host/bridge/connected_host.h"
 #include "host/bridge/parameter_map.h"
+#include "host/fxplug/host_apis.h"
 
 #include <utility>
 

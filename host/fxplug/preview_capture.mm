@@ -1,8 +1,8 @@
 #include "host/fxplug/preview_capture.h"
 
+#include "host/bridge/preview_reduction.h"
 #include "host/fxplug/fx_error.h"
 #include "host/fxplug/surface.h"
-#include "host/bridge/preview_reduction.h"
 
 namespace ov1
 {

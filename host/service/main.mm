@@ -1,9 +1,9 @@
 // veridialfcpx: the service that the video host starts, and the writer of the template.
 #import "host/fxplug/fcpx_delegate.h"
 
-#include "host/fxplug/bundle_info.h"
 #include "host/bridge/extract_command.h"
 #include "host/bridge/template_writer.h"
+#include "host/fxplug/bundle_info.h"
 #include "platform/cocoa/cutils_mac.h"
 #include "platform/scoped_utils.h"
 

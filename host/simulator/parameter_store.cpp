@@ -56,8 +56,7 @@ void limit(const stored_parameter& p, store_value& value)
 bool same_values(const stored_parameter& a, const stored_parameter& b)
 {
     return a.value == b.value &&
-           std::ranges::equal(a.keyframes, b.keyframes,
-                              [](const auto& x, const auto& y)
+           std::ranges::equal(a.keyframes, b.keyframes, [](const auto& x, const auto& y)
                               { return CMTimeCompare(x.first, y.first) == 0 && x.second == y.second; });
 }
 

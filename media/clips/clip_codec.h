@@ -1,8 +1,8 @@
 // Which encoder writes a clip, how, and in which pixel format.
 #pragma once
 
-#include "media/clips/clip_request.h"
 #include "media/base/error.h"
+#include "media/clips/clip_request.h"
 #include "media/samples/frame_form.h"
 
 extern "C"

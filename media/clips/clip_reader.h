@@ -1,9 +1,9 @@
 // Single frames of a clip, as pictures.
 #pragma once
 
+#include "media/base/error.h"
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
-#include "media/base/error.h"
 #include "media/stills/still_reader.h"
 
 #include <cstdint>

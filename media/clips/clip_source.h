@@ -1,9 +1,9 @@
 // A clip's file, open: packets of all streams in their order, and those of the picture decoded.
 #pragma once
 
-#include "media/clips/clip_info.h"
 #include "media/base/error.h"
 #include "media/base/libav.h"
+#include "media/clips/clip_info.h"
 
 extern "C"
 {

@@ -1,7 +1,7 @@
 #include "media/clips/clip_target.h"
 
-#include "media/clips/clip_tags.h"
 #include "media/base/file_sink.h"
+#include "media/clips/clip_tags.h"
 #include "media/clips/stream_copy.h"
 
 extern "C"

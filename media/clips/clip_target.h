@@ -1,11 +1,11 @@
 // A graded clip in the making: its encoder, its container, and every stream of the source that the container holds.
 #pragma once
 
+#include "media/base/error.h"
 #include "media/clips/clip_codec.h"
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
 #include "media/clips/clip_source.h"
-#include "media/base/error.h"
 
 #include <deque>
 #include <map>

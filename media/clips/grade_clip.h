@@ -1,8 +1,8 @@
 // The road of a clip: decoded, graded and encoded at the same time.
 #pragma once
 
-#include "media/clips/clip_info.h"
 #include "media/base/error.h"
+#include "media/clips/clip_info.h"
 #include "media/samples/frame_grader.h"
 #include "media/samples/piece_runner.h"
 

@@ -72,8 +72,7 @@ bool has_known_samples(const AVPixFmtDescriptor& format)
     const bool is_float = (format.flags & AV_PIX_FMT_FLAG_FLOAT) != 0;
     const bool is_rgb = (format.flags & AV_PIX_FMT_FLAG_RGB) != 0;
     return (format.flags & others) == 0 && (is_rgb || format.nb_components != 2 || !is_float) &&
-           std::all_of(format.comp, format.comp + format.nb_components,
-                       [&](const AVComponentDescriptor& c)
+           std::all_of(format.comp, format.comp + format.nb_components, [&](const AVComponentDescriptor& c)
                        { return is_float ? c.depth == 32 : c.depth >= 8 && c.depth <= 16; });
 }
 
@@ -124,8 +123,7 @@ bool can_be_written(const frame_form& form)
 {
     // Samples with bits below them have their bytes to themselves in the formats of two planes (P010), else they share.
     const int components = form.family == colour_family::gray ? 1 : 3;
-    return std::all_of(form.components.begin(), form.components.begin() + components,
-                       [&](const component_form& c)
+    return std::all_of(form.components.begin(), form.components.begin() + components, [&](const component_form& c)
                        { return c.layout.shift == 0 || (form.family == colour_family::ycbcr && c.layout.bytes == 2); });
 }
 

@@ -297,13 +297,12 @@ private:
             ycbcr_kernel::to_ycbcr(block, count, weights, luma.range,
                                    component_access::place_of(out, luma.layout, x, y));
         else
-            access.write_wide(out, luma, x, y, count,
-                              [&](std::uint16_t* codes)
+            access.write_wide(out, luma, x, y, count, [&](std::uint16_t* codes)
                               { ycbcr_kernel::to_ycbcr(block, count, weights, luma.range, codes); });
     }
 
     /// The outermost pixels go on, as far as samples are gathered from them.
-    void extend_pairs(float_row colour_rows::*plane)
+    void extend_pairs(float_row colour_rows::* plane)
     {
         const std::size_t count = to.across.samples(in.width);
         float *const first = (even.*plane).get(), *const second = (odd.*plane).get();
@@ -314,7 +313,7 @@ private:
     }
 
     /// A row of samples that no other row has a part in.
-    void store_gathered(std::size_t y, float_row colour_rows::*plane, const component_form& form)
+    void store_gathered(std::size_t y, float_row colour_rows::* plane, const component_form& form)
     {
         extend_pairs(plane);
         const float *const first = (even.*plane).get(), *const second = (odd.*plane).get();
@@ -323,12 +322,11 @@ private:
             ycbcr_kernel::gather(first, second, count, to.across, form.range,
                                  component_access::place_of(out, form.layout, 0, y));
         else
-            access.write_wide(out, form, 0, y, count,
-                              [&](std::uint16_t* codes)
+            access.write_wide(out, form, 0, y, count, [&](std::uint16_t* codes)
                               { ycbcr_kernel::gather(first, second, count, to.across, form.range, codes); });
     }
 
-    void gather(float_row colour_rows::*plane, float_row& samples)
+    void gather(float_row colour_rows::* plane, float_row& samples)
     {
         const std::size_t count = to.across.samples(in.width);
         if (shares_across(to))
@@ -377,7 +375,7 @@ private:
         store_mixed(sample, &chroma_rows::cr, to.components[2], {rows.data(), count}, weights.data());
     }
 
-    void store_mixed(std::size_t sample, float_row chroma_rows::*part, const component_form& form,
+    void store_mixed(std::size_t sample, float_row chroma_rows::* part, const component_form& form,
                      std::span<const std::size_t> rows, const float* weights)
     {
         const std::size_t width = to.across.samples(in.width);

@@ -177,8 +177,7 @@ private:
         const std::ptrdiff_t end = std::clamp<std::ptrdiff_t>(last, 0, chroma_width - 1);
         const std::uint8_t* from = row_of(frame, layout.plane, row) + begin * layout.step + layout.offset;
         float* inner = out + (begin - first);
-        each_code(layout, from, end - begin + 1,
-                  [&](std::size_t i, std::uint32_t code)
+        each_code(layout, from, end - begin + 1, [&](std::size_t i, std::uint32_t code)
                   { inner[i] = static_cast<float>((code - chroma_zero) * chroma_scale); });
         std::fill(out, inner, *inner);
         std::fill(inner + (end - begin + 1), out + (last - first + 1), inner[end - begin]);

@@ -101,9 +101,8 @@ void placed_to_rgb(shared_source<code> from, std::size_t pixels, const code_rang
     const auto zero = hn::Set(d, luma.zero), step = hn::Set(d, 1.0f / luma.codes_per_unit);
     const auto red_cr = hn::Set(d, weights.red_cr), blue_cb = hn::Set(d, weights.blue_cb);
     const auto green_cb = hn::Set(d, -weights.green_cb), green_cr = hn::Set(d, -weights.green_cr);
-    const auto parts_of = [&](vector cb, vector cr) HWY_ATTR -> chroma_parts {
-        return {hn::Mul(red_cr, cr), hn::Add(hn::Mul(green_cb, cb), hn::Mul(green_cr, cr)), hn::Mul(blue_cb, cb)};
-    };
+    const auto parts_of = [&](vector cb, vector cr) HWY_ATTR -> chroma_parts
+    { return {hn::Mul(red_cr, cr), hn::Add(hn::Mul(green_cb, cb), hn::Mul(green_cr, cr)), hn::Mul(blue_cb, cb)}; };
     const auto add =
         [&](hn::Vec<whole_tag> codes, const chroma_parts& parts, const rgb_planes<float>& out, std::size_t i) HWY_ATTR
     {
@@ -212,15 +211,14 @@ void gather_codes_here(const float* even, const float* odd, std::size_t samples,
                        const code_range& range, code* codes)
 {
     const code_maker maker(range);
-    gather_by(even, odd, axis,
-              [&](const auto& gathered) HWY_ATTR
-              {
-                  each_vector<lanes>(samples, codes,
-                                     [&](std::size_t i, code* to) HWY_ATTR {
-                                         hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(gathered.at(i))),
-                                                    codes_tag<code>(), to);
-                                     });
-              });
+    gather_by(
+        even, odd, axis,
+        [&](const auto& gathered) HWY_ATTR
+        {
+            each_vector<lanes>(
+                samples, codes, [&](std::size_t i, code* to) HWY_ATTR
+                { hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(gathered.at(i))), codes_tag<code>(), to); });
+        });
 }
 
 void gather_8(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis,
@@ -289,8 +287,7 @@ void to_ycbcr_here(rgb_planes<float> row, std::size_t count, const ycbcr_weights
                    code* codes)
 {
     const ycbcr_maker maker(weights, luma);
-    each_vector<lanes>(count, codes,
-                       [&](std::size_t i, code* to) HWY_ATTR
+    each_vector<lanes>(count, codes, [&](std::size_t i, code* to) HWY_ATTR
                        { hn::StoreU(hn::DemoteTo(codes_tag<code>(), maker.make(row, i)), codes_tag<code>(), to); });
 }
 
@@ -299,10 +296,8 @@ void pairs_to_ycbcr_here(pixel_pairs row, std::size_t pixels, const ycbcr_weight
                          code* codes)
 {
     const ycbcr_maker maker(weights, luma);
-    each_vector<2 * lanes>(pixels, codes,
-                           [&](std::size_t x, code* to) HWY_ATTR {
-                               store_pairs({maker.make(row.even, x / 2), maker.make(row.odd, x / 2)}, to);
-                           });
+    each_vector<2 * lanes>(pixels, codes, [&](std::size_t x, code* to) HWY_ATTR
+                           { store_pairs({maker.make(row.even, x / 2), maker.make(row.odd, x / 2)}, to); });
 }
 
 void to_ycbcr_8(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,

@@ -1,9 +1,9 @@
 #include "media/stills/still_reader.h"
 
 #include "media/base/libav.h"
-#include "media/stills/picture_kind.h"
-#include "media/samples/unpack_span.h"
 #include "media/base/whole_file.h"
+#include "media/samples/unpack_span.h"
+#include "media/stills/picture_kind.h"
 
 extern "C"
 {

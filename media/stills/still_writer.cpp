@@ -1,11 +1,11 @@
 #include "media/stills/still_writer.h"
 
-#include "media/stills/encoded_fixes.h"
-#include "media/samples/half_rounding.h"
-#include "media/stills/jpeg_tables.h"
 #include "media/base/libav.h"
-#include "media/stills/output_format.h"
+#include "media/samples/half_rounding.h"
 #include "media/samples/pack_rows.h"
+#include "media/stills/encoded_fixes.h"
+#include "media/stills/jpeg_tables.h"
+#include "media/stills/output_format.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,16 +1,16 @@
 #include "editor/veridial_ui.h"
 
-#include "editor/toolbar/cov_plugin_toolbar.h"
+#include "editor/controls/modal/tooltip_layer.h"
+#include "editor/controls/style/editor_style.h"
+#include "editor/controls/widgets/reset_click.h"
 #include "editor/discard_keys.h"
 #include "editor/editor_hand.h"
-#include "editor/controls/style/editor_style.h"
 #include "editor/panel/panel_layout.h"
 #include "editor/presets/preset_browser.h"
 #include "editor/preview/preview_bar.h"
-#include "editor/controls/widgets/reset_click.h"
 #include "editor/scopes/scopes_panel.h"
 #include "editor/scopes/scopes_text.h"
-#include "editor/controls/modal/tooltip_layer.h"
+#include "editor/toolbar/cov_plugin_toolbar.h"
 #include "framework/ihost_v1.h"
 #include "framework/view/toolkit_scope.h"
 #include "framework/view/view_size.h"
@@ -167,8 +167,7 @@ void veridial_ui::add_scopes(double height)
     scopes->setChoice(scope_choice_from_text(memory.scopes));
     scopes->setVisible(memory.shows_scopes);
     scopes->setFrameListener([this] { ask_for_render(); });
-    bar->offerScopes(
-        memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
+    bar->offerScopes(memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
     frame->addView(scopes);
 }
 

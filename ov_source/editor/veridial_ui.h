@@ -1,11 +1,11 @@
 // The effect's editor window: preview on the left; toolbar and the panel of wheels on the right.
 #pragma once
 
+#include "editor/editor_memory.h"
 #include "editor/panel/control_binding.h"
 #include "editor/preview/cov_image_preview.h"
-#include "editor/editor_memory.h"
-#include "framework/view/cview_v1.h"
 #include "framework/preview_sink.h"
+#include "framework/view/cview_v1.h"
 
 #include "vstgui/lib/cframe.h"
 

@@ -28,9 +28,8 @@ const lut_argb<lut_edge>& table_of_no_push()
 skin_steps decide(const skin_push& push, const skin_tables& tables)
 {
     const auto acts = [](double amount) { return std::abs(amount) >= lut_utils::least_skin_push; };
-    const auto share = [](const lut_argb<lut_edge>& table, double amount) {
-        return table_share{&table, static_cast<float>(std::abs(amount))};
-    };
+    const auto share = [](const lut_argb<lut_edge>& table, double amount)
+    { return table_share{&table, static_cast<float>(std::abs(amount))}; };
 
     skin_steps steps;
     steps.skin = &lut_masks::select_skintones;

@@ -3,10 +3,10 @@
 #include "effect/build_lut.h"
 #include "effect/lut/lut_argb_variable.h"
 #include "effect/veridial_parameters.h"
-#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/editor_factory.h"
 #include "framework/iview_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/preview_sink.h"
 
 #include <optional>

@@ -8,8 +8,8 @@
 #include "effect/wheel_memory.h"
 #include "effect/zone_colour.h"
 #include "framework/ccomponent_v1.h"
-#include "framework/parameters/cparameter_v1.h"
 #include "framework/lut_exporter.h"
+#include "framework/parameters/cparameter_v1.h"
 
 #include <array>
 #include <atomic>

@@ -1,8 +1,8 @@
 #include "framework/ccomponent_v1.h"
 
 #include "framework/ihost_v1.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "framework/iview_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/restore_scope.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"

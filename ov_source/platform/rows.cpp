@@ -79,8 +79,7 @@ unsigned usual_workers() { return static_cast<unsigned>(std::max(1, tbb::this_ta
 
 void run_workers(std::size_t workers, row_work& shared)
 {
-    tbb::parallel_for(
-        std::size_t{0}, workers, [&](std::size_t i) { work(&shared, i); }, tbb::simple_partitioner());
+    tbb::parallel_for(std::size_t{0}, workers, [&](std::size_t i) { work(&shared, i); }, tbb::simple_partitioner());
 }
 
 #endif

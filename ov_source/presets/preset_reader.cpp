@@ -1,8 +1,8 @@
 #include "presets/preset_reader.h"
 
 #include "framework/icomponent_v1.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "framework/iview_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "framework/restore_scope.h"
 #include "framework/state_blob.h"
 #include "platform/atomic_file.h"

@@ -2,8 +2,8 @@
 
 #include "effect/lut/lut_argb_variable.h"
 #include "framework/icomponent_v1.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "framework/lut_exporter.h"
+#include "framework/parameters/iparameter_v1.h"
 
 #include <cmath>
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 #include "presets/random_look.h"
 
-#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/icomponent_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 
 #include <cmath>
 

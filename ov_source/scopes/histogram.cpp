@@ -94,9 +94,8 @@ void draw_clip_marks(const histogram_counts& counts, const rect& plot, int line_
     for (std::size_t i = 0; i < counts.bins.size(); ++i)
     {
         const int top = plot.y + static_cast<int>(i) * step;
-        const auto mark = [&](int left, std::uint32_t count) {
-            paint_rect(picture, {left, top, size, size}, channel_colours[i], curve(static_cast<float>(count) * share));
-        };
+        const auto mark = [&](int left, std::uint32_t count)
+        { paint_rect(picture, {left, top, size, size}, channel_colours[i], curve(static_cast<float>(count) * share)); };
         mark(plot.x + line_width, counts.bins[i].front());
         mark(plot.x + plot.width - line_width - size, counts.bins[i].back());
     }

@@ -12,7 +12,7 @@ namespace
 struct pad_look
 {
     const char* name;
-    std::optional<std::string> grade_request::*pad;
+    std::optional<std::string> grade_request::* pad;
     int angle;
 };
 

@@ -20,8 +20,8 @@
 
 #include <atomic>
 #include <optional>
-#include <utility>
 #include <unistd.h>
+#include <utility>
 
 namespace ov1
 {

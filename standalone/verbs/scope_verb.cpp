@@ -7,10 +7,10 @@
 #include "command_line/run_options.h"
 #include "platform/rows.h"
 #include "scopes/scope_type.h"
-#include "standalone/sheets/canvas_output.h"
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/media_problem.h"
 #include "standalone/jobs/preview_picture.h"
+#include "standalone/sheets/canvas_output.h"
 #include "standalone/sheets/text_painter.h"
 
 #include <algorithm>

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "framework/ccomponent_v1.h"
+#include "framework/editor_factory.h"
+#include "framework/iview_v1.h"
 #include "framework/parameters/cparameter_boolean_v1.h"
 #include "framework/parameters/cparameter_color_v1.h"
 #include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/parameters/cparameter_integral_v1.h"
-#include "framework/editor_factory.h"
-#include "framework/iview_v1.h"
 
 #include <string>
 

@@ -3,11 +3,11 @@
 
 #include "framework/ccomponent_v1.h"
 #include "framework/chost_v1.h"
+#include "framework/iview_v1.h"
 #include "framework/parameters/cparameter_boolean_v1.h"
 #include "framework/parameters/cparameter_color_v1.h"
 #include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/parameters/cparameter_integral_v1.h"
-#include "framework/iview_v1.h"
 #include "framework/state_blob.h"
 
 #include <functional>

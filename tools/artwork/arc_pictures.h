@@ -1,8 +1,8 @@
 // The pictures of the arcs beside the pads: bands that show what becomes of a colour along the arrow's way.
 #pragma once
 
-#include "tools/artwork/engine_colours.h"
 #include "shared/argb_float.h"
+#include "tools/artwork/engine_colours.h"
 
 #include <string>
 #include <vector>

@@ -1,11 +1,11 @@
 // Draws the editor's pads and arcs: make_artwork FOLDER writes their pictures there. Look tables are read from the
 // resources.
+#include "media/stills/still_writer.h"
+#include "platform/atomic_file.h"
 #include "tools/artwork/arc_geometry.h"
 #include "tools/artwork/arc_pictures.h"
 #include "tools/artwork/pad_geometry.h"
 #include "tools/artwork/pad_pictures.h"
-#include "media/stills/still_writer.h"
-#include "platform/atomic_file.h"
 
 #include <cstdio>
 

@@ -1,9 +1,9 @@
 #include "tools/artwork/pad_pictures.h"
 
+#include "effect/zone.h"
 #include "tools/artwork/anchor_colours.h"
 #include "tools/artwork/pad_geometry.h"
 #include "tools/artwork/pad_response.h"
-#include "effect/zone.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,9 +58,8 @@ pad_picture film_pad(engine_colours& engine)
 pad_picture wheel_pad(const char* name, double lightness, double rim_chroma)
 {
     const auto milli = [](double v) { return static_cast<std::int32_t>(std::lround(v * 1000.0)); };
-    const auto colour = [=](double angle, double strength, double, double) {
-        return rgb_of({hue_milli_of(angle), milli(rim_chroma * strength / 100.0), milli(lightness)});
-    };
+    const auto colour = [=](double angle, double strength, double, double)
+    { return rgb_of({hue_milli_of(angle), milli(rim_chroma * strength / 100.0), milli(lightness)}); };
     return {name, colour};
 }
 

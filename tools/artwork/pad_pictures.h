@@ -1,8 +1,8 @@
 // The pictures of the eight pads, made from what the engine does.
 #pragma once
 
-#include "tools/artwork/engine_colours.h"
 #include "shared/argb_float.h"
+#include "tools/artwork/engine_colours.h"
 
 #include <functional>
 #include <string>

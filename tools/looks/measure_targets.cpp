@@ -146,9 +146,8 @@ std::vector<measured> measure_targets(const look_data& data)
     rows.push_back(
         {7, "greenery: other patches, dE00", largest_off_target(data, real_greenery, greenery_looks), 0.0, 1.5});
     rows.push_back({7, "skin: other patches, dE00", largest_off_target(data, real_skin, skin_looks), 0.0, 2.5});
-    const auto opposite = [&](const char* what, const memory_colour& thing, look_id one, look_id other, double most) {
-        rows.push_back({8, what, opposition(data, thing, one, other), -1.0, most});
-    };
+    const auto opposite = [&](const char* what, const memory_colour& thing, look_id one, look_id other, double most)
+    { rows.push_back({8, what, opposition(data, thing, one, other), -1.0, most}); };
     opposite("sky +100 against -100", real_sky, look_id::sky_100, look_id::sky_minus100, -0.9);
     opposite("sky purple against turquoise", real_sky, look_id::sky_purple, look_id::sky_turquoise, -0.9);
     opposite("greenery bright against olive", real_greenery, look_id::greenery_bright, look_id::greenery_olive, -0.9);

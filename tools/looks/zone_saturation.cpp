@@ -28,7 +28,7 @@ zone_weights weights_of(const oklch& colour)
     return {1.0 - out_of_shadows, out_of_shadows - into_highlights, into_highlights};
 }
 
-rgb_double saturated(const rgb_double& code, double zone_weights::*zone)
+rgb_double saturated(const rgb_double& code, double zone_weights::* zone)
 {
     constexpr double full_ratio = 1.6;
     constexpr double full_steps = 2.0; // grid steps from grey over which the look sets in
@@ -43,7 +43,7 @@ rgb_double saturated(const rgb_double& code, double zone_weights::*zone)
 }
 
 /// The weights are exponents, so that what one zone leaves the others take: no colour remains after all three.
-rgb_double desaturated(const rgb_double& code, double zone_weights::*zone)
+rgb_double desaturated(const rgb_double& code, double zone_weights::* zone)
 {
     constexpr double floor = 0.1;
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "command_line/problem.h"
-#include "media/stills/still_reader.h"
 #include "host/simulator/host_picture.h"
+#include "media/stills/still_reader.h"
 
 #include <string>
 

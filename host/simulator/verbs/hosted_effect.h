@@ -2,8 +2,8 @@
 #pragma once
 
 #include "command_line/problem.h"
-#include "host/simulator/verbs/host_request.h"
 #include "host/simulator/simulated_host.h"
+#include "host/simulator/verbs/host_request.h"
 
 #include <string>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "host/simulator/verbs/open_verb.h"
 
 #include "command_line/program.h"
+#include "host/simulator/inspector.h"
 #include "host/simulator/verbs/host_pictures.h"
 #include "host/simulator/verbs/hosted_effect.h"
-#include "host/simulator/inspector.h"
 
 #import <AppKit/AppKit.h>
 

@@ -1,8 +1,8 @@
 #include "editor/panel/panel_controls.h"
 
-#include "editor/controls/widgets/ccached_nine_part_tiled_bitmap.h"
 #include "editor/controls/style/cov_bitmap.h"
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/widgets/ccached_nine_part_tiled_bitmap.h"
 #include "editor/panel/panel_layout.h"
 #include "platform/iutils.h"
 #include "shared/uid.h"

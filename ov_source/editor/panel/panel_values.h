@@ -1,9 +1,9 @@
 // The values of the panel's controls in figures: a bubble during a drag, lines that can be typed over at rest.
 #pragma once
 
-#include "editor/panel/panel_stops.h"
 #include "editor/controls/widgets/value_line.h"
 #include "editor/controls/widgets/value_readout.h"
+#include "editor/panel/panel_stops.h"
 #include "shared/language_id.h"
 
 #include <functional>

@@ -1,9 +1,9 @@
 // Opens the preset panel over the column of controls, shows what it hovers over, and loads what is chosen.
 #pragma once
 
-#include "editor/toolbar/cov_plugin_toolbar.h"
 #include "editor/presets/preset_panel.h"
 #include "editor/preview/preview_view.h"
+#include "editor/toolbar/cov_plugin_toolbar.h"
 
 #include "vstgui/lib/cframe.h"
 

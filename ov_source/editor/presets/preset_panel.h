@@ -1,8 +1,8 @@
 // The presets as a panel of small pictures: the current frame through each of them, with a search field.
 #pragma once
 
-#include "editor/toolbar/preset_menu.h"
 #include "editor/presets/preset_thumbnails.h"
+#include "editor/toolbar/preset_menu.h"
 #include "shared/language_id.h"
 
 #include "vstgui/lib/controls/ctextedit.h"

@@ -1,7 +1,7 @@
 #include "editor/preview/preview_bar.h"
 
-#include "editor/controls/widgets/csimple_slider.h"
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/widgets/csimple_slider.h"
 #include "platform/iutils.h"
 
 #include "vstgui/lib/cdrawcontext.h"

@@ -1,13 +1,13 @@
 #include "editor/toolbar/cov_plugin_toolbar.h"
 
-#include "editor/toolbar/editor_dialogs.h"
 #include "editor/controls/style/editor_style.h"
+#include "editor/toolbar/editor_dialogs.h"
 #include "editor/toolbar/grade_clipboard.h"
 #include "editor/toolbar/popup_menu.h"
 #include "effect/lut/lut_argb_variable.h"
 #include "framework/ihost_v1.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "framework/lut_exporter.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "platform/iutils.h"
 #include "presets/preset_messages.h"
 

@@ -2,9 +2,9 @@
 
 #include "framework/view/cview_v1.h"
 #include "framework/view/x11/poll_run_loop.h"
-#include "framework/window_factory.h"
 #include "framework/view/x11/x11_desktop.h"
 #include "framework/view/x11/x11_window.h"
+#include "framework/window_factory.h"
 #include "platform/desktop_services.h"
 #include "platform/iutils.h"
 

@@ -3,9 +3,9 @@
 #include "editor/editor_scope.h"
 #include "editor/veridial_ui.h"
 #include "framework/icomponent_v1.h"
+#include "host/simulator/inspector.h"
 #include "host/simulator/verbs/host_pictures.h"
 #include "support/temp_folder.h"
-#include "host/simulator/inspector.h"
 
 #import "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
 

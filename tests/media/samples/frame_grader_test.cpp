@@ -109,9 +109,8 @@ int largest_difference(const AVFrame& a, const AVFrame& b, const frame_form& for
 
 plane_grade through(const render_table& table)
 {
-    return [&](std::size_t, const rgb_planes<float>& row, std::size_t count) {
-        table.render_row_planes({row.r, row.g, row.b}, row, count);
-    };
+    return [&](std::size_t, const rgb_planes<float>& row, std::size_t count)
+    { table.render_row_planes({row.r, row.g, row.b}, row, count); };
 }
 
 constexpr AVPixelFormat all_forms[] = {
@@ -189,11 +188,8 @@ TEST(frame_grader, colours_are_those_of_the_standards_and_come_back_in_another_f
         argb_float seen;
         frame_grader(shape, rgb16)
             .grade(
-                *in, *out,
-                [&](std::size_t, const rgb_planes<float>& row, std::size_t) {
-                    seen = {1, row.r[0], row.g[0], row.b[0]};
-                },
-                run_in_turn);
+                *in, *out, [&](std::size_t, const rgb_planes<float>& row, std::size_t)
+                { seen = {1, row.r[0], row.g[0], row.b[0]}; }, run_in_turn);
         EXPECT_NEAR(seen.r, 1, red.tolerance);
         EXPECT_NEAR(seen.g, 0, red.tolerance);
         EXPECT_NEAR(seen.b, 0, red.tolerance);

@@ -16,9 +16,8 @@ using still_reading = media_test;
 /// Puts a chunk behind a PNG's header.
 file_bytes with_chunk(file_bytes png, std::string_view type, std::string_view data)
 {
-    const auto big_endian = [](std::uint32_t v) {
-        return file_bytes{std::uint8_t(v >> 24), std::uint8_t(v >> 16), std::uint8_t(v >> 8), std::uint8_t(v)};
-    };
+    const auto big_endian = [](std::uint32_t v)
+    { return file_bytes{std::uint8_t(v >> 24), std::uint8_t(v >> 16), std::uint8_t(v >> 8), std::uint8_t(v)}; };
     file_bytes chunk = big_endian(static_cast<std::uint32_t>(data.size()));
     chunk.insert(chunk.end(), type.begin(), type.end());
     chunk.insert(chunk.end(), data.begin(), data.end());

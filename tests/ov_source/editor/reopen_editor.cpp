@@ -4,8 +4,8 @@
 #include "framework/create_ccomponent.h"
 #include "framework/editor_session.h"
 #include "framework/icomponent_v1.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "framework/iview_v1.h"
+#include "framework/parameters/iparameter_v1.h"
 #include "shared/image.h"
 
 #include <cstdio>

@@ -23,7 +23,7 @@ struct amounts
 };
 
 /// Reference tables that no real ones resemble: each moves one channel by its own step.
-table moved(float argb_float::*channel, float step)
+table moved(float argb_float::* channel, float step)
 {
     table t;
     for (argb_float& e : t.get_entries())

@@ -2,8 +2,8 @@
 
 #include "effect/lut/lut_argb_variable.h"
 #include "framework/chost_v1.h"
-#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/create_ccomponent.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/restore_scope.h"
 #include "framework/state_blob.h"
 

@@ -2,8 +2,8 @@
 
 #include "framework/ccomponent_v1.h"
 #include "framework/chost_v1.h"
-#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/iview_v1.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/preview_sink.h"
 #include "framework/window_factory.h"
 #include "support/fake_window.h"

@@ -51,9 +51,7 @@ TEST_F(cutils_mac_test, folders)
 {
     const temp_folder folder;
     EXPECT_TRUE(utils.create_dir(folder / "new"));
-    struct stat facts
-    {
-    };
+    struct stat facts{};
     ASSERT_EQ(stat((folder / "new").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777u, 0777u) << "whatever the mask";
     EXPECT_FALSE(utils.create_dir(folder / "new") || utils.create_dir(""));

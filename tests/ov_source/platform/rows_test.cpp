@@ -64,8 +64,7 @@ TEST(rows, pieces_may_have_pieces)
 {
     std::atomic<std::size_t> sum = 0;
     for_each_row_piece(
-        20, 1, 0,
-        [&](std::size_t outer, std::size_t)
+        20, 1, 0, [&](std::size_t outer, std::size_t)
         { for_each_row_piece(30, 4, 0, [&](std::size_t first, std::size_t end) { sum += outer * (end - first); }); });
     EXPECT_EQ(sum, 190u * 30);
 }

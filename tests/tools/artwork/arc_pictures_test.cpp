@@ -1,5 +1,5 @@
-#include "tools/artwork/arc_ramps.h"
 #include "support/picture_file.h"
+#include "tools/artwork/arc_ramps.h"
 
 #include <cmath>
 #include <functional>

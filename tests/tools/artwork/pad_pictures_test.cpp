@@ -1,10 +1,10 @@
 // The pads' pictures, as the build wrote them, are held against the engine's own output.
-#include "tools/artwork/anchor_colours.h"
-#include "tools/artwork/arc_ramps.h"
-#include "tools/artwork/pad_geometry.h"
 #include "effect/build_lut.h"
 #include "effect/zone.h"
 #include "support/picture_file.h"
+#include "tools/artwork/anchor_colours.h"
+#include "tools/artwork/arc_ramps.h"
+#include "tools/artwork/pad_geometry.h"
 
 #include <algorithm>
 #include <cmath>

@@ -98,8 +98,7 @@ const damage_row damages[] = {
      [](look_data& d) { d[look_id::skin_reddened] = d[look_id::skin_yellowish]; }},
     {9, "the S-curve not the sum", measure_lattice,
      [](look_data& d) { entry(d, look_id::film_100, 3, 7, 9).r += 1e-5f; }},
-    {10, "two neighbours exchanged", measure_lattice,
-     [](look_data& d)
+    {10, "two neighbours exchanged", measure_lattice, [](look_data& d)
      { std::swap(entry(d, look_id::greenery_irish, 3, 9, 4), entry(d, look_id::greenery_irish, 3, 10, 4)); }},
     {11, "a jump", measure_lattice, [](look_data& d) { entry(d, look_id::sky_turquoise, 4, 8, 11).r += 0.3f; }},
     {12, "a dent in skin", measure_pictures,

@@ -28,9 +28,8 @@ arrow_outline arrow_outline_of(const arc_view& view, double angle)
     const bool points_right = view.orientation == COVArrowArcOrientation::pivot_left;
     const double forward = points_right ? 1.0 : -1.0;
     const arc_point pivot = {points_right ? view.left : view.right, (view.top + view.bottom) / 2.0};
-    const auto at = [&](double distance, double direction) {
-        return arc_point{pivot.x + forward * distance * std::cos(direction), pivot.y - distance * std::sin(direction)};
-    };
+    const auto at = [&](double distance, double direction)
+    { return arc_point{pivot.x + forward * distance * std::cos(direction), pivot.y - distance * std::sin(direction)}; };
     // Perpendicular to the ray, on the side of greater angles.
     const double side_x = -forward * half_thickness * std::sin(angle);
     const double side_y = -half_thickness * std::cos(angle);

@@ -1,10 +1,10 @@
 #include "editor/controls/modal/modal_panel.h"
 
-#include "editor/controls/widgets/cov_rounded_grey_button.h"
 #include "editor/controls/modal/modal_layer.h"
 #include "editor/controls/style/round_box.h"
 #include "editor/controls/style/text_lines.h"
 #include "editor/controls/style/text_measure.h"
+#include "editor/controls/widgets/cov_rounded_grey_button.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "framework/view/x11/x11_window.h"
 
-#include "framework/view/x11/icon_pixels.h"
 #include "framework/view/view_size.h"
+#include "framework/view/x11/icon_pixels.h"
 
 #include <algorithm>
 #include <array>

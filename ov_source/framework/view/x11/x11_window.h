@@ -1,8 +1,8 @@
 // A top-level X11 window for an editor.
 #pragma once
 
-#include "framework/window.h"
 #include "framework/view/x11/x11_desktop.h"
+#include "framework/window.h"
 #include "shared/rect.h"
 
 #include <atomic>

@@ -27,7 +27,7 @@ table scrambled()
 }
 
 /// Trilinear interpolation as eight weighted corners, in double precision: another road to the same value.
-double weighted_corners(const table& t, const argb_float& c, float argb_float::*channel)
+double weighted_corners(const table& t, const argb_float& c, float argb_float::* channel)
 {
     const auto axis = [](float v) { return std::min(std::max(v * 16.0, 0.0), 16.0); };
     const double x[3] = {axis(c.r), axis(c.g), axis(c.b)};
@@ -144,7 +144,7 @@ TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
     // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
     const argb_float source{0, 4 * step, 8 * step, 12 * step};
     const lut<17> t = bent({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
-    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::*channel)
+    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::* channel)
     { return (t.get_direct(4, g, b).*channel - table().get_direct(4, g, b).*channel) * 65535; };
     // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
     constexpr float tolerance = 0.05f;

@@ -1,6 +1,6 @@
 #include "editor/controls/modal/modal_panel.h"
-#include "editor/controls/style/text_lines.h"
 #include "editor/controls/modal/tooltip_layer.h"
+#include "editor/controls/style/text_lines.h"
 #include "ov_source/editor/controls/widgets/control_stage.h"
 
 #include <algorithm>

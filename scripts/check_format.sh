@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Ends with 1 when a source file is not formatted as .clang-format says; --fix formats it.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+case ${1:-} in
+  '') mode=(--dry-run --Werror) ;;
+  --fix) mode=(-i) ;;
+  *)
+    echo "check_format: '--fix' or nothing, not '$1'" >&2
+    exit 2
+    ;;
+esac
+git ls-files -z -- '*.h' '*.cpp' '*.mm' | xargs -0 -n 40 -P "$(nproc)" clang-format-19 "${mode[@]}"
