@@ -1,0 +1,79 @@
+// What an operation that may fail returns: its value, or the failure.
+//
+//   result<> save(...);                      if (const auto saved = save(...); !saved)
+//   result<table> read(...);                     return saved.error();
+#pragma once
+
+#include "shared/failure.h"
+
+#include <optional>
+#include <utility>
+#include <variant>
+
+namespace ov1
+{
+
+/// Either a value or a failure; made from either. Ignoring one is a compiler warning.
+template <typename T = void>
+class [[nodiscard]] result
+{
+public:
+    result(T value)
+        : content(std::in_place_index<0>, std::move(value))
+    {
+    }
+
+    result(failure why)
+        : content(std::in_place_index<1>, std::move(why))
+    {
+    }
+
+    explicit operator bool() const { return content.index() == 0; }
+
+    /// Only where there is a value.
+    T& operator*() & { return *std::get_if<0>(&content); }
+    const T& operator*() const& { return *std::get_if<0>(&content); }
+    T&& operator*() && { return std::move(*std::get_if<0>(&content)); }
+    T* operator->() { return std::get_if<0>(&content); }
+    const T* operator->() const { return std::get_if<0>(&content); }
+
+    /// Only where there is none.
+    failure& error() & { return *std::get_if<1>(&content); }
+    const failure& error() const& { return *std::get_if<1>(&content); }
+    failure&& error() && { return std::move(*std::get_if<1>(&content)); }
+
+private:
+    std::variant<T, failure> content;
+};
+
+/// Done, or a failure.
+template <>
+class [[nodiscard]] result<void>
+{
+public:
+    result() = default;
+
+    result(failure why)
+        : problem(std::move(why))
+    {
+    }
+
+    explicit operator bool() const { return !problem.has_value(); }
+
+    /// Only where it failed.
+    failure& error() & { return *problem; }
+    const failure& error() const& { return *problem; }
+    failure&& error() && { return std::move(*problem); }
+
+private:
+    std::optional<failure> problem;
+};
+
+/// The same failure, told of a subject: what a caller adds that knows how the user named it.
+inline failure about(std::string subject, failure why)
+{
+    why.subject = std::move(subject);
+    return why;
+}
+
+} // namespace ov1
