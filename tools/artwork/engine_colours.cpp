@@ -5,10 +5,11 @@
 namespace ov1
 {
 
-std::vector<rgb_double> engine_colours::graded(std::span<const rgb_double> colours, std::span<const asked_value> values)
+std::vector<rgb_double> engine_colours::graded(std::span<const rgb_double> colours,
+                                               std::span<const parameter_setting> values)
 {
     grade_settings settings;
-    for (const asked_value& v : values)
+    for (const parameter_setting& v : values)
         settings.settings[static_cast<std::size_t>(v.parameter)].value = static_cast<float>(v.value);
     build_lut(settings, looks, skin, table);
 

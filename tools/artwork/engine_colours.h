@@ -1,4 +1,4 @@
-// What the engine makes of single colours.
+// Single colours graded by the engine.
 #pragma once
 
 #include "effect/lut/integer_hsl.h"
@@ -13,18 +13,19 @@
 namespace ov1
 {
 
-struct asked_value
+/// A parameter that differs from its default.
+struct parameter_setting
 {
     parameter_index parameter;
     double value; ///< in the parameter's own unit
 };
 
-/// Look tables and skin data, read once. Not for use from several threads.
+/// Reads look tables and skin data once, at construction. For one thread.
 class engine_colours
 {
 public:
-    /// Colours after the grade with these values and all others at their defaults; code values, 0..1.
-    std::vector<rgb_double> graded(std::span<const rgb_double> colours, std::span<const asked_value> values);
+    /// Grades colours with these parameters and all others at their defaults; code values, 0..1.
+    std::vector<rgb_double> graded(std::span<const rgb_double> colours, std::span<const parameter_setting> values);
 
 private:
     veridial_luts looks;

@@ -2,9 +2,7 @@
 // resources.
 #include "media/stills/still_writer.h"
 #include "platform/atomic_file.h"
-#include "tools/artwork/arc_geometry.h"
 #include "tools/artwork/arc_pictures.h"
-#include "tools/artwork/pad_geometry.h"
 #include "tools/artwork/pad_pictures.h"
 
 #include <cstdio>

@@ -2,7 +2,6 @@
 
 #include "effect/zone.h"
 #include "tools/artwork/anchor_colours.h"
-#include "tools/artwork/pad_geometry.h"
 #include "tools/artwork/pad_response.h"
 
 #include <algorithm>
@@ -24,17 +23,18 @@ pad_picture look_pad(engine_colours& engine, const char* name, parameter_index a
     return {name, [response](double a, double s, double, double) { return response->at(0, a, s); }};
 }
 
-/// Dark to light and back, once in a tile of so many points. Short of black and white, which stay as they are.
-double ramp_tile(double x)
+/// A grey ramp along x, dark to light over 15 points and back. It stops short of black and white, which film contrast
+/// does not change.
+double grey_ramp(double x)
 {
-    constexpr double tile_points = 15.0;
+    constexpr double half_period_points = 15.0;
     constexpr double darkest = 0.15, lightest = 0.85;
-    return std::lerp(darkest, lightest, std::abs(std::remainder(x / tile_points, 2.0)));
+    return std::lerp(darkest, lightest, std::abs(std::remainder(x / half_period_points, 2.0)));
 }
 
 pad_picture film_pad(engine_colours& engine)
 {
-    // The table is linear between its grid points, and so is what it does to greys.
+    // The table is linear between its grid points, so these greys give all others.
     std::vector<rgb_double> greys;
     for (std::size_t i = 0; i < lut_edge; ++i)
     {
@@ -45,16 +45,17 @@ pad_picture film_pad(engine_colours& engine)
                                                          parameter_index::film_contrast_strength, greys);
     const auto colour = [response](double angle, double strength, double x, double)
     {
-        const double place = ramp_tile(x) * (lut_edge - 1);
+        const double place = grey_ramp(x) * (lut_edge - 1);
         const auto i = std::min(static_cast<std::size_t>(place), lut_edge - 2);
-        const double way = place - static_cast<double>(i);
-        const double level = std::lerp(response->at(i, angle, strength).g, response->at(i + 1, angle, strength).g, way);
+        const double fraction = place - static_cast<double>(i);
+        const double level =
+            std::lerp(response->at(i, angle, strength).g, response->at(i + 1, angle, strength).g, fraction);
         return rgb_double{level, level, level};
     };
     return {"film_contrast_xy_background.png", colour};
 }
 
-/// Chroma grows evenly to what the wheel asks for at its rim; both in percent.
+/// Chroma grows linearly from the centre to rim_chroma; both in percent.
 pad_picture wheel_pad(const char* name, double lightness, double rim_chroma)
 {
     const auto milli = [](double v) { return static_cast<std::int32_t>(std::lround(v * 1000.0)); };
@@ -76,9 +77,9 @@ argb_float pixel(const pad_picture& pad, double x, double y)
     if (cover == 0.0)
         return {};
     const double angle = std::atan2(-x, -y) * 180.0 / std::numbers::pi;
-    const double strength = std::min(distance / picture_scale / full_strength_points, 1.0) * 100.0;
+    const double strength = std::min(distance / artwork_scale / full_strength_points, 1.0) * 100.0;
     const rgb_double c =
-        pad.colour(angle < 0.0 ? angle + 360.0 : angle, strength, x / picture_scale, y / picture_scale);
+        pad.colour(angle < 0.0 ? angle + 360.0 : angle, strength, x / artwork_scale, y / artwork_scale);
     return {static_cast<float>(cover), static_cast<float>(c.r), static_cast<float>(c.g), static_cast<float>(c.b)};
 }
 
@@ -87,7 +88,7 @@ argb_float pixel(const pad_picture& pad, double x, double y)
 std::vector<pad_picture> make_pad_pictures(engine_colours& engine)
 {
     using index = parameter_index;
-    constexpr double master_chroma = 100.0; // the wheel's hues in full: its picture stands for all of them
+    constexpr double master_chroma = 100.0; // the most colourful: this wheel acts on all tones
     return {
         wheel_pad("master_xy_background.png", 50.0, master_chroma),
         zone_pad("shadows_xy_background.png", zone::shadows),

@@ -10,9 +10,10 @@ namespace ov1
 namespace
 {
 
-rgb_double between(const rgb_double& from, const rgb_double& to, double way)
+rgb_double between(const rgb_double& from, const rgb_double& to, double fraction)
 {
-    return {from.r + (to.r - from.r) * way, from.g + (to.g - from.g) * way, from.b + (to.b - from.b) * way};
+    return {from.r + (to.r - from.r) * fraction, from.g + (to.g - from.g) * fraction,
+            from.b + (to.b - from.b) * fraction};
 }
 
 } // namespace
@@ -22,14 +23,14 @@ pad_response::pad_response(engine_colours& engine, parameter_index angle, parame
 {
     for (std::size_t a = 0; a < angles; ++a)
         for (std::size_t s = 0; s <= strengths; ++s)
-            answers.push_back(
-                engine.graded(colours, std::array{asked_value{angle, 360.0 * static_cast<double>(a) / angles},
-                                                  asked_value{strength, 100.0 * static_cast<double>(s) / strengths}}));
+            graded.push_back(engine.graded(
+                colours, std::array{parameter_setting{angle, 360.0 * static_cast<double>(a) / angles},
+                                    parameter_setting{strength, 100.0 * static_cast<double>(s) / strengths}}));
 }
 
 const rgb_double& pad_response::point(std::size_t colour, std::size_t angle, std::size_t strength) const
 {
-    return answers[angle % angles * (strengths + 1) + strength][colour];
+    return graded[angle % angles * (strengths + 1) + strength][colour];
 }
 
 rgb_double pad_response::at(std::size_t colour, double angle, double strength) const

@@ -1,4 +1,4 @@
-// What a pad does to colours, all over its disc.
+// What the engine does to colours for every position of a pad's handle.
 #pragma once
 
 #include "tools/artwork/engine_colours.h"
@@ -8,15 +8,16 @@
 namespace ov1
 {
 
-/// The engine's answers on a lattice of angles and strengths. The angles include all at which a pad changes its manner,
-/// and between them and with the strength looks grow evenly, so that the lattice gives the engine's own colours.
+/// Graded colours on a lattice of angles and strengths, interpolated between. The lattice holds every angle at which a
+/// pad's behaviour changes, and in between looks change linearly with angle and strength: at() equals the engine.
 class pad_response
 {
 public:
+    /// Grades the colours once for every point of the lattice.
     pad_response(engine_colours& engine, parameter_index angle, parameter_index strength,
                  const std::vector<rgb_double>& colours);
 
-    /// What becomes of the colour of that index at an angle in degrees and a strength of 0..100.
+    /// The graded colour of that index, at an angle in degrees, 0..360, and a strength in percent, 0..100.
     rgb_double at(std::size_t colour, double angle, double strength) const;
 
 private:
@@ -25,7 +26,7 @@ private:
 
     const rgb_double& point(std::size_t colour, std::size_t angle, std::size_t strength) const;
 
-    std::vector<std::vector<rgb_double>> answers; ///< one for each angle and strength, strengths innermost
+    std::vector<std::vector<rgb_double>> graded; ///< by angle, then by strength: all colours of that point
 };
 
 } // namespace ov1

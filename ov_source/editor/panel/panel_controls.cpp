@@ -1,5 +1,6 @@
 #include "editor/panel/panel_controls.h"
 
+#include "editor/controls/geometry/artwork_scale.h"
 #include "editor/controls/style/cov_bitmap.h"
 #include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/ccached_nine_part_tiled_bitmap.h"
@@ -20,7 +21,6 @@ namespace
 
 /// Under it a smoothness slider carries its panel's range arc, as a pointer that is not owned.
 constexpr CViewAttributeID spread_arc_attribute = 'r' << 24 | 's' << 16 | 'a' << 8 | 't';
-constexpr double degrees_of_full_spread = 15;
 constexpr float slider_reach = 100;
 constexpr std::int32_t least_value_on_the_left = 4; ///< as the slider's constructor takes it
 constexpr CCoord panel_margin = 3;                  ///< of the panel's picture, the part that is not stretched
@@ -163,7 +163,7 @@ SharedPointer<CBitmap> draw_panel_background(CFrame* frame)
     const CNinePartTiledDescription margins(panel_margin, panel_margin, panel_margin, panel_margin);
     const auto tiles = makeOwned<CNinePartTiledBitmap>(CResourceDescription("panel_first.png"), margins);
     if (const auto pixels = tiles->getPlatformBitmap())
-        pixels->setScaleFactor(2);
+        pixels->setScaleFactor(artwork_scale);
     auto panel = makeOwned<CCachedNinePartTiledBitmap>(tiles);
     panel->generate(frame, panel_width, panel_height);
     return panel;
@@ -175,6 +175,6 @@ COVArrowArcSlider* find_spread_arc(const CControl& control)
     return control.getAttribute(spread_arc_attribute, arc) ? arc : nullptr;
 }
 
-void spread_arc(COVArrowArcSlider& arc, float normalized) { arc.setSpreadAngle(degrees_of_full_spread * normalized); }
+void spread_arc(COVArrowArcSlider& arc, float normalized) { arc.setSpreadAngle(full_spread_degrees * normalized); }
 
 } // namespace ov1

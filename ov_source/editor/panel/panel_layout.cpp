@@ -1,5 +1,7 @@
 #include "editor/panel/panel_layout.h"
 
+#include "editor/controls/geometry/pad_geometry.h"
+
 namespace ov1
 {
 
@@ -9,7 +11,6 @@ namespace
 constexpr int label_height = 12;
 constexpr int gap_above_pad = 7;
 constexpr int gap_beside_pad = 2;
-constexpr int frame_of_pad = 1; ///< by which a pad is larger than its picture
 
 int rounded(double v) { return static_cast<int>(v + 0.5); }
 
@@ -20,14 +21,14 @@ double middle_y(const rect& r) { return r.y + r.height / 2.0; }
 
 rect place_pad(const control_size& picture, int x_offset, int top)
 {
-    const int width = rounded(picture.width) + frame_of_pad;
-    const int height = rounded(picture.height) + frame_of_pad;
+    const int width = rounded(picture.width) + pad_margin_points;
+    const int height = rounded(picture.height) + pad_margin_points;
     return {rounded((panel_width - width) / 2.0 + x_offset), top, width, height};
 }
 
 rect place_panel_label(const rect& pad)
 {
-    const int width = pad.width - frame_of_pad;
+    const int width = pad.width - pad_margin_points;
     return {rounded(middle_x(pad) - width / 2.0), pad.y - gap_above_pad - label_height, width, label_height};
 }
 

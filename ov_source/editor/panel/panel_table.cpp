@@ -1,14 +1,12 @@
 #include "editor/panel/panel_table.h"
 
+#include "editor/controls/geometry/arc_geometry.h"
+
 namespace ov1
 {
 
 namespace
 {
-
-// Arrows of these arcs swing nearly to the picture's ends; the others show a spread and need room for it.
-constexpr int inset_of_plain = 4;
-constexpr int inset_of_spread = 9;
 
 constexpr const char* grey_left = "gray_slider_background_left.png";
 constexpr const char* grey_right = "gray_slider_background_right.png";
@@ -17,18 +15,18 @@ constexpr const char* range_tooltip = "{en:Shift the effect range towards the sh
 
 constexpr panel_arc range_arc(const char* parameter)
 {
-    return {parameter, grey_left, true, inset_of_spread, range_tooltip};
+    return {parameter, grey_left, true, spread_arc_inset_points, range_tooltip};
 }
 
 constexpr panel_arc lightness_arc(const char* parameter, const char* tooltip)
 {
-    return {parameter, grey_right, false, inset_of_plain, tooltip};
+    return {parameter, grey_right, false, arc_inset_points, tooltip};
 }
 
 constexpr panel_arc master_arcs[] = {
-    {"Global Chroma", "global_saturation_background.png", true, inset_of_plain,
+    {"Global Chroma", "global_saturation_background.png", true, arc_inset_points,
      "{en:Increase or decrease the saturation of the entire image}{de:Sättigung des gesamten Bildes einstellen}"},
-    {"Global Luminance", grey_right, false, inset_of_plain,
+    {"Global Luminance", grey_right, false, arc_inset_points,
      "{en:Increase or decrease the brightness of the entire image}{de:Helligkeit des gesamten Bildes einstellen}"},
 };
 
@@ -68,9 +66,9 @@ constexpr panel_slider mids_sliders[] = {
 };
 
 constexpr panel_arc skin_arcs[] = {
-    {"Protect Skin Tones", "skin_protection_slider_background_left.png", true, inset_of_spread,
+    {"Protect Skin Tones", "skin_protection_slider_background_left.png", true, spread_arc_inset_points,
      "{en:Adjust skin tone protection}{de:Hautton Schutz anpassen}"},
-    {"Skin Tone Brightness", "skin_brightness_slider_background_right.png", false, inset_of_plain,
+    {"Skin Tone Brightness", "skin_brightness_slider_background_right.png", false, arc_inset_points,
      "{en:Brighten up or darken the skin tones}{de:Hauttöne aufhellen oder abdunkeln}"},
 };
 

@@ -4,7 +4,7 @@
 #include "support/picture_file.h"
 #include "tools/artwork/anchor_colours.h"
 #include "tools/artwork/arc_ramps.h"
-#include "tools/artwork/pad_geometry.h"
+#include "tools/artwork/pad_pictures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,7 +32,7 @@ public:
     /// The pixel under the middle of the handle.
     argb_float at(double angle, double strength) const
     {
-        const double radius = full_strength_points * picture_scale * strength / 100.0;
+        const double radius = full_strength_points * artwork_scale * strength / 100.0;
         const double turn = angle * std::numbers::pi / 180.0;
         const auto place = [](double v) { return static_cast<int>(std::floor(pad_pixels / 2.0 + v)); };
         return at_pixel(place(-radius * std::sin(turn)), place(-radius * std::cos(turn)));
@@ -93,7 +93,7 @@ TEST(pad_pictures, film_contrast_shows_a_ramp_after_the_engine)
     {
         SCOPED_TRACE(angle);
         // The ramp is at its darkest in the middle column and at its lightest 15 points beside it.
-        const double radius = full_strength_points * picture_scale;
+        const double radius = full_strength_points * artwork_scale;
         const bool upright = angle == 0.0 || angle == 180.0;
         const double x = upright ? 0 : angle == 90.0 ? -3 * 30.0 : 3 * 30.0;
         const double level = upright ? 0.15 : 0.85;

@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr double half_thickness = 2.5;
-constexpr double tip_length = 2.5;
+constexpr double head_length = 2.5; // from the barbs to the tip
 
 double angle_to(double height, double reach) { return std::asin(std::clamp(height / reach, -1.0, 1.0)); }
 
@@ -28,19 +28,19 @@ arrow_outline arrow_outline_of(const arc_view& view, double angle)
     const bool points_right = view.orientation == COVArrowArcOrientation::pivot_left;
     const double forward = points_right ? 1.0 : -1.0;
     const arc_point pivot = {points_right ? view.left : view.right, (view.top + view.bottom) / 2.0};
-    const auto at = [&](double distance, double direction)
+    const auto point_at = [&](double distance, double direction)
     { return arc_point{pivot.x + forward * distance * std::cos(direction), pivot.y - distance * std::sin(direction)}; };
-    // Perpendicular to the ray, on the side of greater angles.
+    // From the arrow's axis to its edge, perpendicular, towards greater angles; y grows downwards.
     const double side_x = -forward * half_thickness * std::sin(angle);
     const double side_y = -half_thickness * std::cos(angle);
 
-    const double tip = view.right - view.left - 1.0 - view.frame_width;
-    const double barbs = tip - tip_length;
-    const double half_opening = std::atan(half_thickness / barbs);
+    const double tip = arrow_length(view.right - view.left, view.frame_width);
+    const double barbs = tip - head_length;
+    const double half_opening = std::atan(half_thickness / barbs); // of the barbs as the pivot sees them
     return {{{pivot.x - side_x, pivot.y - side_y},
-             at(barbs, angle - half_opening),
-             at(tip, angle),
-             at(barbs, angle + half_opening),
+             point_at(barbs, angle - half_opening),
+             point_at(tip, angle),
+             point_at(barbs, angle + half_opening),
              {pivot.x + side_x, pivot.y + side_y}}};
 }
 

@@ -11,9 +11,9 @@ namespace
 {
 
 constexpr float pi = std::numbers::pi_v<float>;
-constexpr float radians_per_degree = 0.017453292F;
+constexpr float radians_per_degree = 0.017453292F; // single precision throughout: the toolkit's values are floats
 
-/// From the centre, where 1 is the middle of the pad's edge.
+/// From the centre; 1 is the middle of the pad's edge.
 struct offset
 {
     float x = 0.0F;
@@ -44,6 +44,7 @@ std::optional<pad_polar> polar_of(const pad_place& place, float max_radius)
     const offset handle = offset_of(place);
     if (handle.x == 0.0F || handle.y == 0.0F)
         return std::nullopt;
+    // Both signs are turned, so that 0 is up and angles grow to the left.
     float angle = std::atan2(-handle.x, -handle.y);
     if (angle < 0.0F)
         angle += 2.0F * pi;
@@ -59,7 +60,7 @@ pad_place place_of(const pad_polar& polar, float max_radius)
 
 pad_polar nudged(const pad_polar& polar, float right, float down)
 {
-    constexpr float no_distance = 0.001F;
+    constexpr float no_distance = 0.001F; // percent; the direction of less is rounding noise
     const float angle = polar.angle * radians_per_degree;
     const offset handle = {right - std::sin(angle) * polar.radius, down - std::cos(angle) * polar.radius};
     if (handle.length() < no_distance)
@@ -68,16 +69,11 @@ pad_polar nudged(const pad_polar& polar, float right, float down)
     return {turned < 0.0F ? turned + 360.0F : turned, std::min(handle.length(), 100.0F)};
 }
 
-float max_radius_of(double width, double handle_diameter, double frame_width)
-{
-    return static_cast<float>((width - (handle_diameter - frame_width) / 2.0) / width);
-}
-
 pad_place pulled_onto_rim(const pad_place& place, float max_radius)
 {
     const offset handle = offset_of(place);
     const float length = handle.length();
-    if (!(length > max_radius))
+    if (!(length > max_radius)) // also for a NaN
         return place;
     const float shrink = max_radius / length;
     return place_at({handle.x * shrink, handle.y * shrink});

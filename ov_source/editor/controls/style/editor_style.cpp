@@ -1,5 +1,6 @@
 #include "editor/controls/style/editor_style.h"
 
+#include "editor/controls/geometry/artwork_scale.h"
 #include "editor/controls/style/cov_bitmap.h"
 
 #include "vstgui/lib/cgraphicstransform.h"
@@ -12,8 +13,6 @@ using namespace VSTGUI;
 
 namespace
 {
-
-constexpr double artwork_scale = 2;
 
 SharedPointer<CFontDesc> make_font(CCoord size, std::int32_t face = kNormalFace)
 {

@@ -11,7 +11,6 @@ namespace
 {
 
 constexpr double radians_per_degree = std::numbers::pi / 180.0;
-constexpr VSTGUI::CCoord frame_points = 2.0;
 const VSTGUI::CColor arrow_grey(176, 176, 176);
 
 } // namespace
@@ -29,7 +28,7 @@ COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControl
     setOffsetHandle({0.0, min_pos - size.top + 0.5});
     setFrameColor(VSTGUI::kBlackCColor);
     setBackColor(arrow_grey);
-    setFrameWidth(frame_points);
+    setFrameWidth(arrow_frame_points);
 }
 
 void COVArrowArcSlider::setOrientation(COVArrowArcOrientation side)

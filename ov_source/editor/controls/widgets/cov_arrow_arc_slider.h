@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/controls/geometry/arc_geometry.h"
-#include "editor/controls/geometry/fine_drag.h"
+#include "editor/controls/widgets/fine_drag.h"
 #include "vstgui/vstgui.h"
 
 namespace ov1

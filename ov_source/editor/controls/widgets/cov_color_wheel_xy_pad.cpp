@@ -8,8 +8,6 @@ namespace ov1
 namespace
 {
 
-constexpr VSTGUI::CCoord frame_points = 2.5;
-constexpr VSTGUI::CCoord handle_points = 12.0;
 constexpr float wheel_increment = 0.04F;
 const VSTGUI::CColor clear_white(255, 255, 255, 0);
 
@@ -25,8 +23,8 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     setBackground(background);
     setTransparency(true);
     setWantsFocus(true);
-    setFrameWidth(frame_points);
-    COVColorWheelXYPad::setRoundRectRadius(handle_points);
+    setFrameWidth(pad_handle_frame_points);
+    COVColorWheelXYPad::setRoundRectRadius(pad_handle_points);
     setDefaultValues(0.5F, 0.5F);
     COVColorWheelXYPad::setValue(pad_centre_value);
     setFontColor(clear_white);

@@ -1,8 +1,8 @@
 // A round colour wheel on which one handle sets two parameters, an angle and a radius.
 #pragma once
 
-#include "editor/controls/geometry/fine_drag.h"
 #include "editor/controls/geometry/pad_geometry.h"
+#include "editor/controls/widgets/fine_drag.h"
 #include "vstgui/vstgui.h"
 
 namespace ov1

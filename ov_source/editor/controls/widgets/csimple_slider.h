@@ -1,7 +1,7 @@
 // A plain horizontal slider that can drag a partner along.
 #pragma once
 
-#include "editor/controls/geometry/fine_drag.h"
+#include "editor/controls/widgets/fine_drag.h"
 #include "vstgui/vstgui.h"
 
 namespace ov1

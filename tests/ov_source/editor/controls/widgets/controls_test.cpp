@@ -58,6 +58,21 @@ struct pad_stage : control_stage
     const float rim = max_radius_of(112.0, 12.0, 2.5);
 };
 
+TEST(cov_color_wheel_xy_pad, packs_values_as_the_toolkit_does_to_the_bit)
+{
+    for (int i = 0; i <= 2000; i += 3)
+        for (int j = 0; j <= 2000; ++j)
+        {
+            const pad_place place = {static_cast<float>(i) / 2000.0F, static_cast<float>(j) / 2000.0F};
+            const float value = pack_pad_value(place);
+            pad_place expected;
+            VSTGUI::CXYPad::calculateXY(value, expected.x, expected.y);
+            const pad_place unpacked = unpack_pad_value(value);
+            ASSERT_EQ(value, VSTGUI::CXYPad::calculateValue(place.x, place.y)) << i << " " << j;
+            ASSERT_TRUE(unpacked.x == expected.x && unpacked.y == expected.y) << i << " " << j;
+        }
+}
+
 TEST(cov_color_wheel_xy_pad, the_handle_jumps_to_the_press_and_follows_the_mouse_in_one_edit)
 {
     pad_stage stage;

@@ -1,4 +1,4 @@
-#include "editor/controls/geometry/fine_drag.h"
+#include "editor/controls/widgets/fine_drag.h"
 
 #include <algorithm>
 #include <cmath>
