@@ -1,5 +1,6 @@
 #include "media/base/whole_file.h"
 
+#include "media/base/failures.h"
 #include "media/base/libav.h"
 
 #include <cerrno>
@@ -23,41 +24,35 @@ using file_ptr = std::unique_ptr<std::FILE, file_closer>;
 
 constexpr std::uintmax_t largest = INT_MAX - AV_INPUT_BUFFER_PADDING_SIZE; // a packet of libav counts its bytes in int
 
-bool fail(error& why, std::string reason, std::string hint = {})
-{
-    why = {error_kind::unreadable, std::move(reason), std::move(hint)};
-    return false;
-}
-
 } // namespace
 
-bool whole_file::read(const std::string& path, error& why)
+result<whole_file> whole_file::read(const std::string& path)
 {
     std::error_code code;
     const std::filesystem::file_type type = std::filesystem::status(path, code).type();
     if (type == std::filesystem::file_type::directory)
-        return fail(why, "is a folder", "name the pictures in it");
+        return unreadable("is a folder", "name the pictures in it");
     if (std::filesystem::exists(path, code) && type != std::filesystem::file_type::regular)
-        return fail(why, "is not a regular file"); // opening a pipe would wait for its other end
+        return unreadable("is not a regular file"); // opening a pipe would wait for its other end
     const file_ptr file(std::fopen(path.c_str(), "rb"));
     if (file == nullptr)
-        return fail(why, errno == ENOENT ? "no such file" : std::strerror(errno));
+        return unreadable(errno == ENOENT ? "no such file" : std::strerror(errno));
     const std::uintmax_t size = std::filesystem::file_size(path, code);
     if (code)
-        return fail(why, "its size is not known");
+        return unreadable("its size is not known");
     if (size == 0)
-        return fail(why, "the file is empty");
+        return unreadable("the file is empty");
     if (size > largest)
-        return fail(why, "the file is larger than 2 GB");
-    std::unique_ptr<std::uint8_t[]> room(new (std::nothrow) std::uint8_t[size + AV_INPUT_BUFFER_PADDING_SIZE]);
-    if (room == nullptr)
-        return fail(why, "not enough memory for the file");
-    if (std::fread(room.get(), 1, size, file.get()) != size)
-        return fail(why, "the file could not be read to its end");
-    std::memset(room.get() + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
-    data = std::move(room);
-    count = size;
-    return true;
+        return unreadable("the file is larger than 2 GB");
+    whole_file whole;
+    whole.data.reset(new (std::nothrow) std::uint8_t[size + AV_INPUT_BUFFER_PADDING_SIZE]);
+    if (whole.data == nullptr)
+        return unreadable("not enough memory for the file");
+    if (std::fread(whole.data.get(), 1, size, file.get()) != size)
+        return unreadable("the file could not be read to its end");
+    std::memset(whole.data.get() + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
+    whole.count = size;
+    return whole;
 }
 
 } // namespace ov1::media

@@ -1,7 +1,7 @@
 // The bytes of a file, all at once.
 #pragma once
 
-#include "media/base/error.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,7 @@ class whole_file
 {
 public:
     /// Fails for a missing, unreadable, empty or too large file (2 GiB and beyond) and for a folder.
-    [[nodiscard]] bool read(const std::string& path, error& why);
+    static result<whole_file> read(const std::string& path);
 
     std::span<const std::uint8_t> bytes() const { return {data.get(), count}; }
 

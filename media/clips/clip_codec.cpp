@@ -1,5 +1,7 @@
 #include "media/clips/clip_codec.h"
 
+#include "media/base/failures.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -58,12 +60,6 @@ constexpr std::array<codec_row, 25> rows{{
     {"v210", AV_CODEC_ID_V210, "v210", scale::none, 0, 0, ""},
     {"rawvideo", AV_CODEC_ID_RAWVIDEO, "rawvideo", scale::none, 0, 0, ""},
 }};
-
-bool fail(error& why, std::string reason, std::string hint = {})
-{
-    why = {error_kind::unsupported, std::move(reason), std::move(hint)};
-    return false;
-}
 
 std::string all_names()
 {
@@ -128,13 +124,17 @@ void add_options(std::string_view text, clip_codec& codec)
     }
 }
 
-bool set_quality(const codec_row& row, const clip_request& request, clip_codec& codec, error& why)
+result<> set_quality(const codec_row& row, const clip_request& request, clip_codec& codec)
 {
     if (row.quality == scale::none)
-        return !request.quality || fail(why, codec.name + " has no quality to choose",
-                                        row.id == AV_CODEC_ID_PRORES || row.id == AV_CODEC_ID_DNXHD
-                                            ? "ask for a profile, as in --codec prores_lt or dnxhr_sq"
+    {
+        const bool has_profiles = row.id == AV_CODEC_ID_PRORES || row.id == AV_CODEC_ID_DNXHD;
+        if (request.quality)
+            return unsupported(codec.name + " has no quality to choose",
+                               has_profiles ? "ask for a profile, as in --codec prores_lt or dnxhr_sq"
                                             : "leave --quality out");
+        return {};
+    }
     constexpr int best_quantizer = 2;
     const int best = row.quality == scale::crf ? 0 : best_quantizer;
     const double from_best = (100 - request.quality.value_or(100)) / 100.0;
@@ -144,7 +144,7 @@ bool set_quality(const codec_row& row, const clip_request& request, clip_codec& 
         codec.options.emplace_back("crf", std::to_string(value));
     else
         codec.quantizer = value;
-    return true;
+    return {};
 }
 
 /// Less is better.
@@ -167,10 +167,8 @@ std::vector<frame_form> written_forms(const AVCodec& encoder, const frame_form& 
     std::vector<frame_form> forms;
     const auto add = [&](AVPixelFormat pixels)
     {
-        frame_form form;
-        error ignored;
-        if (form_of(pixels, {}, 0, 0, form, ignored) && can_be_written(form))
-            forms.push_back(form);
+        if (const auto form = form_of(pixels, {}, 0, 0); form && can_be_written(*form))
+            forms.push_back(*form);
     };
     if (encoder.pix_fmts == nullptr)
         add(source.pixels);
@@ -196,8 +194,7 @@ int bits_of(depth d)
 
 } // namespace
 
-bool choose_codec(const AVCodecParameters& source, const frame_form& form, const clip_request& request,
-                  clip_codec& codec, error& why)
+result<clip_codec> choose_codec(const AVCodecParameters& source, const frame_form& form, const clip_request& request)
 {
     const codec_row* row = request.codec.empty() ? find_row(source.codec_id) : find_row(request.codec);
     clip_codec made;
@@ -206,40 +203,37 @@ bool choose_codec(const AVCodecParameters& source, const frame_form& form, const
         made.name = row->name;
         made.encoder = avcodec_find_encoder_by_name(row->encoder);
         if (made.encoder == nullptr)
-            return fail(why, "this build of libav does not write " + made.name, "ask for another with --codec");
+            return unsupported("this build of libav does not write " + made.name, "ask for another with --codec");
         add_options(row->options, made);
         add_profile(*row, source, form, made);
-        if (!set_quality(*row, request, made, why))
-            return false;
+        if (const auto set = set_quality(*row, request, made); !set)
+            return set.error();
     }
     else if (!request.codec.empty())
-        return fail(why, "no codec " + request.codec + " is written", "--codec takes " + all_names());
+        return unsupported("no codec " + request.codec + " is written", "--codec takes " + all_names());
     else
     {
         made.name = avcodec_get_name(source.codec_id);
         made.encoder = lossless_encoder(source.codec_id);
         if (made.encoder == nullptr)
-            return fail(why, "its codec, " + made.name + ", cannot be written",
-                        "ask for another, as in --codec h264 or prores");
+            return unsupported("its codec, " + made.name + ", cannot be written",
+                               "ask for another, as in --codec h264 or prores");
         if (request.quality)
-            return fail(why, made.name + " has no quality to choose", "leave --quality out");
+            return unsupported(made.name + " has no quality to choose", "leave --quality out");
     }
-    codec = std::move(made);
-    return true;
+    return made;
 }
 
-bool choose_pixels(const clip_codec& codec, const frame_form& form, const clip_request& request, AVPixelFormat& pixels,
-                   error& why)
+result<AVPixelFormat> choose_pixels(const clip_codec& codec, const frame_form& form, const clip_request& request)
 {
     std::vector<frame_form> forms = written_forms(*codec.encoder, form);
     const std::string all = names_of(forms);
     if (!request.pixel_format.empty() && codec.encoder->pix_fmts == nullptr)
     {
-        const AVPixelFormat asked = av_get_pix_fmt(request.pixel_format.c_str());
-        frame_form asked_form;
-        if (!form_of(asked, {}, 0, 0, asked_form, why) || !can_be_written(asked_form))
-            return fail(why, request.pixel_format + " is no pixel format that is written");
-        forms = {asked_form};
+        const auto asked = form_of(av_get_pix_fmt(request.pixel_format.c_str()), {}, 0, 0);
+        if (!asked || !can_be_written(*asked))
+            return unsupported(request.pixel_format + " is no pixel format that is written");
+        forms = {*asked};
     }
     if (!request.pixel_format.empty())
         std::erase_if(forms,
@@ -247,21 +241,19 @@ bool choose_pixels(const clip_codec& codec, const frame_form& form, const clip_r
     if (request.depth)
         std::erase_if(forms, [&](const frame_form& f) { return f.bits != bits_of(*request.depth); });
     if (forms.empty())
-        return fail(why,
-                    codec.name + " is not written as " +
-                        (request.pixel_format.empty()
-                             ? "samples of depth " + std::string(name_of(request.depth.value_or(depth::u8)))
-                             : "pixel format " + request.pixel_format),
-                    "it takes " + all);
+        return unsupported(codec.name + " is not written as " +
+                               (request.pixel_format.empty()
+                                    ? "samples of depth " + std::string(name_of(request.depth.value_or(depth::u8)))
+                                    : "pixel format " + request.pixel_format),
+                           "it takes " + all);
     // The source's own comes first among equals.
     const auto own =
         std::find_if(forms.begin(), forms.end(), [&](const frame_form& f) { return f.pixels == form.pixels; });
     if (own != forms.end())
         std::rotate(forms.begin(), own, own + 1);
-    pixels = std::min_element(forms.begin(), forms.end(),
-                              [&](const frame_form& a, const frame_form& b) { return loss(form, a) < loss(form, b); })
-                 ->pixels;
-    return true;
+    return std::min_element(forms.begin(), forms.end(),
+                            [&](const frame_form& a, const frame_form& b) { return loss(form, a) < loss(form, b); })
+        ->pixels;
 }
 
 std::string lost_samples(const frame_form& from, const frame_form& to)

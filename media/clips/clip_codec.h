@@ -1,9 +1,9 @@
 // Which encoder writes a clip, how, and in which pixel format.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/clips/clip_request.h"
 #include "media/samples/frame_form.h"
+#include "shared/result.h"
 
 extern "C"
 {
@@ -29,13 +29,11 @@ struct clip_codec
 /// The codec that is asked for by name, else the source's, with the quality that is asked for, else one at which losses
 /// are hard to see. The source's form tells which of a codec's profiles is needed. Fails, saying what to ask for, where
 /// there is no encoder or no such setting.
-[[nodiscard]] bool choose_codec(const AVCodecParameters& source, const frame_form& form, const clip_request& request,
-                                clip_codec& codec, error& why);
+result<clip_codec> choose_codec(const AVCodecParameters& source, const frame_form& form, const clip_request& request);
 
 /// The encoder's pixel format that is asked for, else the source's, else the one that loses least of it. Fails, listing
 /// the formats, where it has none of the kind.
-[[nodiscard]] bool choose_pixels(const clip_codec& codec, const frame_form& form, const clip_request& request,
-                                 AVPixelFormat& pixels, error& why);
+result<AVPixelFormat> choose_pixels(const clip_codec& codec, const frame_form& form, const clip_request& request);
 
 /// What is lost of the source's samples: "alpha", "bits below 8", "chroma of every second pixel"; empty if nothing.
 std::string lost_samples(const frame_form& from, const frame_form& to);

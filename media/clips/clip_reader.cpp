@@ -1,5 +1,6 @@
 #include "media/clips/clip_reader.h"
 
+#include "media/base/failures.h"
 #include "media/clips/clip_source.h"
 #include "media/samples/frame_form.h"
 #include "media/samples/unpack_span.h"
@@ -41,12 +42,6 @@ namespace
 {
 
 constexpr std::uint64_t frames_worth_reading = 48; ///< rather than searching for a later one
-
-bool fail(error& why, error_kind kind, std::string reason)
-{
-    why = {kind, std::move(reason), {}};
-    return false;
-}
 
 /// What frame and request leave open, said as the conversion of clips has it.
 void set_tags(AVFrame& frame, const AVCodecParameters& stream, const clip_request& request)
@@ -97,20 +92,19 @@ clip_reader::~clip_reader() = default;
 clip_reader::clip_reader(clip_reader&&) noexcept = default;
 clip_reader& clip_reader::operator=(clip_reader&&) noexcept = default;
 
-bool clip_reader::open(const std::string& path, const clip_request& request, error& why)
+result<> clip_reader::open(const std::string& path, const clip_request& request)
 {
     auto made = std::make_unique<state>();
     made->request = request;
-    if (!made->source.open(path, request.threads, why))
-        return false;
+    if (const auto read = made->source.open(path, request.threads); !read)
+        return read.error();
     const frame_ptr first(av_frame_clone(&made->source.get_first_frame()));
     made->start = first->pts;
     set_tags(*first, *made->source.get_picture().codecpar, request);
     if (!can_unpack(*first))
-        return fail(why, error_kind::unsupported,
-                    "frames of the form " + made->source.get_info().pixel_format + " do not become pictures");
+        return unsupported("frames of the form " + made->source.get_info().pixel_format + " do not become pictures");
     opened = std::move(made);
-    return true;
+    return {};
 }
 
 const clip_info& clip_reader::info() const { return opened->source.get_info(); }
@@ -127,7 +121,7 @@ bool clip_reader::read_next(still_reader& picture, std::vector<clip_damage>& dam
     return true;
 }
 
-bool clip_reader::read_frame(std::uint64_t index, still_reader& picture, error& why)
+result<still_reader> clip_reader::read_frame(std::uint64_t index)
 {
     const AVStream& stream = opened->source.get_picture();
     const double rate = info().frames_per_second > 0 ? info().frames_per_second : 25;
@@ -137,7 +131,7 @@ bool clip_reader::read_frame(std::uint64_t index, still_reader& picture, error& 
     {
         opened->ahead.reset();
         if (!opened->source.seek(wanted))
-            return fail(why, error_kind::unreadable, "no frame could be found there");
+            return unreadable("no frame could be found there");
     }
     frame_ptr shown;
     opened->dropped.clear();
@@ -157,13 +151,16 @@ bool clip_reader::read_frame(std::uint64_t index, still_reader& picture, error& 
             break;
     }
     if (shown == nullptr)
-        return fail(why, error_kind::unreadable, "no frame could be decoded there");
+        return unreadable("no frame could be decoded there");
     frame_ptr kept = std::exchange(opened->ahead, std::move(shown));
     std::vector<clip_damage> ignored;
-    const bool given = read_next(picture, ignored);
+    still_reader picture;
+    const bool is_given = read_next(picture, ignored);
     opened->ahead = std::move(kept);
     opened->next = index + 1;
-    return given;
+    if (!is_given)
+        return unreadable("no frame could be decoded there");
+    return picture;
 }
 
 } // namespace ov1::media

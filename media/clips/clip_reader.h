@@ -1,10 +1,10 @@
 // Single frames of a clip, as pictures.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
 #include "media/stills/still_reader.h"
+#include "shared/result.h"
 
 #include <cstdint>
 #include <memory>
@@ -25,14 +25,14 @@ public:
     clip_reader& operator=(clip_reader&&) noexcept;
 
     /// Of the request, range, matrix and threads matter. Fails for what is no clip, or of a form that is not read.
-    [[nodiscard]] bool open(const std::string& path, const clip_request& request, error& why);
+    result<> open(const std::string& path, const clip_request& request);
 
     const clip_info& info() const;
 
     /// The frame with an index from 0 on, upright; of a clip whose rate varies the one that is shown at index divided
     /// by the mean rate, and the last one for an index beyond. Frames one after the other are read without searching.
     /// Fails where nothing can be decoded there.
-    [[nodiscard]] bool read_frame(std::uint64_t index, still_reader& picture, error& why);
+    result<still_reader> read_frame(std::uint64_t index);
 
     /// The frame after the last one that was read, the first one after opening; false at the end. Damage on the way is
     /// added.

@@ -1,5 +1,7 @@
 #include "media/clips/clip_source.h"
 
+#include "media/base/failures.h"
+
 extern "C"
 {
 #include <libavutil/display.h>
@@ -15,12 +17,6 @@ namespace ov1::media
 
 namespace
 {
-
-bool fail(error& why, error_kind kind, std::string reason, std::string hint = {})
-{
-    why = {kind, std::move(reason), std::move(hint)};
-    return false;
-}
 
 bool is_folder(const std::string& path)
 {
@@ -66,51 +62,51 @@ clip_info describe(const AVFormatContext& format, const AVStream& stream, const 
 
 } // namespace
 
-bool clip_source::open(const std::string& path, unsigned int threads, error& why)
+result<> clip_source::open(const std::string& path, unsigned int threads)
 {
     const libav_messages messages;
     if (is_folder(path))
-        return fail(why, error_kind::unreadable, "is a folder");
+        return unreadable("is a folder");
     AVFormatContext* opened = nullptr;
     const std::string url = "file:" + path; // so that no name is taken for an address
     const int result = avformat_open_input(&opened, url.c_str(), nullptr, nullptr);
     format.reset(opened);
     if (result == AVERROR(ENOENT))
-        return fail(why, error_kind::unreadable, "no such file");
+        return unreadable("no such file");
     if (result == AVERROR_INVALIDDATA)
-        return fail(why, error_kind::unsupported, "is neither a picture nor a clip, or is damaged");
+        return unsupported("is neither a picture nor a clip, or is damaged");
     if (result < 0)
-        return fail(why, error_kind::unreadable, "the file could not be read: " + messages.reason(result));
+        return unreadable("the file could not be read: " + messages.reason(result));
     if (avformat_find_stream_info(opened, nullptr) < 0)
-        return fail(why, error_kind::unreadable, "the file's streams could not be read");
+        return unreadable("the file's streams could not be read");
     picture = av_find_best_stream(opened, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (picture < 0 || (opened->streams[picture]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0)
-        return fail(why, error_kind::unsupported, "there is no moving picture in it");
-    if (!open_decoder(threads, messages, why))
-        return false;
+        return unsupported("there is no moving picture in it");
+    if (const auto opened_decoder = open_decoder(threads, messages); !opened_decoder)
+        return opened_decoder.error();
     while (!first && !is_at_end)
         read_more();
     if (!first)
-        return fail(why, error_kind::unreadable, "no frame of the clip could be decoded");
+        return unreadable("no frame of the clip could be decoded");
     info = describe(*format, get_picture(), *first);
-    return true;
+    return {};
 }
 
-bool clip_source::open_decoder(unsigned int threads, const libav_messages& messages, error& why)
+result<> clip_source::open_decoder(unsigned int threads, const libav_messages& messages)
 {
     const AVStream& stream = get_picture();
     const std::string name = avcodec_get_name(stream.codecpar->codec_id);
     const AVCodec* codec = avcodec_find_decoder(stream.codecpar->codec_id);
     decoder.reset(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
     if (decoder == nullptr || avcodec_parameters_to_context(decoder.get(), stream.codecpar) < 0)
-        return fail(why, error_kind::unsupported, "this build of libav does not read " + name);
+        return unsupported("this build of libav does not read " + name);
     decoder->pkt_timebase = stream.time_base;
     decoder->thread_count = static_cast<int>(threads);
     decoder->err_recognition = AV_EF_CRCCHECK;
     if (const int result = avcodec_open2(decoder.get(), codec, nullptr); result < 0)
-        return fail(why, error_kind::unreadable, name + " could not be decoded: " + messages.reason(result));
+        return unreadable(name + " could not be decoded: " + messages.reason(result));
     reports = decoder_report_count();
-    return true;
+    return {};
 }
 
 bool clip_source::next(clip_item& item)

@@ -1,9 +1,9 @@
 // A clip's file, open: packets of all streams in their order, and those of the picture decoded.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/base/libav.h"
 #include "media/clips/clip_info.h"
+#include "shared/result.h"
 
 extern "C"
 {
@@ -30,7 +30,7 @@ class clip_source
 public:
     /// Opens a file and decodes up to the first frame of its picture: of several, the one that players choose. So many
     /// threads decode, 0 for as many as there are processors.
-    [[nodiscard]] bool open(const std::string& path, unsigned int threads, error& why);
+    result<> open(const std::string& path, unsigned int threads);
 
     const AVFormatContext& get_format() const { return *format; }
     const AVStream& get_picture() const { return *format->streams[picture]; }
@@ -49,7 +49,7 @@ private:
         void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
     };
 
-    bool open_decoder(unsigned int threads, const libav_messages& messages, error& why);
+    result<> open_decoder(unsigned int threads, const libav_messages& messages);
     void read_more();
     void receive(const libav_messages& messages);
     void receive_frame(frame_ptr frame);

@@ -1,5 +1,6 @@
 #include "media/clips/clip_target.h"
 
+#include "media/base/failures.h"
 #include "media/base/file_sink.h"
 #include "media/clips/clip_tags.h"
 #include "media/clips/stream_copy.h"
@@ -21,12 +22,6 @@ namespace
 {
 
 constexpr std::size_t most_waiting_bytes = std::size_t{64} << 20;
-
-bool fail(error& why, error_kind kind, std::string reason, std::string hint = {})
-{
-    why = {kind, std::move(reason), std::move(hint)};
-    return false;
-}
 
 bool is_mov_family(const AVOutputFormat& container)
 {
@@ -101,63 +96,81 @@ AVRational encoder_time_base(const AVStream& stream, AVCodecID codec, const AVOu
 clip_target::clip_target() = default;
 clip_target::~clip_target() = default;
 
-bool clip_target::create(const clip_source& from, const std::string& path, const clip_request& request, error& why)
+result<> clip_target::create(const clip_source& from, const std::string& path, const clip_request& request)
 {
     const libav_messages messages;
     source = &from;
-    if (!choose_container(path, why) || !settle_forms(request, why))
-        return false;
-    if (container != nullptr && (!open_encoder(request, why) || !settle_streams(why)))
-        return false;
+    result<> done = choose_container(path);
+    if (done)
+        done = choose_forms(request);
+    if (done && container != nullptr)
+        done = open_encoder(request);
+    if (done && container != nullptr)
+        done = plan_streams();
+    if (!done)
+        return done;
     info = from.get_info();
     info.container = container != nullptr ? container->name : "nothing";
     info.codec = codec.name;
     info.pixel_format = av_get_pix_fmt_name(form.pixels);
-    tell_losses();
-    return true;
+    add_warnings();
+    return {};
 }
 
-bool clip_target::choose_container(const std::string& path, error& why)
+result<> clip_target::choose_container(const std::string& path)
 {
     if (path == "/dev/null")
-        return true;
+        return {};
     container = av_guess_format(nullptr, path.c_str(), nullptr);
     const bool takes_clips =
         container != nullptr && container->video_codec != AV_CODEC_ID_NONE && (container->flags & AVFMT_NOFILE) == 0;
     const bool is_picture = container != nullptr && std::strncmp(container->name, "image2", 6) == 0;
     if (takes_clips && !is_picture)
-        return true;
-    return fail(why, error_kind::unsupported,
-                is_picture ? "a clip is not written as one picture" : "no clip is written under this name",
-                is_picture ? "number its frames, as in shot.%04d.png, or end the name in .mov, .mp4 or .mkv"
-                           : "end it in .mov, .mp4 or .mkv");
+        return {};
+    return unsupported(is_picture ? "a clip is not written as one picture" : "no clip is written under this name",
+                       is_picture ? "number its frames, as in shot.%04d.png, or end the name in .mov, .mp4 or .mkv"
+                                  : "end it in .mov, .mp4 or .mkv");
 }
 
-bool clip_target::settle_forms(const clip_request& request, error& why)
+result<> clip_target::choose_forms(const clip_request& request)
 {
     const AVFrame& frame = source->get_first_frame();
     const AVCodecParameters& stream = *source->get_picture().codecpar;
     const colour_tags source_tags = tags_of(frame, stream, request);
-    if (!form_of(static_cast<AVPixelFormat>(frame.format), source_tags, frame.width, frame.height, source_form, why))
-        return false;
+    const auto read = form_of(static_cast<AVPixelFormat>(frame.format), source_tags, frame.width, frame.height);
+    if (!read)
+        return read.error();
+    source_form = *read;
     AVPixelFormat pixels = source_form.pixels;
-    if (container != nullptr && (!choose_codec(stream, source_form, request, codec, why) ||
-                                 !choose_pixels(codec, source_form, request, pixels, why)))
-        return false;
-    if (container == nullptr && !can_be_written(source_form))
+    if (container != nullptr)
+    {
+        auto chosen_codec = choose_codec(stream, source_form, request);
+        if (!chosen_codec)
+            return chosen_codec.error();
+        codec = std::move(*chosen_codec);
+        const auto chosen_pixels = choose_pixels(codec, source_form, request);
+        if (!chosen_pixels)
+            return chosen_pixels.error();
+        pixels = *chosen_pixels;
+    }
+    else if (!can_be_written(source_form))
         pixels = AV_PIX_FMT_GBRP16;
     tags = tags_for(source_tags, source_form, pixels, frame, codec.encoder);
-    return form_of(pixels, tags, frame.width, frame.height, form, why);
+    const auto written = form_of(pixels, tags, frame.width, frame.height);
+    if (!written)
+        return written.error();
+    form = *written;
+    return {};
 }
 
-bool clip_target::open_encoder(const clip_request& request, error& why)
+result<> clip_target::open_encoder(const clip_request& request)
 {
     const libav_messages messages;
     const AVStream& stream = source->get_picture();
     const AVFrame& frame = source->get_first_frame();
     encoder.reset(avcodec_alloc_context3(codec.encoder));
     if (encoder == nullptr)
-        return fail(why, error_kind::cannot_write, "not enough memory");
+        return cannot_write("not enough memory");
     encoder->width = frame.width;
     encoder->height = frame.height;
     encoder->pix_fmt = form.pixels;
@@ -190,11 +203,11 @@ bool clip_target::open_encoder(const clip_request& request, error& why)
         options.set(name, value);
     const int result = avcodec_open2(encoder.get(), codec.encoder, &options.entries);
     if (result < 0)
-        return fail(why, error_kind::unsupported, codec.name + " does not take this clip: " + messages.reason(result),
-                    "ask for another with --codec, or other samples with --pix-fmt");
+        return unsupported(codec.name + " does not take this clip: " + messages.reason(result),
+                           "ask for another with --codec, or other samples with --pix-fmt");
     if (const std::string left = options.first_left(); !left.empty())
-        return fail(why, error_kind::unsupported, codec.name + " has no option named " + left);
-    return true;
+        return unsupported(codec.name + " has no option named " + left);
+    return {};
 }
 
 AVStream* clip_target::add_picture(AVFormatContext& to) const
@@ -230,24 +243,23 @@ bool clip_target::is_held(const AVStream* other) const
     return result >= 0;
 }
 
-bool clip_target::settle_streams(error& why)
+result<> clip_target::plan_streams()
 {
     if (!is_held(nullptr))
-        return fail(why, error_kind::unsupported,
-                    std::string(container->name) + " holds no " + codec.name + " of this kind",
-                    "end the name in .mov or .mkv, or ask for another with --codec");
+        return unsupported(std::string(container->name) + " holds no " + codec.name + " of this kind",
+                           "end the name in .mov or .mkv, or ask for another with --codec");
     const AVFormatContext& format = source->get_format();
     std::map<std::string, int> numbers;
     for (unsigned int i = 0; i < format.nb_streams; ++i)
     {
         const AVStream& stream = *format.streams[i];
         const std::string name = stream_name(stream, ++numbers[kind_name(stream)]);
-        streams.push_back(settle_stream(stream, name));
+        streams.push_back(plan_of(stream, name));
     }
-    return true;
+    return {};
 }
 
-clip_stream clip_target::settle_stream(const AVStream& stream, const std::string& name) const
+clip_stream clip_target::plan_of(const AVStream& stream, const std::string& name) const
 {
     if (&stream == &source->get_picture())
         return {name, stream_fate::graded, codec.name + ", " + av_get_pix_fmt_name(form.pixels)};
@@ -262,7 +274,7 @@ clip_stream clip_target::settle_stream(const AVStream& stream, const std::string
     return {name, stream_fate::copied, is_picture ? "ungraded" : ""};
 }
 
-void clip_target::tell_losses()
+void clip_target::add_warnings()
 {
     for (const clip_stream& stream : streams)
         if (stream.fate == stream_fate::left_out)
@@ -292,15 +304,15 @@ void clip_target::set_head(AVFormatContext& to) const
     to.flags |= AVFMT_FLAG_BITEXACT; // no version of libav in the file
 }
 
-bool clip_target::begin(int descriptor, error& why)
+result<> clip_target::begin(int descriptor)
 {
     if (container == nullptr)
-        return true;
+        return {};
     const libav_messages messages;
     AVFormatContext* made = nullptr;
     sink = std::make_unique<file_sink>(descriptor);
     if (avformat_alloc_output_context2(&made, container, nullptr, nullptr) < 0 || sink->get() == nullptr)
-        return fail(why, error_kind::cannot_write, "not enough memory");
+        return cannot_write("not enough memory");
     output.reset(made);
     output->pb = sink->get();
     set_head(*output);
@@ -320,23 +332,26 @@ bool clip_target::begin(int descriptor, error& why)
         while ((tag = av_dict_get(output->metadata, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
             if (!is_classic_mov_tag(tag->key))
                 options.set("movflags", "use_metadata_tags");
-    const int result = avformat_write_header(output.get(), &options.entries);
+    const int code = avformat_write_header(output.get(), &options.entries);
     last_dts.assign(output->nb_streams, AV_NOPTS_VALUE);
-    return result >= 0 || fail_to_write(result, why);
+    return written_or_failure(code);
 }
 
-bool clip_target::fail_to_write(int result, error& why) const
+/// Done for a code of libav that is no error, else the file's failure, where there was one, or libav's.
+result<> clip_target::written_or_failure(int code) const
 {
+    if (code >= 0)
+        return {};
     const std::string reason = sink->reason();
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(result, text, sizeof text);
-    return fail(why, error_kind::cannot_write, reason.empty() ? "could not be written: " + std::string(text) : reason);
+    av_strerror(code, text, sizeof text);
+    return cannot_write(reason.empty() ? "could not be written: " + std::string(text) : reason);
 }
 
-bool clip_target::write_frame(AVFrame& frame, error& why)
+result<> clip_target::write_frame(AVFrame& frame)
 {
     if (container == nullptr)
-        return true;
+        return {};
     const AVRational base = source->get_picture().time_base;
     frame.pts = av_rescale_q(frame.pts, base, encoder->time_base);
     if (last_frame != AV_NOPTS_VALUE && frame.pts <= last_frame)
@@ -348,11 +363,11 @@ bool clip_target::write_frame(AVFrame& frame, error& why)
     frame.quality = encoder->global_quality;
     const libav_messages messages;
     if (const int result = avcodec_send_frame(encoder.get(), &frame); result < 0)
-        return fail(why, error_kind::cannot_write, codec.name + " could not be encoded: " + messages.reason(result));
-    return write_encoded(why);
+        return cannot_write(codec.name + " could not be encoded: " + messages.reason(result));
+    return write_encoded();
 }
 
-bool clip_target::write_encoded(error& why)
+result<> clip_target::write_encoded()
 {
     const packet_ptr packet(av_packet_alloc());
     const int place = places[static_cast<std::size_t>(source->get_picture().index)];
@@ -360,9 +375,9 @@ bool clip_target::write_encoded(error& why)
     {
         const int result = avcodec_receive_packet(encoder.get(), packet.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
-            return true;
+            return {};
         if (result < 0)
-            return fail(why, error_kind::cannot_write, codec.name + " could not be encoded");
+            return cannot_write(codec.name + " could not be encoded");
         if (const auto known = durations.find(packet->pts); known != durations.end())
         {
             packet->duration = known->second;
@@ -370,28 +385,28 @@ bool clip_target::write_encoded(error& why)
         }
         packet->stream_index = place;
         packet->time_base = encoder->time_base;
-        if (!write_waiting(packet.get(), why))
-            return false;
+        if (const auto written = write_waiting(packet.get()); !written)
+            return written;
         av_packet_rescale_ts(packet.get(), encoder->time_base, output->streams[place]->time_base);
-        if (!write(*packet, why))
-            return false;
+        if (const auto written = write(*packet); !written)
+            return written;
     }
 }
 
-bool clip_target::write_packet(packet_ptr packet, error& why)
+result<> clip_target::write_packet(packet_ptr packet)
 {
     const auto from = static_cast<std::size_t>(packet->stream_index);
     if (container == nullptr || from >= places.size() || places[from] < 0)
-        return true;
+        return {};
     packet->time_base = source->get_format().streams[from]->time_base;
     packet->stream_index = places[from];
     waiting_bytes += static_cast<std::size_t>(packet->size);
     waiting.push_back(std::move(packet));
-    return waiting_bytes < most_waiting_bytes || write_waiting(nullptr, why);
+    return waiting_bytes < most_waiting_bytes ? result<>() : write_waiting(nullptr);
 }
 
 /// Those that come no later than a packet of the picture; without one, all.
-bool clip_target::write_waiting(const AVPacket* before, error& why)
+result<> clip_target::write_waiting(const AVPacket* before)
 {
     while (!waiting.empty())
     {
@@ -399,18 +414,18 @@ bool clip_target::write_waiting(const AVPacket* before, error& why)
         const std::int64_t time = next.dts != AV_NOPTS_VALUE ? next.dts : next.pts;
         if (before != nullptr && time != AV_NOPTS_VALUE &&
             av_compare_ts(time, next.time_base, before->dts, before->time_base) > 0)
-            return true;
+            return {};
         waiting_bytes -= static_cast<std::size_t>(next.size);
         av_packet_rescale_ts(&next, next.time_base, output->streams[next.stream_index]->time_base);
-        const bool written = write(next, why);
+        const auto written = write(next);
         waiting.pop_front();
         if (!written)
-            return false;
+            return written;
     }
-    return true;
+    return {};
 }
 
-bool clip_target::write(AVPacket& packet, error& why)
+result<> clip_target::write(AVPacket& packet)
 {
     std::int64_t& last = last_dts[static_cast<std::size_t>(packet.stream_index)];
     if (packet.dts == AV_NOPTS_VALUE)
@@ -423,24 +438,23 @@ bool clip_target::write(AVPacket& packet, error& why)
     last = packet.dts;
     packet.pos = -1;
     packet.time_base = output->streams[packet.stream_index]->time_base;
-    const int result = av_write_frame(output.get(), &packet);
-    if (result >= 0 && output->pb->error < 0)
-        return fail_to_write(output->pb->error, why);
-    return result >= 0 || fail_to_write(result, why);
+    const int code = av_write_frame(output.get(), &packet);
+    return written_or_failure(code >= 0 ? output->pb->error : code);
 }
 
-bool clip_target::finish(error& why)
+result<> clip_target::finish()
 {
     if (container == nullptr)
-        return true;
+        return {};
     avcodec_send_frame(encoder.get(), nullptr);
-    if (!write_encoded(why) || !write_waiting(nullptr, why))
-        return false;
-    int result = av_write_trailer(output.get());
+    result<> written = write_encoded();
+    if (written)
+        written = write_waiting(nullptr);
+    if (!written)
+        return written;
+    const int code = av_write_trailer(output.get());
     avio_flush(output->pb);
-    if (result >= 0)
-        result = output->pb->error;
-    return result >= 0 || fail_to_write(result, why);
+    return written_or_failure(code >= 0 ? output->pb->error : code);
 }
 
 } // namespace ov1::media

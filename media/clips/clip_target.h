@@ -1,11 +1,11 @@
 // A graded clip in the making: its encoder, its container, and every stream of the source that the container holds.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/clips/clip_codec.h"
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
 #include "media/clips/clip_source.h"
+#include "shared/result.h"
 
 #include <deque>
 #include <map>
@@ -29,8 +29,7 @@ public:
 
     /// Opens an encoder and decides what becomes of every stream. The container is that of the name's extension;
     /// /dev/null takes frames and keeps nothing, for measuring. Touches no file. The source outlives the target.
-    [[nodiscard]] bool create(const clip_source& source, const std::string& path, const clip_request& request,
-                              error& why);
+    result<> create(const clip_source& source, const std::string& path, const clip_request& request);
 
     /// Of each stream of the source, in its order.
     const std::vector<clip_stream>& get_streams() const { return streams; }
@@ -43,12 +42,12 @@ public:
     const frame_form& get_form() const { return form; }
 
     /// Writes the head into an open file, which has to stay open until the end.
-    [[nodiscard]] bool begin(int descriptor, error& why);
+    result<> begin(int descriptor);
     /// A frame of the output's form; its pts is in the source's time base. The frame may be changed.
-    [[nodiscard]] bool write_frame(AVFrame& frame, error& why);
+    result<> write_frame(AVFrame& frame);
     /// A packet of another stream, as the source gave it.
-    [[nodiscard]] bool write_packet(packet_ptr packet, error& why);
-    [[nodiscard]] bool finish(error& why);
+    result<> write_packet(packet_ptr packet);
+    result<> finish();
 
 private:
     struct closer
@@ -57,20 +56,20 @@ private:
     };
     using output_ptr = std::unique_ptr<AVFormatContext, closer>;
 
-    [[nodiscard]] bool choose_container(const std::string& path, error& why);
-    [[nodiscard]] bool settle_forms(const clip_request& request, error& why);
-    [[nodiscard]] bool open_encoder(const clip_request& request, error& why);
-    [[nodiscard]] bool settle_streams(error& why);
-    clip_stream settle_stream(const AVStream& stream, const std::string& name) const;
+    result<> choose_container(const std::string& path);
+    result<> choose_forms(const clip_request& request);
+    result<> open_encoder(const clip_request& request);
+    result<> plan_streams();
+    clip_stream plan_of(const AVStream& stream, const std::string& name) const;
     bool is_held(const AVStream* other) const;
     AVStream* add_picture(AVFormatContext& output) const;
     void set_head(AVFormatContext& output) const;
-    void tell_losses();
+    void add_warnings();
 
-    [[nodiscard]] bool write_encoded(error& why);
-    [[nodiscard]] bool write_waiting(const AVPacket* before, error& why);
-    [[nodiscard]] bool write(AVPacket& packet, error& why);
-    bool fail_to_write(int result, error& why) const;
+    result<> write_encoded();
+    result<> write_waiting(const AVPacket* before);
+    result<> write(AVPacket& packet);
+    result<> written_or_failure(int code) const;
 
     const clip_source* source = nullptr;
     const AVOutputFormat* container = nullptr; ///< null keeps nothing

@@ -1,5 +1,6 @@
 #include "media/clips/grade_clip.h"
 
+#include "media/base/failures.h"
 #include "media/clips/bounded_queue.h"
 #include "media/clips/clip_source.h"
 #include "media/clips/clip_target.h"
@@ -64,10 +65,10 @@ private:
     AVBufferPool* pool;
 };
 
-class clip_road
+class clip_pipeline
 {
 public:
-    clip_road(clip_source& source, clip_target& target, const clip_hooks& hooks)
+    clip_pipeline(clip_source& source, clip_target& target, const clip_hooks& hooks)
         : source(source)
         , target(target)
         , hooks(hooks)
@@ -77,21 +78,18 @@ public:
     {
     }
 
-    bool run(std::uint64_t& frames, error& why)
+    result<> run()
     {
         std::thread decoding([this] { decode(); });
         std::thread grading([this] { grade(); });
-        bool written = write_all(frames, why) && target.finish(why);
+        result<> written = write_all();
+        if (written)
+            written = target.finish();
         decoded.abandon();
         graded.abandon();
         decoding.join();
         grading.join();
-        if (written && !refusal.reason.empty())
-        {
-            why = refusal;
-            written = false;
-        }
-        return written;
+        return written ? grading_result : written;
     }
 
 private:
@@ -137,8 +135,8 @@ private:
         const AVFrame& first = source.get_first_frame();
         if (frame->width != first.width || frame->height != first.height || frame->format != first.format)
         {
-            refusal = {error_kind::unsupported, "the picture changes its size or form on its way",
-                       "cut it into clips of one size"};
+            grading_result = unsupported("the picture changes its size or pixel format within the clip",
+                                         "cut it into clips of one size");
             return false;
         }
         if (passes)
@@ -146,7 +144,7 @@ private:
         frame_ptr made = pool.get();
         if (made == nullptr || av_frame_copy_props(made.get(), frame.get()) < 0)
         {
-            refusal = {error_kind::cannot_write, "not enough memory", {}};
+            grading_result = cannot_write("not enough memory");
             return false;
         }
         grader.grade(*frame, *made, hooks.grade, hooks.run);
@@ -154,24 +152,25 @@ private:
         return true;
     }
 
-    bool write_all(std::uint64_t& frames, error& why)
+    result<> write_all()
     {
-        frames = 0;
+        std::uint64_t frames = 0;
         clip_item item;
         while (graded.pop(item))
         {
             if (item.damage)
                 hooks.on_damage(*item.damage);
-            if (item.packet != nullptr && !target.write_packet(std::move(item.packet), why))
-                return false;
+            if (item.packet != nullptr)
+                if (const auto written = target.write_packet(std::move(item.packet)); !written)
+                    return written;
             if (item.frame == nullptr)
                 continue;
-            if (!target.write_frame(*item.frame, why))
-                return false;
+            if (const auto written = target.write_frame(*item.frame); !written)
+                return written;
             item.frame.reset();
             hooks.on_frame(++frames);
         }
-        return true;
+        return {};
     }
 
     clip_source& source;
@@ -182,15 +181,16 @@ private:
     bool passes;
     item_queue decoded{frames_ahead * frame_weight};
     item_queue graded{frames_ahead * frame_weight};
-    error refusal; ///< written by the grading thread, read when it is done
+    result<> grading_result; ///< written by the grading thread, read after it has ended
 };
 
 } // namespace
 
-bool grade_clip(clip_source& source, clip_target& target, int descriptor, const clip_hooks& hooks,
-                std::uint64_t& frames, error& why)
+result<> grade_clip(clip_source& source, clip_target& target, int descriptor, const clip_hooks& hooks)
 {
-    return target.begin(descriptor, why) && clip_road(source, target, hooks).run(frames, why);
+    if (const auto begun = target.begin(descriptor); !begun)
+        return begun;
+    return clip_pipeline(source, target, hooks).run();
 }
 
 } // namespace ov1::media

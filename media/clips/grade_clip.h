@@ -1,10 +1,10 @@
 // The road of a clip: decoded, graded and encoded at the same time.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/clips/clip_info.h"
 #include "media/samples/frame_grader.h"
 #include "media/samples/piece_runner.h"
+#include "shared/result.h"
 
 #include <cstdint>
 #include <functional>
@@ -29,7 +29,6 @@ struct clip_hooks
 /// and wait for one another when they are more than a few frames apart, so that memory does not grow with the clip.
 /// Damaged frames are told and the rest goes on. Fails where the output cannot be written, or where the picture changes
 /// its size or form on its way; what is in the file is then of no use.
-[[nodiscard]] bool grade_clip(clip_source& source, clip_target& target, int descriptor, const clip_hooks& hooks,
-                              std::uint64_t& frames, error& why);
+result<> grade_clip(clip_source& source, clip_target& target, int descriptor, const clip_hooks& hooks);
 
 } // namespace ov1::media

@@ -1,5 +1,7 @@
 #include "media/samples/frame_form.h"
 
+#include "media/base/failures.h"
+
 #include <algorithm>
 
 namespace ov1::media
@@ -7,12 +9,6 @@ namespace ov1::media
 
 namespace
 {
-
-bool fail(error& why, std::string reason, std::string hint = {})
-{
-    why = {error_kind::unsupported, std::move(reason), std::move(hint)};
-    return false;
-}
 
 bool is_jpeg_form(AVPixelFormat pixels)
 {
@@ -78,13 +74,13 @@ bool has_known_samples(const AVPixFmtDescriptor& format)
 
 } // namespace
 
-bool form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int height, frame_form& form, error& why)
+result<frame_form> form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int height)
 {
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(pixels);
     const bool is_xyz = pixels == AV_PIX_FMT_XYZ12LE || pixels == AV_PIX_FMT_XYZ12BE;
     if (format == nullptr || is_xyz || !has_known_samples(*format))
-        return fail(why, "frames of the form " + std::string(format != nullptr ? format->name : "unknown") +
-                             " are not graded");
+        return unsupported("frames of the form " + std::string(format != nullptr ? format->name : "unknown") +
+                           " are not graded");
     frame_form made;
     made.pixels = pixels;
     const bool is_float = (format->flags & AV_PIX_FMT_FLAG_FLOAT) != 0;
@@ -108,15 +104,13 @@ bool form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int heigh
     {
         ycbcr_matrix matrix{};
         if (!find_matrix(tags.matrix, width, height, matrix))
-            return fail(why,
-                        "the colour matrix " + std::string(av_color_space_name(tags.matrix)) +
-                            " is no weighted sum of red, green and blue",
-                        "--matrix 601, 709 or 2020 takes the place of a wrong tag");
+            return unsupported("the colour matrix " + std::string(av_color_space_name(tags.matrix)) +
+                                   " is no weighted sum of red, green and blue",
+                               "--matrix 601, 709 or 2020 takes the place of a wrong tag");
         made.weights = weights_of(matrix);
         place_chroma(*format, tags.chroma, is_jpeg || tags.range == AVCOL_RANGE_JPEG, made);
     }
-    form = made;
-    return true;
+    return made;
 }
 
 bool can_be_written(const frame_form& form)

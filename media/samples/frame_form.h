@@ -1,9 +1,9 @@
 // What the samples of a video frame are: their layout in memory, and what their codes mean.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/samples/sample_access.h"
 #include "media/samples/ycbcr_coding.h"
+#include "shared/result.h"
 
 extern "C"
 {
@@ -63,8 +63,7 @@ constexpr bool is_large(int width, int height) { return width > 1024 || height >
 /// The form of a pixel format of 8 to 16 bits or of 32-bit floats. What the tags leave open is limited range, the
 /// matrix of BT.601 up to 576 lines and of BT.709 above, and chroma on the left; full range and chroma amid its pixels
 /// for the formats of JPEG. Fails for what is none of these, and for matrices that are not sums of weights.
-[[nodiscard]] bool form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int height, frame_form& form,
-                           error& why);
+result<frame_form> form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int height);
 
 /// Whether frames of the form can be written: samples in bits of their own bytes.
 bool can_be_written(const frame_form& form);

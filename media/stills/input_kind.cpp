@@ -33,8 +33,7 @@ content content_of(const std::string& path)
     const auto count = static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0));
     if (count == 0)
         return content::unknown;
-    error ignored;
-    if (kind_of({head.data(), count}, path, ignored) != nullptr)
+    if (kind_of({head.data(), count}, path))
         return content::still;
     AVProbeData data{};
     data.filename = "";

@@ -1,5 +1,7 @@
 #include "media/stills/output_format.h"
 
+#include "media/base/failures.h"
+
 extern "C"
 {
 #include <libavutil/pixdesc.h>
@@ -124,29 +126,27 @@ std::string held(still_format format, filter&& wanted, namer&& name)
 
 std::string_view depth_name(const output_layout& l) { return name_of(l.depth); }
 
-bool refuse(still_format format, const still_info& source, const layout_request& request, bool keep_alpha, error& why)
+failure refusal_of(still_format format, const still_info& source, const layout_request& request, bool keep_alpha)
 {
-    why = {error_kind::unsupported, {}, {}};
     const std::string name(name_of(format));
     const auto any = [](const output_layout&) { return true; };
     const auto at_depth = [&](const output_layout& l) { return l.depth == request.depth; };
     const auto with_alpha = [](const output_layout& l) { return l.has_alpha; };
     const auto all = layouts_of(format);
     if (request.depth && std::none_of(all.begin(), all.end(), at_depth))
-        why.reason = name + " holds no samples of depth " + std::string(name_of(*request.depth)),
-        why.hint = "ask for " + held(format, any, depth_name);
-    else if (request.pixel_format.empty() && keep_alpha && source.alpha != alpha_kind::none)
-        why.reason = name + " holds no alpha at depth " + std::string(name_of(*request.depth)),
-        why.hint = "ask for " + held(format, with_alpha, depth_name);
-    else
-        why.reason = name + " is not written as pixel format " + std::string(request.pixel_format),
-        why.hint = "ask for " + held(format, any, [](const output_layout& l) { return av_get_pix_fmt_name(l.pixels); });
-    return false;
+        return unsupported(name + " holds no samples of depth " + std::string(name_of(*request.depth)),
+                           "ask for " + held(format, any, depth_name));
+    if (request.pixel_format.empty() && keep_alpha && source.alpha != alpha_kind::none)
+        return unsupported(name + " holds no alpha at depth " + std::string(name_of(*request.depth)),
+                           "ask for " + held(format, with_alpha, depth_name));
+    const auto pixels_name = [](const output_layout& l) { return av_get_pix_fmt_name(l.pixels); };
+    return unsupported(name + " is not written as pixel format " + std::string(request.pixel_format),
+                       "ask for " + held(format, any, pixels_name));
 }
 
 } // namespace
 
-bool format_of_path(std::string_view path, still_format& format, error& why)
+result<still_format> format_of_path(std::string_view path)
 {
     const std::size_t slash = path.rfind('/');
     const std::string_view leaf = slash == std::string_view::npos ? path : path.substr(slash + 1);
@@ -157,21 +157,16 @@ bool format_of_path(std::string_view path, still_format& format, error& why)
     const auto found =
         std::find_if(extensions.begin(), extensions.end(), [&](const extension& e) { return e.text == text; });
     if (found != extensions.end())
-    {
-        format = found->format;
-        return true;
-    }
-    why = {error_kind::unsupported, text.empty() ? "the name has no extension" : "no still format is named ." + text,
-           "end it in .png, .jpg, .tif, .exr or .dpx"};
-    return false;
+        return found->format;
+    return unsupported(text.empty() ? "the name has no extension" : "no still format is named ." + text,
+                       "end it in .png, .jpg, .tif, .exr or .dpx");
 }
 
 std::string_view name_of(still_format format) { return entry_of(format).name; }
 AVCodecID codec_of(still_format format) { return entry_of(format).codec; }
 bool holds_icc(still_format format) { return entry_of(format).icc; }
 
-bool choose_layout(still_format format, const still_info& source, const layout_request& request, output_layout& layout,
-                   error& why)
+result<output_layout> choose_layout(still_format format, const still_info& source, const layout_request& request)
 {
     const auto all = layouts_of(format);
     const bool format_has_alpha = std::any_of(all.begin(), all.end(), [](const auto& l) { return l.has_alpha; });
@@ -184,12 +179,9 @@ bool choose_layout(still_format format, const still_info& source, const layout_r
                                         ? l.has_alpha == keep_alpha
                                         : request.pixel_format == av_get_pix_fmt_name(l.pixels);
             if (depth_fits && pixels_fit)
-            {
-                layout = l;
-                return true;
-            }
+                return l;
         }
-    return refuse(format, source, request, keep_alpha, why);
+    return refusal_of(format, source, request, keep_alpha);
 }
 
 } // namespace ov1::media

@@ -1,8 +1,8 @@
 // What each format we write can hold, and how.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/stills/still_info.h"
+#include "shared/result.h"
 
 extern "C"
 {
@@ -34,7 +34,7 @@ struct layout_request
 };
 
 /// The format of a file name by its extension, in any case; fails with what can be written.
-[[nodiscard]] bool format_of_path(std::string_view path, still_format& format, error& why);
+result<still_format> format_of_path(std::string_view path);
 
 /// "PNG", ... of a format that is written.
 std::string_view name_of(still_format format);
@@ -44,7 +44,6 @@ bool holds_icc(still_format format);
 
 /// The layout that is asked for, or the one that loses least of the source's depth and alpha. Fails, naming what the
 /// format holds, if it cannot hold what is asked for; a format without any alpha drops it.
-[[nodiscard]] bool choose_layout(still_format format, const still_info& source, const layout_request& request,
-                                 output_layout& layout, error& why);
+result<output_layout> choose_layout(still_format format, const still_info& source, const layout_request& request);
 
 } // namespace ov1::media

@@ -1,6 +1,7 @@
 #include "media/stills/picture_kind.h"
 
 #include "media/base/byte_view.h"
+#include "media/base/failures.h"
 
 extern "C"
 {
@@ -63,7 +64,7 @@ std::string clip_name(std::span<const std::uint8_t> file)
 
 } // namespace
 
-const picture_kind* kind_of(std::span<const std::uint8_t> file, std::string_view path, error& why)
+result<const picture_kind*> kind_of(std::span<const std::uint8_t> file, std::string_view path)
 {
     const byte_view bytes(file);
     for (const picture_kind& kind : kinds)
@@ -72,10 +73,8 @@ const picture_kind* kind_of(std::span<const std::uint8_t> file, std::string_view
     if (is_named_tga(path))
         return &tga;
     const std::string clip = clip_name(file);
-    why.kind = error_kind::unsupported;
-    why.reason = clip.empty() ? "is not a picture" : "is not a still picture (" + clip + ")";
-    why.hint = "still pictures are PNG, JPEG, TIFF, EXR, DPX and the like";
-    return nullptr;
+    return unsupported(clip.empty() ? "is not a picture" : "is not a still picture (" + clip + ")",
+                       "still pictures are PNG, JPEG, TIFF, EXR, DPX and the like");
 }
 
 } // namespace ov1::media

@@ -1,8 +1,8 @@
 // Which format a file is of.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/stills/picture_facts.h"
+#include "shared/result.h"
 
 extern "C"
 {
@@ -27,7 +27,7 @@ struct picture_kind
     picture_facts (*facts)(std::span<const std::uint8_t> file); ///< null if the decoder tells all
 };
 
-/// The kind of a file by its first bytes. Null, with the reason, for clips and for what is no picture.
-const picture_kind* kind_of(std::span<const std::uint8_t> file, std::string_view path, error& why);
+/// The kind of a file by its first bytes; never null. Fails for clips and for what is no picture.
+result<const picture_kind*> kind_of(std::span<const std::uint8_t> file, std::string_view path);
 
 } // namespace ov1::media

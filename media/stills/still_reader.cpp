@@ -1,5 +1,6 @@
 #include "media/stills/still_reader.h"
 
+#include "media/base/failures.h"
 #include "media/base/libav.h"
 #include "media/base/whole_file.h"
 #include "media/samples/unpack_span.h"
@@ -19,12 +20,6 @@ namespace ov1::media
 
 namespace
 {
-
-bool fail(error& why, error_kind kind, std::string reason, std::string hint = {})
-{
-    why = {kind, std::move(reason), std::move(hint)};
-    return false;
-}
 
 /// Runs a decoder's jobs as libav would, and keeps the failures that EXR's passes over.
 struct job_watch
@@ -89,32 +84,32 @@ packet_ptr packet_of(whole_file& file)
 }
 
 /// Uses the file up.
-[[nodiscard]] bool decode(const picture_kind& kind, whole_file& file, frame_ptr& frame, error& why)
+result<frame_ptr> decode(const picture_kind& kind, whole_file& file)
 {
     const std::string name(kind.name);
     const libav_messages messages;
     const codec_ptr context = open_decoder(kind.codec);
     if (context == nullptr)
-        return fail(why, error_kind::unsupported, "this build of libav does not read " + name);
+        return unsupported("this build of libav does not read " + name);
     job_watch jobs;
     jobs.attach(*context);
     const packet_ptr packet = packet_of(file);
-    frame.reset(av_frame_alloc());
+    frame_ptr frame(av_frame_alloc());
     if (packet == nullptr || frame == nullptr)
-        return fail(why, error_kind::unreadable, "not enough memory");
+        return unreadable("not enough memory");
     int result = avcodec_send_packet(context.get(), packet.get());
     if (result >= 0)
         result = avcodec_send_packet(context.get(), nullptr);
     if (result >= 0)
         result = avcodec_receive_frame(context.get(), frame.get());
     if (result == AVERROR_PATCHWELCOME || result == AVERROR(ENOSYS))
-        return fail(why, error_kind::unsupported, "this kind of " + name + " is not read: " + messages.reason(result));
+        return unsupported("this kind of " + name + " is not read: " + messages.reason(result));
     const bool reported = jobs.failed || (kind.codec == AV_CODEC_ID_TIFF && messages.any());
     if (result >= 0 && reported)
         result = AVERROR_INVALIDDATA;
     if (result < 0 || frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0)
-        return fail(why, error_kind::unreadable, "the " + name + " could not be decoded: " + messages.reason(result));
-    return true;
+        return unreadable("the " + name + " could not be decoded: " + messages.reason(result));
+    return frame;
 }
 
 depth depth_of(const AVPixFmtDescriptor& format)
@@ -209,32 +204,33 @@ still_reader& still_reader::operator=(still_reader&&) noexcept = default;
 
 void still_reader::frame_deleter::operator()(AVFrame* f) const { av_frame_free(&f); }
 
-bool still_reader::open(const std::string& path, error& why)
+result<> still_reader::open(const std::string& path)
 {
-    whole_file file;
-    if (!file.read(path, why))
-        return false;
-    const picture_kind* kind = kind_of(file.bytes(), path, why);
-    if (kind == nullptr)
-        return false;
-    const std::string name(kind->name);
-    picture_facts facts = kind->facts != nullptr ? kind->facts(file.bytes()) : picture_facts{};
+    auto file = whole_file::read(path);
+    if (!file)
+        return file.error();
+    const auto found = kind_of(file->bytes(), path);
+    if (!found)
+        return found.error();
+    const picture_kind& kind = **found;
+    const std::string name(kind.name);
+    picture_facts facts = kind.facts != nullptr ? kind.facts(file->bytes()) : picture_facts{};
     if (!facts.refusal.empty())
-        return fail(why, error_kind::unsupported, "this " + name + " is not read: " + facts.refusal,
-                    "save it as a plain RGB picture");
+        return unsupported("this " + name + " is not read: " + facts.refusal, "save it as a plain RGB picture");
     if (facts.truncated)
-        return fail(why, error_kind::unreadable, "the " + name + " ends before its picture does");
-    frame_ptr decoded;
-    if (!decode(*kind, file, decoded, why))
-        return false;
-    if (facts.full_range && decoded->color_range == AVCOL_RANGE_UNSPECIFIED)
-        decoded->color_range = AVCOL_RANGE_JPEG;
-    if (!can_unpack(*decoded))
-        return fail(why, error_kind::unsupported, "this " + name + " is not read: its samples are of an unusual kind");
-    description = describe(*decoded, *kind, facts);
+        return unreadable("the " + name + " ends before its picture does");
+    auto decoded = decode(kind, *file);
+    if (!decoded)
+        return decoded.error();
+    AVFrame& picture = **decoded;
+    if (facts.full_range && picture.color_range == AVCOL_RANGE_UNSPECIFIED)
+        picture.color_range = AVCOL_RANGE_JPEG;
+    if (!can_unpack(picture))
+        return unsupported("this " + name + " is not read: its samples are of an unusual kind");
+    description = describe(picture, kind, facts);
     notes = std::move(facts.warnings);
-    frame.reset(decoded.release());
-    return true;
+    frame.reset(decoded->release());
+    return {};
 }
 
 void still_reader::take(AVFrame* decoded, still_info known)

@@ -1,9 +1,9 @@
 // A still picture, decoded, and its rows as floats.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/stills/still_info.h"
 #include "shared/argb_float.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <memory>
@@ -27,7 +27,7 @@ public:
     /// Reads and decodes a file whole. The format is told by the content (by the name for TGA, which has no mark).
     /// Fails for clips, for pictures whose decoded colours would be wrong, and for truncated or damaged files: no part
     /// of a picture is ever given for the whole. What was open before is then still open.
-    [[nodiscard]] bool open(const std::string& path, error& why);
+    result<> open(const std::string& path);
 
     /// Takes over a frame of a clip and what is known of it, in a layout that can be unpacked.
     void take(AVFrame* decoded, still_info known);

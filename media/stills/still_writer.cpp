@@ -1,5 +1,6 @@
 #include "media/stills/still_writer.h"
 
+#include "media/base/failures.h"
 #include "media/base/libav.h"
 #include "media/samples/half_rounding.h"
 #include "media/samples/pack_rows.h"
@@ -20,12 +21,6 @@ namespace
 
 constexpr int usual_quality = 95;
 constexpr std::size_t largest_side = 65500; // of JPEG, whose sizes have 16 bits
-
-bool fail(error& why, error_kind kind, std::string reason, std::string hint = {})
-{
-    why = {kind, std::move(reason), std::move(hint)};
-    return false;
-}
 
 alpha_kind alpha_in(still_format format, const still_info& source)
 {
@@ -78,16 +73,15 @@ std::string what_is_left_out(const still_info& source, const still_info& written
     return text;
 }
 
-[[nodiscard]] bool check_request(still_format format, const still_info& source, const write_request& request,
-                                 error& why)
+result<> check_request(still_format format, const still_info& source, const write_request& request)
 {
     if (request.quality && format != still_format::jpeg)
-        return fail(why, error_kind::unsupported, std::string(name_of(format)) + " is lossless and has no quality");
+        return unsupported(std::string(name_of(format)) + " is lossless and has no quality");
     if (request.quality && (*request.quality < 1 || *request.quality > 100))
-        return fail(why, error_kind::unsupported, "the quality is not within 1..100");
+        return unsupported("the quality is not within 1..100");
     if (format == still_format::jpeg && std::max(source.width, source.height) > largest_side)
-        return fail(why, error_kind::unsupported, "JPEG holds at most 65500 pixels a side", "write PNG, TIFF or EXR");
-    return true;
+        return unsupported("JPEG holds at most 65500 pixels a side", "write PNG, TIFF or EXR");
+    return {};
 }
 
 /// The context owns the tables.
@@ -123,13 +117,13 @@ void set_options(dictionary& options, const still_info& info, const write_reques
         options.set(name, value);
 }
 
-[[nodiscard]] bool open_encoder(const AVFrame& frame, const still_info& info, const write_request& request,
-                                codec_ptr& context, const libav_messages& messages, error& why)
+result<codec_ptr> open_encoder(const AVFrame& frame, const still_info& info, const write_request& request,
+                               const libav_messages& messages)
 {
     const AVCodec* codec = avcodec_find_encoder(codec_of(info.format));
-    context.reset(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
+    codec_ptr context(codec != nullptr ? avcodec_alloc_context3(codec) : nullptr);
     if (context == nullptr)
-        return fail(why, error_kind::unsupported, "this build of libav does not write " + info.format_name);
+        return unsupported("this build of libav does not write " + info.format_name);
     context->width = frame.width;
     context->height = frame.height;
     context->pix_fmt = static_cast<AVPixelFormat>(frame.format);
@@ -143,11 +137,10 @@ void set_options(dictionary& options, const still_info& info, const write_reques
     dictionary options;
     set_options(options, info, request);
     if (const int result = avcodec_open2(context.get(), codec, &options.entries); result < 0)
-        return fail(why, error_kind::cannot_write,
-                    info.format_name + " could not be encoded: " + messages.reason(result));
+        return cannot_write(info.format_name + " could not be encoded: " + messages.reason(result));
     if (const std::string left = options.first_left(); !left.empty())
-        return fail(why, error_kind::unsupported, info.format_name + " has no option named " + left);
-    return true;
+        return unsupported(info.format_name + " has no option named " + left);
+    return context;
 }
 
 } // namespace
@@ -159,13 +152,19 @@ still_writer& still_writer::operator=(still_writer&&) noexcept = default;
 
 void still_writer::frame_deleter::operator()(AVFrame* f) const { av_frame_free(&f); }
 
-bool still_writer::create(const std::string& path, const still_info& source, const write_request& request, error& why)
+result<> still_writer::create(const std::string& path, const still_info& source, const write_request& request)
 {
+    const auto format = format_of_path(path);
+    if (!format)
+        return format.error();
+    if (const auto checked = check_request(*format, source, request); !checked)
+        return checked.error();
+    const auto chosen = choose_layout(*format, source, {request.depth, request.pixel_format});
+    if (!chosen)
+        return chosen.error();
+    const output_layout& layout = *chosen;
     still_info info = source;
-    output_layout layout{};
-    if (!format_of_path(path, info.format, why) || !check_request(info.format, source, request, why) ||
-        !choose_layout(info.format, source, {request.depth, request.pixel_format}, layout, why))
-        return false;
+    info.format = *format;
     info.format_name = name_of(info.format);
     info.depth = layout.depth;
     info.gray = false;
@@ -181,17 +180,17 @@ bool still_writer::create(const std::string& path, const still_info& source, con
 
     frame_ptr made(av_frame_alloc());
     if (made == nullptr)
-        return fail(why, error_kind::cannot_write, "not enough memory");
+        return cannot_write("not enough memory");
     made->format = layout.pixels;
     made->width = static_cast<int>(info.width);
     made->height = static_cast<int>(info.height);
     if (av_frame_get_buffer(made.get(), 0) < 0)
-        return fail(why, error_kind::cannot_write, "not enough memory for the picture");
+        return cannot_write("not enough memory for the picture");
     frame.reset(made.release());
     left_out = what_is_left_out(source, info);
     description = std::move(info);
     asked = request;
-    return true;
+    return {};
 }
 
 void still_writer::write_rows(std::size_t first, std::size_t count, const argb_float* in)
@@ -205,7 +204,7 @@ void still_writer::write_rows(std::size_t first, std::size_t count, const argb_f
     pack_rows(*frame, first, count, rounded.data());
 }
 
-bool still_writer::finish(std::vector<std::uint8_t>& bytes, error& why)
+result<std::vector<std::uint8_t>> still_writer::finish()
 {
     const libav_messages messages;
     if (description.format == still_format::jpeg)
@@ -220,9 +219,10 @@ bool still_writer::finish(std::vector<std::uint8_t>& bytes, error& why)
                 av_frame_new_side_data(frame.get(), AV_FRAME_DATA_ICC_PROFILE, description.icc.size()))
             std::copy(description.icc.begin(), description.icc.end(), icc->data);
 
-    codec_ptr context;
-    if (!open_encoder(*frame, description, asked, context, messages, why))
-        return false;
+    auto opened = open_encoder(*frame, description, asked, messages);
+    if (!opened)
+        return opened.error();
+    const codec_ptr context = std::move(*opened);
     frame->quality = context->global_quality;
     frame->pts = 0;
     const packet_ptr packet(av_packet_alloc());
@@ -232,13 +232,11 @@ bool still_writer::finish(std::vector<std::uint8_t>& bytes, error& why)
     if (result >= 0)
         result = avcodec_receive_packet(context.get(), packet.get());
     if (result < 0)
-        return fail(why, error_kind::cannot_write,
-                    description.format_name + " could not be encoded: " + messages.reason(result));
+        return cannot_write(description.format_name + " could not be encoded: " + messages.reason(result));
     std::vector<std::uint8_t> encoded(packet->data, packet->data + packet->size);
     fix_encoded(encoded, description);
-    bytes = std::move(encoded);
     frame.reset();
-    return true;
+    return encoded;
 }
 
 } // namespace ov1::media

@@ -1,9 +1,9 @@
 // A still picture in the making, from rows of floats to the bytes of a file.
 #pragma once
 
-#include "media/base/error.h"
 #include "media/stills/still_info.h"
 #include "shared/argb_float.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -48,8 +48,7 @@ public:
 
     /// Prepares a picture like the source, in the format of the name's extension. Fails if the format cannot hold what
     /// is asked for. Touches no file.
-    [[nodiscard]] bool create(const std::string& path, const still_info& source, const write_request& request,
-                              error& why);
+    result<> create(const std::string& path, const still_info& source, const write_request& request);
 
     /// What is written: its depth, alpha and transfer say what write_rows takes.
     const still_info& info() const { return description; }
@@ -63,7 +62,7 @@ public:
     void write_rows(std::size_t first, std::size_t count, const argb_float* in);
 
     /// Encodes the picture; the bytes are the same for the same picture. The writer is then used up.
-    [[nodiscard]] bool finish(std::vector<std::uint8_t>& bytes, error& why);
+    result<std::vector<std::uint8_t>> finish();
 
 private:
     struct frame_deleter

@@ -87,14 +87,14 @@ bool write_clip(media::clip_source& source, media::clip_target& target, const ou
     hooks.grade = settings.grade;
     hooks.run = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
     { run_pieces(pieces, settings.threads, work); };
-    hooks.on_frame = [&](std::uint64_t frames) { progress.step(frames); };
+    hooks.on_frame = [&](std::uint64_t frames) { progress.step(result.frames = frames); };
     hooks.on_damage = [&](const media::clip_damage& damage) { damages.tell(damage); };
-    media::error failure;
-    const bool graded = media::grade_clip(source, target, file.get_descriptor(), hooks, result.frames, failure);
+    const auto graded = media::grade_clip(source, target, file.get_descriptor(), hooks);
     result.damages = damages.count;
     if (!graded)
     {
-        why = problem_of(failure, failure.kind == media::error_kind::cannot_write ? job.output : job.input);
+        const bool is_outputs = graded.error().kind == failure_kind::cannot_write;
+        why = problem_of(graded.error(), is_outputs ? job.output : job.input);
         return false;
     }
     return file.commit(why.reason);
@@ -107,11 +107,10 @@ clip_result grade_clip_file(const output_job& job, const clip_settings& settings
     clip_result result;
     media::clip_source source;
     media::clip_target target;
-    media::error why;
-    if (!source.open(job.input, settings.threads, why))
-        return failed(std::move(result), problem_of(why, job.input));
-    if (!target.create(source, job.output, settings.format, why))
-        return failed(std::move(result), problem_of(why, job.output));
+    if (const auto opened = source.open(job.input, settings.threads); !opened)
+        return failed(std::move(result), problem_of(opened.error(), job.input));
+    if (const auto created = target.create(source, job.output, settings.format); !created)
+        return failed(std::move(result), problem_of(created.error(), job.output));
     for (const std::string& warning : target.get_warnings())
         result.warnings.push_back({exit_code::done, job.output, warning, {}});
     result.written = target.get_info();

@@ -24,23 +24,21 @@ void edit_picture::show(std::shared_ptr<image> picture)
 bool edit_picture::open(const std::string& new_path, problem& why)
 {
     path = new_path;
-    media::error failure;
-    if (media::input_kind_of(path) == media::input_kind::clip)
+    const bool is_clip = media::input_kind_of(path) == media::input_kind::clip;
+    media::clip_reader opened_clip;
+    media::still_reader still;
+    if (const auto opened = is_clip ? opened_clip.open(path, {}) : still.open(path); !opened)
     {
-        media::clip_reader opened;
-        if (opened.open(path, {}, failure))
-        {
-            clip = std::move(opened);
-            return read_frame(0, why);
-        }
+        why = problem_of(opened.error(), path);
+        return false;
     }
-    else if (media::still_reader reader; reader.open(path, failure))
+    if (is_clip)
     {
-        show(make_preview_image(reader));
-        return true;
+        clip = std::move(opened_clip);
+        return read_frame(0, why);
     }
-    why = problem_of(failure, path);
-    return false;
+    show(make_preview_image(still));
+    return true;
 }
 
 int edit_picture::get_frame_count() const
@@ -53,14 +51,13 @@ int edit_picture::get_frame_count() const
 
 bool edit_picture::read_frame(int frame, problem& why)
 {
-    media::still_reader picture;
-    media::error failure;
-    if (!clip || !clip->read_frame(static_cast<std::uint64_t>(frame), picture, failure))
+    const auto picture = clip ? clip->read_frame(static_cast<std::uint64_t>(frame)) : failure{};
+    if (!picture)
     {
-        why = problem_of(failure, path);
+        why = problem_of(picture.error(), path);
         return false;
     }
-    show(make_preview_image(picture));
+    show(make_preview_image(*picture));
     return true;
 }
 

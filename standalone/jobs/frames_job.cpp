@@ -40,10 +40,9 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
     clip_result result;
     media::clip_reader reader;
     media::still_reader frame;
-    media::error why;
-    if (!reader.open(job.input, clip.format, why))
+    if (const auto opened = reader.open(job.input, clip.format); !opened)
     {
-        result.failure = problem_of(why, job.input);
+        result.failure = problem_of(opened.error(), job.input);
         result.code = result.failure.code;
         return result;
     }

@@ -19,14 +19,14 @@ argb_float identity_pixel(std::size_t i)
 
 } // namespace
 
-bool make_hald_clut(const row_renderer& renderer, std::vector<std::uint8_t>& bytes, media::error& why)
+result<std::vector<std::uint8_t>> make_hald_clut(const row_renderer& renderer)
 {
     media::still_info info;
     info.width = info.height = side;
     info.depth = media::depth::u16;
     media::still_writer writer;
-    if (!writer.create("hald.png", info, {}, why))
-        return false;
+    if (const auto created = writer.create("hald.png", info, {}); !created)
+        return created.error();
 
     std::vector<argb_float> rows(side * media::still_writer::row_multiple);
     for (std::size_t y = 0; y < side; y += media::still_writer::row_multiple)
@@ -36,7 +36,7 @@ bool make_hald_clut(const row_renderer& renderer, std::vector<std::uint8_t>& byt
         renderer.render_row(y, rows.data(), rows.data(), rows.size());
         writer.write_rows(y, media::still_writer::row_multiple, rows.data());
     }
-    return writer.finish(bytes, why);
+    return writer.finish();
 }
 
 } // namespace ov1

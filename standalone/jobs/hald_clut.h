@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/row_renderer.h"
-#include "media/base/error.h"
+#include "shared/result.h"
 
 #include <cstdint>
 #include <vector>
@@ -13,6 +13,6 @@ namespace ov1
 /// A PNG of 512 x 512 pixels and 16 bits that holds a cube of 64 points per axis, red varying fastest, then green, then
 /// blue, as the renderer grades it (level 8). Source: the HaldCLUT layout,
 /// http://www.quelsolaar.com/technology/clut.html
-[[nodiscard]] bool make_hald_clut(const row_renderer& renderer, std::vector<std::uint8_t>& bytes, media::error& why);
+result<std::vector<std::uint8_t>> make_hald_clut(const row_renderer& renderer);
 
 } // namespace ov1

@@ -6,23 +6,22 @@ namespace ov1
 namespace
 {
 
-exit_code code_of(media::error_kind kind)
+exit_code code_of(failure_kind kind)
 {
     switch (kind)
     {
-    case media::error_kind::unreadable:
+    case failure_kind::unreadable:
         return exit_code::unreadable;
-    case media::error_kind::unsupported:
+    case failure_kind::unsupported:
         return exit_code::unsupported;
-    case media::error_kind::cannot_write:
-        break;
+    default:
+        return exit_code::cannot_write;
     }
-    return exit_code::cannot_write;
 }
 
 } // namespace
 
-problem problem_of(const media::error& why, const std::string& subject)
+problem problem_of(const failure& why, const std::string& subject)
 {
     return {code_of(why.kind), subject, why.reason, why.hint};
 }

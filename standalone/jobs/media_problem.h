@@ -2,7 +2,7 @@
 #pragma once
 
 #include "command_line/problem.h"
-#include "media/base/error.h"
+#include "shared/failure.h"
 
 #include <string>
 
@@ -10,6 +10,6 @@ namespace ov1
 {
 
 /// The subject is the path as the user gave it.
-problem problem_of(const media::error& why, const std::string& subject);
+problem problem_of(const failure& why, const std::string& subject);
 
 } // namespace ov1

@@ -10,7 +10,7 @@ namespace ov1
 namespace
 {
 
-picture_result failed(picture_result result, const std::string& subject, const media::error& why)
+picture_result failed(picture_result result, const std::string& subject, const failure& why)
 {
     result.failure = problem_of(why, subject);
     result.code = result.failure.code;
@@ -28,9 +28,8 @@ void warn(picture_result& result, const std::string& subject, const std::string&
 picture_result grade_picture(const output_job& job, const picture_settings& settings)
 {
     media::still_reader source;
-    media::error why;
-    if (!source.open(job.input, why))
-        return failed({}, job.input, why);
+    if (const auto read = source.open(job.input); !read)
+        return failed({}, job.input, read.error());
     return grade_read_picture(source, job, settings);
 }
 
@@ -39,11 +38,10 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
 {
     picture_result result;
     media::still_writer target;
-    media::error why;
     for (const std::string& note : source.warnings())
         warn(result, job.input, note);
-    if (!target.create(job.output, source.info(), settings.format, why))
-        return failed(result, job.output, why);
+    if (const auto created = target.create(job.output, source.info(), settings.format); !created)
+        return failed(result, job.output, created.error());
     warn(result, job.output, target.warning());
     result.written = target.info();
     if (settings.dry_run)
@@ -63,10 +61,10 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
     for (const std::string& warning : report.warnings)
         warn(result, job.input, warning);
 
-    std::vector<std::uint8_t> bytes;
-    if (!target.finish(bytes, why))
-        return failed(result, job.output, why);
-    if (!write_output(job.output, bytes, settings.overwrite, result.failure))
+    const auto bytes = target.finish();
+    if (!bytes)
+        return failed(result, job.output, bytes.error());
+    if (!write_output(job.output, *bytes, settings.overwrite, result.failure))
         result.code = result.failure.code;
     return result;
 }

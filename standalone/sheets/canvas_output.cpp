@@ -17,17 +17,17 @@ namespace ov1
 namespace
 {
 
-bool encode(const canvas& painted, const std::string& path, std::vector<std::uint8_t>& bytes, media::error& why)
+result<std::vector<std::uint8_t>> encode(const canvas& painted, const std::string& path)
 {
     media::still_info info;
     info.width = painted.get_width();
     info.height = painted.get_height();
     media::still_writer writer;
-    if (!writer.create(path, info, {}, why))
-        return false;
+    if (const auto created = writer.create(path, info, {}); !created)
+        return created.error();
     for (std::size_t y = 0; y < info.height; y += media::still_writer::row_multiple)
         writer.write_rows(y, std::min(media::still_writer::row_multiple, info.height - y), painted.row(y));
-    return writer.finish(bytes, why);
+    return writer.finish();
 }
 
 void report(const run_options& run, const std::string& output, const canvas& painted, console& out)
@@ -62,12 +62,11 @@ bool plan_canvas(std::string& path, const run_options& run, console& out, exit_c
 
 exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out)
 {
-    std::vector<std::uint8_t> bytes;
-    media::error why;
+    const auto bytes = encode(painted, path);
     problem failure;
-    if (!encode(painted, path, bytes, why))
-        failure = problem_of(why, path);
-    else if (run.dry_run || write_output(path, bytes, run.overwrite, failure))
+    if (!bytes)
+        failure = problem_of(bytes.error(), path);
+    else if (run.dry_run || write_output(path, *bytes, run.overwrite, failure))
     {
         report(run, path, painted, out);
         return exit_code::done;

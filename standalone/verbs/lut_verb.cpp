@@ -113,11 +113,12 @@ bool encode(effect_instance& effect, const lut_request& request, std::vector<std
 {
     if (request.format == table_format::hald_png)
     {
-        media::error failure;
-        if (make_hald_clut(*effect.get_renderer(), bytes, failure))
-            return true;
-        why = problem_of(failure, *request.output);
-        return false;
+        auto made = make_hald_clut(*effect.get_renderer());
+        if (made)
+            bytes = std::move(*made);
+        else
+            why = problem_of(made.error(), *request.output);
+        return static_cast<bool>(made);
     }
     iobject* found = nullptr;
     lut_argb_variable table;

@@ -120,10 +120,9 @@ bool parse(scope_command& command, std::span<const std::string> arguments, conso
 bool read_picture(const scope_command& command, media::reduced_picture& picture, std::vector<problem>& problems)
 {
     media::still_reader source;
-    media::error why;
-    if (!source.open(command.inputs[0], why))
+    if (const auto read = source.open(command.inputs[0]); !read)
     {
-        problems.push_back(problem_of(why, command.inputs[0]));
+        problems.push_back(problem_of(read.error(), command.inputs[0]));
         return false;
     }
     effect_instance effect;

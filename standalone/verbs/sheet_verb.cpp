@@ -118,10 +118,9 @@ bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cel
 exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
 {
     media::still_reader source;
-    media::error why;
-    if (!source.open(command.inputs[0], why))
+    if (const auto read = source.open(command.inputs[0]); !read)
     {
-        const problem p = problem_of(why, command.inputs[0]);
+        const problem p = problem_of(read.error(), command.inputs[0]);
         out.error(p);
         return p.code;
     }

@@ -27,17 +27,24 @@ inline still_info picture_info(std::size_t width, std::size_t height, depth d, a
     return info;
 }
 
+/// Why something failed; empty if it did not.
+template <typename T>
+std::string reason_of(const result<T>& outcome)
+{
+    return outcome ? std::string() : outcome.error().reason;
+}
+
 /// The bytes of a picture whose samples are stored as given.
 inline file_bytes encoded(const std::string& name, const still_info& info, const rows& pixels,
                           write_request request = {.transfer = transfer_choice::none})
 {
     still_writer writer;
-    error why;
-    file_bytes bytes;
-    EXPECT_TRUE(writer.create(name, info, request, why)) << why.reason;
+    const auto created = writer.create(name, info, request);
+    EXPECT_TRUE(created) << reason_of(created);
     writer.write_rows(0, info.height, pixels.data());
-    EXPECT_TRUE(writer.finish(bytes, why)) << why.reason;
-    return bytes;
+    auto bytes = writer.finish();
+    EXPECT_TRUE(bytes) << reason_of(bytes);
+    return std::move(*bytes);
 }
 
 /// A test with a folder that goes with it.
@@ -54,8 +61,8 @@ protected:
     still_reader opened(const std::string& name, const file_bytes& bytes) const
     {
         still_reader reader;
-        error why;
-        EXPECT_TRUE(reader.open(save(name, bytes), why)) << why.reason;
+        const auto read = reader.open(save(name, bytes));
+        EXPECT_TRUE(read) << reason_of(read);
         return reader;
     }
     still_reader stored(const std::string& name, const still_info& info, const rows& pixels) const

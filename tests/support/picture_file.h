@@ -14,10 +14,9 @@ public:
     explicit picture_file(const std::string& name)
     {
         media::still_reader reader;
-        media::error why;
-        if (!reader.open(std::string(VERIDIAL_SHARE_DIR) + "/" + name, why))
+        if (const auto read = reader.open(std::string(VERIDIAL_SHARE_DIR) + "/" + name); !read)
         {
-            ADD_FAILURE() << name << ": " << why.reason;
+            ADD_FAILURE() << name << ": " << read.error().reason;
             return;
         }
         width = static_cast<int>(reader.info().width);

@@ -19,15 +19,20 @@ bool write_picture(const std::string& path, std::size_t width, const std::vector
     info.height = pixels.size() / width;
     info.alpha = media::alpha_kind::straight;
     media::still_writer writer;
-    media::error why;
-    std::vector<std::uint8_t> bytes;
-    if (writer.create(path, info, {}, why))
+    std::string reason;
+    const auto created = writer.create(path, info, {});
+    if (created)
     {
         writer.write_rows(0, info.height, pixels.data());
-        if (writer.finish(bytes, why) && replace_file(path, bytes, why.reason))
+        const auto bytes = writer.finish();
+        if (bytes && replace_file(path, *bytes, reason))
             return true;
+        if (!bytes)
+            reason = bytes.error().reason;
     }
-    std::fprintf(stderr, "make_artwork: %s: %s\n", path.c_str(), why.reason.c_str());
+    else
+        reason = created.error().reason;
+    std::fprintf(stderr, "make_artwork: %s: %s\n", path.c_str(), reason.c_str());
     return false;
 }
 

@@ -38,9 +38,9 @@ bool draw(const std::string& path, std::size_t width, std::size_t height, F&& co
     info.width = width;
     info.height = height;
     media::still_writer writer;
-    media::error why;
-    std::vector<std::uint8_t> bytes;
-    if (writer.create(path, info, {}, why))
+    std::string reason;
+    const auto created = writer.create(path, info, {});
+    if (created)
     {
         for (std::size_t y = 0; y < height; y += media::still_writer::row_multiple)
         {
@@ -52,10 +52,15 @@ bool draw(const std::string& path, std::size_t width, std::size_t height, F&& co
             }
             writer.write_rows(y, rows.size() / width, rows.data());
         }
-        if (writer.finish(bytes, why) && replace_file(path, bytes, why.reason))
+        const auto bytes = writer.finish();
+        if (bytes && replace_file(path, *bytes, reason))
             return true;
+        if (!bytes)
+            reason = bytes.error().reason;
     }
-    std::fprintf(stderr, "make_samples: %s: %s\n", path.c_str(), why.reason.c_str());
+    else
+        reason = created.error().reason;
+    std::fprintf(stderr, "make_samples: %s: %s\n", path.c_str(), reason.c_str());
     return false;
 }
 

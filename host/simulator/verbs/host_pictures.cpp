@@ -11,14 +11,14 @@ namespace ov1
 namespace
 {
 
-exit_code code_of(media::error_kind kind)
+exit_code code_of(failure_kind kind)
 {
-    if (kind == media::error_kind::unreadable)
+    if (kind == failure_kind::unreadable)
         return exit_code::unreadable;
-    return kind == media::error_kind::unsupported ? exit_code::unsupported : exit_code::cannot_write;
+    return kind == failure_kind::unsupported ? exit_code::unsupported : exit_code::cannot_write;
 }
 
-bool told(const media::error& error, const std::string& path, problem& why)
+bool told(const failure& error, const std::string& path, problem& why)
 {
     why = {code_of(error.kind), path, error.reason, error.hint};
     return false;
@@ -28,9 +28,8 @@ bool told(const media::error& error, const std::string& path, problem& why)
 
 bool read_picture(const std::string& path, picture_file& file, problem& why)
 {
-    media::error error;
-    if (!file.reader.open(path, error))
-        return told(error, path, why);
+    if (const auto opened = file.reader.open(path); !opened)
+        return told(opened.error(), path, why);
     const media::still_info& info = file.reader.info();
     file.picture = host_picture(info.width, info.height);
     std::vector<argb_float> row(info.width);
@@ -50,9 +49,8 @@ bool write_picture(const std::string& path, const picture_file& like, const host
                    problem& why)
 {
     media::still_writer writer;
-    media::error error;
-    if (!writer.create(path, like.reader.info(), {}, error))
-        return told(error, path, why);
+    if (const auto created = writer.create(path, like.reader.info(), {}); !created)
+        return told(created.error(), path, why);
     constexpr std::size_t step = media::still_writer::row_multiple;
     std::vector<argb_float> rows;
     for (std::size_t y = 0; y < picture.height; y += step)
@@ -66,11 +64,11 @@ bool write_picture(const std::string& path, const picture_file& like, const host
         }
         writer.write_rows(y, count, rows.data());
     }
-    std::vector<std::uint8_t> bytes;
-    if (!writer.finish(bytes, error))
-        return told(error, path, why);
+    const auto bytes = writer.finish();
+    if (!bytes)
+        return told(bytes.error(), path, why);
     why = {exit_code::cannot_write, path, {}, {}};
-    return overwrite ? replace_file(path, bytes, why.reason) : create_file(path, bytes, why.reason);
+    return overwrite ? replace_file(path, *bytes, why.reason) : create_file(path, *bytes, why.reason);
 }
 
 } // namespace ov1

@@ -37,8 +37,8 @@ run_result run(const std::string& command)
 std::vector<argb_float> pixels_of(const std::string& path)
 {
     media::still_reader reader;
-    media::error why;
-    EXPECT_TRUE(reader.open(path, why)) << path << ": " << why.reason;
+    const auto read = reader.open(path);
+    EXPECT_TRUE(read) << path << ": " << read.error().reason;
     std::vector<argb_float> pixels(reader.info().width * reader.info().height);
     reader.read_rows(0, reader.info().height, pixels.data());
     return pixels;

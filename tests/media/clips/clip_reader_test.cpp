@@ -52,14 +52,14 @@ TEST_F(clip_reader_test, any_frame_comes_by_its_index_in_any_order)
     {
         SCOPED_TRACE(row.name);
         clip_reader clip;
-        error why;
-        ASSERT_TRUE(clip.open(made(row.name, row.options), {}, why)) << why.reason;
+        const auto opened = clip.open(made(row.name, row.options), {});
+        ASSERT_TRUE(opened) << reason_of(opened);
         EXPECT_EQ(clip.info().frames, 30u);
         for (const std::uint64_t index : {0, 1, 2, 29, 0, 17, 18, 5, 28, 12, 12, 99})
         {
-            still_reader frame;
-            ASSERT_TRUE(clip.read_frame(index, frame, why)) << index << ' ' << why.reason;
-            EXPECT_EQ(number_of(frame), std::min<int>(static_cast<int>(index), 29)) << index;
+            const auto frame = clip.read_frame(index);
+            ASSERT_TRUE(frame) << index << ' ' << reason_of(frame);
+            EXPECT_EQ(number_of(*frame), std::min<int>(static_cast<int>(index), 29)) << index;
         }
     }
 }
@@ -73,14 +73,14 @@ TEST_F(clip_reader_test, frames_stand_upright_and_have_the_stills_form)
     ASSERT_EQ(std::system(turn.c_str()), 0);
     EXPECT_EQ(input_kind_of(path), input_kind::clip);
     clip_reader clip;
-    still_reader frame;
-    error why;
-    ASSERT_TRUE(clip.open(path, {}, why)) << why.reason;
-    ASSERT_TRUE(clip.read_frame(3, frame, why));
-    EXPECT_EQ(frame.info().width, 48u);
-    EXPECT_EQ(frame.info().height, 64u);
-    EXPECT_EQ(frame.info().depth, depth::u10);
-    EXPECT_FALSE(clip.open(save("text.mov", {'n', 'o'}), {}, why));
+    const auto opened = clip.open(path, {});
+    ASSERT_TRUE(opened) << reason_of(opened);
+    const auto frame = clip.read_frame(3);
+    ASSERT_TRUE(frame) << reason_of(frame);
+    EXPECT_EQ(frame->info().width, 48u);
+    EXPECT_EQ(frame->info().height, 64u);
+    EXPECT_EQ(frame->info().depth, depth::u10);
+    EXPECT_FALSE(clip.open(save("text.mov", {'n', 'o'}), {}));
     EXPECT_EQ(clip.info().frames, 30u) << "what was open stays open";
 }
 

@@ -28,10 +28,9 @@ frame_ptr new_frame(AVPixelFormat pixels, int width, int height)
 
 frame_form form(AVPixelFormat pixels, const colour_tags& tags = {}, int width = 64, int height = 64)
 {
-    frame_form made;
-    error why;
-    EXPECT_TRUE(form_of(pixels, tags, width, height, made, why)) << why.reason;
-    return made;
+    const auto made = form_of(pixels, tags, width, height);
+    EXPECT_TRUE(made) << made.error().reason;
+    return *made;
 }
 
 /// Codes of one component of a frame, by libav's own accessor.
@@ -288,12 +287,11 @@ TEST(frame_grader, every_instruction_set_and_every_cut_gives_the_same_codes)
 
 TEST(frame_form, what_is_no_sum_of_weights_or_no_plain_sample_is_refused)
 {
-    frame_form made;
-    error why;
-    EXPECT_FALSE(form_of(AV_PIX_FMT_YUV420P, {AVCOL_RANGE_MPEG, AVCOL_SPC_YCGCO, {}}, 64, 64, made, why));
-    EXPECT_NE(why.reason.find("ycgco"), std::string::npos) << why.reason;
-    EXPECT_FALSE(form_of(AV_PIX_FMT_PAL8, {}, 64, 64, made, why));
-    EXPECT_FALSE(form_of(AV_PIX_FMT_XYZ12LE, {}, 64, 64, made, why));
+    const auto made = form_of(AV_PIX_FMT_YUV420P, {AVCOL_RANGE_MPEG, AVCOL_SPC_YCGCO, {}}, 64, 64);
+    ASSERT_FALSE(made);
+    EXPECT_NE(made.error().reason.find("ycgco"), std::string::npos) << made.error().reason;
+    EXPECT_FALSE(form_of(AV_PIX_FMT_PAL8, {}, 64, 64));
+    EXPECT_FALSE(form_of(AV_PIX_FMT_XYZ12LE, {}, 64, 64));
     EXPECT_FALSE(can_be_written(form(AV_PIX_FMT_X2RGB10LE)));
     EXPECT_EQ(form(AV_PIX_FMT_YUV420P, {}, 1920, 1080).weights.kr, 0.2126f);
     EXPECT_EQ(form(AV_PIX_FMT_YUV420P, {}, 720, 576).weights.kr, 0.299f);

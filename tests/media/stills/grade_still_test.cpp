@@ -19,12 +19,12 @@ protected:
                 transfer_choice choice = transfer_choice::automatic, const piece_runner& run = run_in_turn)
     {
         still_writer writer;
-        error why;
-        file_bytes bytes;
-        EXPECT_TRUE(writer.create(name, source.info(), {.transfer = choice}, why)) << why.reason;
+        const auto created = writer.create(name, source.info(), {.transfer = choice});
+        EXPECT_TRUE(created) << reason_of(created);
         report = grade_still(source, writer, grade, choice, run);
-        EXPECT_TRUE(writer.finish(bytes, why)) << why.reason;
-        return all_rows(opened("out_" + name, bytes));
+        const auto bytes = writer.finish();
+        EXPECT_TRUE(bytes) << reason_of(bytes);
+        return all_rows(opened("out_" + name, *bytes));
     }
 
     grade_report report; ///< the latest

@@ -22,12 +22,11 @@ TEST(output_format, keeps_the_depth_or_loses_least)
     for (const auto& [format, source, alpha, written, written_alpha] : cases)
     {
         SCOPED_TRACE(std::string(name_of(format)) + " from " + std::string(name_of(source)));
-        output_layout layout{};
-        error why;
         const still_info info = picture_info(1, 1, source, alpha ? alpha_kind::straight : alpha_kind::none);
-        ASSERT_TRUE(choose_layout(format, info, {}, layout, why)) << why.reason;
-        EXPECT_EQ(layout.depth, written);
-        EXPECT_EQ(layout.has_alpha, written_alpha);
+        const auto layout = choose_layout(format, info, {});
+        ASSERT_TRUE(layout) << reason_of(layout);
+        EXPECT_EQ(layout->depth, written);
+        EXPECT_EQ(layout->has_alpha, written_alpha);
     }
 }
 
@@ -45,23 +44,20 @@ TEST(output_format, refuses_naming_what_the_format_holds)
     };
     for (const auto& [format, request, alpha, reason, hint] : cases)
     {
-        output_layout layout{};
-        error why;
-        EXPECT_FALSE(choose_layout(format, picture_info(1, 1, u8, alpha), request, layout, why));
-        EXPECT_EQ(why.reason, reason);
-        EXPECT_EQ(why.hint, hint);
+        const auto layout = choose_layout(format, picture_info(1, 1, u8, alpha), request);
+        ASSERT_FALSE(layout);
+        EXPECT_EQ(layout.error().reason, reason);
+        EXPECT_EQ(layout.error().hint, hint);
     }
 }
 
-TEST(output_format, is_told_by_the_extension_of_the_leaf)
+TEST(output_format, follows_from_the_extension_of_the_file_name)
 {
-    still_format format = still_format::other;
-    error why;
-    EXPECT_TRUE(format_of_path("a.exr/b.c.JPeG", format, why));
-    EXPECT_EQ(format, still_format::jpeg);
+    const auto format = format_of_path("a.exr/b.c.JPeG");
+    ASSERT_TRUE(format);
+    EXPECT_EQ(*format, still_format::jpeg);
     for (const char* path : {"a.png/b", "png", "a.", "a.gif", "", "a.png.txt"})
-        EXPECT_FALSE(format_of_path(path, format, why)) << path;
-    EXPECT_EQ(format, still_format::jpeg) << "untouched";
+        EXPECT_FALSE(format_of_path(path)) << path;
 }
 
 } // namespace

@@ -1,0 +1,27 @@
+// Failures of the media rooms. Their subject, a path as the user gave it, is added by the caller.
+#pragma once
+
+#include "shared/failure.h"
+
+#include <string>
+#include <utility>
+
+namespace ov1::media
+{
+
+inline failure unreadable(std::string reason, std::string hint = {})
+{
+    return {.kind = failure_kind::unreadable, .reason = std::move(reason), .hint = std::move(hint)};
+}
+
+inline failure unsupported(std::string reason, std::string hint = {})
+{
+    return {.kind = failure_kind::unsupported, .reason = std::move(reason), .hint = std::move(hint)};
+}
+
+inline failure cannot_write(std::string reason, std::string hint = {})
+{
+    return {.kind = failure_kind::cannot_write, .reason = std::move(reason), .hint = std::move(hint)};
+}
+
+} // namespace ov1::media
