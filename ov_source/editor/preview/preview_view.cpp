@@ -1,5 +1,6 @@
 #include "editor/preview/preview_view.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/preview/display_grade.h"
 
 #include "vstgui/lib/cdrawcontext.h"
@@ -20,8 +21,6 @@ using namespace VSTGUI;
 namespace
 {
 
-constexpr CColor line_colour(255, 255, 255, 220);
-constexpr CColor line_shadow(0, 0, 0, 110);
 constexpr CCoord line_grip_radius = 7;
 constexpr CCoord line_reach = 6; ///< how far from the line a press still takes it
 
@@ -198,13 +197,13 @@ void preview_view::draw_line(CDrawContext* context)
         context->setFillColor(colour);
         context->drawRect(CRect(x - half_width, visible.top, x + half_width, visible.bottom), kDrawFilled);
     };
-    draw_bar(line_shadow, 1.5);
-    draw_bar(line_colour, 0.5);
+    draw_bar(style::split_shadow, 1.5);
+    draw_bar(style::split_line, 0.5);
     const auto grip = owned(context->createGraphicsPath());
     grip->addEllipse(
         CRect(x - line_grip_radius, middle - line_grip_radius, x + line_grip_radius, middle + line_grip_radius));
-    context->setFillColor(line_colour);
-    context->setFrameColor(line_shadow);
+    context->setFillColor(style::split_line);
+    context->setFrameColor(style::split_shadow);
     context->setLineWidth(1);
     context->drawGraphicsPath(grip, CDrawContext::kPathFilled);
     context->drawGraphicsPath(grip, CDrawContext::kPathStroked);

@@ -17,11 +17,9 @@ using namespace VSTGUI;
 namespace
 {
 
-constexpr CColor scale_text(176, 176, 176);
 constexpr CCoord title_indent = 8;
 constexpr CPoint label_size(32, 14);
 constexpr CPoint label_reach(24, 11); ///< nearer than that two labels touch
-constexpr CCoord label_font_size = 10;
 
 } // namespace
 
@@ -84,8 +82,8 @@ void scope_view::draw(CDrawContext* context)
 void scope_view::draw_labels(CDrawContext* context, const CRect& area) const
 {
     const rect points{0, 0, static_cast<int>(area.getWidth()), static_cast<int>(area.getHeight())};
-    context->setFont(makeOwned<CFontDesc>("Arial", label_font_size));
-    context->setFontColor(scale_text);
+    context->setFont(style::tiny_font());
+    context->setFontColor(style::scale_text);
     CPoint last(-label_size.x, 0);
     for (const scope_label& label : scope_labels_of(type, points, 1))
     {

@@ -1,6 +1,7 @@
 #include "editor/controls/modal/help_overlay.h"
 
 #include "editor/controls/modal/modal_layer.h"
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/text_measure.h"
 #include "editor/controls/style/tip_box.h"
 
@@ -18,8 +19,6 @@ constexpr VSTGUI::CCoord title_height = 28.0;
 constexpr VSTGUI::CCoord line_height = 18.0;
 constexpr VSTGUI::CCoord group_gap = 10.0;
 constexpr VSTGUI::CCoord column_gap = 24.0;
-const VSTGUI::CColor title_colour(226, 226, 226);
-const VSTGUI::CColor text_colour(182, 182, 182);
 
 class help_overlay : public modal_layer
 {
@@ -53,7 +52,7 @@ public:
         draw_tip_box(*context, row);
         row.inset(margin, margin);
         row.setHeight(line_height);
-        draw_text(*context, title, row, title_font, title_colour);
+        draw_text(*context, title, row, title_font, style::bright_text);
         row.offset(0.0, title_height);
         for (const auto& group : groups)
         {
@@ -112,10 +111,10 @@ private:
     {
         for (const help_row& line : group)
         {
-            draw_text(context, line.keys, row, font, title_colour);
+            draw_text(context, line.keys, row, font, style::bright_text);
             VSTGUI::CRect beside = row;
             beside.left += keys_width + column_gap;
-            draw_text(context, line.text, beside, font, text_colour);
+            draw_text(context, line.text, beside, font, style::dialog_text);
             row.offset(0.0, line_height);
         }
     }
@@ -130,9 +129,8 @@ private:
 
     const std::string title;
     const std::vector<std::vector<help_row>> groups;
-    const VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
-        VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 14.0, VSTGUI::kBoldFace);
-    const VSTGUI::SharedPointer<VSTGUI::CFontDesc> font = VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 12.0);
+    const style::font_pointer title_font = style::title_font();
+    const style::font_pointer font = style::text_font();
     double height = 0.0; // of the groups beneath one another
     double highest = 0.0;
     double keys_width = 0.0;

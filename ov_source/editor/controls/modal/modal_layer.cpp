@@ -1,18 +1,12 @@
 #include "editor/controls/modal/modal_layer.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/tip_box.h"
 
 #include <utility>
 
 namespace ov1
 {
-
-namespace
-{
-
-const VSTGUI::CColor dimming(0, 0, 0, 140);
-
-} // namespace
 
 modal_layer::modal_layer(const VSTGUI::CFrame& frame)
     : with_keys(area_of(frame))
@@ -35,7 +29,7 @@ bool modal_layer::show(VSTGUI::CFrame& frame, const VSTGUI::SharedPointer<modal_
 void modal_layer::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect)
 {
     context->setDrawMode(VSTGUI::kAliasing);
-    context->setFillColor(dimming);
+    context->setFillColor(style::dimming);
     context->drawRect(update_rect, VSTGUI::kDrawFilled);
 }
 

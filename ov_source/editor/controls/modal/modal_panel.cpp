@@ -1,6 +1,7 @@
 #include "editor/controls/modal/modal_panel.h"
 
 #include "editor/controls/modal/modal_layer.h"
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/round_box.h"
 #include "editor/controls/style/text_lines.h"
 #include "editor/controls/style/text_measure.h"
@@ -28,12 +29,6 @@ constexpr VSTGUI::CCoord least_button_width = 92.0;
 constexpr VSTGUI::CCoord button_padding = 32.0;
 constexpr VSTGUI::CCoord corner_radius = 6.0;
 constexpr VSTGUI::CCoord field_corner_radius = 4.0;
-
-const VSTGUI::CColor box_grey(56, 56, 56);
-const VSTGUI::CColor frame_grey(92, 92, 92);
-const VSTGUI::CColor field_grey(36, 36, 36);
-const VSTGUI::CColor title_colour(226, 226, 226);
-const VSTGUI::CColor message_colour(182, 182, 182);
 
 enum button_tag : std::int32_t
 {
@@ -67,9 +62,8 @@ private:
     void answer(bool confirmed);
 
     std::function<void(const modal_answer&)> done;
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> title_font =
-        VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 14.0, VSTGUI::kBoldFace);
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> message_font = VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", 12.0);
+    const style::font_pointer title_font = style::title_font();
+    const style::font_pointer message_font = style::text_font();
     std::string title;
     std::vector<std::string> lines;
     VSTGUI::CTextEdit* field = nullptr; // a child, as the buttons are
@@ -106,9 +100,9 @@ void modal_panel::add_field(const std::string& name)
 {
     field = new VSTGUI::CTextEdit({}, nullptr, -1, name.c_str());
     field->setFont(message_font);
-    field->setFontColor(title_colour);
-    field->setBackColor(field_grey);
-    field->setFrameColor(frame_grey);
+    field->setFontColor(style::bright_text);
+    field->setBackColor(style::dialog_field);
+    field->setFrameColor(style::dialog_frame);
     field->setHoriAlign(VSTGUI::kLeftText);
     field->setTextInset({8.0, 0.0});
     field->setStyle(VSTGUI::CTextEdit::kRoundRectStyle);
@@ -160,7 +154,7 @@ void modal_panel::setViewSize(const VSTGUI::CRect& rect, bool redraw)
 void modal_panel::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect)
 {
     modal_layer::drawBackgroundRect(context, update_rect);
-    draw_round_box(*context, box(), corner_radius, box_grey, frame_grey);
+    draw_round_box(*context, box(), corner_radius, style::dialog, style::dialog_frame);
     draw_texts(*context);
 }
 
@@ -170,13 +164,13 @@ void modal_panel::draw_texts(VSTGUI::CDrawContext& context) const
     row.inset(margin, margin);
     row.setHeight(title_height);
     context.setFont(title_font);
-    context.setFontColor(title_colour);
+    context.setFontColor(style::bright_text);
     context.drawString(title.c_str(), row, VSTGUI::kLeftText);
 
     row.offset(0.0, title_height + gap);
     row.setHeight(line_height);
     context.setFont(message_font);
-    context.setFontColor(message_colour);
+    context.setFontColor(style::dialog_text);
     for (const std::string& line : lines)
     {
         context.drawString(line.c_str(), row, VSTGUI::kLeftText);

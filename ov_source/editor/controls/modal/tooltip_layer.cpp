@@ -1,5 +1,6 @@
 #include "editor/controls/modal/tooltip_layer.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/tip_box.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace ov1
 namespace
 {
 
-constexpr VSTGUI::CCoord font_points = 12.0;
 constexpr VSTGUI::CCoord widest_text = 300.0;
 constexpr VSTGUI::CCoord line_height = 16.0;
 const VSTGUI::CPoint padding(9.0, 6.0);
@@ -50,7 +50,7 @@ public:
         row.inset(padding.x, padding.y);
         row.setHeight(line_height);
         context->setFont(font);
-        context->setFontColor(tip_text_colour);
+        context->setFontColor(style::tip_text);
         for (const std::string& line : lines)
         {
             context->drawString(line.c_str(), row, VSTGUI::kLeftText);
@@ -87,7 +87,7 @@ VSTGUI::CRect tooltip_place(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& s
 tooltip_layer::tooltip_layer(VSTGUI::CFrame& frame, std::uint32_t delay_ms)
     : frame(frame)
     , delay_ms(delay_ms)
-    , font(VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points))
+    , font(style::text_font())
 {
     frame.registerMouseObserver(this);
 }

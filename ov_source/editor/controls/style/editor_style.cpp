@@ -14,16 +14,18 @@ using namespace VSTGUI;
 namespace
 {
 
-SharedPointer<CFontDesc> make_font(CCoord size, std::int32_t face = kNormalFace)
+style::font_pointer make_font(CCoord size, std::int32_t face = kNormalFace)
 {
     return makeOwned<CFontDesc>("Arial", size, face);
 }
 
 } // namespace
 
-SharedPointer<CFontDesc> style::panel_label_font() { return make_font(12, kBoldFace | kItalicFace); }
-SharedPointer<CFontDesc> style::text_font() { return make_font(12); }
-SharedPointer<CFontDesc> style::small_font() { return make_font(11); }
+style::font_pointer style::title_font() { return make_font(14, kBoldFace); }
+style::font_pointer style::panel_label_font() { return make_font(12, kBoldFace | kItalicFace); }
+style::font_pointer style::text_font() { return make_font(12); }
+style::font_pointer style::small_font() { return make_font(11); }
+style::font_pointer style::tiny_font() { return make_font(10); }
 
 SharedPointer<CBitmap> load_artwork(const char* name)
 {

@@ -1,4 +1,4 @@
-// Colours, fonts and pictures that the parts of the editor share.
+// The editor's colours and fonts, and how it loads its pictures.
 #pragma once
 
 #include "vstgui/lib/cbitmap.h"
@@ -8,35 +8,71 @@
 namespace ov1
 {
 
+/// Every colour and font of the editor. Colours of the toolkit's own (black, white) are used as they are.
 namespace style
 {
 
-inline constexpr VSTGUI::CColor background(47, 47, 47);
-inline constexpr VSTGUI::CColor raised(58, 58, 58);
-inline constexpr VSTGUI::CColor sunken(34, 34, 34);
-inline constexpr VSTGUI::CColor scroller(47, 47, 47);
-inline constexpr VSTGUI::CColor bar(30, 30, 30, 215);
-inline constexpr VSTGUI::CColor menu(40, 40, 40, 250);
-inline constexpr VSTGUI::CColor hairline(72, 72, 72);
-inline constexpr VSTGUI::CColor label_colour(114, 114, 114);
-inline constexpr VSTGUI::CColor text_colour(190, 190, 190);
-inline constexpr VSTGUI::CColor bright_text(226, 226, 226);
-inline constexpr VSTGUI::CColor handle_colour(151, 151, 151);
-inline constexpr VSTGUI::CColor accent(224, 148, 62);
+using VSTGUI::CColor;
 
-/// Arial 12 bold italic.
-VSTGUI::SharedPointer<VSTGUI::CFontDesc> panel_label_font();
-/// Arial 12.
-VSTGUI::SharedPointer<VSTGUI::CFontDesc> text_font();
-/// Arial 11.
-VSTGUI::SharedPointer<VSTGUI::CFontDesc> small_font();
+// Surfaces.
+inline constexpr CColor background(47, 47, 47);
+inline constexpr CColor sunken(34, 34, 34);
+inline constexpr CColor scroller = background;
+inline constexpr CColor bar(30, 30, 30, 215);  ///< over the preview
+inline constexpr CColor menu(40, 40, 40, 250); ///< over the window
+inline constexpr CColor tip(28, 28, 28);       ///< hints, read-outs, help
+inline constexpr CColor dimming(0, 0, 0, 140); ///< over what a question or help covers
+inline constexpr CColor dialog(56, 56, 56);
+inline constexpr CColor dialog_field(36, 36, 36); ///< a name is typed into
+inline constexpr CColor value_field(30, 30, 30);  ///< a value is typed into
+inline constexpr CColor button(66, 66, 66);
+inline constexpr CColor button_hovered(78, 78, 78);
+inline constexpr CColor button_pressed(56, 56, 56);
+
+// Lines.
+inline constexpr CColor hairline(72, 72, 72);
+inline constexpr CColor tip_frame(84, 84, 84);
+inline constexpr CColor centre_line(85, 85, 85); ///< of a slider
+inline constexpr CColor button_frame(92, 92, 92);
+inline constexpr CColor button_on_frame(176, 176, 176);
+inline constexpr CColor dialog_frame = button_frame;
+inline constexpr CColor value_field_frame(110, 110, 110);
+inline constexpr CColor split_line(255, 255, 255, 220);
+inline constexpr CColor split_shadow(0, 0, 0, 110);
+
+// Handles.
+inline constexpr CColor arrow(176, 176, 176);
+inline constexpr CColor handle_colour(151, 151, 151);     ///< the circle on a wheel
+inline constexpr CColor handle_filling(255, 255, 255, 0); ///< transparent: the wheel's colour shows
+
+// Text, from dark to bright.
+inline constexpr CColor label_colour(114, 114, 114);
+inline constexpr CColor value_text(134, 134, 134);
+inline constexpr CColor scale_text(176, 176, 176); ///< on the scopes
+inline constexpr CColor dialog_text(182, 182, 182);
+inline constexpr CColor text_colour(190, 190, 190);
+inline constexpr CColor button_text(200, 200, 200);
+inline constexpr CColor tip_text(204, 204, 204);
+inline constexpr CColor value_hovered_text(214, 214, 214);
+inline constexpr CColor bright_text(226, 226, 226);
+
+/// What is current, focused or marked.
+inline constexpr CColor accent(224, 148, 62);
+
+using font_pointer = VSTGUI::SharedPointer<VSTGUI::CFontDesc>;
+
+font_pointer title_font();       ///< Arial 14 bold
+font_pointer panel_label_font(); ///< Arial 12 bold italic
+font_pointer text_font();        ///< Arial 12
+font_pointer small_font();       ///< Arial 11
+font_pointer tiny_font();        ///< Arial 10
 
 } // namespace style
 
-/// A picture of the resources, two of its pixels to a point. A missing one is empty and draws nothing.
+/// A picture of the resources, at artwork_scale. A missing one is empty and draws nothing.
 VSTGUI::SharedPointer<VSTGUI::CBitmap> load_artwork(const char* name);
 
-/// The first of a sheet's 2 x 2 frames alone.
+/// The upper left of a sheet's 2 x 2 frames, as a picture of its own.
 VSTGUI::SharedPointer<VSTGUI::CBitmap> load_first_frame(const char* name);
 
 } // namespace ov1

@@ -1,5 +1,6 @@
 #include "editor/controls/style/tip_box.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/round_box.h"
 
 namespace ov1
@@ -9,14 +10,12 @@ namespace
 {
 
 constexpr VSTGUI::CCoord corner_radius = 4.0;
-const VSTGUI::CColor tip_grey(28, 28, 28);
-const VSTGUI::CColor frame_grey(84, 84, 84);
 
 } // namespace
 
 void draw_tip_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place)
 {
-    draw_round_box(context, place, corner_radius, tip_grey, frame_grey);
+    draw_round_box(context, place, corner_radius, style::tip, style::tip_frame);
 }
 
 VSTGUI::CRect area_of(const VSTGUI::CFrame& frame)

@@ -6,8 +6,6 @@
 namespace ov1
 {
 
-inline const VSTGUI::CColor tip_text_colour(204, 204, 204);
-
 /// Fills the rectangle, in the context's points, with rounded corners and a thin frame.
 void draw_tip_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place);
 

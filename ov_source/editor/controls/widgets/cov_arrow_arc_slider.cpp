@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/cov_arrow_arc_slider.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/reset_click.h"
 
 #include <numbers>
@@ -11,7 +12,6 @@ namespace
 {
 
 constexpr double radians_per_degree = std::numbers::pi / 180.0;
-const VSTGUI::CColor arrow_grey(176, 176, 176);
 
 } // namespace
 
@@ -27,7 +27,7 @@ COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControl
     // The toolkit counts a drag from the view's edge, and half the size, 1, of the handle that is not there.
     setOffsetHandle({0.0, min_pos - size.top + 0.5});
     setFrameColor(VSTGUI::kBlackCColor);
-    setBackColor(arrow_grey);
+    setBackColor(style::arrow);
     setFrameWidth(arrow_frame_points);
 }
 

@@ -1,5 +1,7 @@
 #include "editor/controls/widgets/cov_button.h"
 
+#include "editor/controls/style/editor_style.h"
+
 #include <cmath>
 
 namespace ov1
@@ -9,7 +11,6 @@ namespace
 {
 
 constexpr float disabled_opacity = 0.35F;
-const VSTGUI::CColor title_grey(200, 200, 200);
 
 void draw_half(VSTGUI::CDrawContext* context, VSTGUI::CBitmap& picture, const VSTGUI::CRect& view, bool lower,
                float alpha)
@@ -38,7 +39,7 @@ COVButton::COVButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listen
     setWantsFocus(false); // or Return would press again what was clicked last
     setGradient(nullptr);
     setGradientHighlighted(nullptr);
-    CTextButton::setTextColor(title_grey);
+    CTextButton::setTextColor(style::button_text);
     setTextColorHighlighted(VSTGUI::kWhiteCColor);
 }
 

@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/cov_callout_slider.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/callout_text.h"
 
 #include <algorithm>
@@ -12,10 +13,8 @@ namespace
 {
 
 constexpr float wheel_increment = 0.03F;
-constexpr VSTGUI::CCoord font_points = 11.0;
 constexpr VSTGUI::CCoord line_spacing = 2.0;
 constexpr VSTGUI::CCoord gap_beside_handle = 4.0;
-const VSTGUI::CColor text_grey(114, 114, 114);
 
 } // namespace
 
@@ -23,10 +22,10 @@ COVCalloutSlider::COVCalloutSlider(const VSTGUI::CRect& size, VSTGUI::IControlLi
                                    std::int32_t min_pos, std::int32_t max_pos, VSTGUI::CBitmap* handle,
                                    VSTGUI::CBitmap* background, const VSTGUI::CPoint& offset, std::int32_t style)
     : CSimpleSlider(size, listener, tag, min_pos, max_pos, handle, offset, style)
-    , font(VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points))
+    , font(style::small_font())
 {
     setWheelInc(wheel_increment);
-    setValueColor(text_grey);
+    setValueColor(style::label_colour);
     setBackground(background);
     if (handle && background)
         setOffsetHandle({0.0, background->getHeight() - handle->getHeight()});

@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/cov_color_wheel_xy_pad.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/reset_click.h"
 
 namespace ov1
@@ -9,7 +10,6 @@ namespace
 {
 
 constexpr float wheel_increment = 0.04F;
-const VSTGUI::CColor clear_white(255, 255, 255, 0);
 
 } // namespace
 
@@ -27,7 +27,7 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     COVColorWheelXYPad::setRoundRectRadius(pad_handle_points);
     setDefaultValues(0.5F, 0.5F);
     COVColorWheelXYPad::setValue(pad_centre_value);
-    setFontColor(clear_white);
+    setFontColor(style::handle_filling);
     setWheelInc(wheel_increment);
 }
 

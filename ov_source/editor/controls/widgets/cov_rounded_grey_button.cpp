@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/cov_rounded_grey_button.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/round_box.h"
 
 #include <algorithm>
@@ -15,13 +16,6 @@ namespace
 constexpr VSTGUI::CCoord corner_radius = 4.0;
 constexpr VSTGUI::CCoord margin = 8.0;
 constexpr VSTGUI::CCoord icon_gap = 6.0;
-constexpr VSTGUI::CCoord font_points = 12.0;
-
-const VSTGUI::CColor box_grey(66, 66, 66);
-const VSTGUI::CColor hovered_grey(78, 78, 78);
-const VSTGUI::CColor pressed_grey(56, 56, 56);
-const VSTGUI::CColor frame_grey(92, 92, 92);
-const VSTGUI::CColor on_frame_grey(176, 176, 176);
 
 } // namespace
 
@@ -29,7 +23,7 @@ COVRoundedGreyButton::COVRoundedGreyButton(const VSTGUI::CRect& size, VSTGUI::IC
                                            std::int32_t tag, VSTGUI::UTF8StringPtr title, Style style)
     : COVButton(size, listener, tag, style, title)
 {
-    setFont(VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points));
+    setFont(style::text_font());
 }
 
 VSTGUI::CPoint COVRoundedGreyButton::scaled_icon::size() const
@@ -60,10 +54,10 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
     context->saveGlobalState();
     context->setGlobalAlpha(context->getGlobalAlpha() * opacity());
     draw_round_box(*context, getViewSize(), corner_radius,
-                   isPressed()   ? pressed_grey
-                   : isHovered() ? hovered_grey
-                                 : box_grey,
-                   isOn() ? on_frame_grey : frame_grey);
+                   isPressed()   ? style::button_pressed
+                   : isHovered() ? style::button_hovered
+                                 : style::button,
+                   isOn() ? style::button_on_frame : style::button_frame);
     VSTGUI::CRect room = getViewSize();
     room.inset(margin, 0.0);
     if (left_icon.picture)

@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/csimple_slider.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/reset_click.h"
 
 #include <utility>
@@ -10,7 +11,6 @@ namespace ov1
 namespace
 {
 
-const VSTGUI::CColor center_line_grey(85, 85, 85);
 constexpr VSTGUI::CCoord center_line_width = 2.0;
 constexpr VSTGUI::CCoord center_line_overhang = 2.0;
 const VSTGUI::CPoint track_inset(8.0, 5.0);
@@ -25,7 +25,7 @@ void draw_line_through_center(VSTGUI::CDrawContext& context, const VSTGUI::CRect
     const VSTGUI::CCoord x = view.getCenter().x;
     context.setLineStyle(VSTGUI::kLineSolid);
     context.setLineWidth(center_line_width);
-    context.setFrameColor(center_line_grey);
+    context.setFrameColor(style::centre_line);
     context.drawLine(VSTGUI::CPoint(x, view.top - center_line_overhang),
                      VSTGUI::CPoint(x, view.bottom + center_line_overhang));
 }

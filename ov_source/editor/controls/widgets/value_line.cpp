@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/value_line.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/with_keys.h"
 
 #include <utility>
@@ -10,17 +11,7 @@ namespace ov1
 namespace
 {
 
-constexpr VSTGUI::CCoord font_points = 10.0;
 constexpr VSTGUI::CCoord field_corner_radius = 3.0;
-const VSTGUI::CColor calm_grey(134, 134, 134);
-const VSTGUI::CColor hovered_grey(214, 214, 214);
-const VSTGUI::CColor field_grey(30, 30, 30);
-const VSTGUI::CColor field_frame_grey(110, 110, 110);
-
-VSTGUI::SharedPointer<VSTGUI::CFontDesc> line_font()
-{
-    return VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points);
-}
 
 class value_entry : public with_keys<VSTGUI::CTextEdit>
 {
@@ -30,10 +21,10 @@ public:
         : with_keys(place, nullptr, -1, text.c_str())
         , done(std::move(done))
     {
-        setFont(line_font());
-        setFontColor(hovered_grey);
-        setBackColor(field_grey);
-        setFrameColor(field_frame_grey);
+        setFont(style::tiny_font());
+        setFontColor(style::value_hovered_text);
+        setBackColor(style::value_field);
+        setFrameColor(style::value_field_frame);
         setStyle(kRoundRectStyle);
         setRoundRectRadius(field_corner_radius);
         setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
@@ -84,7 +75,7 @@ private:
 value_line::value_line(const VSTGUI::CRect& size, std::function<void()> clicked)
     : CView(size)
     , clicked(std::move(clicked))
-    , font(line_font())
+    , font(style::tiny_font())
 {
     setTransparency(true);
 }
@@ -99,7 +90,7 @@ void value_line::draw(VSTGUI::CDrawContext* context)
 {
     context->setDrawMode(VSTGUI::kAntiAliasing);
     context->setFont(font);
-    context->setFontColor(is_hovered ? hovered_grey : calm_grey);
+    context->setFontColor(is_hovered ? style::value_hovered_text : style::value_text);
     context->drawString(text.c_str(), getViewSize(), VSTGUI::kCenterText);
     setDirty(false);
 }

@@ -1,5 +1,6 @@
 #include "editor/controls/widgets/value_readout.h"
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/tip_box.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace ov1
 namespace
 {
 
-constexpr VSTGUI::CCoord font_points = 12.0;
 constexpr VSTGUI::CCoord line_height = 16.0;
 const VSTGUI::CPoint padding(8.0, 3.0);
 constexpr VSTGUI::CCoord gap = 13.0; ///< from the handle's middle
@@ -33,7 +33,7 @@ public:
     {
         draw_tip_box(*context, getViewSize());
         context->setFont(font);
-        context->setFontColor(tip_text_colour);
+        context->setFontColor(style::tip_text);
         context->drawString(text.c_str(), getViewSize(), VSTGUI::kCenterText);
         setDirty(false);
     }
@@ -57,7 +57,7 @@ VSTGUI::CRect readout_place(const VSTGUI::CPoint& handle, const VSTGUI::CPoint& 
 
 value_readout::value_readout(VSTGUI::CFrame& frame)
     : frame(frame)
-    , font(VSTGUI::makeOwned<VSTGUI::CFontDesc>("Arial", font_points))
+    , font(style::text_font())
 {
 }
 
