@@ -50,7 +50,7 @@ public:
         view->build_frame(window.x, window.y);
         view->getFrame()->attached(view->getFrame()); // as opening it in a window does
         view->set_preview_source(*source);
-        view->get_scopes().setChoice({{true, true, true, true}, false});
+        view->get_scopes().set_choice({{true, true, true, true}, false});
         view->show_scopes(with_scopes);
         drawn = COffscreenContext::create(window);
         plain_drawn = COffscreenContext::create(window);

@@ -105,7 +105,7 @@ void editor_hand::onMouseEvent(MouseEvent& event, CFrame*)
 bool editor_hand::act(key_action action, const KeyboardEvent& event)
 {
     const bool is_dragging = std::ranges::any_of(stops, [](const panel_stop& s) { return s.control->isEditing(); });
-    if (is_dragging || values.isTyping())
+    if (is_dragging || values.is_typing())
         return false;
     const bool is_nudge = action == key_action::nudge || action == key_action::nudge_finely;
     if (is_nudge)

@@ -100,9 +100,9 @@ rect veridial_ui::get_rect() const
 
 void veridial_ui::remember()
 {
-    memory.split = preview->getSplit();
+    memory.split = preview->get_split();
     memory.last_folder = toolbar->getLastFolder();
-    memory.scopes = scope_choice_text(scopes->getChoice());
+    memory.scopes = scope_choice_text(scopes->get_choice());
     keep_editor_memory(memory);
 }
 
@@ -145,14 +145,14 @@ void veridial_ui::add_preview(double width, double height)
     const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
     preview = new COVImagePreview<veridial_ui>(place, get_component());
     preview->setOwner(*this);
-    preview->setSplit(memory.split);
+    preview->set_split(memory.split);
     preview_scroller = new COVScrollView(place, place, preview_scroll_style);
     preview_scroller->setBackgroundColor(kBlackCColor);
     preview_scroller->setScrollbarWidth(scrollbar_width);
     colour_scrollbar(preview_scroller->getHorizontalScrollbar(), kBlackCColor);
     colour_scrollbar(preview_scroller->getVerticalScrollbar(), kBlackCColor);
     preview_scroller->addView(preview);
-    preview->setScroller(preview_scroller);
+    preview->set_scroller(preview_scroller);
     frame->addView(preview_scroller);
 
     CRect strip = place;
@@ -164,10 +164,10 @@ void veridial_ui::add_preview(double width, double height)
 void veridial_ui::add_scopes(double height)
 {
     scopes = new scopes_panel(CRect(0, 0, scopes_width, height), language());
-    scopes->setChoice(scope_choice_from_text(memory.scopes));
+    scopes->set_choice(scope_choice_from_text(memory.scopes));
     scopes->setVisible(memory.shows_scopes);
-    scopes->setFrameListener([this] { ask_for_render(); });
-    bar->offerScopes(memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
+    scopes->set_frame_listener([this] { ask_for_render(); });
+    bar->offer_scopes(memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
     frame->addView(scopes);
 }
 
@@ -234,9 +234,9 @@ void veridial_ui::act(key_action action)
     case key_action::bypass:
         return toolbar->toggleBypass();
     case key_action::before:
-        return bar->toggleComparison(comparison::before);
+        return bar->toggle_comparison(comparison::before);
     case key_action::split:
-        return bar->toggleComparison(comparison::split);
+        return bar->toggle_comparison(comparison::split);
     case key_action::fit:
         return preview_scroller->zoomToFit();
     case key_action::actual_size:
@@ -401,26 +401,26 @@ void veridial_ui::set_preview_image(image& picture)
         preview->update(picture);
     if (!scopes)
         return;
-    scopes->setRowStep(is_editing() ? scope_rows_while_dragging : 1);
+    scopes->set_row_step(is_editing() ? scope_rows_while_dragging : 1);
     scopes->update(picture);
 }
 
 void veridial_ui::set_preview_source(const image& picture)
 {
     if (preview)
-        preview->updateSource(picture);
+        preview->update_source(picture);
 }
 
 void veridial_ui::offer_frames(int count, std::function<void(int frame)> chosen)
 {
     if (bar)
-        bar->offerFrames(count, std::move(chosen));
+        bar->offer_frames(count, std::move(chosen));
 }
 
 void veridial_ui::colour_picked(const std::optional<picked_colour>& colour)
 {
     if (bar)
-        bar->showColour(colour);
+        bar->show_colour(colour);
 }
 
 } // namespace ov1

@@ -27,12 +27,12 @@ constexpr const char* line_tooltip = "{en:Click to type a value}{de:Klicken, um 
 } // namespace
 
 panel_values::panel_values(CFrame& frame, CViewContainer& panel, std::vector<panel_stop> all_stops,
-                           language_id language, component_source component, value_sink typed)
+                           language_id language, component_source component, value_sink on_typed)
     : panel(panel)
     , stops(std::move(all_stops))
     , language(language)
     , component(std::move(component))
-    , typed(std::move(typed))
+    , on_typed(std::move(on_typed))
     , bubble(frame)
 {
     for (const panel_stop& stop : stops)
@@ -90,7 +90,7 @@ CRect panel_values::panel_area(panel_slot slot) const
 
 void panel_values::point_at(const std::optional<CPoint>& in_frame)
 {
-    if (is_typing)
+    if (has_open_field)
         return;
     std::optional<panel_slot> found;
     if (in_frame)
@@ -127,7 +127,7 @@ void panel_values::show_lines()
             lines[i]->setMouseableArea(line_place(stops[i]));
         }
         else
-            lines[i]->setText(read_out(*alive, stops[i]));
+            lines[i]->set_text(read_out(*alive, stops[i]));
     }
 }
 
@@ -161,9 +161,9 @@ void panel_values::idle(std::uint64_t now_ms)
 void panel_values::type_over(const panel_stop& stop)
 {
     const auto alive = component();
-    if (!alive || is_typing)
+    if (!alive || has_open_field)
         return;
-    is_typing = true;
+    has_open_field = true;
     CRect place = line_place(stop);
     place.extend(std::max(0.0, (least_entry_width - place.getWidth()) / 2), (entry_height - place.getHeight()) / 2);
     place.offset(std::max(0.0, -place.left), 0);
@@ -173,20 +173,20 @@ void panel_values::type_over(const panel_stop& stop)
 
 void panel_values::take_typed(const panel_stop& stop, const std::optional<std::string>& text)
 {
-    is_typing = false;
+    has_open_field = false;
     const auto alive = component();
     if (!alive || !text || *text == entry_text(*alive, stop))
         return;
     std::vector<float> values;
     std::string why;
     if (read_entry(*alive, stop, *text, values, why))
-        typed(stop, values);
+        on_typed(stop, values);
     else
-        say(stop, why);
+        show_message(stop, why);
     show_lines();
 }
 
-void panel_values::say(const panel_stop& stop, const std::string& literal)
+void panel_values::show_message(const panel_stop& stop, const std::string& literal)
 {
     is_message = true;
     message_since.reset();

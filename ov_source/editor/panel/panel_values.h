@@ -23,7 +23,7 @@ public:
     using value_sink = std::function<void(const panel_stop& stop, const std::vector<float>& values)>;
 
     panel_values(VSTGUI::CFrame& frame, VSTGUI::CViewContainer& panel, std::vector<panel_stop> stops,
-                 language_id language, component_source component, value_sink typed);
+                 language_id language, component_source component, value_sink on_typed);
 
     /// Shows the lines of the panel that a point of the frame lies in, of a point that is nowhere none. While one is
     /// typed into, all stay.
@@ -41,11 +41,11 @@ public:
     /// Opens a field over the stop's line.
     void type_over(const panel_stop& stop);
     /// Whether a field is open.
-    bool isTyping() const { return is_typing; }
+    bool is_typing() const { return has_open_field; }
 
-    const value_readout& getBubble() const { return bubble; }
+    const value_readout& get_bubble() const { return bubble; }
     /// The stop's line, for tests.
-    const value_line& getLine(std::size_t stop) const { return *lines[stop]; }
+    const value_line& get_line(std::size_t stop) const { return *lines[stop]; }
 
 private:
     VSTGUI::CRect panel_area(panel_slot slot) const;
@@ -53,18 +53,18 @@ private:
     VSTGUI::CPoint handle_of(const panel_stop& stop) const;
     void show_lines();
     void take_typed(const panel_stop& stop, const std::optional<std::string>& text);
-    void say(const panel_stop& stop, const std::string& literal);
+    void show_message(const panel_stop& stop, const std::string& literal);
 
     VSTGUI::CViewContainer& panel;
     const std::vector<panel_stop> stops;
     const language_id language;
     const component_source component;
-    const value_sink typed;
+    const value_sink on_typed;
     std::vector<value_line*> lines; ///< by stop, owned by the panel
     value_readout bubble;
     std::optional<panel_slot> pointed_at;
     std::optional<panel_slot> kept;
-    bool is_typing = false;
+    bool has_open_field = false;
     bool is_message = false; ///< what the bubble shows
     std::optional<std::uint64_t> message_since;
 };

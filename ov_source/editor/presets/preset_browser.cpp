@@ -36,12 +36,12 @@ void preset_browser::open(const CRect& place)
     const auto found = current ? std::ranges::find(content.presets, *current) : content.presets.end();
     if (found != content.presets.end())
         content.current = static_cast<std::size_t>(found - content.presets.begin());
-    content.frame = preview.getBefore();
+    content.frame = preview.get_before();
     content.screen_scale = frame.getZoom();
 
     const auto presets = content.presets;
     preset_panel_events events;
-    events.hovered = [this](std::shared_ptr<const row_renderer> renderer) { preview.showTrial(std::move(renderer)); };
+    events.hovered = [this](std::shared_ptr<const row_renderer> renderer) { preview.show_trial(std::move(renderer)); };
     events.chosen = [this, presets](std::size_t chosen) { to_load = presets[chosen]; };
     panel = new preset_panel(place, std::move(content), std::move(events), language);
     frame.addView(panel);
@@ -54,7 +54,7 @@ void preset_browser::close()
         return;
     is_to_close = false;
     frame.unregisterKeyboardHook(this);
-    preview.showTrial(nullptr);
+    preview.show_trial(nullptr);
     frame.removeView(std::exchange(panel, nullptr));
 }
 

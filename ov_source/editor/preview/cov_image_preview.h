@@ -23,7 +23,7 @@ public:
     /// Not owned, and it outlives the view.
     void setOwner(owner_type& owner)
     {
-        setColourListener([&owner](const std::optional<picked_colour>& colour) { owner.colour_picked(colour); });
+        set_colour_listener([&owner](const std::optional<picked_colour>& colour) { owner.colour_picked(colour); });
     }
 
     /// The component whose grade is shown; null once it is gone.

@@ -15,8 +15,8 @@ constexpr CCoord usual_scrollbar_width = 16;
 
 } // namespace
 
-COVScrollView::COVScrollView(const CRect& size, const CRect& containerSize, int32_t style)
-    : CScrollView(size, containerSize,
+COVScrollView::COVScrollView(const CRect& size, const CRect& container_size, int32_t style)
+    : CScrollView(size, container_size,
                   style | kHorizontalScrollbar | kVerticalScrollbar | kOverlayScrollbars | kAutoHideScrollbars |
                       kDontDrawFrame,
                   usual_scrollbar_width)
@@ -52,7 +52,7 @@ void COVScrollView::zoomToFit()
 {
     fitted = true;
     zoom = geometry.fit_zoom();
-    lay_out({}, {});
+    layOut({}, {});
 }
 
 void COVScrollView::setZoom(double wanted, const preview_point& at)
@@ -61,7 +61,7 @@ void COVScrollView::setZoom(double wanted, const preview_point& at)
     const preview_point in_picture = geometry.to_picture(zoom, {at.x + offset.x, at.y + offset.y});
     zoom = geometry.limit_zoom(wanted);
     fitted = zoom == geometry.fit_zoom();
-    lay_out(in_picture, at);
+    layOut(in_picture, at);
 }
 
 void COVScrollView::setZoom(double wanted) { setZoom(wanted, {geometry.view_width / 2, geometry.view_height / 2}); }
@@ -70,7 +70,7 @@ void COVScrollView::zoomInOrOut(bool in) { setZoom(geometry.next_zoom(zoom, in))
 
 preview_point COVScrollView::scrolledTo() const { return {-getScrollOffset().x, -getScrollOffset().y}; }
 
-void COVScrollView::lay_out(const preview_point& in_picture, const preview_point& in_view)
+void COVScrollView::layOut(const preview_point& in_picture, const preview_point& in_view)
 {
     const preview_point content = geometry.content_size(zoom);
     const preview_point offset = geometry.offset_for(zoom, in_picture, in_view);

@@ -17,7 +17,7 @@ class COVScrollView : public VSTGUI::CScrollView
 public:
     /// style as CScrollView takes it; both scroll bars are there in any case, over the content, and hide where there is
     /// nothing to scroll.
-    COVScrollView(const VSTGUI::CRect& size, const VSTGUI::CRect& containerSize, int32_t style);
+    COVScrollView(const VSTGUI::CRect& size, const VSTGUI::CRect& container_size, int32_t style);
 
     /// In pixels. The first picture is fitted; later ones of the same size keep zoom and place.
     void setPictureSize(double width, double height);
@@ -44,7 +44,7 @@ public:
 private:
     double screenScale() const;
     preview_point scrolledTo() const;
-    void lay_out(const preview_point& in_picture, const preview_point& in_view);
+    void layOut(const preview_point& in_picture, const preview_point& in_view);
 
     preview_geometry geometry;
     double picture_width = 0;

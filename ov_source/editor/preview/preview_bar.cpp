@@ -84,7 +84,7 @@ CTextLabel* preview_bar::add_label(CCoord width, CHoriTxtAlign alignment)
     return label;
 }
 
-void preview_bar::offerScopes(bool shown, std::function<void(bool shown)> toggled, language_id language)
+void preview_bar::offer_scopes(bool shown, std::function<void(bool shown)> toggled, language_id language)
 {
     scopes = add_button("toolbar_scopes.png", CTextButton::kOnOffStyle, "{en:Scopes}{de:Messgeräte}", language);
     scopes->setValue(shown ? 1.f : 0.f);
@@ -100,18 +100,18 @@ void preview_bar::show_zoom()
 
 void preview_bar::show_comparison()
 {
-    const comparison mode = preview.getComparison();
+    const comparison mode = preview.get_comparison();
     before->setValue(mode == comparison::before ? 1.f : 0.f);
     split->setValue(mode == comparison::split ? 1.f : 0.f);
 }
 
-void preview_bar::toggleComparison(comparison mode)
+void preview_bar::toggle_comparison(comparison mode)
 {
-    preview.setComparison(preview.getComparison() == mode ? comparison::after : mode);
+    preview.set_comparison(preview.get_comparison() == mode ? comparison::after : mode);
     show_comparison();
 }
 
-void preview_bar::showColour(const std::optional<picked_colour>& colour)
+void preview_bar::show_colour(const std::optional<picked_colour>& colour)
 {
     if (!colour_label)
         return;
@@ -123,7 +123,7 @@ void preview_bar::showColour(const std::optional<picked_colour>& colour)
     colour_label->invalid();
 }
 
-void preview_bar::offerFrames(int count, std::function<void(int frame)> chosen)
+void preview_bar::offer_frames(int count, std::function<void(int frame)> chosen)
 {
     if (count <= 1 || frame_label)
         return;
@@ -183,13 +183,13 @@ void preview_bar::valueChanged(CControl* control)
     else if (control == actual_size && is_on)
         scroller.setZoom(1);
     else if (control == before)
-        preview.setComparison(is_on ? comparison::before : comparison::after);
+        preview.set_comparison(is_on ? comparison::before : comparison::after);
     else if (control == split)
-        preview.setComparison(is_on ? comparison::split : comparison::after);
+        preview.set_comparison(is_on ? comparison::split : comparison::after);
     else if (control == scopes)
         scopes_toggled(is_on);
     else if (control == eyedropper && !is_on)
-        showColour({});
+        show_colour({});
     show_comparison();
 }
 

@@ -22,14 +22,14 @@ public:
     preview_bar(const VSTGUI::CRect& size, preview_view& preview, COVScrollView& scroller, language_id language);
 
     /// Adds a button that shows and hides the scopes.
-    void offerScopes(bool shown, std::function<void(bool shown)> toggled, language_id language);
+    void offer_scopes(bool shown, std::function<void(bool shown)> toggled, language_id language);
     /// The colour under the pointer, while the eyedropper is on.
-    void showColour(const std::optional<picked_colour>& colour);
+    void show_colour(const std::optional<picked_colour>& colour);
     /// Adds a slider for the frames 0..count - 1; none for a count of 1 or less.
-    void offerFrames(int count, std::function<void(int frame)> chosen);
+    void offer_frames(int count, std::function<void(int frame)> chosen);
 
     /// Shows the comparison, or, where it is shown already, the graded picture.
-    void toggleComparison(comparison mode);
+    void toggle_comparison(comparison mode);
 
     void valueChanged(VSTGUI::CControl* control) override;
     void setViewSize(const VSTGUI::CRect& rect, bool invalid = true) override;

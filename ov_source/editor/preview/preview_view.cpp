@@ -44,7 +44,7 @@ void preview_view::update(const image& frame)
     after.has_arrived = true;
 }
 
-void preview_view::updateSource(const image& frame)
+void preview_view::update_source(const image& frame)
 {
     const std::scoped_lock guard(arrival_mutex);
     convert_to_display(frame, before.arrived);
@@ -72,27 +72,27 @@ void preview_view::idle()
     invalid();
 }
 
-void preview_view::showTrial(std::shared_ptr<const row_renderer> renderer)
+void preview_view::show_trial(std::shared_ptr<const row_renderer> renderer)
 {
     trial.picture = renderer ? grade_display(before.picture, *renderer) : display_picture{};
     trial.drawn_zoom = 0;
     invalid();
 }
 
-void preview_view::setComparison(comparison new_mode)
+void preview_view::set_comparison(comparison new_mode)
 {
     if (std::exchange(mode, new_mode) != new_mode)
         invalid();
 }
 
-void preview_view::setSplit(double place)
+void preview_view::set_split(double place)
 {
     const double limited = std::clamp(place, 0.0, 1.0);
     if (std::exchange(split, limited) != limited)
         invalid();
 }
 
-void preview_view::setColourListener(std::function<void(const std::optional<picked_colour>&)> listener)
+void preview_view::set_colour_listener(std::function<void(const std::optional<picked_colour>&)> listener)
 {
     colour_listener = std::move(listener);
 }
@@ -209,7 +209,7 @@ void preview_view::draw_line(CDrawContext* context)
     context->drawGraphicsPath(grip, CDrawContext::kPathStroked);
 }
 
-std::optional<picked_colour> preview_view::pickColour(const CPoint& where) const
+std::optional<picked_colour> preview_view::pick_colour(const CPoint& where) const
 {
     const CRect area = picture_area();
     if (!scroller || !area.pointInside(where) || after.picture.is_empty())
@@ -231,7 +231,7 @@ std::optional<picked_colour> preview_view::pickColour(const CPoint& where) const
 void preview_view::report_colour(const CPoint& where)
 {
     if (colour_listener)
-        colour_listener(pickColour(where));
+        colour_listener(pick_colour(where));
 }
 
 void preview_view::drag_to(const CPoint& where)
@@ -240,7 +240,7 @@ void preview_view::drag_to(const CPoint& where)
     if (drag == dragging::line)
     {
         const CRect area = picture_area();
-        setSplit((where.x - area.left) / std::max(1.0, area.getWidth()));
+        set_split((where.x - area.left) / std::max(1.0, area.getWidth()));
         last_position = where;
     }
     else if (drag == dragging::picture && scroller)

@@ -41,27 +41,27 @@ public:
     explicit preview_view(const VSTGUI::CRect& size);
 
     /// The view that scrolls this one; not owned, and it outlives the view.
-    void setScroller(COVScrollView* view) { scroller = view; }
+    void set_scroller(COVScrollView* view) { scroller = view; }
 
     /// Takes a frame; it is shown at the next idle. Any thread.
     void update(const image& frame);
-    void updateSource(const image& frame);
+    void update_source(const image& frame);
     /// Shows what has arrived.
     void idle();
 
     /// The frame before the grade; empty until one has come.
-    const display_picture& getBefore() const { return before.picture; }
+    const display_picture& get_before() const { return before.picture; }
     /// Shows the frame through another grade in the graded picture's place; null ends that.
-    void showTrial(std::shared_ptr<const row_renderer> renderer);
+    void show_trial(std::shared_ptr<const row_renderer> renderer);
 
-    void setComparison(comparison mode);
-    comparison getComparison() const { return mode; }
+    void set_comparison(comparison mode);
+    comparison get_comparison() const { return mode; }
     /// Place of the split's line, 0 at the left edge of the picture, 1 at its right.
-    void setSplit(double place);
-    double getSplit() const { return split; }
+    void set_split(double place);
+    double get_split() const { return split; }
     /// Called with what the pointer is over, and with nothing when it leaves the picture.
-    void setColourListener(std::function<void(const std::optional<picked_colour>&)> listener);
-    std::optional<picked_colour> pickColour(const VSTGUI::CPoint& where) const;
+    void set_colour_listener(std::function<void(const std::optional<picked_colour>&)> listener);
+    std::optional<picked_colour> pick_colour(const VSTGUI::CPoint& where) const;
 
     void draw(VSTGUI::CDrawContext* context) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;

@@ -32,7 +32,7 @@ scope_view::scope_view(const CRect& size, const scope_pictures& pictures, scope_
     setMouseEnabled(false);
 }
 
-void scope_view::showNews()
+void scope_view::show_news()
 {
     has_news = true;
     invalid();

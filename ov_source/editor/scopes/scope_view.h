@@ -20,7 +20,7 @@ public:
     scope_view(const VSTGUI::CRect& size, const scope_pictures& pictures, scope_type type, std::string title);
 
     /// What came with the last update is to be shown.
-    void showNews();
+    void show_news();
 
     void draw(VSTGUI::CDrawContext* context) override;
 

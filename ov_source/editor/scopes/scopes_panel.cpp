@@ -85,10 +85,10 @@ void scopes_panel::idle()
     if (pictures.take_news())
         for (scope_view* view : views)
             if (view->isVisible())
-                view->showNews();
+                view->show_news();
 }
 
-void scopes_panel::setChoice(const scope_choice& wanted)
+void scopes_panel::set_choice(const scope_choice& wanted)
 {
     if (count_of(wanted.shown) == 0)
         return;
@@ -96,7 +96,7 @@ void scopes_panel::setChoice(const scope_choice& wanted)
     show_choice();
 }
 
-void scopes_panel::setRowStep(std::size_t step)
+void scopes_panel::set_row_step(std::size_t step)
 {
     row_step = std::max<std::size_t>(1, step);
     place_order();
@@ -113,7 +113,7 @@ void scopes_panel::valueChanged(CControl* control)
                scope_type{static_cast<std::size_t>(std::ranges::find(buttons, control) - buttons.begin())}) = is_on;
     if (count_of(wanted.shown) == 0)
         return control->setValue(1);
-    setChoice(wanted);
+    set_choice(wanted);
     if (choice_listener)
         choice_listener();
 }

@@ -29,14 +29,14 @@ public:
     void idle();
 
     /// A choice without any scope is ignored.
-    void setChoice(const scope_choice& wanted);
-    const scope_choice& getChoice() const { return choice; }
+    void set_choice(const scope_choice& wanted);
+    const scope_choice& get_choice() const { return choice; }
     /// Counts one of so many rows, 1 or more: a step above 1 keeps a large frame's drag quick.
-    void setRowStep(std::size_t step);
+    void set_row_step(std::size_t step);
     /// Called after the user has chosen.
-    void setChoiceListener(std::function<void()> listener) { choice_listener = std::move(listener); }
+    void set_choice_listener(std::function<void()> listener) { choice_listener = std::move(listener); }
     /// Called when a scope comes to be shown that the last frame was not counted for: the owner updates once more.
-    void setFrameListener(std::function<void()> listener) { frame_listener = std::move(listener); }
+    void set_frame_listener(std::function<void()> listener) { frame_listener = std::move(listener); }
 
     void valueChanged(VSTGUI::CControl* control) override;
     void setVisible(bool state) override;

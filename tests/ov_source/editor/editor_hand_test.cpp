@@ -185,24 +185,24 @@ TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
             EXPECT_EQ(stage.value(parameter), changes ? values.first : 0);
             EXPECT_EQ(stage.value("Sky Strength"), changes ? values.second : 0);
             EXPECT_EQ(stage.undo_position(), changes ? 1 : 0);
-            EXPECT_EQ(stage.hand().getValues().getBubble().getText().empty(), is_taken || last == VirtualKey::Escape);
+            EXPECT_EQ(stage.hand().getValues().get_bubble().get_text().empty(), is_taken || last == VirtualKey::Escape);
         }
 }
 
 TEST(editor_hand, the_bubble_says_what_is_set_for_as_long_as_it_is_dragged)
 {
     hand_stage stage;
-    const auto& bubble = stage.hand().getValues().getBubble();
+    const auto& bubble = stage.hand().getValues().get_bubble();
     const VSTGUI::CPoint where = stage.at(stage.pad(panel_slot::master), 20, -50); // near the toolbar
     stage.press(where.x, where.y);
-    EXPECT_EQ(bubble.getText(), pad_value_text(stage.value("Master Hue"), stage.value("Master Chroma")));
-    EXPECT_FALSE(bubble.getPlace().pointInside(where));
+    EXPECT_EQ(bubble.get_text(), pad_value_text(stage.value("Master Hue"), stage.value("Master Chroma")));
+    EXPECT_FALSE(bubble.get_place().pointInside(where));
     stage.release(where.x, where.y);
-    EXPECT_EQ(bubble.getText(), "");
+    EXPECT_EQ(bubble.get_text(), "");
     const VSTGUI::CPoint on_arc = stage.at(stage.control("Shadows Range"), -30, -40);
     stage.press(on_arc.x, on_arc.y);
-    EXPECT_EQ(bubble.getText(), plain_value_text(stage.value("Shadows Range")));
-    EXPECT_GE(bubble.getPlace().left, 0);
+    EXPECT_EQ(bubble.get_text(), plain_value_text(stage.value("Shadows Range")));
+    EXPECT_GE(bubble.get_place().left, 0);
 }
 
 TEST(editor_hand, keys_switch_what_the_buttons_switch_and_wait_for_questions)

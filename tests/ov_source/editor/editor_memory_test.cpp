@@ -15,7 +15,7 @@ namespace
 
 struct memory_stage : editor_stage
 {
-    double split() const { return child_of<preview_view>(*frame, true).getSplit(); }
+    double split() const { return child_of<preview_view>(*frame, true).get_split(); }
     void click_scope(const std::string& title)
     {
         std::vector<COVRoundedGreyButton*> found;
@@ -49,7 +49,7 @@ TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
         EXPECT_EQ(stage.ui->get_rect(), (rect{0, 0, 1300, 700}));
         EXPECT_NEAR(stage.split(), 140 / 706., 1e-9);
         EXPECT_TRUE(stage.ui->get_scopes().isVisible());
-        EXPECT_EQ(stage.ui->get_scopes().getChoice(), (scope_choice{{.vectorscope = true, .histogram = true}}));
+        EXPECT_EQ(stage.ui->get_scopes().get_choice(), (scope_choice{{.vectorscope = true, .histogram = true}}));
         EXPECT_EQ(stage.toolbar().getLastFolder(), stage.home / "tables");
     }
 }
@@ -76,7 +76,7 @@ TEST(editor_memory, what_makes_no_sense_counts_as_never_kept)
             EXPECT_EQ(stage.ui->get_rect(), suitable);
             EXPECT_EQ(stage.split(), 0.5);
             EXPECT_FALSE(stage.ui->get_scopes().isVisible());
-            EXPECT_EQ(stage.ui->get_scopes().getChoice(), scope_choice());
+            EXPECT_EQ(stage.ui->get_scopes().get_choice(), scope_choice());
         }
     stage.ui->close();
     stage.home.with_file("settings/veridial.settings", "\xff\xfe %G\nstring editor%20split 0.25\nstring editor%2");

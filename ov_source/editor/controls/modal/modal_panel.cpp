@@ -46,7 +46,7 @@ class modal_panel : public modal_layer, public VSTGUI::IControlListener
 {
 public:
     modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
-                std::function<void(const modal_answer&)> done);
+                std::function<void(const modal_answer&)> on_answer);
 
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect) override;
     void setViewSize(const VSTGUI::CRect& rect, bool redraw) override;
@@ -61,7 +61,7 @@ private:
     void draw_texts(VSTGUI::CDrawContext& context) const;
     void answer(bool confirmed);
 
-    std::function<void(const modal_answer&)> done;
+    std::function<void(const modal_answer&)> on_answer;
     const style::font_pointer title_font = style::title_font();
     const style::font_pointer message_font = style::text_font();
     std::string title;
@@ -72,9 +72,9 @@ private:
 };
 
 modal_panel::modal_panel(const VSTGUI::CFrame& frame, const modal_question& question,
-                         std::function<void(const modal_answer&)> done)
+                         std::function<void(const modal_answer&)> on_answer)
     : modal_layer(frame)
-    , done(std::move(done))
+    , on_answer(std::move(on_answer))
     , title(question.title)
     , lines(text_lines(question.message, box_width - 2.0 * margin, measure_of(message_font)))
 {
@@ -203,17 +203,17 @@ void modal_panel::answer(bool confirmed)
     if (!is_shown() || (confirmed && field && given.name.empty()))
         return;
     const auto alive = VSTGUI::shared(this);
-    const auto tell = std::exchange(done, {});
-    if (end() && tell)
-        tell(given);
+    const auto report = std::exchange(on_answer, {});
+    if (end() && report)
+        report(given);
 }
 
 } // namespace
 
 bool show_modal_panel(VSTGUI::CFrame& frame, const modal_question& question,
-                      std::function<void(const modal_answer&)> done)
+                      std::function<void(const modal_answer&)> on_answer)
 {
-    return modal_layer::show(frame, VSTGUI::makeOwned<modal_panel>(frame, question, std::move(done)));
+    return modal_layer::show(frame, VSTGUI::makeOwned<modal_panel>(frame, question, std::move(on_answer)));
 }
 
 } // namespace ov1

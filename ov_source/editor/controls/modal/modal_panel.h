@@ -28,11 +28,11 @@ struct modal_answer
     std::string name;       ///< without blanks at either end
 };
 
-/// Shows the panel until a button is pressed, or Return for the first one, or Escape, and then calls done, once, when
-/// the panel is gone: done may show another. Closing the frame before drops the question and done with it. The window
-/// beneath gets no mouse events meanwhile; keyboard hooks of the frame's own have to leave keys alone while it has a
-/// modal view. False, and nothing shown, where the frame refuses.
+/// Shows the panel until a button is pressed, or Return for the first one, or Escape. Then it closes the panel and
+/// calls on_answer, once; on_answer may show another panel. If the frame closes first, on_answer is not called.
+/// Meanwhile the window beneath gets no mouse events; the frame's other keyboard hooks have to ignore keys while it has
+/// a modal view. False, and nothing shown, where the frame refuses.
 [[nodiscard]] bool show_modal_panel(VSTGUI::CFrame& frame, const modal_question& question,
-                                    std::function<void(const modal_answer&)> done);
+                                    std::function<void(const modal_answer&)> on_answer);
 
 } // namespace ov1

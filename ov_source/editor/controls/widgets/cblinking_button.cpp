@@ -10,16 +10,16 @@ void CBlinkingButton::setBlinkParams(bool blink, int period)
     blinking = blink;
     period_ms = remaining_ms = std::max(period, 0);
     phase_on = false;
-    ask_for_idle_calls();
+    askForIdleCalls();
 }
 
 void CBlinkingButton::setBlinkIcon(VSTGUI::CBitmap* sheet)
 {
     blink_icon = sheet;
-    ask_for_idle_calls();
+    askForIdleCalls();
 }
 
-void CBlinkingButton::ask_for_idle_calls()
+void CBlinkingButton::askForIdleCalls()
 {
     setWantsIdle(blinking && blink_icon);
     invalid();
@@ -38,9 +38,9 @@ void CBlinkingButton::onIdle()
     invalid();
 }
 
-VSTGUI::CBitmap* CBlinkingButton::icon_to_draw() const
+VSTGUI::CBitmap* CBlinkingButton::iconToDraw() const
 {
-    return phase_on && blink_icon ? blink_icon.get() : COVButton::icon_to_draw();
+    return phase_on && blink_icon ? blink_icon.get() : COVButton::iconToDraw();
 }
 
 } // namespace ov1

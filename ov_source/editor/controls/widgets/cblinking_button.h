@@ -22,10 +22,10 @@ public:
     bool isBlinkPhaseOn() const { return phase_on; }
 
 protected:
-    VSTGUI::CBitmap* icon_to_draw() const override;
+    VSTGUI::CBitmap* iconToDraw() const override;
 
 private:
-    void ask_for_idle_calls();
+    void askForIdleCalls();
 
     VSTGUI::SharedPointer<VSTGUI::CBitmap> blink_icon;
     double period_ms = 0.0;

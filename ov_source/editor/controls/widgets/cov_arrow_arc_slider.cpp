@@ -58,13 +58,13 @@ void COVArrowArcSlider::draw(VSTGUI::CDrawContext* context)
     context->setFrameColor(getFrameColor());
     context->setFillColor(getBackColor());
     const double angle = angles.at(getValueNormalized());
-    draw_arrow(*context, angle - spread / 2.0);
+    drawArrow(*context, angle - spread / 2.0);
     if (spread > 0.0)
-        draw_arrow(*context, angle + spread / 2.0);
+        drawArrow(*context, angle + spread / 2.0);
     setDirty(false);
 }
 
-arrow_outline COVArrowArcSlider::outline_at(double angle) const
+arrow_outline COVArrowArcSlider::outlineAt(double angle) const
 {
     const VSTGUI::CRect& view = getViewSize();
     return arrow_outline_of({view.left, view.top, view.right, view.bottom, getFrameWidth(), orientation}, angle);
@@ -72,22 +72,22 @@ arrow_outline COVArrowArcSlider::outline_at(double angle) const
 
 VSTGUI::CPoint COVArrowArcSlider::getTip() const
 {
-    const arc_point tip = outline_at(angles.at(getValueNormalized()) + spread / 2.0)[2];
+    const arc_point tip = outlineAt(angles.at(getValueNormalized()) + spread / 2.0)[2];
     return {tip.x, tip.y};
 }
 
-VSTGUI::CPoint COVArrowArcSlider::place_of_value() const
+VSTGUI::CPoint COVArrowArcSlider::placeOfValue() const
 {
     const VSTGUI::CRect& view = getViewSize();
     return {view.getCenter().x, view.top + lowest + (highest - lowest) * getValueNormalized()};
 }
 
-void COVArrowArcSlider::draw_arrow(VSTGUI::CDrawContext& context, double angle) const
+void COVArrowArcSlider::drawArrow(VSTGUI::CDrawContext& context, double angle) const
 {
     const auto path = VSTGUI::owned(context.createGraphicsPath());
     if (!path)
         return;
-    const arrow_outline outline = outline_at(angle);
+    const arrow_outline outline = outlineAt(angle);
     path->beginSubpath({outline[0].x, outline[0].y});
     for (std::size_t corner = 1; corner < outline.size(); ++corner)
         path->addLine({outline[corner].x, outline[corner].y});
@@ -104,7 +104,7 @@ void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         return consume_press(event);
     }
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const steered_event steered(event, path.press(event.mousePosition, place_of_value(), hold));
+    const steered_event steered(event, path.press(event.mousePosition, placeOfValue(), hold));
     if (hold.is_fine) // the toolkit then leaves the value alone until the mouse moves
         event.modifiers.add(VSTGUI::ModifierKey::Shift);
     CVerticalSlider::onMouseDownEvent(event);
@@ -115,7 +115,7 @@ void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
     if (!isEditing())
         return CVerticalSlider::onMouseMoveEvent(event);
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const steered_event steered(event, path.move(event.mousePosition, place_of_value(), hold));
+    const steered_event steered(event, path.move(event.mousePosition, placeOfValue(), hold));
     CVerticalSlider::onMouseMoveEvent(event);
 }
 

@@ -32,9 +32,9 @@ public:
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
 private:
-    arrow_outline outline_at(double angle) const;
-    VSTGUI::CPoint place_of_value() const;
-    void draw_arrow(VSTGUI::CDrawContext& context, double angle) const;
+    arrow_outline outlineAt(double angle) const;
+    VSTGUI::CPoint placeOfValue() const;
+    void drawArrow(VSTGUI::CDrawContext& context, double angle) const;
 
     arc_angles angles;
     VSTGUI::CCoord highest; // from the view's top to value 1, and so to value 0

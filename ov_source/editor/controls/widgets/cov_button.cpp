@@ -65,7 +65,7 @@ void COVButton::draw(VSTGUI::CDrawContext* context)
     CTextButton::draw(context);
     if (auto* picture = getDrawBackground())
         draw_half(context, *picture, getViewSize(), pressed, opacity());
-    if (auto* sheet = icon_to_draw())
+    if (auto* sheet = iconToDraw())
         draw_frame(context, *sheet, getViewSize(), hovered ? 1 : 0, on ? 1 : 0, opacity());
     setDirty(false);
 }
@@ -91,16 +91,16 @@ void COVButton::onMouseUpEvent(VSTGUI::MouseUpEvent& event)
 void COVButton::onMouseEnterEvent(VSTGUI::MouseEnterEvent& event)
 {
     CTextButton::onMouseEnterEvent(event);
-    set_hovered(true);
+    setHovered(true);
 }
 
 void COVButton::onMouseExitEvent(VSTGUI::MouseExitEvent& event)
 {
     CTextButton::onMouseExitEvent(event);
-    set_hovered(false);
+    setHovered(false);
 }
 
-void COVButton::set_hovered(bool over)
+void COVButton::setHovered(bool over)
 {
     hovered = over;
     invalid();

@@ -34,13 +34,13 @@ public:
     void onMouseCancelEvent(VSTGUI::MouseCancelEvent& event) override;
 
 protected:
-    virtual VSTGUI::CBitmap* icon_to_draw() const { return frames; }
+    virtual VSTGUI::CBitmap* iconToDraw() const { return frames; }
 
     /// What lets a button that cannot be pressed recede.
     float opacity() const;
 
 private:
-    void set_hovered(bool over);
+    void setHovered(bool over);
 
     VSTGUI::SharedPointer<VSTGUI::CBitmap> frames;
     bool pressed = false;

@@ -60,12 +60,12 @@ void COVCalloutSlider::draw(VSTGUI::CDrawContext* context)
         const VSTGUI::CRect place = calculateHandleRect(getValueNormalized());
         handle->draw(context, place);
         if (font)
-            draw_value(*context, place);
+            drawValue(*context, place);
     }
     setDirty(false);
 }
 
-void COVCalloutSlider::draw_value(VSTGUI::CDrawContext& context, const VSTGUI::CRect& handle) const
+void COVCalloutSlider::drawValue(VSTGUI::CDrawContext& context, const VSTGUI::CRect& handle) const
 {
     std::string text;
     getValueString(text);

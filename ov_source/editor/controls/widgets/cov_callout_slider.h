@@ -30,7 +30,7 @@ public:
     void draw(VSTGUI::CDrawContext* context) override;
 
 private:
-    void draw_value(VSTGUI::CDrawContext& context, const VSTGUI::CRect& handle) const;
+    void drawValue(VSTGUI::CDrawContext& context, const VSTGUI::CRect& handle) const;
 
     VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
     std::string unit;

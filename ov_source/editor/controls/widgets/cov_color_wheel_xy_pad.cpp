@@ -42,7 +42,7 @@ void COVColorWheelXYPad::setRadius(float percent)
     if (percent == polar.radius)
         return;
     polar.radius = percent;
-    place_handle();
+    placeHandle();
 }
 
 void COVColorWheelXYPad::setAngle(float degrees)
@@ -50,10 +50,10 @@ void COVColorWheelXYPad::setAngle(float degrees)
     if (degrees == polar.angle)
         return;
     polar.angle = degrees;
-    place_handle();
+    placeHandle();
 }
 
-void COVColorWheelXYPad::place_handle()
+void COVColorWheelXYPad::placeHandle()
 {
     setValue(pack_pad_value(place_of(polar, max_radius)));
     invalid();
@@ -73,11 +73,11 @@ void COVColorWheelXYPad::draw(VSTGUI::CDrawContext* context)
         const VSTGUI::CPoint corner = getViewSize().getTopLeft() + VSTGUI::CPoint(margin.x / 2.0, margin.y / 2.0);
         picture->draw(context, VSTGUI::CRect(corner, picture->getSize()));
     }
-    draw_handle(*context);
+    drawHandle(*context);
     setDirty(false);
 }
 
-VSTGUI::CPoint COVColorWheelXYPad::point_of(const pad_place& place) const
+VSTGUI::CPoint COVColorWheelXYPad::pointOf(const pad_place& place) const
 {
     const pad_point centre = handle_centre(place, getWidth(), getHeight(), getRoundRectRadius());
     return getViewSize().getTopLeft() + VSTGUI::CPoint(centre.x, centre.y);
@@ -85,10 +85,10 @@ VSTGUI::CPoint COVColorWheelXYPad::point_of(const pad_place& place) const
 
 VSTGUI::CPoint COVColorWheelXYPad::getHandleCentre() const
 {
-    return point_of(pulled_onto_rim(unpack_pad_value(getValue()), max_radius));
+    return pointOf(pulled_onto_rim(unpack_pad_value(getValue()), max_radius));
 }
 
-void COVColorWheelXYPad::draw_handle(VSTGUI::CDrawContext& context) const
+void COVColorWheelXYPad::drawHandle(VSTGUI::CDrawContext& context) const
 {
     VSTGUI::CRect circle(getHandleCentre(), {});
     circle.extend(getRoundRectRadius() / 2.0, getRoundRectRadius() / 2.0);
@@ -120,15 +120,15 @@ void COVColorWheelXYPad::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         consume_press(event);
     }
     else if (event.buttonState.isLeft())
-        begin_drag(event);
+        beginDrag(event);
 }
 
-void COVColorWheelXYPad::begin_drag(VSTGUI::MouseDownEvent& event)
+void COVColorWheelXYPad::beginDrag(VSTGUI::MouseDownEvent& event)
 {
     at_press = {getValue(), polar};
     // A handle beyond the rim stays there until the mouse moves.
     const steered_event steered(
-        event, path.press(event.mousePosition, point_of(unpack_pad_value(getValue())), hold_of(event.modifiers)));
+        event, path.press(event.mousePosition, pointOf(unpack_pad_value(getValue())), hold_of(event.modifiers)));
     CXYPad::onMouseDownEvent(event);
 }
 

@@ -54,12 +54,12 @@ private:
         pad_polar polar;
     };
 
-    void begin_drag(VSTGUI::MouseDownEvent& event);
+    void beginDrag(VSTGUI::MouseDownEvent& event);
     void reset();
     void restore(const pad_state& state);
-    void place_handle();
-    VSTGUI::CPoint point_of(const pad_place& place) const;
-    void draw_handle(VSTGUI::CDrawContext& context) const;
+    void placeHandle();
+    VSTGUI::CPoint pointOf(const pad_place& place) const;
+    void drawHandle(VSTGUI::CDrawContext& context) const;
 
     std::int32_t radius_tag;
     pad_polar polar;

@@ -62,21 +62,21 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
     room.inset(margin, 0.0);
     if (left_icon.picture)
     {
-        draw_icon(*context, left_icon, room.left);
+        drawIcon(*context, left_icon, room.left);
         room.left += left_icon.size().x + icon_gap;
     }
     if (right_icon.picture)
     {
         room.right -= right_icon.size().x;
-        draw_icon(*context, right_icon, room.right);
+        drawIcon(*context, right_icon, room.right);
         room.right -= icon_gap;
     }
-    draw_title(*context, room);
+    drawTitle(*context, room);
     context->restoreGlobalState();
     setDirty(false);
 }
 
-void COVRoundedGreyButton::draw_icon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const
+void COVRoundedGreyButton::drawIcon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const
 {
     const VSTGUI::CCoord top = std::floor(getViewSize().getCenter().y - icon.size().y / 2.0 + 0.5);
     const VSTGUI::CDrawContext::Transform transform(
@@ -84,7 +84,7 @@ void COVRoundedGreyButton::draw_icon(VSTGUI::CDrawContext& context, const scaled
     icon.picture->draw(&context, VSTGUI::CRect({0.0, 0.0}, icon.picture->getSize()));
 }
 
-void COVRoundedGreyButton::draw_title(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const
+void COVRoundedGreyButton::drawTitle(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const
 {
     if (getTitle().empty() || room.getWidth() <= 0.0)
         return;

@@ -30,8 +30,8 @@ private:
         VSTGUI::CPoint size() const;
     };
 
-    void draw_icon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const;
-    void draw_title(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const;
+    void drawIcon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const;
+    void drawTitle(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const;
 
     scaled_icon left_icon;
     scaled_icon right_icon;

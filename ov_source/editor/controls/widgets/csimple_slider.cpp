@@ -67,59 +67,59 @@ void CSimpleSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         return consume_press(event);
     }
     const float before = getValue();
-    press_handle(event);
+    pressHandle(event);
     if (isEditing() && is_ganged(event))
-        begin_gang(before);
+        beginGang(before);
 }
 
-void CSimpleSlider::press_handle(VSTGUI::MouseDownEvent& event)
+void CSimpleSlider::pressHandle(VSTGUI::MouseDownEvent& event)
 {
-    grip = event.mousePosition.x - place_of_value();
+    grip = event.mousePosition.x - placeOfValue();
     // The toolkit drags from the whole point that the handle is drawn at.
-    beyond_whole_point = place_of_value() - calculateHandleRect(getValueNormalized()).left;
+    beyond_whole_point = placeOfValue() - calculateHandleRect(getValueNormalized()).left;
     path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
     const steered_event steered(event, event.mousePosition);
     event.modifiers.add(VSTGUI::ModifierKey::Shift); // so that the value stays until the mouse moves
     CHorizontalSlider::onMouseDownEvent(event);
 }
 
-void CSimpleSlider::drag_handle(VSTGUI::MouseMoveEvent& event)
+void CSimpleSlider::dragHandle(VSTGUI::MouseMoveEvent& event)
 {
-    const VSTGUI::CPoint gripped(place_of_value() + grip, event.mousePosition.y);
+    const VSTGUI::CPoint gripped(placeOfValue() + grip, event.mousePosition.y);
     VSTGUI::CPoint place = path.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
     place.x += beyond_whole_point;
     const steered_event steered(event, place);
     CHorizontalSlider::onMouseMoveEvent(event);
 }
 
-VSTGUI::CCoord CSimpleSlider::place_of_value() const
+VSTGUI::CCoord CSimpleSlider::placeOfValue() const
 {
     const VSTGUI::CCoord least = calculateHandleRect(0.0F).left, most = calculateHandleRect(1.0F).left;
     return least + (most - least) * getValueNormalized();
 }
 
-void CSimpleSlider::begin_gang(float value_before)
+void CSimpleSlider::beginGang(float value_before)
 {
     if (!partner || partner->isEditing())
         return;
     ganged = partner;
     ganged_value_at_press = ganged->getValue();
     ganged->beginEdit();
-    drag_partner(getValue() - value_before);
+    dragPartner(getValue() - value_before);
 }
 
 void CSimpleSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
 {
     const float before = getValue();
     if (isEditing())
-        drag_handle(event);
+        dragHandle(event);
     else
         CHorizontalSlider::onMouseMoveEvent(event);
     if (is_ganged(event))
-        drag_partner(getValue() - before);
+        dragPartner(getValue() - before);
 }
 
-void CSimpleSlider::drag_partner(float change)
+void CSimpleSlider::dragPartner(float change)
 {
     if (!ganged || change == 0.0F)
         return;
@@ -131,19 +131,19 @@ void CSimpleSlider::drag_partner(float change)
 void CSimpleSlider::onMouseUpEvent(VSTGUI::MouseUpEvent& event)
 {
     CHorizontalSlider::onMouseUpEvent(event);
-    end_gang();
+    endGang();
 }
 
 VSTGUI::CMouseEventResult CSimpleSlider::onMouseCancel()
 {
     const auto result = CHorizontalSlider::onMouseCancel();
     if (ganged)
-        drag_partner(ganged_value_at_press - ganged->getValue());
-    end_gang();
+        dragPartner(ganged_value_at_press - ganged->getValue());
+    endGang();
     return result;
 }
 
-void CSimpleSlider::end_gang()
+void CSimpleSlider::endGang()
 {
     if (auto* other = std::exchange(ganged, nullptr))
         other->endEdit();

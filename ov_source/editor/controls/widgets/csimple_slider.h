@@ -35,12 +35,12 @@ public:
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
 private:
-    void press_handle(VSTGUI::MouseDownEvent& event);
-    void drag_handle(VSTGUI::MouseMoveEvent& event);
-    VSTGUI::CCoord place_of_value() const;
-    void begin_gang(float value_before);
-    void drag_partner(float change);
-    void end_gang();
+    void pressHandle(VSTGUI::MouseDownEvent& event);
+    void dragHandle(VSTGUI::MouseMoveEvent& event);
+    VSTGUI::CCoord placeOfValue() const;
+    void beginGang(float value_before);
+    void dragPartner(float change);
+    void endGang();
 
     CSimpleSlider* partner = nullptr;
     fine_drag path;

@@ -17,9 +17,9 @@ class value_entry : public with_keys<VSTGUI::CTextEdit>
 {
 public:
     value_entry(const VSTGUI::CRect& place, const std::string& text,
-                std::function<void(const std::optional<std::string>&)> done)
+                std::function<void(const std::optional<std::string>&)> on_done)
         : with_keys(place, nullptr, -1, text.c_str())
-        , done(std::move(done))
+        , on_done(std::move(on_done))
     {
         setFont(style::tiny_font());
         setFontColor(style::value_hovered_text);
@@ -32,7 +32,7 @@ public:
 
     bool removed(CView* parent) override
     {
-        done = {};
+        on_done = {};
         return with_keys::removed(parent);
     }
 
@@ -55,32 +55,32 @@ public:
 private:
     void finish(bool confirmed)
     {
-        const auto tell = std::exchange(done, {});
+        const auto report = std::exchange(on_done, {});
         auto* const parent = getParentView() ? getParentView()->asViewContainer() : nullptr;
-        if (!tell || !parent)
+        if (!report || !parent)
             return;
         const auto alive = VSTGUI::shared(this);
         const std::string typed = getText().getString();
         if (getFrame()->getFocusView() == this)
             getFrame()->setFocusView(nullptr);
         parent->removeView(this);
-        tell(confirmed ? std::optional(typed) : std::nullopt);
+        report(confirmed ? std::optional(typed) : std::nullopt);
     }
 
-    std::function<void(const std::optional<std::string>&)> done;
+    std::function<void(const std::optional<std::string>&)> on_done;
 };
 
 } // namespace
 
-value_line::value_line(const VSTGUI::CRect& size, std::function<void()> clicked)
+value_line::value_line(const VSTGUI::CRect& size, std::function<void()> on_click)
     : CView(size)
-    , clicked(std::move(clicked))
+    , on_click(std::move(on_click))
     , font(style::tiny_font())
 {
     setTransparency(true);
 }
 
-void value_line::setText(const std::string& new_text)
+void value_line::set_text(const std::string& new_text)
 {
     if (std::exchange(text, new_text) != new_text)
         invalid();
@@ -101,7 +101,7 @@ void value_line::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         return;
     event.consumed = true;
     event.ignoreFollowUpMoveAndUpEvents(true);
-    clicked();
+    on_click();
 }
 
 void value_line::onMouseEnterEvent(VSTGUI::MouseEnterEvent&) { show_hovered(true); }
@@ -114,9 +114,9 @@ void value_line::show_hovered(bool on)
 }
 
 void open_value_entry(VSTGUI::CViewContainer& container, const VSTGUI::CRect& place, const std::string& text,
-                      std::function<void(const std::optional<std::string>& typed)> done)
+                      std::function<void(const std::optional<std::string>& typed)> on_done)
 {
-    auto* const entry = new value_entry(place, text, std::move(done));
+    auto* const entry = new value_entry(place, text, std::move(on_done));
     container.addView(entry);
     if (auto* frame = container.getFrame())
         frame->setFocusView(entry);

@@ -10,14 +10,14 @@
 namespace ov1
 {
 
-/// Small and calm; brighter while the mouse is over it. A press of the left button calls clicked.
+/// Small and calm; brighter while the mouse is over it. A press of the left button calls on_click.
 class value_line : public VSTGUI::CView
 {
 public:
-    value_line(const VSTGUI::CRect& size, std::function<void()> clicked);
+    value_line(const VSTGUI::CRect& size, std::function<void()> on_click);
 
-    void setText(const std::string& new_text);
-    const std::string& getText() const { return text; }
+    void set_text(const std::string& new_text);
+    const std::string& get_text() const { return text; }
 
     void draw(VSTGUI::CDrawContext* context) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
@@ -27,16 +27,16 @@ public:
 private:
     void show_hovered(bool on);
 
-    const std::function<void()> clicked;
+    const std::function<void()> on_click;
     const VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
     std::string text;
     bool is_hovered = false;
 };
 
-/// Opens a text field over a place of the container, with a text to begin from. When it has gone, done is called once:
-/// with what stands there after Return, with nothing after Escape or where the keyboard went elsewhere. A container
-/// that goes first drops done.
+/// Opens a text field over a place of the container, with a text to begin from. When it closes, on_done is called
+/// once: with the text after Return, with nothing after Escape or when the field loses the keyboard focus. If the
+/// container is destroyed first, on_done is not called.
 void open_value_entry(VSTGUI::CViewContainer& container, const VSTGUI::CRect& place, const std::string& text,
-                      std::function<void(const std::optional<std::string>& typed)> done);
+                      std::function<void(const std::optional<std::string>& typed)> on_done);
 
 } // namespace ov1

@@ -67,7 +67,7 @@ void value_readout::show(const std::string& new_text, const VSTGUI::CPoint& hand
 {
     const VSTGUI::CPoint size(std::ceil(measure_of(font)(new_text)) + 2.0 * padding.x, line_height + 2.0 * padding.y);
     const VSTGUI::CRect place = readout_place(handle, size, area_of(frame));
-    if (bubble && text == new_text && place == getPlace())
+    if (bubble && text == new_text && place == get_place())
         return;
     hide();
     text = new_text;
@@ -83,6 +83,6 @@ void value_readout::hide()
         frame.removeView(gone);
 }
 
-VSTGUI::CRect value_readout::getPlace() const { return bubble ? bubble->getViewSize() : VSTGUI::CRect(); }
+VSTGUI::CRect value_readout::get_place() const { return bubble ? bubble->getViewSize() : VSTGUI::CRect(); }
 
 } // namespace ov1

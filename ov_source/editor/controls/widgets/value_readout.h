@@ -28,8 +28,8 @@ public:
     void hide();
 
     /// What is shown, and where; empty for nothing.
-    const std::string& getText() const { return text; }
-    VSTGUI::CRect getPlace() const;
+    const std::string& get_text() const { return text; }
+    VSTGUI::CRect get_place() const;
 
 private:
     VSTGUI::CFrame& frame;

@@ -21,8 +21,8 @@ protected:
     panel_of_scopes()
     {
         std::fill_n(reinterpret_cast<argb_float*>(frame.pixels()), 64 * 48, argb_float{1, 0.75f, 0, 0});
-        panel.setFrameListener([this] { ++frames_wanted; });
-        panel.setChoiceListener([this] { ++choices; });
+        panel.set_frame_listener([this] { ++frames_wanted; });
+        panel.set_choice_listener([this] { ++choices; });
     }
     void click(double x, double y)
     {
@@ -67,7 +67,7 @@ TEST_F(panel_of_scopes, hidden_it_computes_nothing_and_asks_for_a_frame_when_it_
 TEST_F(panel_of_scopes, clicks_choose_scopes_but_never_none)
 {
     panel.update(frame);
-    panel.setFrameListener(
+    panel.set_frame_listener(
         [this]
         {
             ++frames_wanted;
@@ -92,7 +92,7 @@ TEST_F(panel_of_scopes, clicks_choose_scopes_but_never_none)
         SCOPED_TRACE(c.what);
         const int before = choices;
         click(c.x, c.y);
-        EXPECT_EQ(panel.getChoice(), c.expected);
+        EXPECT_EQ(panel.get_choice(), c.expected);
         EXPECT_EQ(frames_wanted, c.frames_wanted);
         EXPECT_EQ(choices - before, c.is_refused ? 0 : 1);
     }
@@ -100,7 +100,7 @@ TEST_F(panel_of_scopes, clicks_choose_scopes_but_never_none)
 
 TEST_F(panel_of_scopes, pictures_follow_size_zoom_and_frames)
 {
-    panel.setChoice({{.vectorscope = true}});
+    panel.set_choice({{.vectorscope = true}});
     panel.update(frame);
     panel.idle();
     EXPECT_TRUE(shows_red({0, 54, 300, 300}));
