@@ -3,7 +3,7 @@
 #include "editor/editor_scope.h"
 #include "editor/scopes/scopes_panel.h"
 #include "editor/veridial_ui.h"
-#include "effect/build_lut_reference.h"
+#include "effect/reference/build_lut_reference.h"
 #include "frames.h"
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"

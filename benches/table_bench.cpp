@@ -1,9 +1,9 @@
 #include "table_bench.h"
 
-#include "effect/build_lut.h"
-#include "effect/build_lut_reference.h"
+#include "effect/build/build_lut.h"
 #include "effect/lut/instruction_sets.h"
 #include "effect/lut/render_table.h"
+#include "effect/reference/build_lut_reference.h"
 #include "frames.h"
 #include "interleaved.h"
 #include "plain_code.h"

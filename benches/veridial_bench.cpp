@@ -1,5 +1,5 @@
 // veridial-bench: how fast pixels and tables are, beside others on the same frames, and whether all answers agree.
-#include "effect/build_lut.h"
+#include "effect/build/build_lut.h"
 #include "effect/lut/instruction_sets.h"
 #include "pixel_bench.h"
 #include "platform/cache_size.h"

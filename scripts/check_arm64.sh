@@ -8,7 +8,7 @@ mkdir -p "$out/include"
 ln -sfn /usr/include/hwy "$out/include/hwy" # headers alone: with one instruction set there is nothing to dispatch
 
 sources="tests/arm64/kernel_hashes.cpp ov_source/effect/lut/render_table.cpp ov_source/effect/lut/row_kernel.cpp
-  ov_source/effect/build_kernel.cpp ov_source/effect/lut/instruction_sets.cpp ov_source/effect/lut/lut_argb.cpp
+  ov_source/effect/build/build_kernel.cpp ov_source/effect/lut/instruction_sets.cpp ov_source/effect/lut/lut_argb.cpp
   ov_source/platform/cache_size.cpp media/samples/sample_kernel.cpp media/samples/ycbcr_kernel.cpp
   media/samples/ycbcr_coding.cpp"
 # What reads files is dropped by the linker, with all that it would need.

@@ -6,6 +6,7 @@
 #include "framework/row_renderer.h"
 
 #include <optional>
+#include <utility>
 
 namespace ov1
 {
@@ -15,8 +16,8 @@ class published_table : public row_renderer
 {
 public:
     /// Without settings the table stands for no values: it is out of date from the start.
-    published_table(const lut_argb<lut_edge>& table, std::optional<grade_settings> built_from)
-        : table(table)
+    published_table(lut_argb<lut_edge> table, std::optional<grade_settings> built_from)
+        : table(std::move(table))
         , built_from(built_from)
     {
     }

@@ -1,6 +1,6 @@
 #include "effect/veridial.h"
 
-#include "effect/build_lut.h"
+#include "effect/build/build_lut.h"
 #include "effect/lut/lut_argb_variable.h"
 #include "effect/veridial_parameters.h"
 #include "framework/create_ccomponent.h"
@@ -153,22 +153,23 @@ void veridial::bring_up_to_date()
     if (get_published()->is_built_from(settings))
         return;
     const shared_tables& shared = get_shared_tables();
-    build_lut(settings, shared.looks, shared.skin, working);
-    publish(std::make_shared<const published_table>(working, settings));
+    lut_argb<lut_edge> table(lut_argb<lut_edge>::init_mode::none);
+    build_lut(settings, shared.looks, shared.skin, table);
+    publish(std::move(table), settings);
 }
 
 void veridial::publish_identity()
 {
     const std::scoped_lock guard(build_mutex);
-    working.update(no_lut_points);
-    publish(std::make_shared<const published_table>(working, std::nullopt));
+    publish(lut_argb<lut_edge>(), std::nullopt);
 }
 
-void veridial::publish(std::shared_ptr<const published_table> table)
+void veridial::publish(lut_argb<lut_edge> table, std::optional<grade_settings> built_from)
 {
-    // The old table dies, if here, after the mutex is free.
+    auto next = std::make_shared<const published_table>(std::move(table), built_from);
+    // Declared before the lock: if this frees the old table, it does so after the mutex is unlocked.
     const std::scoped_lock guard(publish_mutex);
-    published.swap(table);
+    published.swap(next);
 }
 
 std::shared_ptr<const published_table> veridial::get_published() const

@@ -3,7 +3,6 @@
 
 #include "effect/grade_settings.h"
 #include "effect/legacy_parameters.h"
-#include "effect/lut/lut.h"
 #include "effect/published_table.h"
 #include "effect/wheel_memory.h"
 #include "effect/zone_colour.h"
@@ -15,6 +14,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 namespace ov1
 {
@@ -52,7 +52,7 @@ private:
     void set_parameter(parameter_index i, float value, bool edit);
 
     void bring_up_to_date();
-    void publish(std::shared_ptr<const published_table> table);
+    void publish(lut_argb<lut_edge> table, std::optional<grade_settings> built_from);
     std::shared_ptr<const published_table> get_published() const;
     void publish_identity();
 
@@ -63,8 +63,7 @@ private:
 
     std::array<std::shared_ptr<cparameter_v1>, parameter_count> parameters;
 
-    std::mutex build_mutex; ///< serialises builds; guards working
-    lut<lut_edge> working;
+    std::mutex build_mutex;           ///< serialises builds
     mutable std::mutex publish_mutex; ///< guards the pointer for the length of a copy
     std::shared_ptr<const published_table> published;
 

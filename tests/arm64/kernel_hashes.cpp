@@ -1,6 +1,6 @@
 // Runs the row loops and the lookup on the same pixels and prints a hash of the results, so that two processors can be
 // compared. Ends with 1 when the loops differ from the lookup.
-#include "effect/build_kernel.h"
+#include "effect/build/build_kernel.h"
 #include "effect/lut/instruction_sets.h"
 #include "effect/lut/render_table.h"
 #include "media/samples/sample_kernel.h"

@@ -1,6 +1,6 @@
 #include "tools/artwork/engine_colours.h"
 
-#include "effect/build_lut.h"
+#include "effect/build/build_lut.h"
 
 namespace ov1
 {

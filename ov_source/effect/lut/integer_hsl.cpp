@@ -85,4 +85,20 @@ double hexcone_hue(const rgb_double& colour)
     return hue < full_circle ? hue : hue - full_circle;
 }
 
+hexcone hexcone_of(const argb_float& entry)
+{
+    const rgb_double u8{entry.r * 255.0, entry.g * 255.0, entry.b * 255.0};
+    const double max = std::max({u8.r, u8.g, u8.b});
+    const double min = std::min({u8.r, u8.g, u8.b});
+    return {hexcone_hue(u8), (max - min) * percent_per_u8, (max + min) * half_sum_percent_per_u8};
+}
+
+argb_float entry_of(const hexcone& colour, float alpha)
+{
+    const rgb_double rgb =
+        rgb_of({static_cast<std::int32_t>(colour.hue_milli), limited_milli(colour.chroma_percent * 1000.0),
+                limited_milli(colour.lightness_percent * 1000.0)});
+    return {alpha, static_cast<float>(rgb.r), static_cast<float>(rgb.g), static_cast<float>(rgb.b)};
+}
+
 } // namespace ov1

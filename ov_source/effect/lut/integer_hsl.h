@@ -5,6 +5,8 @@
 //   lightness  0..100,000   1/1000 percent, mean of largest and smallest channel
 #pragma once
 
+#include "shared/argb_float.h"
+
 #include <cstdint>
 
 namespace ov1
@@ -43,5 +45,19 @@ rgb_double rgb_of(const hsl_milli& colour);
 
 /// Hue in thousandths of a degree by the hexcone rule, 0 <= hue < 360,000; 0 for greys. Channels in any unit.
 double hexcone_hue(const rgb_double& colour);
+
+/// A table entry in the terms of the hexcone, before anything is rounded.
+struct hexcone
+{
+    double hue_milli; ///< 0 <= hue_milli < 360,000
+    double chroma_percent;
+    double lightness_percent;
+};
+
+/// Of an entry whose channels are code values; its alpha is ignored.
+hexcone hexcone_of(const argb_float& entry);
+
+/// The entry of a hexcone, by way of whole thousandths (rgb_of): so hexcone_of and entry_of do not undo each other.
+argb_float entry_of(const hexcone& colour, float alpha);
 
 } // namespace ov1

@@ -1,5 +1,5 @@
 // The pads' pictures, as the build wrote them, are held against the engine's own output.
-#include "effect/build_lut.h"
+#include "effect/build/build_lut.h"
 #include "effect/zone.h"
 #include "support/picture_file.h"
 #include "tools/artwork/anchor_colours.h"

@@ -1,7 +1,6 @@
 #include "effect/lut/lut_argb.h"
 
 #include "effect/lut/bin_lut.h"
-#include "effect/lut/lut.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -120,58 +119,6 @@ TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
     shorter.pop_back();
     for (const auto& damaged : {header_33, header_273, longer, shorter, std::vector<unsigned char>{}, {17, 0}})
         EXPECT_EQ(table::from_vec(damaged), table());
-}
-
-constexpr float step = 4095.9375f; // from one grid point to the next
-
-lut<17> bent(std::vector<lut_point> points)
-{
-    lut<17> t;
-    t.update(std::move(points));
-    return t;
-}
-
-TEST(lut, no_points_and_points_that_stay_give_the_identity)
-{
-    const argb_float grey{0, 30000, 31000, 32000};
-    EXPECT_EQ(lut<17>().get_entries(), table().get_entries());
-    EXPECT_EQ(bent({}).get_entries(), table().get_entries());
-    EXPECT_EQ(bent({{grey, grey, 140, 0}}).get_entries(), table().get_entries());
-}
-
-TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
-{
-    // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
-    const argb_float source{0, 4 * step, 8 * step, 12 * step};
-    const lut<17> t = bent({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
-    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::* channel)
-    { return (t.get_direct(4, g, b).*channel - table().get_direct(4, g, b).*channel) * 65535; };
-    // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
-    constexpr float tolerance = 0.05f;
-    EXPECT_NEAR(moved(8, 12, &argb_float::r), 1000, tolerance);
-    EXPECT_NEAR(moved(8, 12, &argb_float::g), -2000, tolerance);
-    EXPECT_NEAR(moved(8, 12, &argb_float::b), 3000, tolerance);
-    EXPECT_NEAR(moved(9, 12, &argb_float::b), 3000 * (1 - step / 10816), tolerance);
-    EXPECT_EQ(moved(8, 9, &argb_float::r), 0) << "three steps are farther than the reach";
-}
-
-TEST(lut, radius_and_values_are_limited_and_offsets_add_up)
-{
-    const argb_float source{0, 5 * step, 5 * step, 5 * step};
-    const argb_float target{0, source.r + 6553.5f, source.g, source.b};
-    const auto widest = bent({{source, target, 256, 0}}).get_entries(); // reach 262,144: every grid point moves
-    const auto narrow = bent({{source, target, 1, 0}}).get_entries();   // reach 4: its own grid point only
-    EXPECT_EQ(bent({{source, target, 300, 0}}).get_entries(), widest);
-    EXPECT_EQ(bent({{source, target, -5, 0}}).get_entries(), narrow);
-    EXPECT_NEAR(widest.front().r * 65535, 6553.5 * (1 - std::sqrt(75.0) * step / 262144), 0.3);
-    std::size_t changed = 0;
-    for (std::size_t i = 0; i < narrow.size(); ++i)
-        changed += narrow[i] != table().get_entries()[i];
-    EXPECT_EQ(changed, 1u);
-
-    const lut<17> twice = bent({{source, target, 1, 0}, {source, target, 1, 0}});
-    EXPECT_NEAR(twice.get_direct(5, 5, 5).r, 5 / 16.0 + 0.2, 1e-6);
-    EXPECT_EQ(bent({{{}, {0, -50000, 90000, 0}, 256, 0}}).get_direct(0, 0, 0), (argb_float{1, 0, 1, 0}));
 }
 
 } // namespace

@@ -1,11 +1,9 @@
-#include "effect/build_lut_reference.h"
+#include "effect/reference/build_lut_reference.h"
 
-#include "effect/build_plan.h"
+#include "effect/build/build_plan.h"
 #include "effect/lut/integer_hsl.h"
-#include "effect/lut/lut_utils.h"
-#include "effect/skin_tones.h"
-
-#include <algorithm>
+#include "effect/reference/lut_utils.h"
+#include "effect/reference/skin_tones.h"
 
 namespace ov1
 {
@@ -24,14 +22,10 @@ void add_all(table17& table, const std::vector<table_share>& shares, bool limit)
 /// Both in percent, added to what the entry has.
 argb_float with_chroma_and_luminance(const argb_float& entry, double chroma_percent, double luminance_percent)
 {
-    const rgb_double u8{entry.r * 255.0, entry.g * 255.0, entry.b * 255.0};
-    const double max = std::max({u8.r, u8.g, u8.b});
-    const double min = std::min({u8.r, u8.g, u8.b});
-    const double chroma = (max - min) * percent_per_u8;
-    const rgb_double to = rgb_of({static_cast<std::int32_t>(hexcone_hue(u8)),
-                                  limited_milli((chroma + chroma_percent / 100.0 * chroma) * 1000.0),
-                                  limited_milli(((max + min) * half_sum_percent_per_u8 + luminance_percent) * 1000.0)});
-    return {entry.a, static_cast<float>(to.r), static_cast<float>(to.g), static_cast<float>(to.b)};
+    hexcone colour = hexcone_of(entry);
+    colour.chroma_percent += chroma_percent / 100.0 * colour.chroma_percent;
+    colour.lightness_percent += luminance_percent;
+    return entry_of(colour, entry.a);
 }
 
 } // namespace

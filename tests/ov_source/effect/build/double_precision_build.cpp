@@ -1,4 +1,4 @@
-#include "reference_build.h"
+#include "ov_source/effect/build/double_precision_build.h"
 
 #include "effect/skin_data.h"
 
@@ -207,7 +207,7 @@ void push_skin(grid& g, const grade_settings& s)
 
 } // namespace
 
-grid reference_build(const grade_settings& s, const std::function<grid(std::size_t)>& looks)
+grid double_precision_build(const grade_settings& s, const std::function<grid(std::size_t)>& looks)
 {
     if (s.bypass())
         return identity();

@@ -1,6 +1,7 @@
-#include "effect/skin_tones.h"
+#include "effect/reference/skin_tones.h"
 
-#include "effect/lut/lut_utils.h"
+#include "effect/build/build_plan.h"
+#include "effect/reference/lut_utils.h"
 #include "effect/skin_data.h"
 
 #include <cmath>

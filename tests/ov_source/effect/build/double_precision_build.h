@@ -14,6 +14,6 @@ using rgb = std::array<double, 3>;
 using grid = std::vector<rgb>; ///< 4913 colours, red outermost, blue innermost
 
 /// looks: the table of each number of synthetic_looks.h.
-grid reference_build(const grade_settings& settings, const std::function<grid(std::size_t)>& looks);
+grid double_precision_build(const grade_settings& settings, const std::function<grid(std::size_t)>& looks);
 
 } // namespace ov1::test

@@ -1,7 +1,7 @@
-#include "effect/skin_tones.h"
+#include "effect/reference/skin_tones.h"
 
-#include "effect/build_lut.h"
-#include "effect/lut/lut_utils.h"
+#include "effect/build/build_lut.h"
+#include "effect/reference/lut_utils.h"
 #include "effect/skin_data.h"
 #include "tools/looks/delta_e.h"
 #include "tools/looks/memory_colours.h"

@@ -1,9 +1,8 @@
-#include "effect/build_lut.h"
+#include "effect/build/build_lut.h"
 
-#include "effect/build_kernel.h"
-#include "effect/lut/lut_utils.h"
+#include "effect/build/build_kernel.h"
+#include "effect/lut/integer_hsl.h"
 #include "effect/skin_data.h"
-#include "effect/skin_tones.h"
 
 #include <cmath>
 
@@ -13,21 +12,22 @@ namespace ov1
 namespace
 {
 
-/// Depends on nothing that a build is given.
+/// The identity after the integer conversion, which alone lifts every entry by 256 / 255. The same for all builds.
 const lut_argb<lut_edge>& table_of_no_push()
 {
-    static const lut_argb<lut_edge> still = []
+    static const lut_argb<lut_edge> converted = []
     {
         lut_argb<lut_edge> table;
-        lut_utils::add_chroma(table, 0, lut_masks::select_skintones_extreme, mask_mode::complement);
+        for (argb_float& entry : table.get_entries())
+            entry = entry_of(hexcone_of(entry), entry.a);
         return table;
     }();
-    return still;
+    return converted;
 }
 
 skin_steps decide(const skin_push& push, const skin_tables& tables)
 {
-    const auto acts = [](double amount) { return std::abs(amount) >= lut_utils::least_skin_push; };
+    const auto acts = [](double amount) { return std::abs(amount) >= least_skin_push; };
     const auto share = [](const lut_argb<lut_edge>& table, double amount)
     { return table_share{&table, static_cast<float>(std::abs(amount))}; };
 
@@ -38,7 +38,7 @@ skin_steps decide(const skin_push& push, const skin_tables& tables)
     if (push.protect > 0.0)
         steps.protect = push.protect;
     if (acts(push.chroma_push))
-        steps.chroma_percent = static_cast<int>(push.chroma_push * lut_utils::most_skin_chroma_percent);
+        steps.chroma_percent = static_cast<int>(push.chroma_push * most_skin_chroma_percent);
     if (acts(push.hue_push))
         steps.towards.push_back(share(push.hue_push > 0.0 ? tables.yellowish : tables.reddened, push.hue_push));
     if (acts(push.brightness))

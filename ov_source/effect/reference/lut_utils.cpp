@@ -1,4 +1,4 @@
-#include "effect/lut/lut_utils.h"
+#include "effect/reference/lut_utils.h"
 
 #include "effect/lut/integer_hsl.h"
 
@@ -26,15 +26,9 @@ double push_share(double chroma_percent)
 
 argb_float pushed(const argb_float& entry, double push_percent)
 {
-    const rgb_double u8{entry.r * 255.0, entry.g * 255.0, entry.b * 255.0};
-    const double max = std::max({u8.r, u8.g, u8.b});
-    const double min = std::min({u8.r, u8.g, u8.b});
-    const double chroma = (max - min) * percent_per_u8;
-    const double wanted = std::max(chroma + push_percent * push_share(chroma), 0.0);
-
-    const rgb_double to = rgb_of({static_cast<std::int32_t>(hexcone_hue(u8)), limited_milli(wanted * 1000.0),
-                                  limited_milli((max + min) * half_sum_percent_per_u8 * 1000.0)});
-    return {entry.a, static_cast<float>(to.r), static_cast<float>(to.g), static_cast<float>(to.b)};
+    hexcone colour = hexcone_of(entry);
+    colour.chroma_percent = std::max(colour.chroma_percent + push_percent * push_share(colour.chroma_percent), 0.0);
+    return entry_of(colour, entry.a);
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 // Compiled once for every instruction set: foreach_target.h includes this file again for each.
-#include "effect/build_kernel.h"
+#include "effect/build/build_kernel.h"
 
 #include "platform/highway_targets.h" // before Highway
 
 #undef HWY_TARGET_INCLUDE
-#define HWY_TARGET_INCLUDE "effect/build_kernel.cpp"
+#define HWY_TARGET_INCLUDE "effect/build/build_kernel.cpp"
 #include <hwy/foreach_target.h> // before highway.h, by its own rule
 
 #include "effect/lut/integer_hsl.h"

@@ -1,4 +1,4 @@
-#include "effect/lut/lut.h"
+#include "effect/reference/lut.h"
 
 #include <algorithm>
 #include <cmath>

@@ -18,14 +18,17 @@ struct table_share
     float amount;
 };
 
-/// The amounts of modify_skin_tones (skin_tones.h).
+/// What the skin pad and its two arcs ask for. All at 0 change nothing.
 struct skin_push
 {
-    double protect;
-    double chroma_push;
-    double hue_push;
-    double brightness;
+    double protect;     ///< 0..1: first moves skin towards the identity, against wheels and looks alike
+    double chroma_push; ///< -1..1: more or less chroma, 40 percent at most
+    double hue_push;    ///< -1..1: towards yellowish where positive, towards reddened where negative
+    double brightness;  ///< -1..1: towards lighter where positive, towards darker where negative
 };
+
+inline constexpr double least_skin_push = 0.001; ///< a push or brightness of smaller magnitude does nothing
+inline constexpr double most_skin_chroma_percent = 40.0;
 
 struct build_plan
 {

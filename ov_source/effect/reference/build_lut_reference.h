@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/grade_settings.h"
-#include "effect/lut/lut.h"
+#include "effect/reference/lut.h"
 #include "effect/skin_tables.h"
 #include "effect/veridial_luts.h"
 

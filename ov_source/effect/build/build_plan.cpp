@@ -1,4 +1,4 @@
-#include "effect/build_plan.h"
+#include "effect/build/build_plan.h"
 
 #include "effect/lut/angle_weights.h"
 #include "effect/lut/integer_hsl.h"

@@ -1,7 +1,7 @@
 // The steps of a build over all grid points, in vectors.
 #pragma once
 
-#include "effect/build_plan.h"
+#include "effect/build/build_plan.h"
 #include "effect/lut/lut_mask.h"
 
 #include <vector>

@@ -1,4 +1,4 @@
-#include "effect/lut/lut_utils.h"
+#include "effect/reference/lut_utils.h"
 
 #include "effect/lut/integer_hsl.h"
 
