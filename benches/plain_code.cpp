@@ -19,14 +19,10 @@ public:
 
     void render_pixel(std::size_t, std::size_t, const argb_float& in, argb_float& out) const override
     {
-        const grid_position r = grid_position_of<lut_edge>(in.r);
-        const grid_position g = grid_position_of<lut_edge>(in.g);
-        const grid_position b = grid_position_of<lut_edge>(in.b);
-        const auto along_red = [&](std::size_t gi, std::size_t bi)
-        { return lerp(table.get_direct(r.lower, gi, bi), table.get_direct(r.upper, gi, bi), r.fraction); };
-        const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
-        const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
-        out = lerp(c0, c1, b.fraction);
+        out = trilinear(grid_position_of<lut_edge>(in.r), grid_position_of<lut_edge>(in.g),
+                        grid_position_of<lut_edge>(in.b),
+                        [&](std::size_t r, std::size_t g, std::size_t b) -> const argb_float&
+                        { return table.get_direct(r, g, b); });
     }
 
 private:

@@ -1,6 +1,6 @@
 #include "effect/lut/cube_reader.h"
 
-#include "effect/lut/lut_argb.h"
+#include "effect/lut/trilinear.h"
 
 #include <algorithm>
 #include <charconv>
@@ -176,40 +176,25 @@ bool cube_table::read(std::string_view text, std::string& reason)
 namespace
 {
 
-struct axis_position
+grid_position position_of(float value, float least, float most, std::size_t size)
 {
-    std::size_t lower, upper;
-    float way;
-};
-
-axis_position position_of(float value, float least, float most, std::size_t size)
-{
-    const float last = static_cast<float>(size - 1);
-    float x = (value - least) / (most - least) * last;
-    x = x > 0.0f ? std::min(x, last) : 0.0f; // a NaN fails the comparison
-    const auto lower = static_cast<std::size_t>(x);
-    return {lower, std::min(lower + 1, size - 1), x - static_cast<float>(lower)};
+    return grid_position_at((value - least) / (most - least) * static_cast<float>(size - 1), size);
 }
 
 } // namespace
 
 argb_float cube_table::lookup(const argb_float& c) const
 {
-    const axis_position r = position_of(c.r, domain_min[0], domain_max[0], size);
-    const axis_position g = position_of(c.g, domain_min[1], domain_max[1], size);
-    const axis_position b = position_of(c.b, domain_min[2], domain_max[2], size);
+    const grid_position r = position_of(c.r, domain_min[0], domain_max[0], size);
+    const grid_position g = position_of(c.g, domain_min[1], domain_max[1], size);
+    const grid_position b = position_of(c.b, domain_min[2], domain_max[2], size);
     const argb_float* const e = entries.data();
     if (!three_dimensional)
-        return {c.a, lerp(e[r.lower].r, e[r.upper].r, r.way), lerp(e[g.lower].g, e[g.upper].g, g.way),
-                lerp(e[b.lower].b, e[b.upper].b, b.way)};
-    const auto along_red = [&](std::size_t gi, std::size_t bi)
-    {
-        const argb_float* const row = e + (bi * size + gi) * size;
-        return lerp(row[r.lower], row[r.upper], r.way);
-    };
-    const argb_float lower = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.way);
-    const argb_float upper = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.way);
-    argb_float result = lerp(lower, upper, b.way);
+        return {c.a, lerp(e[r.lower].r, e[r.upper].r, r.fraction), lerp(e[g.lower].g, e[g.upper].g, g.fraction),
+                lerp(e[b.lower].b, e[b.upper].b, b.fraction)};
+    argb_float result =
+        trilinear(r, g, b, [&](std::size_t red, std::size_t green, std::size_t blue) -> const argb_float&
+                  { return e[(blue * size + green) * size + red]; });
     result.a = c.a;
     return result;
 }

@@ -1,6 +1,7 @@
 // A colour look-up table of fixed edge length and its trilinear lookup.
 #pragma once
 
+#include "effect/lut/trilinear.h"
 #include "shared/argb_float.h"
 
 #include <array>
@@ -15,33 +16,11 @@ namespace ov1
 inline constexpr float unit_per_u16 = 1.5259022e-05f;
 inline constexpr float u16_max = 65535.0f;
 
-/// Where a channel value falls on a grid axis: the two neighbouring grid indices and the way between them.
-struct grid_position
-{
-    std::size_t lower; ///< 0..edge-1
-    std::size_t upper; ///< lower + 1, or lower at the last grid point
-    float fraction;    ///< 0 <= fraction < 1
-};
-
-/// Position of a channel value (nominally 0..1) on an axis of edge grid points. Values outside are clamped; a NaN
-/// counts as 0, so that no input reads outside the table.
+/// Position of a channel value (nominally 0..1) on an axis of edge grid points.
 template <std::size_t edge>
 constexpr grid_position grid_position_of(float channel)
 {
-    constexpr float last = static_cast<float>(edge - 1);
-    float x = channel * last;
-    x = x > 0.0f ? x : 0.0f; // a NaN fails the comparison
-    x = x < last ? x : last;
-    const auto lower = static_cast<std::size_t>(x);
-    return {lower, (lower < edge - 2 ? lower : edge - 2) + 1, x - static_cast<float>(lower)};
-}
-
-constexpr float lerp(float from, float to, float way) { return from + (to - from) * way; }
-
-/// All four channels alike, alpha included.
-constexpr argb_float lerp(const argb_float& from, const argb_float& to, float way)
-{
-    return {lerp(from.a, to.a, way), lerp(from.r, to.r, way), lerp(from.g, to.g, way), lerp(from.b, to.b, way)};
+    return grid_position_at(channel * static_cast<float>(edge - 1), edge);
 }
 
 /// edge x edge x edge colours. Grid point (r, g, b), each 0..edge-1, stands for the input r / (edge - 1) and so on; it
@@ -75,15 +54,9 @@ public:
     /// and its alpha is the table's. Safe from several threads.
     argb_float lookup(const argb_float& c) const
     {
-        const grid_position r = grid_position_of<edge>(c.r);
-        const grid_position g = grid_position_of<edge>(c.g);
-        const grid_position b = grid_position_of<edge>(c.b);
-        const argb_float* e = entries.data();
-        const auto along_red = [&](std::size_t gi, std::size_t bi)
-        { return lerp(e[index(r.lower, gi, bi)], e[index(r.upper, gi, bi)], r.fraction); };
-        const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
-        const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
-        return lerp(c0, c1, b.fraction);
+        return trilinear(grid_position_of<edge>(c.r), grid_position_of<edge>(c.g), grid_position_of<edge>(c.b),
+                         [e = entries.data()](std::size_t r, std::size_t g, std::size_t b) -> const argb_float&
+                         { return e[index(r, g, b)]; });
     }
 
     /// The table with these entries, alpha included, in index order.

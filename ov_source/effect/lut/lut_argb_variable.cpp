@@ -42,14 +42,8 @@ argb_float lut_argb_variable::get_integer(std::size_t i, std::size_t j, std::siz
     if (n == size)
         return at(i, j, k);
 
-    const grid_position r = resampled_position<size>(i, n);
-    const grid_position g = resampled_position<size>(j, n);
-    const grid_position b = resampled_position<size>(k, n);
-    const auto along_red = [&](std::size_t gi, std::size_t bi)
-    { return lerp(at(r.lower, gi, bi), at(r.upper, gi, bi), r.fraction); };
-    const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);
-    const argb_float c1 = lerp(along_red(g.lower, b.upper), along_red(g.upper, b.upper), g.fraction);
-    return lerp(c0, c1, b.fraction);
+    return trilinear(resampled_position<size>(i, n), resampled_position<size>(j, n), resampled_position<size>(k, n),
+                     at);
 }
 
 template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;
