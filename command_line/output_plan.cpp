@@ -82,7 +82,12 @@ std::string canonical(const std::string& path)
 bool takes_files(const std::string& folder, bool dry_run, std::string& reason)
 {
     if (!dry_run)
-        return folder_takes_files(folder, reason);
+    {
+        const auto taken = folder_takes_files(folder);
+        if (!taken)
+            reason = taken.error().reason;
+        return static_cast<bool>(taken);
+    }
     if (faccessat(AT_FDCWD, (folder + "/.").c_str(), W_OK | X_OK, AT_EACCESS) == 0)
         return true;
     reason = plain_reason(errno);

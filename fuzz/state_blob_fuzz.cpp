@@ -23,8 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::copy(data, data + size, exact.get());
     std::vector<state_record> records;
     (void)read_state({exact.get(), size}, records);
-    std::string reason;
-    (void)check_state_blob({exact.get(), size}, reason);
+    (void)check_state_blob({exact.get(), size});
 
     component->reset_to_default();
     std::vector<std::uint8_t> blob(data, data + size);

@@ -29,9 +29,6 @@ std::vector<std::uint8_t> make_state_payload(std::vector<std::uint8_t> state)
     return state;
 }
 
-bool check_state_payload(std::span<const std::uint8_t> payload, std::string& reason)
-{
-    return check_state_blob(payload, reason);
-}
+result<> check_state_payload(std::span<const std::uint8_t> payload) { return check_state_blob(payload); }
 
 } // namespace ov1

@@ -7,10 +7,11 @@
 // The UUID lets the host see a change where the state has none. There is no header: the state knows its own length.
 #pragma once
 
+#include "shared/result.h"
+
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace ov1
@@ -25,7 +26,7 @@ uuid_bytes make_random_uuid();
 std::vector<std::uint8_t> make_state_payload(std::vector<std::uint8_t> state);
 
 /// Whether a payload from a document can be handed to icomponent_v1::set_state whole, UUID included: it holds as many
-/// records as it announces. An older document's may end without a UUID. When not, reason becomes one line of English.
-[[nodiscard]] bool check_state_payload(std::span<const std::uint8_t> payload, std::string& reason);
+/// records as it announces. An older document's may end without a UUID. Failures are those of check_state_blob.
+result<> check_state_payload(std::span<const std::uint8_t> payload);
 
 } // namespace ov1

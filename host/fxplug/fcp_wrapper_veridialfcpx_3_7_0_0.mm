@@ -70,10 +70,9 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 {
     const auto* const bytes = static_cast<const std::uint8_t*>([payload bytes]);
     std::vector<std::uint8_t> state(bytes, bytes + [payload length]);
-    std::string reason;
-    if (!check_state_payload(state, reason))
+    if (const auto checked = check_state_payload(state); !checked)
     {
-        NSLog(@"The saved state is left alone: %s", reason.c_str());
+        NSLog(@"The saved state is left alone: %s", checked.error().reason.c_str());
         return;
     }
     const auto before = copy_values(component);

@@ -1,6 +1,8 @@
 #include "framework/state_blob.h"
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 namespace ov1
 {
@@ -111,21 +113,22 @@ bool read_state(std::span<const std::uint8_t> bytes, std::vector<state_record>& 
     return true;
 }
 
-bool check_state_blob(std::span<const std::uint8_t> bytes, std::string& reason)
+result<> check_state_blob(std::span<const std::uint8_t> bytes)
 {
+    const auto invalid = [](std::string reason) { return failure{failure_kind::invalid_grade, {}, std::move(reason)}; };
+
     if (bytes.size() < smallest_state)
-        reason = "the state is cut short: " + std::to_string(bytes.size()) + " bytes";
-    else if (!has_header(bytes))
-        reason = "not a state: it does not begin with \"s1vc\"";
-    else if (announced_count(bytes) < 0)
-        reason = "the state is damaged: it announces " + std::to_string(announced_count(bytes)) + " parameters";
-    else if (const auto room = (bytes.size() - state_header_size) / state_record_size;
-             static_cast<std::size_t>(announced_count(bytes)) > room)
-        reason = "the state is cut short: it announces " + std::to_string(announced_count(bytes)) +
-                 " parameters and holds " + std::to_string(room);
-    else
-        return true;
-    return false;
+        return invalid("the state is cut short: " + std::to_string(bytes.size()) + " bytes");
+    if (!has_header(bytes))
+        return invalid("not a state: it does not begin with \"s1vc\"");
+    const std::int32_t count = announced_count(bytes);
+    if (count < 0)
+        return invalid("the state is damaged: it announces " + std::to_string(count) + " parameters");
+    const std::size_t found = (bytes.size() - state_header_size) / state_record_size;
+    if (static_cast<std::size_t>(count) > found)
+        return invalid("the state is cut short: it announces " + std::to_string(count) + " parameters and holds " +
+                       std::to_string(found));
+    return {};
 }
 
 } // namespace ov1

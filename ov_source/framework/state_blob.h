@@ -14,12 +14,12 @@
 #pragma once
 
 #include "shared/param_value.h"
+#include "shared/result.h"
 #include "shared/uid.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace ov1
@@ -44,8 +44,8 @@ std::vector<std::uint8_t> write_state(std::span<const state_record> records);
 /// its bytes as they are.
 [[nodiscard]] bool read_state(std::span<const std::uint8_t> bytes, std::vector<state_record>& records);
 
-/// Whether bytes from outside hold as many records as they announce; more bytes may follow. When not, reason becomes
-/// one line of English that says why.
-[[nodiscard]] bool check_state_blob(std::span<const std::uint8_t> bytes, std::string& reason);
+/// Checks bytes from outside before set_state: fails (invalid_grade) when they are no state, or hold fewer records than
+/// they announce. More bytes may follow.
+result<> check_state_blob(std::span<const std::uint8_t> bytes);
 
 } // namespace ov1

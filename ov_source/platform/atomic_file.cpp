@@ -17,10 +17,20 @@ namespace
 
 constexpr std::size_t chunk_size = 1 << 16;
 
-bool write_whole(const std::string& path, std::span<const std::uint8_t> bytes, existing_file rule, std::string& reason)
+result<> write_whole(const std::string& path, std::span<const std::uint8_t> bytes, existing_file rule)
 {
     pending_file file;
-    return file.open(path, rule, reason) && file.write(bytes, reason) && file.commit(reason);
+    if (auto opened = file.open(path, rule); !opened)
+        return opened;
+    if (auto written = file.write(bytes); !written)
+        return written;
+    return file.commit();
+}
+
+/// Unlike plain_reason, a missing file is named as such: the folder may well exist.
+failure failed_on_existing(failure_kind kind, int error_number)
+{
+    return {kind, {}, error_number == ENOENT ? "no such file" : plain_reason(error_number)};
 }
 
 /// Reads until the end or until there is more than `limit`. Sets errno on failure.
@@ -56,52 +66,42 @@ bool read_to_end(int descriptor, std::vector<std::uint8_t>& bytes, std::size_t l
 
 } // namespace
 
-bool replace_file(const std::string& path, std::span<const std::uint8_t> bytes, std::string& reason)
+result<> replace_file(const std::string& path, std::span<const std::uint8_t> bytes)
 {
-    return write_whole(path, bytes, existing_file::replace, reason);
+    return write_whole(path, bytes, existing_file::replace);
 }
 
-bool create_file(const std::string& path, std::span<const std::uint8_t> bytes, std::string& reason)
+result<> create_file(const std::string& path, std::span<const std::uint8_t> bytes)
 {
-    return write_whole(path, bytes, existing_file::refuse, reason);
+    return write_whole(path, bytes, existing_file::refuse);
 }
 
-bool read_file(const std::string& path, std::vector<std::uint8_t>& bytes, std::string& reason, std::size_t limit)
+result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit)
 {
     const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
-    {
-        reason = errno == ENOENT ? "no such file" : plain_reason(errno);
-        return false;
-    }
-    std::vector<std::uint8_t> found;
-    const bool was_read = read_to_end(descriptor, found, limit);
-    if (!was_read)
-        reason = plain_reason(errno);
+        return failed_on_existing(failure_kind::unreadable, errno);
+    std::vector<std::uint8_t> bytes;
+    const int error_number = read_to_end(descriptor, bytes, limit) ? 0 : errno;
     close(descriptor);
-    if (!was_read)
-        return false;
-    if (found.size() > limit)
-    {
-        reason = "is larger than " + std::to_string(limit) + " bytes";
-        return false;
-    }
-    bytes = std::move(found);
-    return true;
+    if (error_number != 0)
+        return failure{failure_kind::unreadable, {}, plain_reason(error_number)};
+    if (bytes.size() > limit)
+        return failure{failure_kind::unreadable, {}, "is larger than " + std::to_string(limit) + " bytes"};
+    return bytes;
 }
 
-bool remove_file(const std::string& path, std::string& reason)
+result<> remove_file(const std::string& path)
 {
-    if (unlink(path.c_str()) == 0)
-        return true;
-    reason = errno == ENOENT ? "no such file" : plain_reason(errno);
-    return false;
+    if (unlink(path.c_str()) != 0)
+        return failed_on_existing(failure_kind::cannot_write, errno);
+    return {};
 }
 
-bool folder_takes_files(const std::string& folder, std::string& reason)
+result<> folder_takes_files(const std::string& folder)
 {
     pending_file probe;
-    return probe.open(folder + "/.veridial-probe", existing_file::replace, reason);
+    return probe.open(folder + "/.veridial-probe", existing_file::replace);
 }
 
 } // namespace ov1

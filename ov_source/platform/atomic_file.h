@@ -1,5 +1,9 @@
 // Whole files: read at once, written so that a failure leaves the old one, and removed.
+// Failures carry a short reason for an error line ("no such folder", "permission denied", "the disk is full") and no
+// subject: the caller knows how the user named the file. Every function here may be called on any thread.
 #pragma once
+
+#include "shared/result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,22 +14,20 @@
 namespace ov1
 {
 
-/// Writes a file whole or not at all, by way of pending_file: an old file keeps its mode and stays as it was when
-/// anything fails, and a pipe or device is written straight into. The reason is a short text for an error line:
-/// "no such folder", "permission denied", "the disk is full", "is a folder". Any thread.
-[[nodiscard]] bool replace_file(const std::string& path, std::span<const std::uint8_t> bytes, std::string& reason);
+/// Writes a file completely or not at all (pending_file). After a failure (cannot_write) an old file is unchanged; a
+/// replaced file keeps its mode. A pipe or device is written to directly.
+result<> replace_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// The same, but an old file is never replaced: "exists already", also when it appears at the last moment.
-[[nodiscard]] bool create_file(const std::string& path, std::span<const std::uint8_t> bytes, std::string& reason);
+/// The same, but an existing file is never replaced: "exists already", even if it appears during the call.
+result<> create_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// Reads a file, pipe or device to its end. A folder, and more than `limit` bytes, are refused.
-[[nodiscard]] bool read_file(const std::string& path, std::vector<std::uint8_t>& bytes, std::string& reason,
-                             std::size_t limit);
+/// Reads a file, pipe or device to its end. Folders and content of more than `limit` bytes are failures (unreadable).
+result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit);
 
-/// Removes a file, or a link and not what it leads to; never a folder.
-[[nodiscard]] bool remove_file(const std::string& path, std::string& reason);
+/// Removes a file, or a symbolic link and not its target; never a folder. Failures are cannot_write.
+result<> remove_file(const std::string& path);
 
-/// Whether a new file can be made in a folder, found out by making one and removing it.
-[[nodiscard]] bool folder_takes_files(const std::string& folder, std::string& reason);
+/// Fails (cannot_write) when no new file can be made in the folder. Creates and removes a temporary file to find out.
+result<> folder_takes_files(const std::string& folder);
 
 } // namespace ov1

@@ -107,11 +107,10 @@ bool cutils_linux::get_os_string(std::string& text)
     std::string name;
     for (const char* path : {"/etc/os-release", "/usr/lib/os-release"})
     {
-        std::vector<std::uint8_t> bytes;
-        std::string reason;
-        if (!read_file(path, bytes, reason, os_release_limit))
+        const auto bytes = read_file(path, os_release_limit);
+        if (!bytes)
             continue;
-        name = pretty_name_of_os_release({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+        name = pretty_name_of_os_release({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
         break;
     }
     text = (name.empty() ? get_os_name_string() : name) + (sizeof(void*) == 8 ? " (64 Bits)" : " (32 Bits)");
@@ -139,8 +138,10 @@ bool cutils_linux::get_resource(const std::string& name, std::vector<std::uint8_
     // Top level only: a name never leads out of the folder.
     if (name.empty() || name.find('/') != std::string::npos)
         return false;
-    std::string reason;
-    return read_file(environment.resource_folder + '/' + name, bytes, reason, resource_limit);
+    auto found = read_file(environment.resource_folder + '/' + name, resource_limit);
+    if (found)
+        bytes = *std::move(found);
+    return static_cast<bool>(found);
 }
 
 void cutils_linux::open_url(const std::string& text) { open_with_desktop(text); }

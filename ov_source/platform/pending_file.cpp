@@ -70,6 +70,8 @@ std::string random_leaf()
 /// Some file systems cannot sync; that alone is no reason to fail.
 bool synced(int descriptor) { return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP; }
 
+failure cannot_write(int error_number) { return {failure_kind::cannot_write, {}, plain_reason(error_number)}; }
+
 /// So that the new name survives a crash, too; the file is in its place already, so a failure changes nothing.
 void sync_folder(const std::string& folder)
 {
@@ -84,7 +86,7 @@ void sync_folder(const std::string& folder)
 
 pending_file::~pending_file() { discard(); }
 
-bool pending_file::open(const std::string& path, existing_file wanted_rule, std::string& reason)
+result<> pending_file::open(const std::string& path, existing_file wanted_rule)
 {
     discard();
     rule = wanted_rule;
@@ -96,43 +98,39 @@ bool pending_file::open(const std::string& path, existing_file wanted_rule, std:
     else if ((exists && S_ISDIR(facts.st_mode)) || path.ends_with('/'))
         errno = exists ? EISDIR : ENOENT;
     else if (exists && (!S_ISREG(facts.st_mode) || stands_for_open_file(path)))
-        return open_straight(path, reason);
+        return open_straight(path);
     else if (!follow_links(target))
         errno = ELOOP;
     else if (exists && stands_for_open_file(target))
-        return open_straight(path, reason);
+        return open_straight(path);
     else if (rule == existing_file::refuse && (exists || target != path))
         errno = EEXIST; // a link that leads nowhere is there, too
     else if (!exists)
-        return open_beside(new_file_mode, reason);
+        return open_beside(new_file_mode);
     else if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0)
     {
-        if (!open_beside(facts.st_mode & permission_bits, reason))
-            return false;
+        if (auto opened = open_beside(facts.st_mode & permission_bits); !opened)
+            return opened;
         // Only the superuser may give a file away. The special bits belong to the old owner.
         const bool same_owner = fchown(descriptor, facts.st_uid, facts.st_gid) == 0;
         fchmod(descriptor, facts.st_mode & (same_owner ? all_mode_bits : permission_bits));
-        return true;
+        return {};
     }
-    reason = plain_reason(errno);
-    return false;
+    return cannot_write(errno);
 }
 
-bool pending_file::open_straight(const std::string& path, std::string& reason)
+result<> pending_file::open_straight(const std::string& path)
 {
     // Appending, because what stands behind /dev/stdout may be a file that others have written to before.
     descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
-    {
-        reason = plain_reason(errno);
-        return false;
-    }
+        return cannot_write(errno);
     straight = true;
     written_path = path;
-    return true;
+    return {};
 }
 
-bool pending_file::open_beside(unsigned mode, std::string& reason)
+result<> pending_file::open_beside(unsigned mode)
 {
     const std::string folder = folder_of(target);
     for (int i = 0; i < name_attempts; ++i)
@@ -144,16 +142,15 @@ bool pending_file::open_beside(unsigned mode, std::string& reason)
         {
             written_path = path;
             temporaries().paths.push_back(path);
-            return true;
+            return {};
         }
         if (errno != EEXIST)
             break;
     }
-    reason = plain_reason(errno);
-    return false;
+    return cannot_write(errno);
 }
 
-bool pending_file::write(std::span<const std::uint8_t> bytes, std::string& reason)
+result<> pending_file::write(std::span<const std::uint8_t> bytes)
 {
     while (!bytes.empty())
     {
@@ -161,13 +158,10 @@ bool pending_file::write(std::span<const std::uint8_t> bytes, std::string& reaso
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
-        {
-            reason = plain_reason(count < 0 ? errno : ENOSPC);
-            return false;
-        }
+            return cannot_write(count < 0 ? errno : ENOSPC);
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
-    return true;
+    return {};
 }
 
 bool pending_file::move_into_place() const
@@ -180,25 +174,24 @@ bool pending_file::move_into_place() const
     return moved;
 }
 
-bool pending_file::commit(std::string& reason)
+result<> pending_file::commit()
 {
     if (straight)
     {
-        const bool closed = close(std::exchange(descriptor, -1)) == 0;
-        if (!closed)
-            reason = plain_reason(errno);
-        return closed;
+        if (close(std::exchange(descriptor, -1)) != 0)
+            return cannot_write(errno);
+        return {};
     }
     if (descriptor < 0 || !synced(descriptor) || !move_into_place())
     {
-        reason = plain_reason(descriptor < 0 ? EBADF : errno);
+        failure why = cannot_write(descriptor < 0 ? EBADF : errno);
         discard();
-        return false;
+        return why;
     }
     close(std::exchange(descriptor, -1));
     written_path.clear();
     sync_folder(folder_of(target));
-    return true;
+    return {};
 }
 
 void pending_file::discard()

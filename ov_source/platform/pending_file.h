@@ -1,6 +1,8 @@
 // A file that is written beside its place and takes it only when it is whole.
 #pragma once
 
+#include "shared/result.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -18,7 +20,7 @@ enum class existing_file
 /// without a commit the destructor removes it. So a full disk, a crash or a refusal leaves the old file as it was.
 /// A symbolic link is followed, so that its target is replaced and not the link. Where the target exists and is no
 /// regular file (a pipe, a device, /dev/stdout) the bytes go straight into it, whatever the rule says.
-/// One thread at a time uses one object. Reasons are short texts for an error line.
+/// One thread at a time uses one object. Failures are failure_kind::cannot_write with a short reason and no subject.
 class pending_file
 {
 public:
@@ -29,10 +31,10 @@ public:
 
     /// Makes the temporary. Fails early where commit() would: on a folder, on a write-protected old file, or on an old
     /// file that is to be refused.
-    [[nodiscard]] bool open(const std::string& path, existing_file rule, std::string& reason);
+    result<> open(const std::string& path, existing_file rule);
 
     /// Appends all bytes.
-    [[nodiscard]] bool write(std::span<const std::uint8_t> bytes, std::string& reason);
+    result<> write(std::span<const std::uint8_t> bytes);
 
     /// For writers that need a name or a descriptor of their own. The name is the target's where it is written
     /// straight into.
@@ -40,11 +42,11 @@ public:
     int get_descriptor() const { return descriptor; }
 
     /// Brings the bytes to the disk and the file to its place. Called once, last.
-    [[nodiscard]] bool commit(std::string& reason);
+    result<> commit();
 
 private:
-    bool open_straight(const std::string& path, std::string& reason);
-    bool open_beside(unsigned mode, std::string& reason);
+    result<> open_straight(const std::string& path);
+    result<> open_beside(unsigned mode);
     bool move_into_place() const;
     void discard();
 

@@ -53,11 +53,12 @@ bool settings_store::read(settings_text& text) const
     const auto kind = std::filesystem::status(path, error).type();
     if (kind == std::filesystem::file_type::not_found)
         return !path.empty();
-    std::vector<std::uint8_t> bytes;
-    std::string reason;
-    if (kind != std::filesystem::file_type::regular || !read_file(path, bytes, reason, size_limit))
+    if (kind != std::filesystem::file_type::regular)
         return false;
-    text = settings_text({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    const auto bytes = read_file(path, size_limit);
+    if (!bytes)
+        return false;
+    text = settings_text({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
     return true;
 }
 
@@ -76,9 +77,7 @@ bool settings_store::change(const std::string& key, const Edit& edit) const
     const std::string before = text.to_text();
     edit(text);
     const std::string after = text.to_text();
-    std::string reason;
-    return after == before ||
-           replace_file(path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()}, reason);
+    return after == before || replace_file(path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
 }
 
 bool settings_store::set(const std::string& key, setting value) const

@@ -162,13 +162,21 @@ bool preset_manager::save_preset(const std::string& name, bool overwrite, std::s
         return false;
     const std::string text = write_preset_text(*effect);
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-    return overwrite ? replace_file(file, bytes, reason) : create_file(file, bytes, reason);
+    const auto saved = overwrite ? replace_file(file, bytes) : create_file(file, bytes);
+    if (!saved)
+        reason = saved.error().reason;
+    return static_cast<bool>(saved);
 }
 
 bool preset_manager::delete_preset(const std::string& name, std::string& reason)
 {
     const std::string file = get_preset_file(name, reason);
-    return !file.empty() && remove_file(file, reason);
+    if (file.empty())
+        return false;
+    const auto removed = remove_file(file);
+    if (!removed)
+        reason = removed.error().reason;
+    return static_cast<bool>(removed);
 }
 
 bool preset_manager::preset_rejected(const std::string& name, std::string& message)

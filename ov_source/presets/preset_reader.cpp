@@ -198,9 +198,9 @@ bool read_state_bytes(const json_value& root, std::vector<std::uint8_t>& state, 
         }
         state.push_back(static_cast<std::uint8_t>(element.as_number()->value));
     }
-    if (!check_state_blob(state, reason))
+    if (const auto checked = check_state_blob(state); !checked)
     {
-        reason = "\"plugin_state\": " + reason;
+        reason = "\"plugin_state\": " + checked.error().reason;
         return false;
     }
     return true;
@@ -243,9 +243,13 @@ bool read_preset_text(std::string_view text, preset_content& content, std::strin
 
 bool read_preset_file(const std::string& path, preset_content& content, std::string& reason)
 {
-    std::vector<std::uint8_t> bytes;
-    return read_file(path, bytes, reason, preset_size_limit) &&
-           read_preset_text({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, content, reason);
+    const auto bytes = read_file(path, preset_size_limit);
+    if (!bytes)
+    {
+        reason = bytes.error().reason;
+        return false;
+    }
+    return read_preset_text({reinterpret_cast<const char*>(bytes->data()), bytes->size()}, content, reason);
 }
 
 bool is_preset_accepted(const preset_content& content, icomponent_v1& component, std::string& reason)

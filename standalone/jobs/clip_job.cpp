@@ -79,7 +79,13 @@ bool write_clip(media::clip_source& source, media::clip_target& target, const ou
     problem& why = result.failure;
     why = {exit_code::cannot_write, job.output, {}, {}};
     pending_file file;
-    if (!file.open(job.output, settings.overwrite ? existing_file::replace : existing_file::refuse, why.reason))
+    const auto done = [&](const ov1::result<>& outcome)
+    {
+        if (!outcome)
+            why.reason = outcome.error().reason;
+        return static_cast<bool>(outcome);
+    };
+    if (!done(file.open(job.output, settings.overwrite ? existing_file::replace : existing_file::refuse)))
         return false;
     frame_progress progress(out, settings.progress, settings.is_terminal, job.input, source.get_info().frames);
     damage_teller damages(job.input, out);
@@ -97,7 +103,7 @@ bool write_clip(media::clip_source& source, media::clip_target& target, const ou
         why = problem_of(graded.error(), is_outputs ? job.output : job.input);
         return false;
     }
-    return file.commit(why.reason);
+    return done(file.commit());
 }
 
 } // namespace

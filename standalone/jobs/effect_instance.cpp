@@ -61,10 +61,20 @@ param_cell cell_of(param_type type, double value)
 bool read_state_file(icomponent_v1& component, const std::string& path, std::vector<std::uint8_t>& bytes, problem& why)
 {
     why = {exit_code::unreadable, path, {}, {}};
-    if (!read_file(path, bytes, why.reason, largest_state_file))
+    auto found = read_file(path, largest_state_file);
+    if (!found)
+    {
+        why.reason = found.error().reason;
         return false;
+    }
+    bytes = *std::move(found);
     why.code = exit_code::invalid_grade;
-    return check_state_blob(bytes, why.reason) && !component.is_state_rejected(bytes, true, why.reason);
+    if (const auto checked = check_state_blob(bytes); !checked)
+    {
+        why.reason = checked.error().reason;
+        return false;
+    }
+    return !component.is_state_rejected(bytes, true, why.reason);
 }
 
 void assign(icomponent_v1& component, const std::vector<assignment>& assignments)

@@ -8,7 +8,10 @@ namespace ov1
 bool write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace, problem& why)
 {
     why = {exit_code::cannot_write, path, {}, {}};
-    return may_replace ? replace_file(path, bytes, why.reason) : create_file(path, bytes, why.reason);
+    const auto written = may_replace ? replace_file(path, bytes) : create_file(path, bytes);
+    if (!written)
+        why.reason = written.error().reason;
+    return static_cast<bool>(written);
 }
 
 } // namespace ov1

@@ -42,11 +42,14 @@ media::plane_grade grade_steps::for_clips() const
 bool read_input_table(const std::string& path, std::shared_ptr<const cube_table>& table, problem& why)
 {
     why = {exit_code::unreadable, path, {}, {}};
-    std::vector<std::uint8_t> bytes;
-    if (!read_file(path, bytes, why.reason, largest_table_file))
+    const auto bytes = read_file(path, largest_table_file);
+    if (!bytes)
+    {
+        why.reason = bytes.error().reason;
         return false;
+    }
     cube_table read;
-    if (!read.read({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, why.reason))
+    if (!read.read({reinterpret_cast<const char*>(bytes->data()), bytes->size()}, why.reason))
     {
         why.code = exit_code::invalid_grade;
         why.reason = "is no .cube table: " + why.reason;

@@ -12,28 +12,29 @@ namespace
 
 using namespace ov1;
 
-bool write_picture(const std::string& path, std::size_t width, const std::vector<argb_float>& pixels)
+result<> write_picture(const std::string& path, std::size_t width, const std::vector<argb_float>& pixels)
 {
     media::still_info info;
     info.width = width;
     info.height = pixels.size() / width;
     info.alpha = media::alpha_kind::straight;
     media::still_writer writer;
-    std::string reason;
-    const auto created = writer.create(path, info, {});
-    if (created)
-    {
-        writer.write_rows(0, info.height, pixels.data());
-        const auto bytes = writer.finish();
-        if (bytes && replace_file(path, *bytes, reason))
-            return true;
-        if (!bytes)
-            reason = bytes.error().reason;
-    }
-    else
-        reason = created.error().reason;
-    std::fprintf(stderr, "make_artwork: %s: %s\n", path.c_str(), reason.c_str());
-    return false;
+    if (auto created = writer.create(path, info, {}); !created)
+        return created;
+    writer.write_rows(0, info.height, pixels.data());
+    const auto bytes = writer.finish();
+    if (!bytes)
+        return bytes.error();
+    return replace_file(path, *bytes);
+}
+
+/// Whether the picture was written; a failure is reported.
+bool made(const std::string& path, std::size_t width, const std::vector<argb_float>& pixels)
+{
+    const auto written = write_picture(path, width, pixels);
+    if (!written)
+        std::fprintf(stderr, "make_artwork: %s: %s\n", path.c_str(), written.error().reason.c_str());
+    return static_cast<bool>(written);
 }
 
 } // namespace
@@ -48,10 +49,10 @@ int main(int argc, char** argv)
     const std::string folder = std::string(argv[1]) + "/";
     engine_colours engine;
     for (const pad_picture& pad : make_pad_pictures(engine))
-        if (!write_picture(folder + pad.name, pad_pixels, draw_pad(pad)))
+        if (!made(folder + pad.name, pad_pixels, draw_pad(pad)))
             return 1;
     for (const arc_picture& arc : make_arc_pictures(engine))
-        if (!write_picture(folder + arc.name, arc_width_pixels, draw_arc(arc)))
+        if (!made(folder + arc.name, arc_width_pixels, draw_arc(arc)))
             return 1;
     return 0;
 }

@@ -32,36 +32,38 @@ std::vector<argb_float> drawn_row(std::size_t y, std::size_t width, std::size_t 
 }
 
 template <typename F>
-bool draw(const std::string& path, std::size_t width, std::size_t height, F&& colour)
+result<> write_picture(const std::string& path, std::size_t width, std::size_t height, F&& colour)
 {
     media::still_info info;
     info.width = width;
     info.height = height;
     media::still_writer writer;
-    std::string reason;
-    const auto created = writer.create(path, info, {});
-    if (created)
+    if (auto created = writer.create(path, info, {}); !created)
+        return created;
+    for (std::size_t y = 0; y < height; y += media::still_writer::row_multiple)
     {
-        for (std::size_t y = 0; y < height; y += media::still_writer::row_multiple)
+        std::vector<argb_float> rows;
+        for (std::size_t i = y; i < y + media::still_writer::row_multiple && i < height; ++i)
         {
-            std::vector<argb_float> rows;
-            for (std::size_t i = y; i < y + media::still_writer::row_multiple && i < height; ++i)
-            {
-                const auto row = drawn_row(i, width, height, colour);
-                rows.insert(rows.end(), row.begin(), row.end());
-            }
-            writer.write_rows(y, rows.size() / width, rows.data());
+            const auto row = drawn_row(i, width, height, colour);
+            rows.insert(rows.end(), row.begin(), row.end());
         }
-        const auto bytes = writer.finish();
-        if (bytes && replace_file(path, *bytes, reason))
-            return true;
-        if (!bytes)
-            reason = bytes.error().reason;
+        writer.write_rows(y, rows.size() / width, rows.data());
     }
-    else
-        reason = created.error().reason;
-    std::fprintf(stderr, "make_samples: %s: %s\n", path.c_str(), reason.c_str());
-    return false;
+    const auto bytes = writer.finish();
+    if (!bytes)
+        return bytes.error();
+    return replace_file(path, *bytes);
+}
+
+/// Whether the picture was written; a failure is reported.
+template <typename F>
+bool draw(const std::string& path, std::size_t width, std::size_t height, F&& colour)
+{
+    const auto written = write_picture(path, width, height, colour);
+    if (!written)
+        std::fprintf(stderr, "make_samples: %s: %s\n", path.c_str(), written.error().reason.c_str());
+    return static_cast<bool>(written);
 }
 
 } // namespace

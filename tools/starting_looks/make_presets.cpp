@@ -58,8 +58,9 @@ int write_look(icomponent_v1& effect, const starting_look& look, const std::stri
                         "no such parameter, or out of bounds");
     const std::string text = write_preset_text(effect);
     const std::string path = folder + '/' + look.name + ".json";
-    if (!replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, reason))
-        return fail(cannot_write, path, reason);
+    const auto written = replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    if (!written)
+        return fail(cannot_write, path, written.error().reason);
     return done;
 }
 

@@ -68,7 +68,10 @@ bool write_picture(const std::string& path, const picture_file& like, const host
     if (!bytes)
         return told(bytes.error(), path, why);
     why = {exit_code::cannot_write, path, {}, {}};
-    return overwrite ? replace_file(path, *bytes, why.reason) : create_file(path, *bytes, why.reason);
+    const auto written = overwrite ? replace_file(path, *bytes) : create_file(path, *bytes);
+    if (!written)
+        why.reason = written.error().reason;
+    return static_cast<bool>(written);
 }
 
 } // namespace ov1

@@ -71,12 +71,15 @@ bool hosted_effect::open(const host_request& request, std::vector<problem>& prob
 
 bool hosted_effect::read_document(const std::string& path, problem& why)
 {
-    std::vector<std::uint8_t> bytes;
     why = {exit_code::unreadable, path, {}, {}};
-    if (!read_file(path, bytes, why.reason, document_limit))
+    const auto bytes = read_file(path, document_limit);
+    if (!bytes)
+    {
+        why.reason = bytes.error().reason;
         return false;
+    }
     why.code = exit_code::invalid_grade;
-    return host.read_document(bytes, why.reason);
+    return host.read_document(*bytes, why.reason);
 }
 
 bool hosted_effect::apply(const std::vector<std::string>& settings, std::vector<problem>& problems)
@@ -109,9 +112,13 @@ bool hosted_effect::save(const host_request& request, problem& why)
         return true;
     std::vector<std::uint8_t> bytes;
     why = {exit_code::cannot_write, *request.save_document, {}, {}};
-    return host.write_document(bytes, why.reason) &&
-           (request.overwrite ? replace_file(*request.save_document, bytes, why.reason)
-                              : create_file(*request.save_document, bytes, why.reason));
+    if (!host.write_document(bytes, why.reason))
+        return false;
+    const auto written =
+        request.overwrite ? replace_file(*request.save_document, bytes) : create_file(*request.save_document, bytes);
+    if (!written)
+        why.reason = written.error().reason;
+    return static_cast<bool>(written);
 }
 
 } // namespace ov1

@@ -28,7 +28,10 @@ bool copy_grade(icomponent_v1& component, std::string& reason)
         return false;
     }
     const std::string text = write_preset_text(component);
-    return replace_file(file, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, reason);
+    const auto written = replace_file(file, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+    if (!written)
+        reason = written.error().reason;
+    return static_cast<bool>(written);
 }
 
 bool paste_grade(icomponent_v1& component, std::string& reason)

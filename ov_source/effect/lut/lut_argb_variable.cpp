@@ -27,8 +27,7 @@ grid_position resampled_position(std::size_t index, std::size_t edge)
 
 bool write_text(const std::string& path, const std::string& text)
 {
-    std::string reason;
-    return replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, reason);
+    return static_cast<bool>(replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}));
 }
 
 } // namespace

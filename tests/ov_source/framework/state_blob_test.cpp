@@ -72,9 +72,9 @@ TEST(state_blob, reads_what_fits_and_checks_what_is_missing)
         std::vector<state_record> read;
         EXPECT_EQ(read_state(blob, read), is_state);
         EXPECT_EQ(read.size(), count);
-        std::string reason;
-        EXPECT_EQ(check_state_blob(blob, reason), expected_reason.empty());
-        EXPECT_EQ(reason, expected_reason);
+        const auto checked = check_state_blob(blob);
+        const failure invalid{failure_kind::invalid_grade, {}, expected_reason};
+        EXPECT_EQ(checked ? failure{failure_kind::invalid_grade} : checked.error(), invalid);
     }
 }
 
@@ -113,10 +113,8 @@ TEST(state_blob, survives_any_bytes)
         std::vector<state_record> read;
         const bool is_state = read_state(blob, read);
         ASSERT_LE(read.size() * state_record_size + (is_state ? state_header_size : 0), blob.size());
-        std::string reason;
-        const bool complete = check_state_blob(blob, reason);
-        ASSERT_EQ(complete, reason.empty());
-        ASSERT_TRUE(!complete || (is_state && blob[4] == read.size() && blob[5] == 0)) << "all announced is there";
+        ASSERT_TRUE(!check_state_blob(blob) || (is_state && blob[4] == read.size() && blob[5] == 0))
+            << "all announced is there";
     }
 }
 

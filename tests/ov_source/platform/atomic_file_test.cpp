@@ -7,6 +7,7 @@
 #include <atomic>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <optional>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -25,8 +26,18 @@ std::span<const std::uint8_t> bytes_of(std::string_view text)
 
 struct on_files : testing::Test
 {
-    bool replace(const std::string& path, std::string_view text) { return replace_file(path, bytes_of(text), reason); }
-    bool create(const std::string& path, std::string_view text) { return create_file(path, bytes_of(text), reason); }
+    /// Keeps the reason of a failure, which is one of writing.
+    bool done(const result<>& outcome)
+    {
+        if (outcome)
+            return true;
+        EXPECT_EQ(outcome.error().kind, failure_kind::cannot_write);
+        reason = outcome.error().reason;
+        return false;
+    }
+
+    bool replace(const std::string& path, std::string_view text) { return done(replace_file(path, bytes_of(text))); }
+    bool create(const std::string& path, std::string_view text) { return done(create_file(path, bytes_of(text))); }
 
     temp_folder folder;
     std::string reason;
@@ -134,9 +145,9 @@ TEST_F(on_files, creating_never_replaces)
 
     // A file that appears between the opening and the commit stays.
     pending_file file;
-    ASSERT_TRUE(file.open(folder / "g", existing_file::refuse, reason) && file.write(bytes_of("ours"), reason));
+    ASSERT_TRUE(file.open(folder / "g", existing_file::refuse) && file.write(bytes_of("ours")));
     folder.with_file("g", "theirs");
-    EXPECT_FALSE(file.commit(reason));
+    EXPECT_FALSE(done(file.commit()));
     EXPECT_EQ(reason, "exists already");
     EXPECT_EQ(text_of_file(folder / "g"), "theirs");
     EXPECT_EQ(folder.count(), 3);
@@ -147,10 +158,10 @@ TEST_F(on_files, creating_of_several_at_once_one_wins)
     for (int round = 0; round < 20; ++round)
     {
         std::atomic<int> winners = 0;
-        const auto make = [&, path = folder / std::to_string(round)](std::string why)
-        { winners += create_file(path, bytes_of("x"), why); };
-        std::thread other(make, "");
-        make("");
+        const auto make = [&, path = folder / std::to_string(round)]
+        { winners += create_file(path, bytes_of("x")) ? 1 : 0; };
+        std::thread other(make);
+        make();
         other.join();
         EXPECT_EQ(winners, 1);
     }
@@ -160,15 +171,15 @@ TEST_F(on_files, a_pending_file_is_gone_without_a_commit)
 {
     {
         pending_file file;
-        ASSERT_TRUE(file.open(folder / "f", existing_file::replace, reason));
-        ASSERT_TRUE(file.write(bytes_of("half"), reason));
+        ASSERT_TRUE(file.open(folder / "f", existing_file::replace));
+        ASSERT_TRUE(file.write(bytes_of("half")));
         EXPECT_EQ(folder.count(), 1);
         EXPECT_EQ(fs::path(file.get_path()).parent_path(), folder.path) << "the same file system as the target";
     }
     EXPECT_EQ(folder.count(), 0);
-    EXPECT_TRUE(folder_takes_files(folder.path, reason));
+    EXPECT_TRUE(folder_takes_files(folder.path));
     EXPECT_EQ(folder.count(), 0);
-    EXPECT_FALSE(folder_takes_files(folder / "missing", reason));
+    EXPECT_FALSE(done(folder_takes_files(folder / "missing")));
     EXPECT_EQ(reason, "no such folder");
 }
 
@@ -177,9 +188,8 @@ TEST_F(on_files, abandoning_removes_every_temporary_and_ends_the_process)
     const auto abandon = [&]
     {
         pending_file first, second, finished;
-        if (first.open(folder / "a", existing_file::replace, reason) &&
-            second.open(folder / "b", existing_file::refuse, reason) &&
-            finished.open(folder / "c", existing_file::replace, reason) && finished.commit(reason))
+        if (first.open(folder / "a", existing_file::replace) && second.open(folder / "b", existing_file::refuse) &&
+            finished.open(folder / "c", existing_file::replace) && finished.commit())
             abandon_pending_files_and_exit(130);
     };
     EXPECT_EXIT(abandon(), testing::ExitedWithCode(130), "");
@@ -191,15 +201,15 @@ TEST_F(on_files, reading_gives_the_whole_file_or_a_reason)
 {
     const std::string text((1 << 16) + 1, 'x');
     folder.with_file("f", text);
-    std::vector<std::uint8_t> bytes;
-    ASSERT_TRUE(read_file(folder / "f", bytes, reason, text.size())) << "exactly as long as the limit";
-    EXPECT_EQ(bytes.size(), text.size());
-    ASSERT_TRUE(read_file("/proc/self/status", bytes, reason, 1 << 20)) << "a file that tells no size";
-    EXPECT_FALSE(bytes.empty());
-    ASSERT_TRUE(read_file(folder.with_file("empty", ""), bytes, reason, 0));
-    EXPECT_TRUE(bytes.empty());
+    const auto size_read = [](const std::string& path, std::size_t limit)
+    {
+        const auto bytes = read_file(path, limit);
+        return bytes ? std::optional(bytes->size()) : std::nullopt;
+    };
+    EXPECT_EQ(size_read(folder / "f", text.size()), text.size()) << "exactly as long as the limit";
+    EXPECT_GT(size_read("/proc/self/status", 1 << 20), 0U) << "a file that reports no size";
+    EXPECT_EQ(size_read(folder.with_file("empty", ""), 0), 0U);
 
-    bytes = {7};
     const std::pair<std::string, const char*> rows[] = {{folder / "f", "is larger than 65536 bytes"},
                                                         {folder / "missing", "no such file"},
                                                         {folder / "f/x", "a part of the path is no folder"},
@@ -208,9 +218,9 @@ TEST_F(on_files, reading_gives_the_whole_file_or_a_reason)
     for (const auto& [path, expected] : rows)
     {
         SCOPED_TRACE(path);
-        EXPECT_FALSE(read_file(path, bytes, reason, text.size() - 1));
-        EXPECT_EQ(reason, expected);
-        EXPECT_EQ(bytes, std::vector<std::uint8_t>{7});
+        const auto bytes = read_file(path, text.size() - 1);
+        ASSERT_FALSE(bytes);
+        EXPECT_EQ(bytes.error(), (failure{failure_kind::unreadable, {}, expected}));
     }
 }
 
@@ -219,13 +229,13 @@ TEST_F(on_files, removing_takes_files_and_links_but_never_a_folder_or_what_a_lin
     folder.with_file("real", "kept");
     fs::create_symlink("real", folder / "link");
     fs::create_directory(folder / "empty");
-    EXPECT_TRUE(remove_file(folder / "link", reason)) << reason;
+    EXPECT_TRUE(remove_file(folder / "link"));
     EXPECT_EQ(text_of_file(folder / "real"), "kept");
-    EXPECT_FALSE(remove_file(folder / "link", reason));
+    EXPECT_FALSE(done(remove_file(folder / "link")));
     EXPECT_EQ(reason, "no such file");
-    EXPECT_FALSE(remove_file(folder / "empty", reason));
+    EXPECT_FALSE(done(remove_file(folder / "empty")));
     EXPECT_EQ(reason, "is a folder");
-    EXPECT_TRUE(remove_file(folder / "real", reason));
+    EXPECT_TRUE(remove_file(folder / "real"));
     EXPECT_EQ(folder.count(), 1);
 }
 
