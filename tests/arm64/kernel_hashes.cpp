@@ -76,7 +76,7 @@ std::vector<argb_float> built(std::mt19937& engine, const lut_argb<lut_edge>& ta
     for (float& weight : mask.weights)
         weight = next(engine);
     std::vector<argb_float> entries(lut_argb<lut_edge>::entry_count);
-    run_build(plan, {&mask, &mask, &table, 0.35, -17, {{&table, 0.6f}}}, entries.data());
+    build_kernel::run_build(plan, {&mask, &mask, &table, 0.35, -17, {{&table, 0.6f}}}, entries.data());
     return entries;
 }
 

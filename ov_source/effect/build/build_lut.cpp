@@ -34,7 +34,7 @@ skin_steps decide(const skin_push& push, const skin_tables& tables)
     skin_steps steps;
     steps.skin = &lut_masks::select_skintones;
     steps.beyond_skin = &lut_masks::select_skintones_extreme;
-    steps.still = &table_of_no_push();
+    steps.no_push = &table_of_no_push();
     if (push.protect > 0.0)
         steps.protect = push.protect;
     if (acts(push.chroma_push))
@@ -59,7 +59,7 @@ void build_lut(const grade_settings& settings, const veridial_luts& looks, const
     }
     for (lut_point& point : plan.wheels)
         derive_reach(point);
-    run_build(plan, decide(plan.skin, skin), table.get_entries().data());
+    build_kernel::run_build(plan, decide(plan.skin, skin), table.get_entries().data());
 }
 
 } // namespace ov1
