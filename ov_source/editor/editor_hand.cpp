@@ -18,16 +18,16 @@ constexpr std::uint64_t pause_between_steps_ms = 1000;
 
 } // namespace
 
-editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& panel, const panel_controls& controls,
+editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& panel, std::span<const panel_stop> stops,
                          language_id language, hand_links all_links)
     : frame(frame)
     , column(column)
     , links(std::move(all_links))
-    , stops(order_panel_stops(controls))
-    , values(frame, panel, stops, language, links.component,
+    , stops(stops)
+    , values(frame, panel, stops, language,
              [this](const panel_stop& stop, const std::vector<float>& typed)
              {
-                 change_in_one_step([&](icomponent_v1& c) { set_values(c, stop, typed); });
+                 change_in_one_step([&] { set_values(stop, typed); });
                  focus.give_to(stop); // the keys go on where something was typed
              })
     , focus(frame, column, panel, stops)
@@ -42,12 +42,6 @@ editor_hand::~editor_hand()
     frame.unregisterMouseObserver(this);
 }
 
-const panel_stop* editor_hand::find_stop(const CControl& control) const
-{
-    const auto found = std::ranges::find(stops, &control, &panel_stop::control);
-    return found == stops.end() ? nullptr : &*found;
-}
-
 int editor_hand::undo_position() const
 {
     const auto component = links.component();
@@ -57,12 +51,13 @@ int editor_hand::undo_position() const
 bool editor_hand::begins(const CControl& control)
 {
     changed(control);
-    return find_stop(control) && is_second_click && edited_last == &control && position_after == undo_position();
+    return find_stop(stops, &control) && is_second_click && edited_last == &control &&
+           position_after == undo_position();
 }
 
 void editor_hand::changed(const CControl& control)
 {
-    if (const auto* const stop = find_stop(control))
+    if (const auto* const stop = find_stop(stops, &control))
         values.show_bubble(*stop);
 }
 
@@ -135,9 +130,8 @@ void editor_hand::show_current()
 
 bool editor_hand::nudge_current(const CPoint& direction, bool finely)
 {
-    const auto component = links.component();
     const auto* const stop = focus.current();
-    if (!component || !stop)
+    if (!stop)
         return false;
     if (nudged != stop)
         end_nudges();
@@ -145,7 +139,7 @@ bool editor_hand::nudge_current(const CPoint& direction, bool finely)
         links.begin_gesture();
     nudged_at.reset();
     show_current();
-    nudge(*component, *stop, direction, finely);
+    nudge(*stop, direction, finely);
     values.show_bubble(*stop);
     return true;
 }
@@ -160,23 +154,19 @@ void editor_hand::end_nudges()
 
 bool editor_hand::reset_current()
 {
-    const auto component = links.component();
     const auto* const stop = focus.current();
-    if (!component || !stop)
+    if (!stop)
         return false;
     show_current();
-    if (!is_at_default(*component, *stop))
-        change_in_one_step([&](icomponent_v1& c) { reset(c, *stop); });
+    if (!is_at_default(*stop))
+        change_in_one_step([&] { reset(*stop); });
     return true;
 }
 
-void editor_hand::change_in_one_step(const std::function<void(icomponent_v1&)>& change)
+void editor_hand::change_in_one_step(const std::function<void()>& change)
 {
-    const auto component = links.component();
-    if (!component)
-        return;
     links.begin_gesture();
-    change(*component);
+    change();
     links.end_gesture();
 }
 

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace ov1
 {
@@ -23,12 +24,12 @@ struct hand_links
     std::function<void(key_action)> act; ///< all actions that are not the panel's
 };
 
-/// Watches the frame for as long as it lives; frame, column and panel outlive it.
+/// Watches the frame for as long as it lives; frame, column, panel and stops outlive it.
 class editor_hand : public VSTGUI::IMouseObserver
 {
 public:
     editor_hand(VSTGUI::CFrame& frame, VSTGUI::CScrollView& column, VSTGUI::CViewContainer& panel,
-                const panel_controls& controls, language_id language, hand_links links);
+                std::span<const panel_stop> stops, language_id language, hand_links links);
     ~editor_hand() override;
     editor_hand(const editor_hand&) = delete;
     editor_hand& operator=(const editor_hand&) = delete;
@@ -54,16 +55,15 @@ private:
     bool act(key_action action, const VSTGUI::KeyboardEvent& event);
     bool nudge_current(const VSTGUI::CPoint& direction, bool finely);
     bool reset_current();
-    void change_in_one_step(const std::function<void(icomponent_v1&)>& change);
+    void change_in_one_step(const std::function<void()>& change);
     void end_nudges();
     void show_current();
-    const panel_stop* find_stop(const VSTGUI::CControl& control) const;
     int undo_position() const;
 
     VSTGUI::CFrame& frame;
     VSTGUI::CScrollView& column;
     const hand_links links;
-    const std::vector<panel_stop> stops;
+    const std::span<const panel_stop> stops;
     panel_values values;
     panel_focus focus;
     editor_keys keys;

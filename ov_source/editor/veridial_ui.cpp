@@ -68,8 +68,7 @@ std::vector<CFrame*>& open_frames()
 } // namespace
 
 veridial_ui::veridial_ui(std::weak_ptr<icomponent_v1> component)
-    : cview_v1(component)
-    , binding(std::move(component), controls)
+    : cview_v1(std::move(component))
 {
 }
 
@@ -211,6 +210,8 @@ void veridial_ui::add_column(double width, double height)
     auto* const container = new CViewContainer(CRect(0, 0, panel_width, panel_height));
     container->setBackground(draw_panel_background(frame));
     controls = add_panel_controls(*container, *this, language());
+    if (const auto component = get_component())
+        stops = order_panel_stops(*component, controls);
     column->addView(container);
     frame->addView(column);
     add_hand(*container);
@@ -218,7 +219,7 @@ void veridial_ui::add_column(double width, double height)
 
 void veridial_ui::add_hand(CViewContainer& panel)
 {
-    hand = std::make_unique<editor_hand>(*frame, *column, panel, controls, language(),
+    hand = std::make_unique<editor_hand>(*frame, *column, panel, stops, language(),
                                          hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
                                                     [this] { end_gesture(); }, [this](key_action a) { act(a); }});
 }
@@ -306,6 +307,7 @@ void veridial_ui::drop_frame()
     tooltips.reset();
     hand.reset();
     keys.reset();
+    stops.clear();
     controls = {};
     preview = nullptr;
     toolbar = nullptr;
@@ -343,7 +345,8 @@ void veridial_ui::valueChanged(CControl* control)
 {
     if (!get_component())
         return;
-    if (!binding.write(*control) && control == controls.inspire && control->getValue() > least_value_of_a_press)
+    if (!write_parameters(stops, *control) && control == controls.inspire &&
+        control->getValue() > least_value_of_a_press)
         inspire();
     if (hand)
         hand->changed(*control);
@@ -356,7 +359,7 @@ void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> para
     cview_v1::set_control_from_parameter(parameter, edit);
     if (!frame)
         return;
-    if (!binding.show(*parameter) && edit)
+    if (!show_parameter(stops, *parameter) && edit)
         frame->invalid();
 }
 
@@ -365,14 +368,14 @@ void veridial_ui::controlBeginEdit(CControl* control)
     if (hand && hand->begins(*control))
         join_gestures();
     // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
-    if (binding.is_bound_pad(*control))
+    if (is_bound_pad(stops, *control))
         begin_gesture();
     cview_v1::controlBeginEdit(control);
 }
 
 void veridial_ui::controlEndEdit(CControl* control)
 {
-    if (binding.is_bound_pad(*control))
+    if (is_bound_pad(stops, *control))
         end_gesture();
     cview_v1::controlEndEdit(control);
     if (hand)

@@ -102,7 +102,7 @@ private:
     double width = 0; ///< of the frame, in points
     double height = 0;
     panel_controls controls;
-    const control_binding binding;
+    std::vector<panel_stop> stops; ///< of the controls; they outlive all that looks at them
     std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;
     std::unique_ptr<editor_hand> hand;

@@ -1,39 +1,25 @@
-// Which parameters a control of the panel writes, and which controls show a parameter.
+// The data flow between the panel's controls and the component's parameters, in both directions.
 #pragma once
 
-#include "editor/panel/panel_controls.h"
-#include "framework/icomponent_v1.h"
+#include "editor/panel/panel_stops.h"
 
-#include <memory>
+#include <span>
 
 namespace ov1
 {
 
-class cparameter_continuous_v1;
+class iparameter_v1;
 
-/// A control's tag is its parameter's uid, a pad's own that of its angle. Belongs to the editor's thread; the controls
-/// outlive it.
-class control_binding
-{
-public:
-    control_binding(std::weak_ptr<icomponent_v1> component, const panel_controls& controls);
+// For the editor's thread. A control's tag is its parameter's uid, a pad's own tag the uid of its angle.
 
-    /// Sets what a control stands for: a pad's two plain values, another's normalised one. False for a control that
-    /// stands for nothing.
-    bool write(VSTGUI::CControl& control) const;
-    /// Moves the first control of a parameter that is not held by the mouse. False where there is none.
-    bool show(iparameter_v1& parameter) const;
-    /// Whether it is a pad, with a parameter to write.
-    bool is_bound_pad(const VSTGUI::CControl& control) const;
+/// Sets what a control shows, with edit false: a pad's two plain values, another control's normalised one. False for a
+/// control without a parameter.
+bool write_parameters(std::span<const panel_stop> stops, VSTGUI::CControl& control);
 
-private:
-    COVColorWheelXYPad* as_pad(const VSTGUI::CControl& control) const;
-    void write_pad(icomponent_v1& component, const COVColorWheelXYPad& pad) const;
-    bool show_in_list(cparameter_continuous_v1& parameter) const;
-    bool show_in_pads(cparameter_continuous_v1& parameter) const;
+/// Moves the control of a parameter, unless the user is holding it. False where no control is moved.
+bool show_parameter(std::span<const panel_stop> stops, iparameter_v1& parameter);
 
-    const std::weak_ptr<icomponent_v1> component;
-    const panel_controls& controls;
-};
+/// Whether it is a pad with a parameter to write.
+bool is_bound_pad(std::span<const panel_stop> stops, const VSTGUI::CControl& control);
 
 } // namespace ov1

@@ -1,23 +1,25 @@
-// The keyboard's way through the panel's controls, with a ring around the one that has it.
+// The keyboard focus among the panel's controls, and the ring around the control that has it.
 #pragma once
 
 #include "editor/panel/panel_stops.h"
 
+#include <span>
+
 namespace ov1
 {
 
-/// The toolkit's focus is the only truth: a press on a control moves it too. The ring is drawn once a key has asked for
-/// it, until the next press. Frame, column and panel outlive this object.
+/// Keeps no focus of its own: the toolkit's counts, which a press on a control moves too. The ring is visible from the
+/// first key that asks for it until the next press. Frame, column, panel and stops outlive this object.
 class panel_focus
 {
 public:
-    /// The column scrolls the panel.
+    /// column is the view that scrolls the panel.
     panel_focus(VSTGUI::CFrame& frame, VSTGUI::CScrollView& column, VSTGUI::CViewContainer& panel,
-                std::vector<panel_stop> stops);
+                std::span<const panel_stop> stops);
 
-    /// The control that has the keyboard; null where none of the panel has.
+    /// The control that has the focus; null where none of the panel has.
     const panel_stop* current() const;
-    /// Gives the keyboard to the next control, or the one before, around the ends.
+    /// Moves the focus to the next control or the previous one; the last is followed by the first.
     void step(bool back);
     void give_to(const panel_stop& stop);
 
@@ -29,7 +31,7 @@ public:
 private:
     VSTGUI::CFrame& frame;
     VSTGUI::CScrollView& column;
-    const std::vector<panel_stop> stops;
+    const std::span<const panel_stop> stops;
     VSTGUI::CView* ring; ///< owned by the panel
 };
 

@@ -14,24 +14,47 @@ namespace
 {
 
 constexpr CCoord line_height = 13;
-constexpr CCoord label_room = 19; ///< above a pad, for the panel's name
+constexpr CCoord label_room = 19; // above a pad, for the panel's label
 constexpr CCoord gap = 1;
-constexpr CCoord foot_width = 32;
-constexpr CCoord foot_from_middle = 58; ///< where an arc's picture has swung away
+constexpr CCoord arc_line_width = 32;
+constexpr CCoord arc_line_from_middle = 58; // beside the lower end of the arc, which bends inwards there
 constexpr CCoord callout_width = 36;
 constexpr CCoord least_entry_width = 44;
 constexpr CCoord entry_height = 17;
 constexpr std::uint64_t message_ms = 4000;
 constexpr const char* line_tooltip = "{en:Click to type a value}{de:Klicken, um einen Wert einzugeben}";
 
+CRect line_above_pad(const CRect& pad)
+{
+    const CCoord bottom = pad.top - label_room - gap;
+    return {pad.left, bottom - line_height, pad.right, bottom};
+}
+
+/// Over the value that the slider writes above its handle.
+CRect line_over_callout(const COVCalloutSlider& slider)
+{
+    const CRect track = slider.getViewSize();
+    const CPoint handle = slider.getHandle() ? slider.getHandle()->getSize() : CPoint();
+    const CCoord middle = track.left + handle.x / 2 + slider.getValueNormalized() * (track.getWidth() - handle.x);
+    const CCoord bottom = track.bottom - handle.y;
+    return {middle - callout_width / 2, bottom - line_height, middle + callout_width / 2, bottom};
+}
+
+CRect line_below_arc(const CRect& arc, const CRect& wheel)
+{
+    const CCoord middle = wheel.getCenter().x;
+    const bool is_left = arc.getCenter().x < middle;
+    const CCoord left = middle + (is_left ? -arc_line_from_middle - arc_line_width : arc_line_from_middle);
+    return {left, wheel.bottom - line_height, left + arc_line_width, wheel.bottom};
+}
+
 } // namespace
 
-panel_values::panel_values(CFrame& frame, CViewContainer& panel, std::vector<panel_stop> all_stops,
-                           language_id language, component_source component, value_sink on_typed)
+panel_values::panel_values(CFrame& frame, CViewContainer& panel, std::span<const panel_stop> stops,
+                           language_id language, value_sink on_typed)
     : panel(panel)
-    , stops(std::move(all_stops))
+    , stops(stops)
     , language(language)
-    , component(std::move(component))
     , on_typed(std::move(on_typed))
     , bubble(frame)
 {
@@ -47,44 +70,19 @@ panel_values::panel_values(CFrame& frame, CViewContainer& panel, std::vector<pan
 
 CRect panel_values::line_place(const panel_stop& stop) const
 {
-    const CRect control = stop.control->getViewSize();
-    if (stop.is_pad())
-        return {control.left, control.top - label_room - gap - line_height, control.right,
-                control.top - label_room - gap};
-    if (const auto* const slider = dynamic_cast<const COVCalloutSlider*>(stop.control))
-    {
-        const CPoint handle(slider->getHandle() ? slider->getHandle()->getWidth() : 0,
-                            slider->getHandle() ? slider->getHandle()->getHeight() : 0);
-        const CCoord middle =
-            control.left + handle.x / 2 + slider->getValueNormalized() * (control.getWidth() - handle.x);
-        const CCoord bottom = control.bottom - handle.y;
-        return {middle - callout_width / 2, bottom - line_height, middle + callout_width / 2, bottom};
-    }
-    // Arcs touch the wheel's middle line, from which their feet are counted.
-    const auto* const pad =
-        std::ranges::find_if(stops, [&](const panel_stop& s) { return s.slot == stop.slot && s.is_pad(); })->control;
-    const CRect wheel = pad->getViewSize();
-    const bool is_left = control.getCenter().x < wheel.getCenter().x;
-    const CCoord left = wheel.getCenter().x + (is_left ? -foot_from_middle - foot_width : foot_from_middle);
-    return {left, wheel.bottom - line_height, left + foot_width, wheel.bottom};
-}
-
-CPoint panel_values::handle_of(const panel_stop& stop) const
-{
-    if (const auto* const pad = dynamic_cast<const COVColorWheelXYPad*>(stop.control))
-        return pad->getHandleCentre();
-    if (const auto* const arc = dynamic_cast<const COVArrowArcSlider*>(stop.control))
-        return arc->getTip();
-    return stop.control->getViewSize().getCenter();
+    if (stop.pad)
+        return line_above_pad(stop.pad->getViewSize());
+    if (stop.slider)
+        return line_over_callout(*stop.slider);
+    return line_below_arc(stop.control->getViewSize(), pad_of(stops, stop.slot).getViewSize());
 }
 
 CRect panel_values::panel_area(panel_slot slot) const
 {
-    CRect area;
+    CRect area = pad_of(stops, slot).getViewSize();
     for (const panel_stop& stop : stops)
-        for (const CRect& part : {stop.control->getViewSize(), line_place(stop)})
-            if (stop.slot == slot)
-                area.isEmpty() ? area = part : area.unite(part);
+        if (stop.slot == slot)
+            area.unite(stop.control->getViewSize()).unite(line_place(stop));
     return area;
 }
 
@@ -98,7 +96,7 @@ void panel_values::point_at(const std::optional<CPoint>& in_frame)
         CPoint where = *in_frame;
         panel.frameToLocal(where);
         for (const panel_stop& stop : stops)
-            if (stop.is_pad() && panel_area(stop.slot).pointInside(where))
+            if (stop.pad && panel_area(stop.slot).pointInside(where))
                 found = found ? found : stop.slot;
     }
     if (std::exchange(pointed_at, found) != found)
@@ -113,32 +111,33 @@ void panel_values::keep_shown(std::optional<panel_slot> slot)
 
 void panel_values::show_lines()
 {
-    const auto alive = component();
     for (std::size_t i = 0; i < stops.size(); ++i)
     {
-        const bool is_shown = alive && (stops[i].slot == pointed_at || stops[i].slot == kept);
+        const bool is_shown = stops[i].slot == pointed_at || stops[i].slot == kept;
         if (lines[i]->isVisible() != is_shown)
             lines[i]->setVisible(is_shown);
         if (!is_shown)
             continue;
-        if (dynamic_cast<COVCalloutSlider*>(stops[i].control)) // which writes its value itself
+        if (stops[i].slider) // its value moves with the handle
         {
             lines[i]->setViewSize(line_place(stops[i]), false);
             lines[i]->setMouseableArea(line_place(stops[i]));
         }
         else
-            lines[i]->set_text(read_out(*alive, stops[i]));
+            lines[i]->set_text(value_text_of(stops[i]));
     }
 }
 
 void panel_values::show_bubble(const panel_stop& stop)
 {
-    const auto alive = component();
-    if (!alive || dynamic_cast<COVCalloutSlider*>(stop.control))
+    const std::string text = value_text_of(stop);
+    if (stop.slider || text.empty())
         return;
     is_message = false;
-    CPoint handle = handle_of(stop);
-    bubble.show(read_out(*alive, stop), panel.localToFrame(handle));
+    CPoint handle = stop.pad   ? stop.pad->getHandleCentre()
+                    : stop.arc ? stop.arc->getTip()
+                               : stop.control->getViewSize().getCenter();
+    bubble.show(text, panel.localToFrame(handle));
 }
 
 void panel_values::hide_bubble()
@@ -160,29 +159,27 @@ void panel_values::idle(std::uint64_t now_ms)
 
 void panel_values::type_over(const panel_stop& stop)
 {
-    const auto alive = component();
-    if (!alive || has_open_field)
+    const std::string present = entry_text_of(stop);
+    if (present.empty() || has_open_field)
         return;
     has_open_field = true;
     CRect place = line_place(stop);
     place.extend(std::max(0.0, (least_entry_width - place.getWidth()) / 2), (entry_height - place.getHeight()) / 2);
     place.offset(std::max(0.0, -place.left), 0);
-    open_value_entry(panel, place, entry_text(*alive, stop),
+    open_value_entry(panel, place, present,
                      [this, &stop](const std::optional<std::string>& text) { take_typed(stop, text); });
 }
 
 void panel_values::take_typed(const panel_stop& stop, const std::optional<std::string>& text)
 {
     has_open_field = false;
-    const auto alive = component();
-    if (!alive || !text || *text == entry_text(*alive, stop))
+    const std::string present = entry_text_of(stop);
+    if (present.empty() || !text || *text == present)
         return;
-    std::vector<float> values;
-    std::string why;
-    if (read_entry(*alive, stop, *text, values, why))
-        on_typed(stop, values);
+    if (const auto values = read_entry(stop, *text))
+        on_typed(stop, *values);
     else
-        show_message(stop, why);
+        show_message(stop, values.error().reason);
     show_lines();
 }
 

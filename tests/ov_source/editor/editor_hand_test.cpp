@@ -1,6 +1,7 @@
 #include "editor/editor_hand.h"
 
 #include "editor/controls/widgets/value_text.h"
+#include "framework/parameters/cparameter_continuous_v1.h"
 #include "ov_source/editor/editor_stage.h"
 
 #include <cmath>
@@ -27,7 +28,7 @@ struct hand_stage : editor_stage
     std::string focused() const
     {
         const auto* const stop = hand().getFocus().current();
-        return stop ? effect->get_parameter(stop->parameters.front())->get_name() : std::string();
+        return stop ? stop->parameters.front().lock()->get_name() : std::string();
     }
     void give_keys_to(const std::string& parameter)
     {
