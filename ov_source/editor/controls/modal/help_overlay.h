@@ -9,15 +9,15 @@
 namespace ov1
 {
 
-/// Texts are UTF-8 in the user's language.
+/// One line of a group. Texts are UTF-8 in the user's language.
 struct help_row
 {
     std::string keys;
     std::string text;
 };
 
-/// Shows the groups, beneath one another or in a low window side by side, until any key or click, which does nothing
-/// else. False, and nothing shown, where the frame refuses.
+/// Shows the groups one below the other, or side by side in a low window. Any key or click closes the overlay and has
+/// no other effect. False, and nothing shown, where the frame refuses.
 [[nodiscard]] bool show_help_overlay(VSTGUI::CFrame& frame, const std::string& title,
                                      const std::vector<std::vector<help_row>>& groups);
 

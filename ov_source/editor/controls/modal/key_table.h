@@ -1,4 +1,4 @@
-// The editor's keys: which key does what, and how the help says so.
+// The editor's keys: what each key does, and what the help says about it.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -27,8 +27,8 @@ enum class key_action
     help,
 };
 
-/// A key with the modifiers that have to be held. Either virt or character counts; the character is a small letter,
-/// digit or sign.
+/// A key and the modifiers that must be held, no others. Either virt or character is set; the character is a lower-case
+/// letter, a digit or a sign.
 struct key_stroke
 {
     VSTGUI::VirtualKey virt = VSTGUI::VirtualKey::None;
@@ -37,7 +37,7 @@ struct key_stroke
     bool with_control = false;
 };
 
-/// One line of the help. Texts are localised literals.
+/// An action, the keys that start it, and its line of the help. Texts are localised literals.
 struct key_row
 {
     key_action action;
@@ -46,21 +46,21 @@ struct key_row
     const char* text;
 };
 
-/// The same for what the mouse does with a key held, or twice.
+/// A line of the help about the mouse. Texts are localised literals.
 struct mouse_row
 {
     const char* gesture;
     const char* text;
 };
 
-/// In the order of the help.
+/// Every action once, in the order of the help.
 std::span<const key_row> get_key_table();
 std::span<const mouse_row> get_mouse_table();
 
-/// What a key that goes down does; nothing for all others. Alt and the desktop's own key are never held.
+/// The action of a key press. Nothing for other keys, for key releases, and while Alt or the desktop's key is held.
 std::optional<key_action> find_key_action(const VSTGUI::KeyboardEvent& event);
 
-/// A step of 1 to the right or down for an arrow key; 0, 0 for others.
+/// The unit step of an arrow key, x to the right and y down; 0, 0 for other keys.
 VSTGUI::CPoint direction_of(VSTGUI::VirtualKey arrow);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// A layer over the dimmed window, which takes the mouse and the keys until it ends.
+// A layer over the dimmed window that receives all mouse and key events until it is closed.
 #pragma once
 
 #include "editor/controls/widgets/with_keys.h"
@@ -9,7 +9,7 @@
 namespace ov1
 {
 
-/// Covers and dims a frame, which lets no mouse event past it.
+/// Covers and dims its frame and consumes all mouse events.
 class modal_layer : public with_keys<VSTGUI::CViewContainer>
 {
 public:
@@ -23,7 +23,8 @@ public:
 
 protected:
     bool is_shown() const { return session.has_value(); }
-    /// Ends what show began, once; the layer lives on only where it is held. False where nothing was to be ended.
+    /// Closes the layer, at most once. The frame releases its reference: hold one to go on using the object. False
+    /// where the layer was not shown.
     bool end();
 
 private:

@@ -1,4 +1,4 @@
-// Questions and alerts as a panel of the editor's own, over its dimmed window.
+// Questions and alerts in a panel over the dimmed window.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -14,18 +14,18 @@ namespace ov1
 struct modal_question
 {
     std::string title;
-    std::string message; ///< broken into lines; may hold line feeds
+    std::string message; ///< is broken into lines; may contain line feeds
     std::string confirm; ///< the first button
     std::string cancel;  ///< the second button; empty for none
 
-    /// Asks for a name, beginning with this one. A name of blanks is not accepted.
+    /// Where set, the panel asks for a name, and this is the initial text. A name of blanks only is not accepted.
     std::optional<std::string> name;
 };
 
 struct modal_answer
 {
     bool confirmed = false; ///< by the first button, or Return
-    std::string name;       ///< without blanks at either end
+    std::string name;       ///< what was typed, without blanks at either end; empty where no name was asked for
 };
 
 /// Shows the panel until a button is pressed, or Return for the first one, or Escape. Then it closes the panel and

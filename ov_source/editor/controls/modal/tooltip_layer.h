@@ -11,13 +11,13 @@
 namespace ov1
 {
 
-/// Where a tooltip of a size goes: below the mouse and to its right, or above it, or further left, so that it lies
-/// within the area as far as it fits at all.
+/// The position of a tooltip: below the mouse and to its right; above the mouse, or further left, where it would
+/// otherwise leave the area. All in the same coordinates.
 VSTGUI::CRect tooltip_place(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& size, const VSTGUI::CRect& area);
 
-/// Shows the tooltip text of the view under the mouse when the mouse has rested for the delay; hides it when the mouse
-/// moves, presses or leaves, or the view goes. It takes no mouse events. Made and destroyed while the frame lives, on
-/// its thread.
+/// Shows the tooltip text of the view under the mouse after the mouse has rested for the delay; hides it when the mouse
+/// moves, is pressed or leaves, or the view is removed. The tooltip itself takes no mouse events. The frame outlives
+/// this object; for the frame's thread.
 class tooltip_layer : public VSTGUI::IMouseObserver
 {
 public:
@@ -26,10 +26,10 @@ public:
     tooltip_layer(const tooltip_layer&) = delete;
     tooltip_layer& operator=(const tooltip_layer&) = delete;
 
-    /// To be called several times a second, with a clock that only grows.
+    /// To be called several times a second, with a clock that never goes back.
     void idle(std::uint64_t now_ms);
 
-    /// The view of the text that is shown; null for none.
+    /// The visible tooltip; null while there is none.
     VSTGUI::CView* shown() const { return tip; }
 
     void onMouseEntered(VSTGUI::CView* view, VSTGUI::CFrame* frame) override;
@@ -43,7 +43,7 @@ private:
     VSTGUI::CFrame& frame;
     std::uint32_t delay_ms;
     VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
-    VSTGUI::SharedPointer<VSTGUI::CView> owner; // of the text: the view under the mouse
+    VSTGUI::SharedPointer<VSTGUI::CView> owner; // the view under the mouse, whose text is shown
     VSTGUI::SharedPointer<VSTGUI::CView> tip;
     VSTGUI::CPoint mouse;
     std::optional<std::uint64_t> rests_since;

@@ -9,8 +9,8 @@ namespace ov1
 class COVBitmap : public VSTGUI::CBitmap
 {
 public:
-    /// A scale of 2 makes the bitmap half as wide and high in points as it is in pixels. isLoaded() tells whether the
-    /// resource was found.
+    /// A scale of 2 makes the bitmap half as wide and high in points as it is in pixels. isLoaded() is false
+    /// where the resource was not found.
     COVBitmap(const VSTGUI::CResourceDescription& resource, double scale);
 };
 

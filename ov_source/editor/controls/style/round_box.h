@@ -1,4 +1,4 @@
-// A box with rounded corners and a thin frame, as buttons, hints and questions have it.
+// The box with rounded corners and a thin frame behind buttons, hints and questions.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -6,7 +6,7 @@
 namespace ov1
 {
 
-/// Fills the rectangle, frame included, in the context's points.
+/// Fills the rectangle, including the frame of one point. In the context's points.
 void draw_round_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place, VSTGUI::CCoord corner_radius,
                     const VSTGUI::CColor& fill, const VSTGUI::CColor& frame);
 

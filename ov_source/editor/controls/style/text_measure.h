@@ -7,7 +7,8 @@
 namespace ov1
 {
 
-/// Measures in a font, in points, without anything to draw on. It keeps the font.
+/// A function that measures text in this font, in points. It needs no drawing context and holds a reference to the
+/// font.
 line_width measure_of(const VSTGUI::SharedPointer<VSTGUI::CFontDesc>& font);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The small dark box that the editor's hints are written on.
+// The small dark box behind hints, read-outs and the help.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -9,7 +9,7 @@ namespace ov1
 /// Fills the rectangle, in the context's points, with rounded corners and a thin frame.
 void draw_tip_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place);
 
-/// The frame's inside in its own points, whatever its zoom.
+/// The frame's area in its own points, from 0, 0: the same at every zoom.
 VSTGUI::CRect area_of(const VSTGUI::CFrame& frame);
 
 } // namespace ov1

@@ -7,8 +7,8 @@
 namespace ov1
 {
 
-/// The value with precision digits after the point, and, where there is a unit, a blank and the unit. Always with a
-/// decimal point, whatever the locale; a zero has no sign. The precision is limited to 0..9.
+/// The value with precision digits after the point, followed by a blank and the unit, unless that is empty. The decimal
+/// separator is a point in every locale; zero has no sign. The precision is limited to 0..9.
 std::string callout_text(float value, int precision, std::string_view unit);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// A button that changes between its icon and another one.
+// A button that alternates between two icons.
 #pragma once
 
 #include "editor/controls/widgets/cov_button.h"
@@ -11,12 +11,14 @@ class CBlinkingButton : public COVButton
 public:
     using COVButton::COVButton;
 
-    /// Begins with the button's own icon; nothing blinks without a blink icon. A period is the time of one phase.
+    /// Starts with the button's own icon, for one period; then the blink icon is drawn for one period, and so on.
+    /// Without a blink icon nothing changes.
     void setBlinkParams(bool blink, int period_ms);
     /// A sheet of frames as the button's icon; null for none.
     void setBlinkIcon(VSTGUI::CBitmap* sheet);
 
-    /// Counts the time of one idle call; what goes beyond a period counts for the next, so that the rhythm holds.
+    /// Advances by the time between two idle calls. Time beyond the end of a period counts for the next one, so that
+    /// the rhythm does not drift.
     void onIdle() override;
 
     bool isBlinkPhaseOn() const { return phase_on; }

@@ -14,11 +14,11 @@ class CCachedNinePartTiledBitmap : public VSTGUI::CBitmap
 public:
     explicit CCachedNinePartTiledBitmap(VSTGUI::SharedPointer<VSTGUI::CNinePartTiledBitmap> tiles);
 
-    /// Renders the tiles to a size in points, at their own pixels to the point, unless that was done before. Nothing is
-    /// kept where the tiles did not load.
+    /// Renders the tiles to a size in points, at their own scale factor, unless that size was rendered before. Does
+    /// nothing where the tiles did not load. The frame is not used.
     void generate(VSTGUI::CFrame* frame, double width, double height);
 
-    /// Draws what was generated for the size of rect; magenta where generate was not called for it, so that it shows.
+    /// Draws what was generated for the size of rect. Where nothing was, it draws magenta, so that the mistake is seen.
     void draw(VSTGUI::CDrawContext* context, const VSTGUI::CRect& rect, const VSTGUI::CPoint& offset = {},
               float alpha = 1.0F) override;
 

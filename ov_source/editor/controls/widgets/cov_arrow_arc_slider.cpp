@@ -104,7 +104,7 @@ void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         return consume_press(event);
     }
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const steered_event steered(event, path.press(event.mousePosition, placeOfValue(), hold));
+    const redirected_event redirected(event, path.press(event.mousePosition, placeOfValue(), hold));
     if (hold.is_fine) // the toolkit then leaves the value alone until the mouse moves
         event.modifiers.add(VSTGUI::ModifierKey::Shift);
     CVerticalSlider::onMouseDownEvent(event);
@@ -115,7 +115,7 @@ void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
     if (!isEditing())
         return CVerticalSlider::onMouseMoveEvent(event);
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const steered_event steered(event, path.move(event.mousePosition, placeOfValue(), hold));
+    const redirected_event redirected(event, path.move(event.mousePosition, placeOfValue(), hold));
     CVerticalSlider::onMouseMoveEvent(event);
 }
 

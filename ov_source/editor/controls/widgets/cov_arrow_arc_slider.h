@@ -9,8 +9,8 @@ namespace ov1
 {
 
 /// The arrow jumps to a press of the left button, unless Shift is held: then it is dragged finely from where it stands.
-/// The right button, Alt with the left one, and a double click set the default value. Wheel events are left to what
-/// lies around the slider.
+/// The right button, Alt with the left one, and a double click set the default value. Wheel events are not
+/// consumed, so that they scroll the panel.
 class COVArrowArcSlider : public VSTGUI::CVerticalSlider
 {
 public:
@@ -20,7 +20,7 @@ public:
 
     /// pivot_right, unless set.
     virtual void setOrientation(COVArrowArcOrientation side);
-    /// How far two arrows are apart, half of it on either side of the value's angle; at 0 there is one arrow.
+    /// The angle between two arrows, half of it on either side of the value's angle. At 0 there is one arrow.
     virtual void setSpreadAngle(double degrees);
 
     /// The tip of the arrow, of the upper one where there are two, in the parent's points.

@@ -6,18 +6,18 @@
 namespace ov1
 {
 
-/// Draws no box of its own: the title, over it the background picture, whose lower half stands for pressed, over that
-/// the icon, a sheet of 2 x 2 frames: the right column while the mouse is over the button, the lower row while it is
-/// on. Dimmed while the mouse is disabled.
+/// Draws, without a box: the title; over it the background bitmap, its upper half, or the lower one while pressed; over
+/// that the icon, a sheet of 2 x 2 frames: the right column while the mouse is over the button, the lower row while the
+/// button is on. Everything is dimmed while the mouse is disabled.
 class COVButton : public VSTGUI::CTextButton
 {
 public:
-    /// Of the kick style the listener hears 1 and then 0 when the mouse is released over the button; of the on/off
-    /// style the new value.
+    /// Kick style: the listener gets 1 and then 0 when the mouse is released over the button. On/off style: it gets the
+    /// new value.
     COVButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, Style style,
               VSTGUI::UTF8StringPtr title);
 
-    /// On from above 0.5.
+    /// The button is on while its value is above 0.5.
     void setValue(float new_value) override;
     /// The sheet of frames; null for none.
     void setIcon(VSTGUI::CBitmap* sheet) override;
@@ -36,7 +36,7 @@ public:
 protected:
     virtual VSTGUI::CBitmap* iconToDraw() const { return frames; }
 
-    /// What lets a button that cannot be pressed recede.
+    /// 1, and less for a button that cannot be pressed.
     float opacity() const;
 
 private:

@@ -127,7 +127,7 @@ void COVColorWheelXYPad::beginDrag(VSTGUI::MouseDownEvent& event)
 {
     at_press = {getValue(), polar};
     // A handle beyond the rim stays there until the mouse moves.
-    const steered_event steered(
+    const redirected_event redirected(
         event, path.press(event.mousePosition, pointOf(unpack_pad_value(getValue())), hold_of(event.modifiers)));
     CXYPad::onMouseDownEvent(event);
 }
@@ -136,7 +136,8 @@ void COVColorWheelXYPad::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
 {
     if (!isEditing())
         return CXYPad::onMouseMoveEvent(event);
-    const steered_event steered(event, path.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
+    const redirected_event redirected(event,
+                                      path.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
     CXYPad::onMouseMoveEvent(event);
 }
 

@@ -10,23 +10,23 @@ namespace ov1
 
 /// The control's value is the handle's packed place, its own tag the angle's. The handle jumps to a press of the left
 /// button, unless Shift or Control is held: then it is dragged from where it stands, see fine_drag. The right button,
-/// and Alt with the left one, reset handle, angle and radius. Wheel events are left to what lies around the pad.
-/// Presses outside the wheel go through to what lies beneath.
+/// and Alt with the left one, reset handle, angle and radius. Mouse wheel events are not consumed, so that they scroll
+/// the panel. Presses outside the wheel reach the view beneath.
 class COVColorWheelXYPad : public VSTGUI::CXYPad
 {
 public:
-    /// The tags are the uids of the two parameters; the picture is drawn in the middle of size, at its own size.
+    /// The tags are the uids of the two parameters. The background is drawn in the middle of the view, at its own size.
     COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t angle_tag,
                        std::int32_t radius_tag, VSTGUI::CBitmap* background);
 
-    /// The handle's diameter, in points; the wheel's rim follows from it and from the frame width set before.
+    /// The handle's diameter, in points; the wheel's rim is computed from it and from the frame width set before.
     void setRoundRectRadius(const VSTGUI::CCoord& diameter) override;
 
     virtual std::int32_t getAngleTag() const { return getTag(); }
     virtual std::int32_t getRadiusTag() const { return radius_tag; }
 
-    /// Move the handle and redraw; the listener is not told. The handle's place is rounded, and both angle and radius
-    /// are read from it again, unless it lies on an axis. The value that is set already changes nothing.
+    /// Move the handle and redraw, without a call to the listener. The handle's place is rounded, and angle and radius
+    /// are then recomputed from it, unless it lies on an axis. Setting the present value does nothing.
     virtual void setRadius(float percent);
     virtual void setAngle(float degrees);
     virtual float getRadius() const { return polar.radius; } ///< percent, 0..100
@@ -34,14 +34,14 @@ public:
 
     void setValue(float packed) override;
 
-    /// The middle of the handle as it is drawn, in the parent's points.
+    /// The middle of the drawn handle, in the parent's points.
     VSTGUI::CPoint getHandleCentre() const;
 
     void draw(VSTGUI::CDrawContext* context) override;
     bool hitTest(const VSTGUI::CPoint& where, const VSTGUI::Event& event = VSTGUI::noEvent()) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
     void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
-    /// Gives back the handle, angle and radius of the press.
+    /// Restores the handle, angle and radius of before the press.
     void onMouseCancelEvent(VSTGUI::MouseCancelEvent& event) override;
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
     /// Escape cancels a drag.

@@ -28,7 +28,7 @@ COVRoundedGreyButton::COVRoundedGreyButton(const VSTGUI::CRect& size, VSTGUI::IC
 
 VSTGUI::CPoint COVRoundedGreyButton::scaled_icon::size() const
 {
-    return picture ? VSTGUI::CPoint(picture->getWidth() * scale, picture->getHeight() * scale) : VSTGUI::CPoint();
+    return bitmap ? VSTGUI::CPoint(bitmap->getWidth() * scale, bitmap->getHeight() * scale) : VSTGUI::CPoint();
 }
 
 void COVRoundedGreyButton::setLefttIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> icon, float scale)
@@ -60,12 +60,12 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
                    isOn() ? style::button_on_frame : style::button_frame);
     VSTGUI::CRect room = getViewSize();
     room.inset(margin, 0.0);
-    if (left_icon.picture)
+    if (left_icon.bitmap)
     {
         drawIcon(*context, left_icon, room.left);
         room.left += left_icon.size().x + icon_gap;
     }
-    if (right_icon.picture)
+    if (right_icon.bitmap)
     {
         room.right -= right_icon.size().x;
         drawIcon(*context, right_icon, room.right);
@@ -81,7 +81,7 @@ void COVRoundedGreyButton::drawIcon(VSTGUI::CDrawContext& context, const scaled_
     const VSTGUI::CCoord top = std::floor(getViewSize().getCenter().y - icon.size().y / 2.0 + 0.5);
     const VSTGUI::CDrawContext::Transform transform(
         context, VSTGUI::CGraphicsTransform().scale(icon.scale, icon.scale).translate(left, top));
-    icon.picture->draw(&context, VSTGUI::CRect({0.0, 0.0}, icon.picture->getSize()));
+    icon.bitmap->draw(&context, VSTGUI::CRect({0.0, 0.0}, icon.bitmap->getSize()));
 }
 
 void COVRoundedGreyButton::drawTitle(VSTGUI::CDrawContext& context, const VSTGUI::CRect& room) const

@@ -6,15 +6,16 @@
 namespace ov1
 {
 
-/// Lighter under the mouse, darker while pressed, and framed more brightly while it is on. The title is centred in what
-/// the icons leave, and cut where it is too long.
+/// Lighter under the mouse, darker while pressed, with a brighter frame while it is on. The title is centred between
+/// the icons and truncated where it is too long.
 class COVRoundedGreyButton : public COVButton
 {
 public:
     COVRoundedGreyButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag,
                          VSTGUI::UTF8StringPtr title, Style style);
 
-    // Null for none. A scale of 1 draws the icon at its own size.
+    /// Null for none. A scale of 1 draws the icon at its own size. The doubled t of the left one is the interface's own
+    /// spelling.
     void setLefttIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> icon, float scale);
     void setRightIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> icon, float scale);
     void setTextColor(const VSTGUI::CColor& color) override;
@@ -24,7 +25,7 @@ public:
 private:
     struct scaled_icon
     {
-        VSTGUI::SharedPointer<VSTGUI::CBitmap> picture;
+        VSTGUI::SharedPointer<VSTGUI::CBitmap> bitmap;
         double scale = 1.0;
 
         VSTGUI::CPoint size() const;

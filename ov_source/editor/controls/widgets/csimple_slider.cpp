@@ -78,7 +78,7 @@ void CSimpleSlider::pressHandle(VSTGUI::MouseDownEvent& event)
     // The toolkit drags from the whole point that the handle is drawn at.
     beyond_whole_point = placeOfValue() - calculateHandleRect(getValueNormalized()).left;
     path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
-    const steered_event steered(event, event.mousePosition);
+    const redirected_event redirected(event, event.mousePosition);
     event.modifiers.add(VSTGUI::ModifierKey::Shift); // so that the value stays until the mouse moves
     CHorizontalSlider::onMouseDownEvent(event);
 }
@@ -88,7 +88,7 @@ void CSimpleSlider::dragHandle(VSTGUI::MouseMoveEvent& event)
     const VSTGUI::CPoint gripped(placeOfValue() + grip, event.mousePosition.y);
     VSTGUI::CPoint place = path.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
     place.x += beyond_whole_point;
-    const steered_event steered(event, place);
+    const redirected_event redirected(event, place);
     CHorizontalSlider::onMouseMoveEvent(event);
 }
 

@@ -1,4 +1,4 @@
-// A plain horizontal slider that can drag a partner along.
+// A plain horizontal slider that can move a partner slider with it.
 #pragma once
 
 #include "editor/controls/widgets/fine_drag.h"
@@ -7,21 +7,21 @@
 namespace ov1
 {
 
-/// Dragged by its handle, finely while Shift is held; Alt with the left button, and a double click, set the default
-/// value. A drag that begins with Control held moves
-/// the partner by the same amounts while Control stays held, as an edit of the partner's own.
+/// Dragged by its handle, at a tenth of the mouse's speed while Shift is held. Alt with the left button, or a double
+/// click, sets the default value. A drag that begins with Control held moves the partner by the same amount while
+/// Control stays held; the partner reports this as an edit of its own.
 class CSimpleSlider : public VSTGUI::CHorizontalSlider
 {
 public:
-    /// The handle moves from min_pos to max_pos, in the parent's points; style is the toolkit's set of bits, 4 for the
-    /// least value on the left.
+    /// The handle's left edge moves from min_pos to max_pos, in the parent's points; style is the toolkit's set of
+    /// bits: 4 has the smallest value on the left.
     CSimpleSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, std::int32_t min_pos,
                   std::int32_t max_pos, VSTGUI::CBitmap* handle, const VSTGUI::CPoint& offset, std::int32_t style);
 
-    /// Not owned: it has to live as long as it is set here. Null for none.
+    /// Not owned; it must outlive this slider, or be replaced before it is destroyed. Null for none.
     void setPartner(CSimpleSlider* other) { partner = other; }
 
-    // All three are off unless set.
+    // The three options are off unless set. The wheel moves the slider up for a turn away from the user.
     void setDrawCenterLine(bool on);
     void setResetOnRightClick(bool on) { resets_on_right_click = on; }
     void setAcceptMouseWheel(bool on) { accepts_wheel = on; }
@@ -30,7 +30,7 @@ public:
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
     void onMouseMoveEvent(VSTGUI::MouseMoveEvent& event) override;
     void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override;
-    /// Gives back both sliders' values of the press.
+    /// Restores both sliders' values of before the press.
     VSTGUI::CMouseEventResult onMouseCancel() override;
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;
 
@@ -46,7 +46,7 @@ private:
     fine_drag path;
     VSTGUI::CCoord grip = 0.0;               // from the handle's exact left edge to where it was pressed
     VSTGUI::CCoord beyond_whole_point = 0.0; // of that edge, at the press
-    CSimpleSlider* ganged = nullptr;         // the partner, while it is dragged along
+    CSimpleSlider* ganged = nullptr;         // the partner, while this drag moves it
     float ganged_value_at_press = 0.0F;
     bool draws_center_line = false;
     bool resets_on_right_click = false;

@@ -9,10 +9,10 @@ namespace ov1
 namespace
 {
 
-constexpr double fine_pace = 0.1;
-constexpr VSTGUI::CCoord least_path_of_an_axis = 2.0;
+constexpr double fine_factor = 0.1;
+constexpr VSTGUI::CCoord least_movement_for_axis = 2.0; // less may be a tremor of the hand
 
-VSTGUI::CPoint times(const VSTGUI::CPoint& path, double factor) { return {path.x * factor, path.y * factor}; }
+VSTGUI::CPoint times(const VSTGUI::CPoint& p, double factor) { return {p.x * factor, p.y * factor}; }
 
 } // namespace
 
@@ -37,40 +37,41 @@ VSTGUI::CPoint fine_drag::move(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint
     if (hold != held)
     {
         if (hold != drag_hold{})
-            place = handle; // the way back from beyond the handle's reach is not gone at a tenth of the pace
+            place =
+                handle; // a mouse beyond the handle's range would otherwise have to come back at a tenth of its speed
         if (hold.is_locked && !held.is_locked)
         {
             since_locking = {};
             locked_to = axis::undecided;
         }
-        off_mouse = place - mouse_before;
+        off_mouse = place - mouse_before; // what the drag has lost or gained while keys were held
         held = hold;
     }
-    const VSTGUI::CPoint path = mouse - mouse_before;
+    const VSTGUI::CPoint movement = mouse - mouse_before;
     mouse_before = mouse;
     if (held == drag_hold{})
         return place = mouse + off_mouse;
-    place += times(held.is_locked ? kept_on_axis(path) : path, held.is_fine ? fine_pace : 1.0);
+    place += times(held.is_locked ? kept_on_axis(movement) : movement, held.is_fine ? fine_factor : 1.0);
     off_mouse = place - mouse;
     return place;
 }
 
-VSTGUI::CPoint fine_drag::kept_on_axis(const VSTGUI::CPoint& path)
+VSTGUI::CPoint fine_drag::kept_on_axis(const VSTGUI::CPoint& movement)
 {
-    VSTGUI::CPoint taken = path;
+    VSTGUI::CPoint taken = movement;
     if (locked_to == axis::undecided)
     {
-        since_locking += path;
+        since_locking += movement;
         const double across = std::abs(since_locking.x), down = std::abs(since_locking.y);
-        if (std::max(across, down) < least_path_of_an_axis)
+        if (std::max(across, down) < least_movement_for_axis)
             return {};
         locked_to = across >= down ? axis::horizontal : axis::vertical;
-        taken = since_locking;
+        taken = since_locking; // nothing was moved before the axis was known
     }
     return locked_to == axis::horizontal ? VSTGUI::CPoint(taken.x, 0.0) : VSTGUI::CPoint(0.0, taken.y);
 }
 
-steered_event::steered_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& place)
+redirected_event::redirected_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& place)
     : event(event)
     , mouse(event.mousePosition)
     , keys(event.modifiers)
@@ -79,7 +80,7 @@ steered_event::steered_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& pl
     event.modifiers.remove(VSTGUI::ModifierKey::Shift);
 }
 
-steered_event::~steered_event()
+redirected_event::~redirected_event()
 {
     event.mousePosition = mouse;
     event.modifiers = keys;

@@ -1,4 +1,4 @@
-// The path of a drag as a control takes it: with the mouse, at a tenth of its pace, or along one axis.
+// Drags with Shift and Control: at a tenth of the mouse's speed, or along one axis.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -6,25 +6,27 @@
 namespace ov1
 {
 
-/// What the keys that are held make of a drag.
+/// How the held keys change a drag.
 struct drag_hold
 {
-    bool is_fine = false;   ///< Shift: a tenth of the mouse's path
-    bool is_locked = false; ///< Control: along the axis on which the mouse moves first
+    bool is_fine = false;   ///< Shift: a tenth of the mouse's movement
+    bool is_locked = false; ///< Control: along the axis that the mouse moves along first
 
     bool operator==(const drag_hold&) const = default;
 };
 
 drag_hold hold_of(const VSTGUI::Modifiers& keys);
 
-/// Without a key the drag is where the mouse is. A key pressed at the start or on the way goes on from where the handle
-/// stands, a key let go from where the drag is: the handle never jumps. One object serves one drag after the other.
+/// Turns mouse positions into positions of the dragged handle. Without a key the two are equal. A key that is pressed
+/// at the start or during the drag continues from the handle's position; when it is released, the drag continues from
+/// where it is, at the mouse's full speed: the handle never jumps. One object serves one drag after another.
 class fine_drag
 {
 public:
-    /// Begins a drag and gives back where the press counts: at the mouse, or with a key held at the handle.
+    /// Begins a drag. Returns the position that the press stands for: the mouse's, or the handle's while a key is held.
     VSTGUI::CPoint press(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold);
-    /// Where the mouse's new place counts. handle is where the handle stands before, within its reach.
+    /// Returns the position that the mouse's new one stands for. handle is the handle's present position, which the
+    /// control has kept within its range.
     VSTGUI::CPoint move(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold);
 
 private:
@@ -35,25 +37,25 @@ private:
         vertical,
     };
 
-    VSTGUI::CPoint kept_on_axis(const VSTGUI::CPoint& path);
+    VSTGUI::CPoint kept_on_axis(const VSTGUI::CPoint& movement);
 
     drag_hold held;
     VSTGUI::CPoint mouse_before;
     VSTGUI::CPoint place;
-    VSTGUI::CPoint off_mouse;     // from the mouse to the place
-    VSTGUI::CPoint since_locking; // the mouse's path until the axis is chosen
+    VSTGUI::CPoint off_mouse;     // from the mouse to place
+    VSTGUI::CPoint since_locking; // the mouse's movement until the axis is chosen
     axis locked_to = axis::undecided;
 };
 
-/// Hands an event on with another place, and without Shift, which the toolkit's sliders would take for a pace of their
-/// own; both come back with the end of this object.
-class steered_event
+/// While this object exists, the event has another mouse position, and no Shift, which the toolkit's sliders would use
+/// for a fine mode of their own. The destructor restores both.
+class redirected_event
 {
 public:
-    steered_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& place);
-    ~steered_event();
-    steered_event(const steered_event&) = delete;
-    steered_event& operator=(const steered_event&) = delete;
+    redirected_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoint& place);
+    ~redirected_event();
+    redirected_event(const redirected_event&) = delete;
+    redirected_event& operator=(const redirected_event&) = delete;
 
 private:
     VSTGUI::MouseEvent& event;

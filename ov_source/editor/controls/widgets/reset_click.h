@@ -1,4 +1,4 @@
-// Presses that set a control back to its default value.
+// Mouse presses that reset a control to its default value.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -6,24 +6,24 @@
 namespace ov1
 {
 
-/// Whether a press is made with the right button and no other.
+/// Whether only the right button is pressed.
 bool is_right_click(const VSTGUI::MouseDownEvent& event);
 
-/// Whether a press is made with the left button and Alt alone.
+/// Whether only the left button is pressed, with Alt and no other key.
 bool is_alt_click(const VSTGUI::MouseDownEvent& event);
 
-/// Whether a press is the second of a double click with the left button, without a key.
+/// Whether this is the second press of a double click with the left button, without a key.
 bool is_double_click(const VSTGUI::MouseDownEvent& event);
 
-/// Takes a press that needs no moves and no release.
+/// Consumes a press, and asks the toolkit not to send the moves and the release that follow it.
 void consume_press(VSTGUI::MouseDownEvent& event);
 
 /// Sets the default value as one edit, unless the control has it already or is being edited.
 void reset_to_default(VSTGUI::CControl& control);
 
-/// For CControl::CheckDefaultValueEventFunc: the toolkit's own reset, left with Control, is switched off, since it
-/// would leave a pad's angle and radius and take the ganged drag's press. The editor's sliders and pads see to
-/// Alt-clicks themselves; buttons and scroll bars have nothing to reset.
+/// For CControl::CheckDefaultValueEventFunc: switches the toolkit's own reset off. That one is left button and Control:
+/// it would keep a pad's angle and radius, and it would consume the press that begins a ganged drag. The editor's
+/// sliders and pads handle Alt-clicks themselves; buttons and scroll bars have nothing to reset.
 bool leave_resets_to_controls(VSTGUI::CControl* control, VSTGUI::MouseDownEvent& event);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// A control's value as a line of text that can be typed over.
+// A control's value as a line of text, and the field in which a new value is typed.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -10,7 +10,7 @@
 namespace ov1
 {
 
-/// Small and calm; brighter while the mouse is over it. A press of the left button calls on_click.
+/// Small and grey; brighter while the mouse is over it. A press of the left button calls on_click.
 class value_line : public VSTGUI::CView
 {
 public:
@@ -33,7 +33,7 @@ private:
     bool is_hovered = false;
 };
 
-/// Opens a text field over a place of the container, with a text to begin from. When it closes, on_done is called
+/// Opens a text field at a place of the container, with an initial text. When it closes, on_done is called
 /// once: with the text after Return, with nothing after Escape or when the field loses the keyboard focus. If the
 /// container is destroyed first, on_done is not called.
 void open_value_entry(VSTGUI::CViewContainer& container, const VSTGUI::CRect& place, const std::string& text,

@@ -1,4 +1,4 @@
-// The values of a control beside its handle, for as long as they are being changed.
+// A bubble with a control's values beside its handle, visible during a change.
 #pragma once
 
 #include "editor/controls/style/text_measure.h"
@@ -9,12 +9,12 @@
 namespace ov1
 {
 
-/// Where a read-out of a size goes: centred above the handle, below it where there is no room above, and sideways as
-/// far in as the area asks.
+/// The position of a read-out: centred above the handle; below it, or moved sideways, where it would otherwise leave
+/// the area. All in the same coordinates.
 VSTGUI::CRect readout_place(const VSTGUI::CPoint& handle, const VSTGUI::CPoint& size, const VSTGUI::CRect& area);
 
-/// One bubble above everything else in the frame; it takes no mouse events. Made and destroyed while the frame lives,
-/// on its thread.
+/// One bubble above everything else in the frame; it takes no mouse events. The frame outlives this object; for the
+/// frame's thread.
 class value_readout
 {
 public:
@@ -23,11 +23,11 @@ public:
     value_readout(const value_readout&) = delete;
     value_readout& operator=(const value_readout&) = delete;
 
-    /// Handle in the frame's points.
+    /// Shows the text beside a handle, given in the frame's points; replaces what was shown.
     void show(const std::string& text, const VSTGUI::CPoint& handle);
     void hide();
 
-    /// What is shown, and where; empty for nothing.
+    /// The visible text and its place; both empty while nothing is shown.
     const std::string& get_text() const { return text; }
     VSTGUI::CRect get_place() const;
 

@@ -1,4 +1,4 @@
-// A view that hears of its frame's keys for as long as it is in the frame.
+// A view that receives the frame's key events while it is attached to the frame.
 #pragma once
 
 #include "vstgui/vstgui.h"
@@ -6,7 +6,8 @@
 namespace ov1
 {
 
-/// take_key hears of keys before all views, and before hooks that are older; one that it consumes goes no further.
+/// take_key receives each key event before all views and before keyboard hooks that were registered earlier. An event
+/// that it consumes reaches none of them.
 template <class view>
 class with_keys : public view, public VSTGUI::IKeyboardHook
 {
