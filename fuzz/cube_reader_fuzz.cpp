@@ -6,12 +6,11 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    ov1::cube_table table;
-    std::string reason;
-    if (table.read({reinterpret_cast<const char*>(data), size}, reason))
+    const auto table = ov1::cube_table::read({reinterpret_cast<const char*>(data), size});
+    if (table)
         for (const float value : {-1e30f, 0.0f, 0.3f, 1.0f, 1e30f})
-            table.lookup({1, value, 1 - value, value * 0.5f});
-    else if (reason.empty())
+            table->lookup({1, value, 1 - value, value * 0.5f});
+    else if (table.error().reason.empty())
         std::abort();
     return 0;
 }

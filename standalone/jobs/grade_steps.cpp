@@ -48,14 +48,14 @@ bool read_input_table(const std::string& path, std::shared_ptr<const cube_table>
         why.reason = bytes.error().reason;
         return false;
     }
-    cube_table read;
-    if (!read.read({reinterpret_cast<const char*>(bytes->data()), bytes->size()}, why.reason))
+    auto read = cube_table::read({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
+    if (!read)
     {
         why.code = exit_code::invalid_grade;
-        why.reason = "is no .cube table: " + why.reason;
+        why.reason = "is no .cube table: " + read.error().reason;
         return false;
     }
-    table = std::make_shared<const cube_table>(std::move(read));
+    table = std::make_shared<const cube_table>(std::move(*read));
     return true;
 }
 

@@ -25,18 +25,25 @@ void append_f32(std::vector<unsigned char>& bytes, float v)
 
 } // namespace
 
-bool read_bin_lut(std::span<const unsigned char> bytes, std::size_t edge, std::vector<argb_float>& entries)
+result<std::vector<argb_float>> read_bin_lut(std::span<const unsigned char> bytes, std::size_t edge)
 {
-    if (bytes.size() != bin_lut_size(edge) || bytes[0] + 256u * bytes[1] != edge)
-        return false;
-    entries.resize(edge * edge * edge);
+    if (bytes.size() != bin_lut_size(edge))
+        return failure{failure_kind::unreadable,
+                       {},
+                       "has " + std::to_string(bytes.size()) + " bytes instead of " +
+                           std::to_string(bin_lut_size(edge))};
+    if (const std::size_t stored = bytes[0] + 256u * bytes[1]; stored != edge)
+        return failure{failure_kind::unreadable,
+                       {},
+                       "has " + std::to_string(stored) + " points per axis instead of " + std::to_string(edge)};
+    std::vector<argb_float> entries(edge * edge * edge);
     const unsigned char* p = bytes.data() + 2;
     for (argb_float& entry : entries)
     {
         entry = {1.0f, read_f32(p), read_f32(p + 4), read_f32(p + 8)};
         p += 12;
     }
-    return true;
+    return entries;
 }
 
 std::vector<unsigned char> write_bin_lut(std::span<const argb_float> entries, std::size_t edge)

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "shared/argb_float.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <span>
@@ -18,11 +19,11 @@ namespace ov1
 /// Bytes of a table of an edge length.
 constexpr std::size_t bin_lut_size(std::size_t edge) { return 2 + edge * edge * edge * 12; }
 
-/// Decodes bytes into entries (edge^3 of them, alpha 1, values as they stand: no clamping, NaN included).
-/// Returns false, with entries untouched, where size or header is not that of the edge length.
-bool read_bin_lut(std::span<const unsigned char> bytes, std::size_t edge, std::vector<argb_float>& entries);
+/// The edge^3 entries in the order of the file, alpha 1, values as they are stored: not clamped, NaN included. Bytes of
+/// another size or edge length are a failure (unreadable) without a subject.
+result<std::vector<argb_float>> read_bin_lut(std::span<const unsigned char> bytes, std::size_t edge);
 
-/// Encodes entries (edge^3 of them, in index order), alpha left out.
+/// Encodes edge^3 entries in index order without their alpha.
 std::vector<unsigned char> write_bin_lut(std::span<const argb_float> entries, std::size_t edge);
 
 } // namespace ov1

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <optional>
+#include <utility>
 
 namespace ov1
 {
@@ -44,11 +44,11 @@ bool read_number(std::string_view word, float& value) { return read_whole(word, 
 
 } // namespace
 
-/// One text on its way into a table.
+/// Reads one text, line by line, until the first failure.
 class cube_parser
 {
 public:
-    bool parse(std::string_view text, std::string& why)
+    result<cube_table> parse(std::string_view text)
     {
         constexpr std::size_t least_line = 6; // "0 0 0\n"
         most_entries = text.size() / least_line + 1;
@@ -64,11 +64,10 @@ public:
         else if (reason.empty() && made.entries.size() < wanted())
             reason =
                 "ends after " + std::to_string(made.entries.size()) + " of " + std::to_string(wanted()) + " entries";
-        why = reason;
-        return reason.empty();
+        if (!reason.empty())
+            return failure{failure_kind::invalid_grade, {}, reason};
+        return std::move(made);
     }
-
-    cube_table made;
 
 private:
     void take(std::string_view line)
@@ -159,19 +158,13 @@ private:
                 refuse("the domain above it is empty");
     }
 
+    cube_table made;
     std::size_t line_number = 0;
     std::size_t most_entries = 0; ///< that the text has room for
-    std::string reason;
+    std::string reason;           ///< of the first failure
 };
 
-bool cube_table::read(std::string_view text, std::string& reason)
-{
-    cube_parser parser;
-    if (!parser.parse(text, reason))
-        return false;
-    *this = std::move(parser.made);
-    return true;
-}
+result<cube_table> cube_table::read(std::string_view text) { return cube_parser().parse(text); }
 
 namespace
 {

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "shared/argb_float.h"
+#include "shared/result.h"
 #include "shared/rgb_planes.h"
 
 #include <array>
@@ -28,9 +29,9 @@ public:
     static constexpr std::size_t largest_1d = 65536;
     static constexpr std::size_t largest_3d = 256;
 
-    /// Reads a whole text. Refuses, naming the line, what is no keyword, no number or not as many entries as there have
-    /// to be; the table is then as it was.
-    [[nodiscard]] bool read(std::string_view text, std::string& reason);
+    /// Reads a whole text. An unknown keyword, a malformed number and a wrong number of entries are failures
+    /// (invalid_grade, no subject) that name the line.
+    static result<cube_table> read(std::string_view text);
 
     bool is_3d() const { return three_dimensional; }
     std::size_t get_size() const { return size; }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace ov1
 {
@@ -67,8 +68,11 @@ lut_argb<edge> lut_argb<edge>::from_std_array(const std::array<argb_float, entry
 template <std::size_t edge>
 lut_argb<edge> lut_argb<edge>::from_vec(const std::vector<unsigned char>& bytes)
 {
-    lut_argb table;
-    read_bin_lut(bytes, edge, table.entries);
+    auto read = read_bin_lut(bytes, edge);
+    if (!read)
+        return lut_argb();
+    lut_argb table(init_mode::none);
+    table.entries = std::move(*read);
     return table;
 }
 

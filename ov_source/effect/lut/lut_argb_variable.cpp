@@ -25,9 +25,9 @@ grid_position resampled_position(std::size_t index, std::size_t edge)
     return {lower, lower + 1, static_cast<float>(fraction)};
 }
 
-bool write_text(const std::string& path, const std::string& text)
+result<> write_text(const std::string& path, const std::string& text)
 {
-    return static_cast<bool>(replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}));
+    return replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
 }
 
 } // namespace
@@ -48,16 +48,28 @@ argb_float lut_argb_variable::get_integer(std::size_t i, std::size_t j, std::siz
 template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;
 template argb_float lut_argb_variable::get_integer<32>(std::size_t, std::size_t, std::size_t) const;
 
+result<> lut_argb_variable::write_cube(const std::string& path, unsigned int size, const std::string& creator,
+                                       const std::string& author) const
+{
+    return write_text(path, cube_text(*this, size, export_title(path), creator, author));
+}
+
+result<> lut_argb_variable::write_3dl(const std::string& path, const std::string& creator,
+                                      const std::string& author) const
+{
+    return write_text(path, threedl_text(*this, export_title(path), creator, author));
+}
+
 bool lut_argb_variable::save_as_cube(const std::string& path, unsigned int size, const std::string& creator,
                                      const std::string& author) const
 {
-    return write_text(path, cube_text(*this, size, export_title(path), creator, author));
+    return bool(write_cube(path, size, creator, author));
 }
 
 bool lut_argb_variable::save_as_3dl(const std::string& path, const std::string& creator,
                                     const std::string& author) const
 {
-    return write_text(path, threedl_text(*this, export_title(path), creator, author));
+    return bool(write_3dl(path, creator, author));
 }
 
 } // namespace ov1

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "effect/lut/lut_argb.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -26,13 +27,18 @@ public:
     template <std::size_t size>
     argb_float get_integer(std::size_t i, std::size_t j, std::size_t k) const;
 
-    /// Writes the table as a .cube file of 17 or 32 points per axis; another length throws std::logic_error before
-    /// anything is written. The title is the file's name without its extension; creator and author may be empty.
-    /// Returns false, with nothing written, where the file cannot be written. The file is replaced whole.
+    /// Writes the table as a .cube file of 17 or 32 points per axis; another size throws std::logic_error before the
+    /// file is touched. The title is the file's name without its extension; creator and author may be empty. A failure
+    /// (cannot_write, no subject) leaves an old file as it was.
+    result<> write_cube(const std::string& path, unsigned int size, const std::string& creator,
+                        const std::string& author) const;
+
+    /// Writes the table as a .3dl file, 17 points per axis; otherwise as write_cube.
+    result<> write_3dl(const std::string& path, const std::string& creator, const std::string& author) const;
+
+    /// write_cube and write_3dl for callers that need no reason: whether the file was written.
     bool save_as_cube(const std::string& path, unsigned int size, const std::string& creator,
                       const std::string& author) const;
-
-    /// Writes the table as a .3dl file, 17 points per axis; otherwise as save_as_cube.
     bool save_as_3dl(const std::string& path, const std::string& creator, const std::string& author) const;
 
     std::uint64_t edge_length = 0;

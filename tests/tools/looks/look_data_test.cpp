@@ -29,8 +29,12 @@ look_data loaded()
 {
     look_data data;
     for (const look_row& row : std::span(look_rows).first(resource_count))
-        EXPECT_TRUE(read_bin_lut(file_bytes(std::string(row.name) + ".bin"), lut_edge, data[row.id].get_entries()))
-            << row.name;
+    {
+        auto entries = read_bin_lut(file_bytes(std::string(row.name) + ".bin"), lut_edge);
+        EXPECT_TRUE(entries) << row.name;
+        if (entries)
+            data[row.id].get_entries() = std::move(*entries);
+    }
     data[look_id::skin_lighter] = look_table::from_std_array(skintone_lut_haut_heller_data);
     data[look_id::skin_darker] = look_table::from_std_array(skintone_lut_haut_dunkler_data);
     data[look_id::skin_yellowish] = look_table::from_std_array(skintone_lut_gelbsucht_data);

@@ -18,10 +18,9 @@ std::array<float, 3> at(const cube_table& table, float r, float g, float b)
 
 cube_table table_of(const std::string& text)
 {
-    cube_table table;
-    std::string reason;
-    EXPECT_TRUE(table.read(text, reason)) << reason;
-    return table;
+    auto table = cube_table::read(text);
+    EXPECT_TRUE(table) << table.error().reason;
+    return table ? *table : cube_table();
 }
 
 TEST(cube_reader, red_varies_fastest_and_values_between_are_interpolated)
@@ -56,7 +55,7 @@ TEST(cube_reader, a_domain_stretches_each_channel_by_itself)
               (std::array{0.25f, 0.5f, 0.75f}));
 }
 
-TEST(cube_reader, damage_is_named_by_its_line_and_leaves_the_table)
+TEST(cube_reader, damage_is_reported_with_its_line)
 {
     const struct
     {
@@ -82,14 +81,12 @@ TEST(cube_reader, damage_is_named_by_its_line_and_leaves_the_table)
         {"LUT_1D_SIZE 2\nDOMAIN_MIN 0 1 0\n0 0 0\n1 1 1\n", "line 3: the domain above it is empty"},
         {"LUT_1D_SIZE 2\nLUT_1D_INPUT_RANGE 0\n", "line 2: two numbers are needed"},
     };
-    cube_table table = table_of("LUT_1D_SIZE 2\n0 0 0\n1 1 1\n");
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.text);
-        std::string reason;
-        EXPECT_FALSE(table.read(row.text, reason));
-        EXPECT_EQ(reason, row.reason);
-        EXPECT_EQ(at(table, 0, 0.5f, 1), (std::array{0.0f, 0.5f, 1.0f}));
+        const auto read = cube_table::read(row.text);
+        ASSERT_FALSE(read);
+        EXPECT_EQ(read.error(), (failure{failure_kind::invalid_grade, {}, row.reason}));
     }
 }
 

@@ -117,8 +117,22 @@ TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
     header_273[1] = 1; // 17 + 256: the second byte counts
     longer.push_back(0);
     shorter.pop_back();
-    for (const auto& damaged : {header_33, header_273, longer, shorter, std::vector<unsigned char>{}, {17, 0}})
+    const std::pair<std::vector<unsigned char>, const char*> rows[] = {
+        {header_33, "has 33 points per axis instead of 17"},
+        {header_273, "has 273 points per axis instead of 17"},
+        {longer, "has 58959 bytes instead of 58958"},
+        {shorter, "has 58957 bytes instead of 58958"},
+        {{}, "has 0 bytes instead of 58958"},
+        {{17, 0}, "has 2 bytes instead of 58958"},
+    };
+    for (const auto& [damaged, reason] : rows)
+    {
+        SCOPED_TRACE(reason);
         EXPECT_EQ(table::from_vec(damaged), table());
+        const auto read = read_bin_lut(damaged, 17);
+        ASSERT_FALSE(read);
+        EXPECT_EQ(read.error().reason, reason);
+    }
 }
 
 } // namespace

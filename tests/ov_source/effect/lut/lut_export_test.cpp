@@ -114,7 +114,9 @@ TEST(lut_export, writes_a_title_without_extension_reports_failure_and_keeps_an_o
         EXPECT_EQ(lines_of(text_of_file(folder / file))[1], std::string("TITLE \"") + title + "\"");
     }
     EXPECT_FALSE(identity().save_as_cube(folder / "none" / "x.cube", 17, "", ""));
-    EXPECT_FALSE(identity().save_as_3dl(folder, "", ""));
+    const auto written = identity().write_3dl(folder, "", "");
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error(), (failure{failure_kind::cannot_write, {}, "is a folder"}));
     ASSERT_TRUE(identity().save_as_3dl(folder / "x.3dl", "", ""));
     EXPECT_THROW((void)identity().save_as_cube(folder / "x.3dl", 33, "", ""), std::logic_error);
     EXPECT_EQ(lines_of(text_of_file(folder / "x.3dl"))[2], "3DMESH");
