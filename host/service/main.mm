@@ -5,7 +5,7 @@
 #include "host/bridge/template_writer.h"
 #include "host/fxplug/bundle_info.h"
 #include "platform/cocoa/cutils_mac.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 
 #if VERIDIAL_HAS_EDITOR
 #include "editor/editor_scope.h"
@@ -56,7 +56,7 @@ int main(int argc, char** argv)
     @autoreleasepool
     {
         cutils_mac utils(vendor_suite_name, product_suite_name);
-        const scoped_utils in_force(utils);
+        const utils_guard in_force(utils);
         const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
         const extract_command command = read_extract_command(arguments);
         switch (command.what)

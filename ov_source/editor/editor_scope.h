@@ -1,7 +1,7 @@
 // Makes the editor available to components, for as long as a program shows windows.
 #pragma once
 
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 
 namespace ov1
 {
@@ -16,7 +16,7 @@ public:
     editor_scope& operator=(const editor_scope&) = delete;
 
 private:
-    toolkit_scope toolkit;
+    toolkit_guard toolkit;
 };
 
 } // namespace ov1

@@ -12,7 +12,7 @@
 #include "editor/scopes/scopes_text.h"
 #include "editor/toolbar/cov_plugin_toolbar.h"
 #include "framework/ihost_v1.h"
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 #include "framework/view/view_size.h"
 #include "platform/iutils.h"
 #include "presets/random_look.h"
@@ -111,7 +111,7 @@ void veridial_ui::init_view()
     const rect size = get_rect();
     const auto window = get_window();
     build_frame(size.width / scale, size.height / scale);
-    if (!window || !toolkit_scope::open_frame(*frame, window->get_native_handle()))
+    if (!window || !toolkit_guard::open_frame(*frame, window->get_native_handle()))
         return drop_frame();
     open_frames().push_back(frame);
     frame->setZoom(scale);

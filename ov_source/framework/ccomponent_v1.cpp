@@ -3,7 +3,7 @@
 #include "framework/ihost_v1.h"
 #include "framework/iview_v1.h"
 #include "framework/parameters/iparameter_v1.h"
-#include "framework/restore_scope.h"
+#include "framework/restore_guard.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
 #include "platform/iutils.h"
@@ -218,7 +218,7 @@ bool ccomponent_v1::set_state(std::vector<std::uint8_t>& blob, bool edit)
     std::vector<state_record> records;
     if (get_parameter_count() == 0 || !read_state(blob, records))
         return false;
-    const restore_scope restoring(*this);
+    const restore_guard restoring(*this);
     for (const state_record& record : records)
     {
         const auto parameter = get_parameter(record.id);

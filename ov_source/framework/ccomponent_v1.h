@@ -60,11 +60,11 @@ public:
     undo_range get_undo_range() const override;
     std::vector<std::uint8_t> get_undo_state(int position) const override;
 
-    /// Whether a restore scope is open, on any thread.
+    /// Whether a restore guard is open, on any thread.
     bool is_restoring() const { return open_restores > 0; }
 
 protected:
-    /// Called when the outermost restore scope begins, before any value arrives.
+    /// Called when the outermost restore guard begins, before any value arrives.
     virtual void restore_started() {}
 
     /// Appends a parameter; its place is its place in every stored state.

@@ -53,7 +53,7 @@ public:
     /// Whether the effect refuses a state, and why; message is empty when it does not.
     virtual bool is_state_rejected(std::vector<std::uint8_t>& blob, bool edit, std::string& message) = 0;
 
-    /// Restores every parameter that the state names, in its order, within a restore scope; a record that names no
+    /// Restores every parameter that the state names, in its order, within a restore guard; a record that names no
     /// parameter goes to handle_unknown_parameter. Returns false, with nothing changed, when there are no parameters or
     /// the bytes are no state. Bytes after the last record are ignored, records cut short end the restore: callers
     /// with bytes from outside ask check_state_blob (state_blob.h) first.
@@ -121,7 +121,7 @@ public:
     /// it. Hold it for copies only, never across a call.
     virtual std::shared_ptr<std::mutex> get_record_lock() const = 0;
 
-    /// While a restore is running values are taken as they come. Calls nest and pair; use restore_scope.
+    /// While a restore is running values are taken as they come. Calls nest and pair; use restore_guard.
     virtual void begin_restore() = 0;
     virtual void end_restore() = 0;
 

@@ -22,7 +22,7 @@ class iutils
 public:
     virtual ~iutils() = default;
 
-    /// The utilities of this process, made at the first call and never destroyed. A scoped_utils replaces them.
+    /// The utilities of this process, made at the first call and never destroyed. A utils_guard replaces them.
     static iutils& get_instance();
 
     /// Picks the pieces of one language out of a localised literal, "{en:...}{de:...}". Text outside the pieces is
@@ -84,7 +84,7 @@ public:
     virtual std::string get_resource_directory() { return {}; }
 
 private:
-    friend class scoped_utils;
+    friend class utils_guard;
 
     /// Puts another instance in place, or the system's own for null; gives what stood there.
     static iutils* exchange_instance(iutils* replacement);

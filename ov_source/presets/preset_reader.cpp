@@ -3,7 +3,7 @@
 #include "framework/icomponent_v1.h"
 #include "framework/iview_v1.h"
 #include "framework/parameters/iparameter_v1.h"
-#include "framework/restore_scope.h"
+#include "framework/restore_guard.h"
 #include "framework/state_blob.h"
 #include "platform/atomic_file.h"
 #include "presets/json_tree.h"
@@ -273,7 +273,7 @@ bool apply_preset(const preset_content& content, icomponent_v1& component, std::
     }
     if (!is_preset_accepted(content, component, reason))
         return false;
-    const restore_scope restoring(component);
+    const restore_guard restoring(component);
     for (int i = 0; i < component.get_parameter_count(); ++i)
         component.get_parameter(i)->reset_to_default();
     for (const preset_entry& entry : content.entries)

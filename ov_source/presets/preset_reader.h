@@ -43,7 +43,7 @@ struct preset_content
 /// The same for a file, pipe or device; more than preset_size_limit bytes are not read.
 [[nodiscard]] bool read_preset_file(const std::string& path, preset_content& content, std::string& reason);
 
-/// Sets all parameters to their defaults, then gives back what the preset holds, within one restore scope and with
+/// Sets all parameters to their defaults, then gives back what the preset holds, within one restore guard and with
 /// edit false, so that a host learns of it. Entries whose id or name is unknown or does not match, and those of another
 /// type than their parameter, are skipped; values are brought within the bounds and colours outside theirs are dropped.
 /// False, with nothing applied, for a component without parameters, for a state that it refuses, and while the user

@@ -1,7 +1,7 @@
 #include "editor/toolbar/editor_dialogs.h"
 
 #include "editor/controls/modal/modal_panel.h"
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 #include "platform/iutils.h"
 
 #include "vstgui/lib/cframe.h"
@@ -67,7 +67,7 @@ bool ask_and_wait(VSTGUI::CFrame& frame, language_id language, const editor_ques
                                         [answer](const modal_answer& a) { *answer = a.confirmed; });
     // The panel holds the answer too: once it alone is left here, the panel has gone without one.
     while (asked && !answer->has_value() && answer.use_count() > 1)
-        toolkit_scope::turn();
+        toolkit_guard::process_events();
     return answer->value_or(false);
 }
 

@@ -9,10 +9,10 @@
 #include "framework/image_render.h"
 #include "framework/parameters/iparameter_v1.h"
 #include "framework/row_renderer.h"
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 #include "ov_source/editor/controls/widgets/control_stage.h"
 #include "platform/cutils_linux.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 #include "shared/argb_float.h"
 #include "shared/image.h"
 #include "support/fake_window.h"
@@ -163,8 +163,8 @@ struct editor_stage : frame_driver
     temp_folder home;
     cutils_linux utils{
         "orvane", "veridial", {home / "settings", home.path, VERIDIAL_SHARE_DIR, 1.0, language_id::english}};
-    scoped_utils in_place{utils};
-    toolkit_scope toolkit;
+    utils_guard in_place{utils};
+    toolkit_guard toolkit;
     std::shared_ptr<icomponent_v1> effect = create_ccomponent();
     std::shared_ptr<fake_window> shown = std::make_shared<fake_window>();
     std::shared_ptr<headless_ui> ui;

@@ -285,7 +285,7 @@ TEST(veridial_ui, every_control_has_its_tooltip_in_the_users_language)
 
 TEST(veridial_ui, a_frame_that_cannot_be_opened_leaves_nothing_to_be_told)
 {
-    const toolkit_scope toolkit; // without a desktop's window no frame opens
+    const toolkit_guard toolkit; // without a desktop's window no frame opens
     const auto effect = create_ccomponent();
     effect->initialize(std::make_shared<chost_v1>(effect));
     const auto ui = std::make_shared<veridial_ui>(effect);

@@ -4,7 +4,7 @@
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/parameters/cparameter_continuous_v1.h"
-#include "framework/restore_scope.h"
+#include "framework/restore_guard.h"
 #include "framework/state_blob.h"
 
 #include <algorithm>

@@ -1,11 +1,11 @@
 #include "framework/ccomponent_v1.h"
 
-#include "framework/restore_scope.h"
+#include "framework/restore_guard.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
 #include "platform/cutils_linux.h"
 #include "platform/desktop_open.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 #include "support/test_component.h"
 
 #include <algorithm>
@@ -133,7 +133,7 @@ TEST(ccomponent_v1, knows_that_it_is_restored)
     s.component->amount->set_value(1, false);
     EXPECT_EQ(s.component->set_while_restoring, 0);
     {
-        const restore_scope outer(*s.component);
+        const restore_guard outer(*s.component);
         s.component->reset_to_default();
         s.component->amount->set_value(2, false);
     }
@@ -265,7 +265,7 @@ TEST(ccomponent_v1, opens_the_manual_among_the_resources)
         void open_url(const std::string& text) override { opened = text; }
         std::string opened;
     } utils("", "", {"", "", "/somewhere/share"});
-    const scoped_utils scope(utils);
+    const utils_guard in_force(utils);
     test_component().open_manual();
     EXPECT_TRUE(utils.opened == "/somewhere/share/manual/index.html" || is_url(utils.opened)) << utils.opened;
 }

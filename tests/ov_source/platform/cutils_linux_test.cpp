@@ -1,6 +1,6 @@
 #include "platform/cutils_linux.h"
 #include "platform/desktop_services.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 #include "support/temp_folder.h"
 
 #include <algorithm>
@@ -147,9 +147,9 @@ TEST_F(cutils_linux_test, a_scope_puts_other_utilities_in_place)
     iutils& usual = iutils::get_instance();
     cutils_linux other("", "", environment);
     {
-        const scoped_utils outer(utils);
+        const utils_guard outer(utils);
         {
-            const scoped_utils inner(other);
+            const utils_guard inner(other);
             EXPECT_EQ(&iutils::get_instance(), &other);
         }
         EXPECT_EQ(&iutils::get_instance(), &utils);

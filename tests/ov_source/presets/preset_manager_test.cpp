@@ -1,7 +1,7 @@
 #include "presets/preset_manager.h"
 
 #include "platform/cutils_linux.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 #include "presets/preset_text.h"
 #include "support/effect_stage.h"
 #include "support/size_limit.h"
@@ -38,7 +38,7 @@ struct preset_manager_test : testing::Test
 
     temp_folder home, shared;
     cutils_linux utils{"", "", {{}, home.path, shared.path, 0.0, language_id::english}};
-    scoped_utils in_place{utils};
+    utils_guard in_place{utils};
     std::shared_ptr<choosy_component> component = std::make_shared<choosy_component>();
     preset_manager manager{component};
     std::string reason;
@@ -156,7 +156,7 @@ TEST_F(preset_manager_test, bundled_looks_are_listed_apart_and_never_touched)
 TEST(bundled_presets, all_load_and_no_two_are_one_look)
 {
     cutils_linux utils("", "", {{}, "/nowhere", SHARE_DIR, 0.0, language_id::english});
-    const scoped_utils in_place(utils);
+    const utils_guard in_place(utils);
     const effect_stage on;
     preset_manager manager(on.effect);
     names found;
@@ -174,7 +174,7 @@ TEST(bundled_presets, all_load_and_no_two_are_one_look)
 TEST_F(preset_manager_test, without_component_or_home_everything_fails_and_nothing_is_made)
 {
     cutils_linux homeless("", "", {});
-    const scoped_utils no_home(homeless);
+    const utils_guard no_home(homeless);
     preset_manager lost(component);
     names found;
     for (preset_manager* each : {&lost, &manager})

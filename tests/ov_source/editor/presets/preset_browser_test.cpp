@@ -45,7 +45,8 @@ struct preset_stage : editor_stage
     void point_at(std::size_t preset) { send(VSTGUI::MouseMoveEvent(at(*cells()[preset]))); }
     void wait_for_pictures() const
     {
-        for (int turn = 0; turn < 2000 && panel()->countPictures() < cells().size(); ++turn, toolkit_scope::turn())
+        for (int turn = 0; turn < 2000 && panel()->countPictures() < cells().size();
+             ++turn, toolkit_guard::process_events())
             ui->idle();
         ASSERT_EQ(panel()->countPictures(), cells().size());
     }

@@ -5,7 +5,7 @@
 #include "ov_source/effect/build/double_precision_build.h"
 #include "ov_source/effect/synthetic_looks.h"
 #include "platform/iutils.h"
-#include "platform/scoped_utils.h"
+#include "platform/utils_guard.h"
 
 #include <algorithm>
 #include <cstring>
@@ -175,7 +175,7 @@ TEST(veridial_luts, a_missing_table_is_the_identity_and_the_others_load)
     setenv("VERIDIAL_RESOURCES", folder.c_str(), 1);
     const auto utils = make_system_utils();
     setenv("VERIDIAL_RESOURCES", before.c_str(), 1);
-    const scoped_utils scope(*utils);
+    const utils_guard in_force(*utils);
     const veridial_luts looks;
     std::filesystem::remove_all(folder);
     EXPECT_EQ(*looks.sky()[1], lut_argb<17>());

@@ -4,7 +4,7 @@
 #include "editor/controls/widgets/cov_callout_slider.h"
 #include "editor/controls/widgets/cov_color_wheel_xy_pad.h"
 #include "editor/controls/widgets/reset_click.h"
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 #include "ov_source/editor/controls/widgets/control_stage.h"
 
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ struct toolkit : testing::Environment
     }
     void TearDown() override { running.reset(); }
 
-    std::optional<toolkit_scope> running;
+    std::optional<toolkit_guard> running;
 };
 [[maybe_unused]] const auto* const environment = testing::AddGlobalTestEnvironment(new toolkit);
 

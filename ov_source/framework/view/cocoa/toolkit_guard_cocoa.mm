@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 #import <CoreFoundation/CoreFoundation.h>
 
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/vstguiinit.h"
@@ -10,21 +10,21 @@ namespace ov1
 {
 
 /// The system has the run loop and the connection to the desktop; windows are made by who links them.
-struct toolkit_scope::parts
+struct toolkit_guard::parts
 {
 };
 
-toolkit_scope::parts* toolkit_scope::running = nullptr; // nothing to look up: the system keeps it all
+toolkit_guard::parts* toolkit_guard::running = nullptr; // nothing to look up: the system keeps it all
 
-toolkit_scope::toolkit_scope()
+toolkit_guard::toolkit_guard()
     : held(std::make_unique<parts>())
 {
     VSTGUI::init(CFBundleGetMainBundle()); // where the toolkit finds its pictures
 }
 
-toolkit_scope::~toolkit_scope() { VSTGUI::exit(); }
+toolkit_guard::~toolkit_guard() { VSTGUI::exit(); }
 
-void toolkit_scope::turn()
+void toolkit_guard::process_events()
 {
     constexpr NSTimeInterval longest_wait_s = 0.025;
     @autoreleasepool
@@ -38,7 +38,7 @@ void toolkit_scope::turn()
     }
 }
 
-bool toolkit_scope::open_frame(VSTGUI::CFrame& frame, void* native_handle)
+bool toolkit_guard::open_frame(VSTGUI::CFrame& frame, void* native_handle)
 {
     return native_handle && frame.open(native_handle, VSTGUI::PlatformType::kNSView);
 }

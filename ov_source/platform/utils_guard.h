@@ -8,16 +8,16 @@ namespace ov1
 
 /// While it lives, iutils::get_instance() gives the replacement, which must live longer. Scopes nest; other threads see
 /// the change too, so none of them may be amid a call to the instance when a scope begins or ends.
-class scoped_utils
+class utils_guard
 {
 public:
-    explicit scoped_utils(iutils& replacement)
+    explicit utils_guard(iutils& replacement)
         : previous(iutils::exchange_instance(&replacement))
     {
     }
-    ~scoped_utils() { iutils::exchange_instance(previous); }
-    scoped_utils(const scoped_utils&) = delete;
-    scoped_utils& operator=(const scoped_utils&) = delete;
+    ~utils_guard() { iutils::exchange_instance(previous); }
+    utils_guard(const utils_guard&) = delete;
+    utils_guard& operator=(const utils_guard&) = delete;
 
 private:
     iutils* previous;

@@ -7,17 +7,17 @@ namespace ov1
 {
 
 /// The restore lasts as long as the scope; scopes nest, within the component's own too. The component outlives it.
-class restore_scope
+class restore_guard
 {
 public:
-    explicit restore_scope(icomponent_v1& component)
+    explicit restore_guard(icomponent_v1& component)
         : component(component)
     {
         component.begin_restore();
     }
-    ~restore_scope() { component.end_restore(); }
-    restore_scope(const restore_scope&) = delete;
-    restore_scope& operator=(const restore_scope&) = delete;
+    ~restore_guard() { component.end_restore(); }
+    restore_guard(const restore_guard&) = delete;
+    restore_guard& operator=(const restore_guard&) = delete;
 
 private:
     icomponent_v1& component;

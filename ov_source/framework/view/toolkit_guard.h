@@ -15,17 +15,17 @@ namespace ov1
 /// toolkit does not survive that its connection to the desktop is closed and opened again. Installs the window maker
 /// and the desktop's services, and removes them at its end. Works without a desktop, too; windows are then not to be
 /// had.
-class toolkit_scope
+class toolkit_guard
 {
 public:
-    toolkit_scope();
-    ~toolkit_scope();
-    toolkit_scope(const toolkit_scope&) = delete;
-    toolkit_scope& operator=(const toolkit_scope&) = delete;
+    toolkit_guard();
+    ~toolkit_guard();
+    toolkit_guard(const toolkit_guard&) = delete;
+    toolkit_guard& operator=(const toolkit_guard&) = delete;
 
     /// Serves windows and timers once, waiting up to 25 ms: for questions that are asked in the middle of an event, and
     /// for tests.
-    static void turn();
+    static void process_events();
 
     /// Opens the frame in a window's native handle. False where the toolkit or the desktop refuses.
     [[nodiscard]] static bool open_frame(VSTGUI::CFrame& frame, void* native_handle);

@@ -1,4 +1,4 @@
-#include "framework/view/toolkit_scope.h"
+#include "framework/view/toolkit_guard.h"
 
 #include "framework/view/cview_v1.h"
 #include "framework/view/x11/poll_run_loop.h"
@@ -20,7 +20,7 @@
 namespace ov1
 {
 
-struct toolkit_scope::parts
+struct toolkit_guard::parts
 {
     VSTGUI::SharedPointer<poll_run_loop> loop = VSTGUI::makeOwned<poll_run_loop>();
     std::unique_ptr<x11_desktop> desktop;
@@ -33,16 +33,16 @@ struct toolkit_scope::parts
     desktop_services make_services();
 };
 
-toolkit_scope::parts* toolkit_scope::running = nullptr;
+toolkit_guard::parts* toolkit_guard::running = nullptr;
 
-x11_desktop* toolkit_scope::parts::connect()
+x11_desktop* toolkit_guard::parts::connect()
 {
     if (!desktop)
         desktop = x11_desktop::connect(loop);
     return desktop.get();
 }
 
-std::shared_ptr<window> toolkit_scope::parts::make_window(const std::string& icon, const rect& size,
+std::shared_ptr<window> toolkit_guard::parts::make_window(const std::string& icon, const rect& size,
                                                           const std::string& title, void* parent)
 {
     if (!connect())
@@ -56,7 +56,7 @@ std::shared_ptr<window> toolkit_scope::parts::make_window(const std::string& ico
     return std::make_shared<x11_window>(*desktop, *loop, icon, size, title, parent);
 }
 
-desktop_services toolkit_scope::parts::make_services()
+desktop_services toolkit_guard::parts::make_services()
 {
     desktop_services services;
     services.query_screen = [this](void* window, int& width, int& height)
@@ -77,7 +77,7 @@ desktop_services toolkit_scope::parts::make_services()
     return services;
 }
 
-toolkit_scope::toolkit_scope()
+toolkit_guard::toolkit_guard()
     : held(std::make_unique<parts>())
 {
     assert(!running);
@@ -93,7 +93,7 @@ toolkit_scope::toolkit_scope()
                          { return held->make_window(icon, size, title, parent); });
 }
 
-toolkit_scope::~toolkit_scope()
+toolkit_guard::~toolkit_guard()
 {
     install_window_maker({});
     install_desktop_services({});
@@ -107,14 +107,14 @@ toolkit_scope::~toolkit_scope()
     running = nullptr;
 }
 
-void toolkit_scope::turn()
+void toolkit_guard::process_events()
 {
     constexpr std::chrono::milliseconds longest_wait(25);
     if (running)
         running->loop->turn(longest_wait);
 }
 
-bool toolkit_scope::open_frame(VSTGUI::CFrame& frame, void* native_handle)
+bool toolkit_guard::open_frame(VSTGUI::CFrame& frame, void* native_handle)
 {
     // The toolkit does not survive opening a frame without its connection.
     if (!running || !running->has_toolkit_connection || !native_handle)
