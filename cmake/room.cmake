@@ -1,11 +1,11 @@
-# Rooms: one target and one folder each. A room has an include root that holds its own headers only, named by their place
-# in the repository without ov_source/, and sees what it links and what those link. A room links rooms declared before it,
-# so that arrows go down: an include that points up or sideways finds no file.
+# A room is one target and one folder. Its include root holds only its own headers, under their path in the repository
+# without ov_source/. A room sees the rooms that it links and those that they link, and it can link only rooms declared
+# before it. An include of any other room finds no file.
 
 # veridial_room(NAME HEADERS ... SOURCES ... LINKS rooms... SYSTEM libraries...)
 #   HEADERS, SOURCES   relative to the room's folder; sub-folders belong to the room
 #   LINKS    rooms; SYSTEM libraries from outside
-#   PRECOMPILE   headers of others beside the standard library's that most of its sources include
+#   PRECOMPILE   third-party headers, besides the standard library's, that most of its sources include
 function(veridial_room name)
   cmake_parse_arguments(room "" "" "HEADERS;SOURCES;LINKS;SYSTEM;PRECOMPILE" ${ARGN})
   if(room_UNPARSED_ARGUMENTS)
@@ -39,7 +39,7 @@ function(veridial_room name)
   target_link_libraries(${name} ${scope} ${room_LINKS} ${room_SYSTEM})
 endfunction()
 
-# veridial_program(NAME SOURCES ... LINKS rooms... SYSTEM libraries...): an executable, a room that nobody links.
+# veridial_program(NAME SOURCES ... LINKS rooms... SYSTEM libraries...): an executable: a room that no other links.
 function(veridial_program name)
   cmake_parse_arguments(program "" "" "SOURCES;LINKS;SYSTEM" ${ARGN})
   if(program_UNPARSED_ARGUMENTS)
@@ -54,9 +54,9 @@ function(veridial_program name)
   endif()
 endfunction()
 
-# veridial_precompile(NAME KIND headers...): for headers of others that take longer to compile than what includes them.
-# Targets of one kind (a library's code is not a program's) with the same headers share what the first of them made.
-# Sources include what they use all the same: the preset dev builds without.
+# veridial_precompile(NAME KIND headers...): precompiles third-party headers that take longer to compile than the sources.
+# Targets of one kind (libraries and programs are compiled differently) with the same headers share one precompiled
+# header. Sources still include what they use: the preset dev builds without precompiled headers.
 function(veridial_precompile name kind)
   if(NOT VERIDIAL_PRECOMPILE)
     return()
@@ -69,14 +69,14 @@ function(veridial_precompile name kind)
     target_precompile_headers(${name} PRIVATE ${ARGN})
     set_property(GLOBAL PROPERTY veridial_precompiled_${key} ${name})
   endif()
-  # What CMake writes around it is meant for the Objective-C++ compiler too. And g++ 12 no longer knows that a header is
-  # the system's once it is precompiled: it warns of the insides of std::string, which are in order.
+  # CMake's wrapper header contains a pragma for other compilers. And g++ 12 forgets that a precompiled header is a system
+  # header: it warns about the implementation of std::string.
   target_compile_options(${name} PRIVATE -Wno-unknown-pragmas
     $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict>)
 endfunction()
 
-# Keeps a room's folder, its level (one above the highest of its links) and its arrows, without those that other arrows
-# imply: what ARCHITECTURE.md draws.
+# Records what ARCHITECTURE.md draws: a room's folder, its level (one above the highest of its links) and its arrows
+# without those that other arrows imply.
 function(veridial_record_room name folder links)
   set(level 0)
   set(below "")

@@ -13,11 +13,11 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
-# Carried by every room; what a room compiles is held to it, what it includes from elsewhere is not.
+# Linked by every room: options for its own sources, not for the headers of libraries that it includes.
 add_library(veridial_settings INTERFACE)
 target_compile_options(veridial_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
-  # A fused multiply-add rounds once where the reference rounds twice: tables and pixels must not depend on it.
+  # A fused multiply-add rounds once where two operations round twice: tables and pixels must not depend on it.
   -ffp-contract=off
   $<$<BOOL:${VERIDIAL_WERROR}>:-Werror>)
 find_package(Threads REQUIRED)

@@ -1,6 +1,6 @@
 # The toolkit VSTGUI as one static target, `vstgui`, compiled from its one-file amalgamation.
-# Its own build scripts want Wayland, and keep to themselves the defines that its users must share.
-set(VERIDIAL_VSTGUI_DIR "" CACHE PATH "Unpacked VSTGUI; empty for the one that scripts/fetch_vstgui.sh brings")
+# The toolkit's own build scripts require Wayland and do not export the defines that its users must share.
+set(VERIDIAL_VSTGUI_DIR "" CACHE PATH "Unpacked VSTGUI; empty for the one that scripts/fetch_vstgui.sh unpacks")
 
 set(vstgui_dir "${VERIDIAL_VSTGUI_DIR}")
 if(NOT vstgui_dir)
@@ -30,7 +30,7 @@ else()
 endif()
 
 target_include_directories(vstgui SYSTEM PUBLIC "${vstgui_dir}")
-# Each of these changes the layout of classes: a user that disagrees links, and crashes.
+# Each of these changes class layouts: code compiled with other values links, and crashes.
 target_compile_definitions(vstgui PUBLIC
   VSTGUI_ENABLE_DEPRECATED_METHODS=0
   VSTGUI_OPENGL_SUPPORT=0
@@ -39,5 +39,5 @@ target_compile_definitions(vstgui PUBLIC
   $<IF:$<CONFIG:Debug>,DEBUG=1,NDEBUG=1>)
 target_compile_options(vstgui PRIVATE -w -fvisibility=hidden -fvisibility-inlines-hidden)
 set_target_properties(vstgui PROPERTIES CXX_STANDARD 17)
-# Its interfaces have no virtual destructors; their objects are counted, not deleted through them.
+# Its interfaces have no virtual destructors: objects are reference counted and never deleted through them.
 target_compile_options(vstgui INTERFACE -Wno-non-virtual-dtor)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Holds the row loops of arm64 against those of this machine: compiled for both, arm64 under user-mode emulation, each
-# compared with the lookup, and the hashes of both with each other.
+# Compares the row loops on arm64 with those of this machine. They are compiled for both; arm64 runs under user-mode
+# emulation. Each is compared with the plain lookup, and their hashes with each other.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 out=build/arm64
@@ -11,11 +11,11 @@ sources="tests/arm64/kernel_hashes.cpp ov_source/effect/lut/render_table.cpp ov_
   ov_source/effect/build/build_kernel.cpp ov_source/effect/lut/instruction_sets.cpp ov_source/effect/lut/lut_argb.cpp
   ov_source/platform/cache_size.cpp media/samples/sample_kernel.cpp media/samples/ycbcr_kernel.cpp
   media/samples/ycbcr_coding.cpp"
-# What reads files is dropped by the linker, with all that it would need.
+# The linker drops the functions that read files, and with them their dependencies.
 flags="-std=c++20 -O2 -Wall -Wextra -Werror -ffp-contract=off -DHWY_COMPILE_ONLY_STATIC -I. -Iov_source -I$out/include
   -ffunction-sections -Wl,--gc-sections"
 
-# The loops of this machine are static here too: the baseline's. Its other instruction sets are the test's business.
+# This machine's loops are compiled for the baseline only; render_table_test compares the other instruction sets.
 g++ $flags $sources -o "$out/here" &
 aarch64-linux-gnu-g++ $flags -static $sources -o "$out/there"
 wait $!

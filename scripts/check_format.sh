@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Ends with 1 when a source file is not formatted as .clang-format says; --fix formats it.
+# Fails when a source file is not formatted according to .clang-format; --fix formats all of them.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 case ${1:-} in

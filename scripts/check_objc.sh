@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Reads the Objective-C++ of the bridge as clang reads it for macOS: with the newer runtime of the language. Syntax and
-# types alone, against our own declarations of Apple's frameworks; nothing is made and nothing run.
+# Checks syntax and types of the bridge's Objective-C++ with the language runtime of macOS, against our own declarations
+# of Apple's frameworks. Nothing is compiled to code or run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 toolkit=$(ls -d build/deps/vstgui/4.* | tail -n 1)
@@ -13,4 +13,4 @@ for source in $sources; do
     -DNDEBUG=1 -DVSTGUI_ENABLE_DEPRECATED_METHODS=0 -isystem "$toolkit" -isystem /usr/include/GNUstep \
     -idirafter "$objc" -include host/compat/apple_additions.h "$source"
 done
-echo "check_objc: $(echo "$sources" | wc -l) files read with the runtime of macOS"
+echo "check_objc: $(echo "$sources" | wc -l) files checked with the runtime of macOS"

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Grades clips with veridial and with ffmpeg's lut3d in turns, and prints frames per second and their ratios. Nothing is
-# encoded. The clips are made once, from a sample picture with a moving window and noise, at the bit rates of cameras.
-#   scripts/compare_clips.sh [ROUNDS]          5 rounds unless asked
-#   scripts/compare_clips.sh ROUNDS --check-floors    ends with 1 when a ratio is below its floor
+# Grades clips with veridial and with ffmpeg's lut3d in turn, without encoding, and prints frames per second and their
+# ratios. The clips are made once: a moving window of a sample picture with noise, at bit rates typical of cameras.
+#   scripts/compare_clips.sh [ROUNDS]          5 rounds by default
+#   scripts/compare_clips.sh ROUNDS --check-floors    exit code 1 when a ratio is below its floor
 set -euo pipefail
 export LC_ALL=C
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -29,7 +29,7 @@ make_clips() {
       -c:v prores -profile:v 2 $tags "$work/uhd_prores.mov"
 }
 
-# Seconds by the clock, and of all processors, of a command.
+# Wall-clock seconds and processor seconds of a command.
 timed() {
   local TIMEFORMAT="%R %U %S"
   { time "$@" >/dev/null 2>&1; } 2>&1 | awk '{ print $1, $2 + $3 }'

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Fetches the toolkit VSTGUI, verifies and unpacks it into build/deps/vstgui. Unattended; quick when it is there.
-# Debian 12 itself carries no VSTGUI; newer suites carry it as a component of the source package vst3sdk. The mirror
-# is the one that this machine's apt already uses. The first pin that can be had wins.
+# Fetches the toolkit VSTGUI, verifies it and unpacks it into build/deps/vstgui. Unattended; does nothing if it is already there.
+# Debian 12 has no VSTGUI; newer suites have it as a component of the source package vst3sdk. The mirror is the one that
+# apt uses on this machine. The first pinned version that is available is taken.
 #   scripts/fetch_vstgui.sh [4.15.0|4.13.3]     prints the unpacked folder on its last line
 set -euo pipefail
 export LC_ALL=C DEBIAN_FRONTEND=noninteractive
@@ -54,7 +54,7 @@ unpack() { # without tests, tools and the user-interface editor
     thirdparty/miniz uidescription/editing uidescription/viewcreator; do x+=(--exclude="*/vstgui/$d"); done
   tar -xzf "$cache/$file" -C "$t" --strip-components=1 --no-same-owner --wildcards "${x[@]}"
   [ -f "$t/vstgui/vstgui_linux.cpp" ] && [ -f "$t/LICENSE" ]
-  # The toolkit never frees the server's answer about the mouse, which it asks for at every question and menu.
+  # The toolkit never frees the X server's reply about the pointer, which it requests for every dialogue and menu.
   sed -i 's/mousePosition\.y = reply->win_y;/& free (reply);/' "$t/vstgui/lib/platform/linux/x11frame.cpp"
   echo "$sha $corrections" > "$t/.ok"; rm -rf "$dest"; mv "$t" "$dest"
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures of the documentation anew, in docs/pictures: photographs from Debian's packages, and charts that the
-# project draws, each through bundled looks. Photographs and their licences are listed in docs/pictures/CREDITS.md.
+# Makes the pictures of the documentation in docs/pictures: photographs from Debian's packages and a chart drawn by the
+# project, before and after grades. Photographs and their licences are listed in docs/pictures/CREDITS.md.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh test
@@ -9,7 +9,7 @@ veridial=build/release/bin/veridial
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# The packages are unpacked, not installed: only their pictures are wanted.
+# The packages are unpacked, not installed: only their pictures are needed.
 mkdir "$work/download"
 (cd "$work/download" && apt-get -qq -o APT::Sandbox::User=root download python3-skimage python3-sklearn)
 for package in "$work"/download/*.deb; do
@@ -20,7 +20,7 @@ pagoda=$packages/sklearn/datasets/images/china.jpg
 portrait=$packages/skimage/data/astronaut.png
 coffee=$packages/skimage/data/coffee.png
 
-# as_jpeg NAME PICTURE: small enough to be kept in the repository.
+# as_jpeg NAME PICTURE: small enough for the repository.
 as_jpeg() {
   "$veridial" grade "$2" --bypass --quality 80 -o "docs/pictures/$1.jpg" -f
 }
@@ -46,7 +46,7 @@ sheet looks_landscape "$pagoda" --width 1400
 sheet looks_portrait "$portrait" --width 1200
 sheet looks_memory_colours build/out/memory_colours.png --width 1400
 
-# The editor with that grade, filling a screen of its own.
+# The editor with that grade, filling a virtual screen.
 cat >"$work/show_editor.sh" <<'EOF'
 #!/usr/bin/env bash
 set -euo pipefail

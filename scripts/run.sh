@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Installs what the program needs, builds it, and grades a picture. Arguments go to the program instead:
-#   scripts/run.sh                         grades a sample picture into build/out, and says what it wrote
+# Installs what the program needs, builds it, and grades a picture. With arguments it runs the program with them instead:
+#   scripts/run.sh                         grades a sample picture into build/out, and prints what it wrote
 #   scripts/run.sh grade photo.jpg -o out.png
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/release
 
 "$root/scripts/setup.sh" run
-# A build folder that is there keeps its options: the tests may have been turned on in it.
+# An existing build folder keeps its options: the tests may be enabled in it.
 [ -f "$build/build.ninja" ] || (cd "$root" && cmake --preset release -DVERIDIAL_TESTS=OFF >/dev/null)
 cmake --build "$build" --target veridial make_samples >&2
 veridial=$build/bin/veridial

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds and runs the tests under the sanitizers, and the fuzz targets for a while.
+# Builds and runs the tests under the sanitizers, and runs the fuzz targets.
 #   scripts/sanitize.sh [asan] [tsan] [fuzz]     all three by default
 # FUZZ_SECONDS sets how long each fuzz target runs, 60 by default.
 set -euo pipefail
@@ -12,7 +12,7 @@ tests_under() {
   ctest --preset "$1" --parallel "$(nproc)"
 }
 
-# Two at a time; a finding ends the run with the target's log.
+# One target per processor at a time; a finding ends the run and prints the target's log.
 fuzz() {
   local seconds=${FUZZ_SECONDS:-60} work=build/asan/fuzz_work
   cmake --preset asan >/dev/null

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing of Debian's packages, and fetches the editor's toolkit. Run as root; quick when all is there.
+# Installs the Debian packages that are missing and fetches the editor's toolkit. Run as root; quick when nothing is
+# missing.
 #   scripts/setup.sh run     what the program itself needs
 #   scripts/setup.sh test    that, and what the tests, sanitizers, fuzzers and benchmarks need
 set -euo pipefail
@@ -30,7 +31,7 @@ install() {
     $wanted >/dev/null
 }
 
-# Number texts are tested under a locale with a decimal comma.
+# Tests of number texts use a locale with a decimal comma.
 german_locale() {
   locale -a 2>/dev/null | grep -qix 'de_DE.utf-\?8' && return 0
   localedef -i de_DE -f UTF-8 de_DE.UTF-8

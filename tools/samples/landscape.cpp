@@ -37,7 +37,7 @@ argb_float sky(float x, float y)
                      deep = rgb(0.22f, 0.42f, 0.70f);
     argb_float c = mix(mix(haze, middle, smooth_step(0.0f, 0.5f, height)), deep, smooth_step(0.35f, 1.0f, height));
 
-    // Clouds flatten towards the horizon; their lower sides are shaded.
+    // Clouds are flatter near the horizon; their lower sides are shaded.
     const float stretch = 2.6f + 6.0f * (1.0f - height);
     const float body = fractal_noise(x * 2.6f + 0.7f, y * stretch, 6, 11);
     const float above = fractal_noise(x * 2.6f + 0.7f, (y - 0.02f) * stretch, 6, 11);
@@ -46,7 +46,7 @@ argb_float sky(float x, float y)
     return mix(c, rgb(0.97f * shade, 0.97f * shade, 0.985f * shade), cover * 0.95f);
 }
 
-/// How high a ridge stands above the horizon at x.
+/// The height of a ridge above the horizon at x.
 float ridge_height(float x, int number)
 {
     const auto n = static_cast<float>(number);
@@ -71,7 +71,7 @@ argb_float ridges(float x, float y, argb_float c)
 argb_float lawn(float x, float y)
 {
     const float near = std::clamp((y - horizon) / (1.0f - horizon), 0.0f, 1.0f);
-    // Rows draw together with distance; blades stand upright.
+    // Rows become narrower with distance; blades are vertical.
     const float depth = 1.0f / (0.08f + near);
     const float patches = fractal_noise(x * 3.0f * depth * 0.6f, depth * 3.0f, 4, 80);
     const float blades = fractal_noise(x * 260.0f / (0.35f + near), y * 70.0f / (0.35f + near), 2, 90);

@@ -13,7 +13,7 @@ namespace
 
 using namespace ov1;
 
-/// Draws a picture from a function of place; height 1, four samples a pixel.
+/// Draws a picture from a function of position; height 1, four samples per pixel.
 template <typename F>
 std::vector<argb_float> drawn_row(std::size_t y, std::size_t width, std::size_t height, F&& colour)
 {

@@ -1,4 +1,4 @@
-// The looks that come with the product, as values of parameters.
+// The bundled presets as parameter values.
 #pragma once
 
 #include <span>
@@ -7,19 +7,19 @@
 namespace ov1
 {
 
-struct look_value
+struct recipe_value
 {
     const char* parameter; ///< a name of parameter_table
     float value;           ///< in the parameter's unit, within its bounds
 };
 
-/// Parameters that a look does not name keep their defaults.
-struct starting_look
+/// Parameters that a recipe does not name keep their defaults.
+struct preset_recipe
 {
     const char* name; ///< the preset's name
-    std::vector<look_value> values;
+    std::vector<recipe_value> values;
 };
 
-std::span<const starting_look> get_starting_looks();
+std::span<const preset_recipe> get_preset_recipes();
 
 } // namespace ov1

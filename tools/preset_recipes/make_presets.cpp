@@ -1,5 +1,5 @@
-// Writes the bundled presets when the project is built: make_presets FOLDER. The look tables are those of the
-// program's resources, as for the product itself.
+// make_presets FOLDER writes the bundled presets there. The build runs it once the look tables exist; like the product,
+// it reads them from the program's resources.
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/icomponent_v1.h"
@@ -7,7 +7,7 @@
 #include "platform/atomic_file.h"
 #include "presets/preset_manager.h"
 #include "presets/preset_text.h"
-#include "tools/starting_looks/starting_looks.h"
+#include "tools/preset_recipes/preset_recipes.h"
 
 #include <cstdio>
 #include <memory>
@@ -21,7 +21,7 @@ using namespace ov1;
 enum exit_code : int
 {
     done = 0,
-    bad_look = 1,
+    bad_recipe = 1,
     bad_usage = 2,
     cannot_write = 6,
 };
@@ -32,8 +32,8 @@ int fail(exit_code code, const std::string& subject, const std::string& reason)
     return code;
 }
 
-/// With edit true: the values stand as they are written down, without the wheels' coupling.
-bool set(icomponent_v1& effect, const look_value& wanted)
+/// Sets with edit true, so that the coupling of the wheels does not change the values of the recipe.
+bool set(icomponent_v1& effect, const recipe_value& wanted)
 {
     const auto parameter = effect.get_parameter(std::string(wanted.parameter));
     if (!parameter)
@@ -46,18 +46,18 @@ bool set(icomponent_v1& effect, const look_value& wanted)
     return true;
 }
 
-int write_look(icomponent_v1& effect, const starting_look& look, const std::string& folder)
+int write_preset(icomponent_v1& effect, const preset_recipe& recipe, const std::string& folder)
 {
     std::string reason;
-    if (!is_preset_name(look.name, reason))
-        return fail(bad_look, look.name, reason);
+    if (!is_preset_name(recipe.name, reason))
+        return fail(bad_recipe, recipe.name, reason);
     effect.reset_to_default();
-    for (const look_value& wanted : look.values)
+    for (const recipe_value& wanted : recipe.values)
         if (!set(effect, wanted))
-            return fail(bad_look, std::string(look.name) + ", " + wanted.parameter,
+            return fail(bad_recipe, std::string(recipe.name) + ", " + wanted.parameter,
                         "no such parameter, or out of bounds");
     const std::string text = write_preset_text(effect);
-    const std::string path = folder + '/' + look.name + ".json";
+    const std::string path = folder + '/' + recipe.name + ".json";
     const auto written = replace_file(path, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     if (!written)
         return fail(cannot_write, path, written.error().reason);
@@ -73,9 +73,9 @@ int main(int argc, char** argv)
     const auto effect = create_ccomponent();
     effect->initialize(std::make_shared<chost_v1>(effect));
     int result = done;
-    for (const starting_look& look : get_starting_looks())
+    for (const preset_recipe& recipe : get_preset_recipes())
         if (result == done)
-            result = write_look(*effect, look, argv[1]);
+            result = write_preset(*effect, recipe, argv[1]);
     effect->terminate();
     return result;
 }

@@ -1,4 +1,4 @@
-#include "tools/starting_looks/starting_looks.h"
+#include "tools/preset_recipes/preset_recipes.h"
 
 #include <array>
 
@@ -8,10 +8,10 @@ namespace ov1
 // Wheels: hue 0 is red, 120 green, 240 blue. Pads: 0 up, 90 left, 180 down, 270 right. Film contrast: up lifts the
 // upper mids, left is flat, down lowers the lower mids, right is an S-curve. Sky: dark turquoise, deep blue, bright
 // purple, pale. Greenery: yellow, bright, irish, olive.
-std::span<const starting_look> get_starting_looks()
+std::span<const preset_recipe> get_preset_recipes()
 {
-    static const std::array looks{
-        starting_look{"Cinematic Teal and Orange",
+    static const std::array recipes{
+        preset_recipe{"Cinematic Teal and Orange",
                       {{"Shadows Hue", 190},
                        {"Shadows Chroma", 28},
                        {"Shadows Smoothness", 40},
@@ -27,7 +27,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Angle", 270},
                        {"Film Contrast Strength", 40},
                        {"Global Chroma", -6}}},
-        starting_look{"Warm Evening",
+        preset_recipe{"Warm Evening",
                       {{"Master Hue", 32},
                        {"Master Chroma", 22},
                        {"Shadows Hue", 20},
@@ -44,7 +44,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Global Luminance", -3},
                        {"Mids Hue", 30},
                        {"Mids Chroma", 12}}},
-        starting_look{"Cold Morning",
+        preset_recipe{"Cold Morning",
                       {{"Global Chroma", -18},
                        {"Master Hue", 212},
                        {"Master Chroma", 10},
@@ -59,7 +59,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Protect Skin Tones", 40},
                        {"Film Contrast Angle", 60},
                        {"Film Contrast Strength", 35}}},
-        starting_look{"Faded Film",
+        preset_recipe{"Faded Film",
                       {{"Global Chroma", -14},
                        {"Shadows Hue", 205},
                        {"Shadows Chroma", 12},
@@ -72,7 +72,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Angle", 90},
                        {"Film Contrast Strength", 75},
                        {"Highlights Lightness", -2}}},
-        starting_look{"High-Key Portrait",
+        preset_recipe{"High-Key Portrait",
                       {{"Global Chroma", -6},
                        {"Mids Lightness", 4},
                        {"Highlights Hue", 25},
@@ -83,7 +83,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Angle", 0},
                        {"Film Contrast Strength", 85},
                        {"Shadows Lightness", 2}}},
-        starting_look{"Lush Landscape",
+        preset_recipe{"Lush Landscape",
                       {{"Global Chroma", 6},
                        {"Shadows Saturation", 10},
                        {"Mids Saturation", 16},
@@ -94,14 +94,14 @@ std::span<const starting_look> get_starting_looks()
                        {"Protect Skin Tones", 30},
                        {"Film Contrast Angle", 270},
                        {"Film Contrast Strength", 30}}},
-        starting_look{"Bleach Bypass",
+        preset_recipe{"Bleach Bypass",
                       {{"Global Chroma", -46},
                        {"Shadows Hue", 210},
                        {"Shadows Chroma", 6},
                        {"Highlights Saturation", -30},
                        {"Film Contrast Angle", 265},
                        {"Film Contrast Strength", 95}}},
-        starting_look{"Moonlight",
+        preset_recipe{"Moonlight",
                       {{"Global Chroma", -52},
                        {"Global Luminance", -8},
                        {"Master Hue", 218},
@@ -115,7 +115,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Strength", 45},
                        {"Mids Hue", 220},
                        {"Mids Chroma", 16}}},
-        starting_look{"Golden Hour",
+        preset_recipe{"Golden Hour",
                       {{"Master Hue", 38},
                        {"Master Chroma", 12},
                        {"Mids Hue", 34},
@@ -132,7 +132,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Skin Tone Strength", 10},
                        {"Film Contrast Angle", 340},
                        {"Film Contrast Strength", 35}}},
-        starting_look{"Pastel",
+        preset_recipe{"Pastel",
                       {{"Global Chroma", -28},
                        {"Shadows Hue", 300},
                        {"Shadows Chroma", 8},
@@ -148,7 +148,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Strength", 80},
                        {"Mids Lightness", 3},
                        {"Global Luminance", 3}}},
-        starting_look{"Autumn",
+        preset_recipe{"Autumn",
                       {{"Global Chroma", -8},
                        {"Shadows Hue", 25},
                        {"Shadows Chroma", 14},
@@ -163,7 +163,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Film Contrast Strength", 30},
                        {"Highlights Hue", 36},
                        {"Highlights Chroma", 12}}},
-        starting_look{"Noir",
+        preset_recipe{"Noir",
                       {{"Global Chroma", -88},
                        {"Shadows Hue", 220},
                        {"Shadows Chroma", 5},
@@ -174,7 +174,7 @@ std::span<const starting_look> get_starting_looks()
                        {"Mids Saturation", -60},
                        {"Highlights Saturation", -60}}},
     };
-    return looks;
+    return recipes;
 }
 
 } // namespace ov1
