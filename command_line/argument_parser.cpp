@@ -28,16 +28,16 @@ struct argument_parser::implementation
     }
 
     /// What the user wrote and no option takes.
-    problem unexpected() const
+    failure unexpected() const
     {
         const std::vector<std::string> left = app.remaining();
         const std::string first = left.empty() ? std::string() : left.front();
         const std::string name = first.substr(0, first.find('='));
         const std::string all_help = "\"" + command + " --help\" lists what there is";
         if (!name.starts_with('-'))
-            return {exit_code::usage, first, "nothing is expected here", all_help};
+            return {failure_kind::usage, first, "nothing is expected here", all_help};
         const std::string near = did_you_mean(name, option_names());
-        return {exit_code::usage, name, "no such option", near.empty() ? all_help : near};
+        return {failure_kind::usage, name, "no such option", near.empty() ? all_help : near};
     }
 };
 
@@ -83,7 +83,7 @@ void argument_parser::positionals(const std::string& placeholder, std::vector<st
     impl->app.add_option(placeholder, values, help)->option_text("...");
 }
 
-argument_parser::outcome argument_parser::parse(std::span<const std::string> arguments, problem& why)
+result<argument_parser::outcome> argument_parser::parse(std::span<const std::string> arguments)
 {
     impl->app.set_help_flag("-h,--help", "show this and do nothing else")->group("Run");
     try
@@ -97,7 +97,7 @@ argument_parser::outcome argument_parser::parse(std::span<const std::string> arg
     }
     catch (const CLI::ExtrasError&)
     {
-        why = impl->unexpected();
+        return impl->unexpected();
     }
     catch (const CLI::ArgumentMismatch& error)
     {
@@ -106,13 +106,12 @@ argument_parser::outcome argument_parser::parse(std::span<const std::string> arg
         if (!name.starts_with('-')) // as it is told for flags
             name.insert(0, "--");
         const bool is_flag = text.find("flag override") != std::string::npos;
-        why = {exit_code::usage, name, is_flag ? "takes no value" : "its value is missing", {}};
+        return failure{failure_kind::usage, name, is_flag ? "takes no value" : "its value is missing", {}};
     }
     catch (const CLI::Error& error)
     {
-        why = {exit_code::usage, {}, error.what(), {}};
+        return failure{failure_kind::usage, {}, error.what(), {}};
     }
-    return outcome::wrong;
 }
 
 std::string argument_parser::help_text() const

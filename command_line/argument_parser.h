@@ -1,7 +1,7 @@
 // The arguments of one command: what it takes, its help, and one plain line for each mistake.
 #pragma once
 
-#include "command_line/problem.h"
+#include "shared/result.h"
 
 #include <memory>
 #include <optional>
@@ -19,9 +19,8 @@ class argument_parser
 public:
     enum class outcome
     {
-        run,   ///< everything is filled
-        help,  ///< the help was asked for
-        wrong, ///< a problem was found
+        run,  ///< everything is filled
+        help, ///< the help was asked for
     };
 
     /// The command is "veridial grade"; the examples stand at the end of its help.
@@ -42,7 +41,7 @@ public:
     void positionals(const std::string& placeholder, std::vector<std::string>& values, const std::string& help);
 
     /// Arguments behind the command's name. Called once.
-    outcome parse(std::span<const std::string> arguments, problem& why);
+    result<outcome> parse(std::span<const std::string> arguments);
 
     std::string help_text() const;
 

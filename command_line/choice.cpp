@@ -1,6 +1,7 @@
 #include "command_line/choice.h"
 
 #include "command_line/edit_distance.h"
+#include "command_line/failure_line.h"
 #include "command_line/number.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ std::string all_names(const std::vector<std::string>& names)
 
 } // namespace
 
-bool find_choice(std::string_view text, const std::vector<std::string>& names, std::size_t& place, problem& why)
+result<std::size_t> find_choice(std::string_view text, const std::vector<std::string>& names)
 {
     text = trimmed(text);
     const auto found = std::find_if(names.begin(), names.end(),
@@ -33,12 +34,12 @@ bool find_choice(std::string_view text, const std::vector<std::string>& names, s
     if (found == names.end() || text.empty())
     {
         const std::string near = did_you_mean(text, names);
-        why.reason = text.empty() ? "a word is missing" : in_quotes(text) + " is no choice";
-        why.hint = near.empty() ? all_names(names) : near;
-        return false;
+        return failure{failure_kind::usage,
+                       {},
+                       text.empty() ? "a word is missing" : in_quotes(text) + " is no choice",
+                       near.empty() ? all_names(names) : near};
     }
-    place = static_cast<std::size_t>(found - names.begin());
-    return true;
+    return static_cast<std::size_t>(found - names.begin());
 }
 
 } // namespace ov1

@@ -1,7 +1,7 @@
 // One word out of a few.
 #pragma once
 
-#include "command_line/problem.h"
+#include "shared/result.h"
 
 #include <array>
 #include <cstddef>
@@ -19,23 +19,20 @@ struct choice
     T value;
 };
 
-/// The place of a word, in any case, among names. On failure sets the problem's reason and hint, which names the near
-/// one or all.
-[[nodiscard]] bool find_choice(std::string_view text, const std::vector<std::string>& names, std::size_t& place,
-                               problem& why);
+/// The index of a word, in any case, among names. The failure has no subject; its hint names the nearest word, or all.
+result<std::size_t> find_choice(std::string_view text, const std::vector<std::string>& names);
 
+/// The value of a word, in any case.
 template <typename T, std::size_t count>
-[[nodiscard]] bool read_choice(std::string_view text, const std::array<choice<T>, count>& choices, T& value,
-                               problem& why)
+result<T> read_choice(std::string_view text, const std::array<choice<T>, count>& choices)
 {
     std::vector<std::string> names;
     for (const auto& c : choices)
         names.emplace_back(c.name);
-    std::size_t place = 0;
-    if (!find_choice(text, names, place, why))
-        return false;
-    value = choices[place].value;
-    return true;
+    const auto index = find_choice(text, names);
+    if (!index)
+        return index.error();
+    return choices[*index].value;
 }
 
 /// "auto|none|linear", as help shows it.

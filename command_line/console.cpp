@@ -1,5 +1,6 @@
 #include "command_line/console.h"
 
+#include "command_line/failure_line.h"
 #include "platform/plain_reason.h"
 
 #include <cerrno>
@@ -23,12 +24,12 @@ void console::result(const std::string& text)
     std::fputs(shown_status.c_str(), err);
 }
 
-void console::error(const problem& p) { line(prefix + problem_line(p)); }
+void console::error(const failure& why) { line(prefix + failure_line(why)); }
 
-void console::warning(const problem& p)
+void console::warning(const failure& what)
 {
     if (!quiet)
-        line(prefix + "warning: " + problem_line(p));
+        line(prefix + "warning: " + failure_line(what));
 }
 
 void console::note(const std::string& text)
@@ -64,15 +65,15 @@ void console::erase_status()
         std::fputs(erase_line, err);
 }
 
-bool console::finish()
+exit_code console::finish(exit_code code)
 {
     status({});
     if (std::fflush(out) != 0)
         write_error = errno;
     // A reader that has seen enough, as in a pipe to head, is nothing to speak of.
     if (write_error != 0 && write_error != EPIPE)
-        error({exit_code::cannot_write, "standard output", plain_reason(write_error), {}});
-    return write_error == 0;
+        error({failure_kind::cannot_write, "standard output", plain_reason(write_error), {}});
+    return write_error == 0 || code != exit_code::done ? code : exit_code::cannot_write;
 }
 
 } // namespace ov1

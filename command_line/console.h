@@ -1,7 +1,7 @@
 // The two streams of the program: results on one, everything else on the other.
 #pragma once
 
-#include "command_line/problem.h"
+#include "command_line/exit_code.h"
 
 #include <cstdio>
 #include <mutex>
@@ -28,9 +28,9 @@ public:
 
     /// Text for the result stream, line feeds included.
     void result(const std::string& text);
-    void error(const problem& p);
-    /// Something that the user should know although the work goes on.
-    void warning(const problem& p);
+    void error(const failure& why);
+    /// Something that the user should know although the work goes on; its kind is ignored.
+    void warning(const failure& what);
     /// What is being done, for those who asked.
     void note(const std::string& text);
     /// A line of a machine's protocol, without the program's name.
@@ -38,8 +38,9 @@ public:
     /// Shows a text below all lines until the next one replaces it; an empty one clears it. For terminals.
     void status(const std::string& text);
 
-    /// Brings all results out. False, with an error said, where they could not be written.
-    [[nodiscard]] bool finish();
+    /// Writes what is left of the results. Returns the code that the program ends with: its own, or cannot_write where
+    /// it is done but its results were lost.
+    [[nodiscard]] exit_code finish(exit_code code);
 
 private:
     void line(const std::string& text);

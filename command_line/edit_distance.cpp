@@ -1,6 +1,6 @@
 #include "command_line/edit_distance.h"
 
-#include "command_line/problem.h"
+#include "command_line/failure_line.h"
 
 #include <algorithm>
 

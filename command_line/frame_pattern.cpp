@@ -74,19 +74,19 @@ std::vector<int> existing_frames(const frame_pattern& pattern)
     return frames;
 }
 
-bool read_frame_range(std::string_view text, frame_range& range, problem& why)
+result<frame_range> read_frame_range(std::string_view text)
 {
     const std::string_view all = trimmed(text);
     const std::size_t dash = all.find('-');
-    frame_range found;
-    if (!read_whole_number_within(all.substr(0, dash), 0, largest_frame, found.first, why))
-        return false;
-    found.last = found.first;
-    if (dash != std::string_view::npos &&
-        !read_whole_number_within(all.substr(dash + 1), found.first, largest_frame, found.last, why))
-        return false;
-    range = found;
-    return true;
+    const auto first = read_whole_number_within(all.substr(0, dash), 0, largest_frame);
+    if (!first)
+        return first.error();
+    if (dash == std::string_view::npos)
+        return frame_range{*first, *first};
+    const auto last = read_whole_number_within(all.substr(dash + 1), *first, largest_frame);
+    if (!last)
+        return last.error();
+    return frame_range{*first, *last};
 }
 
 } // namespace ov1

@@ -1,7 +1,7 @@
 // Names of numbered pictures: "shot.%04d.exr", and which of them are meant.
 #pragma once
 
-#include "command_line/problem.h"
+#include "shared/result.h"
 
 #include <optional>
 #include <string>
@@ -35,6 +35,6 @@ struct frame_range
 };
 
 /// "101-200" or "7".
-[[nodiscard]] bool read_frame_range(std::string_view text, frame_range& range, problem& why);
+result<frame_range> read_frame_range(std::string_view text);
 
 } // namespace ov1

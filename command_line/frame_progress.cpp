@@ -1,6 +1,7 @@
 #include "command_line/frame_progress.h"
 
 #include "command_line/console.h"
+#include "command_line/failure_line.h"
 #include "command_line/json_text.h"
 
 #include <algorithm>

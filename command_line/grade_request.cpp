@@ -4,6 +4,8 @@
 #include "command_line/choice.h"
 #include "command_line/number.h"
 
+#include <utility>
+
 namespace ov1
 {
 
@@ -28,38 +30,29 @@ constexpr std::array<choice<pair_names>, 4> wheel_names{{
     {"master", {"Master Hue", "Master Chroma"}},
 }};
 
-/// Turns options into assignments, and gathers what is wrong with them.
+/// Turns options into assignments, and collects what is wrong with them.
 class grade_resolver
 {
 public:
-    grade_resolver(std::span<const parameter_info> table, std::vector<assignment>& assignments,
-                   std::vector<problem>& problems)
+    explicit grade_resolver(std::span<const parameter_info> table)
         : table(table)
-        , assignments(assignments)
-        , problems(problems)
     {
     }
 
     void set(std::string_view name, std::string_view text)
     {
-        problem why;
-        assignment a;
-        if (find_parameter(name, table, a.parameter, why) &&
-            read_parameter_value(text, table[a.parameter], a.value, why))
-            assignments.push_back(a);
-        else
-            problems.push_back(why);
+        const auto read = read_assignment(name, text, table);
+        if (!read)
+            return refuse(read.error());
+        resolved.assignments.push_back(*read);
     }
 
     void set_pair(const std::string& subject, const pair_names& names, std::string_view text, const char* form)
     {
         const std::size_t comma = text.find(',');
         if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos)
-        {
-            problems.push_back({exit_code::usage, subject, "needs two numbers with one comma between them",
-                                "write " + std::string(form) + ", decimals with a point"});
-            return;
-        }
+            return refuse({failure_kind::usage, subject, "needs two numbers with one comma between them",
+                           "write " + std::string(form) + ", decimals with a point"});
         set(names.first, text.substr(0, comma));
         set(names.second, text.substr(comma + 1));
     }
@@ -67,27 +60,31 @@ public:
     void set_wheel(const std::string& text)
     {
         const std::size_t equals = text.find('=');
-        problem why{exit_code::usage, "--wheel " + text, "no \"=\" in it", "write shadows=HUE,CHROMA"};
-        pair_names names{};
-        if (equals == std::string::npos || !read_choice(text.substr(0, equals), wheel_names, names, why))
-            problems.push_back(why);
-        else
-            set_pair(why.subject, names, std::string_view(text).substr(equals + 1), "HUE,CHROMA");
+        const std::string subject = "--wheel " + text;
+        if (equals == std::string::npos)
+            return refuse({failure_kind::usage, subject, "no \"=\" in it", "write shadows=HUE,CHROMA"});
+        const auto names = read_choice(text.substr(0, equals), wheel_names);
+        if (!names)
+            return refuse(about(subject, names.error()));
+        set_pair(subject, *names, std::string_view(text).substr(equals + 1), "HUE,CHROMA");
     }
 
     void set_setting(const std::string& text)
     {
         const std::size_t equals = text.find('=');
         if (equals == std::string::npos)
-            problems.push_back({exit_code::usage, "--set " + text, "no \"=\" in it", "write \"Name=value\""});
+            refuse({failure_kind::usage, "--set " + text, "no \"=\" in it", "write \"Name=value\""});
         else
             set(text.substr(0, equals), text.substr(equals + 1));
     }
 
+    resolved_grade take() { return std::move(resolved); }
+
 private:
+    void refuse(failure why) { resolved.failures.push_back(std::move(why)); }
+
     std::span<const parameter_info> table;
-    std::vector<assignment>& assignments;
-    std::vector<problem>& problems;
+    resolved_grade resolved;
 };
 
 } // namespace
@@ -113,12 +110,9 @@ void add_grade_options(argument_parser& parser, grade_request& request)
     parser.flag("--bypass", request.bypass, "switch the effect off");
 }
 
-bool resolve_grade(const grade_request& request, std::span<const parameter_info> table,
-                   std::vector<assignment>& assignments, std::vector<problem>& problems)
+resolved_grade resolve_grade(const grade_request& request, std::span<const parameter_info> table)
 {
-    std::vector<assignment> resolved;
-    std::vector<problem> found;
-    grade_resolver resolver(table, resolved, found);
+    grade_resolver resolver(table);
     for (const std::string& text : request.wheels)
         resolver.set_wheel(text);
     const auto pad = [&](const char* option, const pair_names& names, const std::optional<std::string>& text)
@@ -134,13 +128,7 @@ bool resolve_grade(const grade_request& request, std::span<const parameter_info>
         resolver.set("Global Bypass", "true");
     for (const std::string& text : request.settings)
         resolver.set_setting(text);
-    if (!found.empty())
-    {
-        problems.insert(problems.end(), found.begin(), found.end());
-        return false;
-    }
-    assignments = std::move(resolved);
-    return true;
+    return resolver.take();
 }
 
 } // namespace ov1

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "command_line/parameter_info.h"
-#include "command_line/problem.h"
+#include "shared/failure.h"
 
 #include <cstddef>
 #include <optional>
@@ -29,25 +29,21 @@ struct grade_request
     bool bypass = false;
 };
 
-/// A parameter's place in the table, and what it is set to; booleans are 0 or 1.
-struct assignment
-{
-    std::size_t parameter = 0;
-    double value = 0.0;
-
-    bool operator==(const assignment&) const = default;
-};
-
 /// Whether anything is asked for besides presets and the bypass.
 bool asks_for_values(const grade_request& request);
 
 /// Declares the options under the heading "Grade". The request must outlive the parsing.
 void add_grade_options(argument_parser& parser, grade_request& request);
 
+struct resolved_grade
+{
+    std::vector<assignment> assignments;
+    std::vector<failure> failures; ///< one for each option that is wrong, which then gives no assignment
+};
+
 /// The values to set, in the order in which they are to be set: wheels, pads, the bypass, then the settings as they
-/// stand on the command line, so that a later one wins. The state file and the preset come before all of
-/// them and are the caller's matter. On failure there is one problem for each option that is wrong.
-[[nodiscard]] bool resolve_grade(const grade_request& request, std::span<const parameter_info> table,
-                                 std::vector<assignment>& assignments, std::vector<problem>& problems);
+/// stand on the command line, so that a later one wins. The state file and the preset come before all of them and are
+/// applied by the caller.
+[[nodiscard]] resolved_grade resolve_grade(const grade_request& request, std::span<const parameter_info> table);
 
 } // namespace ov1

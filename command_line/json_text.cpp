@@ -1,6 +1,7 @@
 #include "command_line/json_text.h"
 
 #include "command_line/number.h"
+#include "command_line/utf8.h"
 
 #include <array>
 #include <cassert>

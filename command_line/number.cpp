@@ -1,9 +1,12 @@
 #include "command_line/number.h"
 
+#include "command_line/failure_line.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace ov1
 {
@@ -38,13 +41,9 @@ std::string shortest_text(T value)
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
 }
 
-bool out_of_range(double value, double min, double max, problem& why)
+failure unusable(std::string reason, std::string hint = {})
 {
-    if (value >= min && value <= max)
-        return false;
-    why.reason = number_text(value) + " is out of range";
-    why.hint = number_text(min) + " to " + number_text(max);
-    return true;
+    return {failure_kind::usage, {}, std::move(reason), std::move(hint)};
 }
 
 } // namespace
@@ -57,43 +56,34 @@ std::string_view trimmed(std::string_view text)
                                            : text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-bool read_number(std::string_view text, double& value, problem& why)
+result<double> read_number(std::string_view text)
 {
     text = trimmed(text);
     double number = 0.0;
-    if (!parse(text, number))
-    {
-        const std::string better = corrected(text);
-        why.reason = text.empty() ? "a number is missing" : in_quotes(text) + " is no number";
-        why.hint = better.empty() ? "" : "write " + better;
-        return false;
-    }
-    value = number;
-    return true;
+    if (parse(text, number))
+        return number;
+    if (text.empty())
+        return unusable("a number is missing");
+    const std::string better = corrected(text);
+    return unusable(in_quotes(text) + " is no number", better.empty() ? "" : "write " + better);
 }
 
-bool read_number_within(std::string_view text, double min, double max, double& value, problem& why)
+result<double> read_number_within(std::string_view text, double min, double max)
 {
-    double number = 0.0;
-    if (!read_number(text, number, why) || out_of_range(number, min, max, why))
-        return false;
-    value = number;
-    return true;
+    auto number = read_number(text);
+    if (number && (*number < min || *number > max))
+        return unusable(number_text(*number) + " is out of range", number_text(min) + " to " + number_text(max));
+    return number;
 }
 
-bool read_whole_number_within(std::string_view text, int min, int max, int& value, problem& why)
+result<int> read_whole_number_within(std::string_view text, int min, int max)
 {
-    double number = 0.0;
-    if (!read_number_within(text, min, max, number, why))
-        return false;
-    if (number != std::trunc(number))
-    {
-        why.reason = in_quotes(trimmed(text)) + " is no whole number";
-        why.hint.clear();
-        return false;
-    }
-    value = static_cast<int>(number);
-    return true;
+    const auto number = read_number_within(text, min, max);
+    if (!number)
+        return number.error();
+    if (*number != std::trunc(*number))
+        return unusable(in_quotes(trimmed(text)) + " is no whole number");
+    return static_cast<int>(*number);
 }
 
 std::string number_text(double value) { return shortest_text(value); }

@@ -1,5 +1,6 @@
 #include "command_line/output_plan.h"
 
+#include "command_line/failure_line.h"
 #include "platform/atomic_file.h"
 #include "platform/plain_reason.h"
 
@@ -79,35 +80,28 @@ std::string canonical(const std::string& path)
     return error ? path : result.string();
 }
 
-bool takes_files(const std::string& folder, bool dry_run, std::string& reason)
+result<> takes_files(const std::string& folder, bool dry_run)
 {
     if (!dry_run)
-    {
-        const auto taken = folder_takes_files(folder);
-        if (!taken)
-            reason = taken.error().reason;
-        return static_cast<bool>(taken);
-    }
+        return folder_takes_files(folder);
     if (faccessat(AT_FDCWD, (folder + "/.").c_str(), W_OK | X_OK, AT_EACCESS) == 0)
-        return true;
-    reason = plain_reason(errno);
-    return false;
+        return {};
+    return failure{failure_kind::cannot_write, {}, plain_reason(errno)};
 }
 
-/// Gathers what stands against a set of outputs.
+/// Collects what is wrong with a set of outputs.
 class planner
 {
 public:
-    planner(const output_rules& rules, std::vector<problem>& problems)
+    explicit planner(const output_rules& rules)
         : rules(rules)
-        , problems(problems)
     {
     }
 
     void refuse(const std::string& subject, const std::string& reason, const std::string& hint = {},
-                exit_code code = exit_code::cannot_write)
+                failure_kind kind = failure_kind::cannot_write)
     {
-        problems.push_back({code, subject, reason, hint});
+        failures.push_back({kind, subject, reason, hint});
     }
 
     /// The folder that the outputs go to; empty where the one output is a file.
@@ -123,7 +117,7 @@ public:
         if (!is_named_folder && !is_new_name)
         {
             refuse(output, is_taken(folder) ? "is no folder" : "several inputs need a folder",
-                   "end the name of a new folder with \"/\"", exit_code::usage);
+                   "end the name of a new folder with \"/\"", failure_kind::usage);
             return {};
         }
         plan.new_folder = folder;
@@ -172,20 +166,22 @@ public:
             if (!is_new)
                 refuse(job.output,
                        "would hold both " + in_quotes(place->second->input) + " and " + in_quotes(job.input),
-                       "grade them into two folders", exit_code::usage);
+                       "grade them into two folders", failure_kind::usage);
         }
     }
 
     void check_folder(const std::string& folder)
     {
-        std::string reason;
-        if (!takes_files(folder, rules.dry_run, reason))
-            refuse(folder, reason);
+        if (const auto taken = takes_files(folder, rules.dry_run); !taken)
+            failures.push_back(about(folder, taken.error()));
     }
+
+    bool is_sound() const { return failures.empty(); }
+    std::vector<failure> take_failures() { return std::move(failures); }
 
 private:
     const output_rules& rules;
-    std::vector<problem>& problems;
+    std::vector<failure> failures;
 };
 
 /// Whether the output's own folder matters: pipes and devices are written where they stand.
@@ -193,77 +189,68 @@ bool needs_folder(const output_job& job) { return !job.skipped && (is_regular(jo
 
 } // namespace
 
-bool plan_outputs(const std::vector<std::string>& inputs, const std::string& output, const output_rules& rules,
-                  output_plan& plan, std::vector<problem>& problems)
+std::vector<failure> plan_outputs(const std::vector<std::string>& inputs, const std::string& output,
+                                  const output_rules& rules, output_plan& plan)
 {
-    output_plan result;
-    std::vector<problem> found;
-    planner planner(rules, found);
-    const std::string folder = planner.find_folder(inputs.size(), output, result);
-    if (found.empty())
+    output_plan made;
+    planner planner(rules);
+    const std::string folder = planner.find_folder(inputs.size(), output, made);
+    if (!planner.is_sound())
+        return planner.take_failures();
+    for (const std::string& input : inputs)
     {
-        for (const std::string& input : inputs)
-        {
-            const std::string leaf = fs::path(input).filename().string();
-            result.jobs.push_back({input, folder.empty() ? output : (fs::path(folder) / leaf).string(), false});
-            planner.check_job(result.jobs.back());
-        }
-        planner.check_against_other_inputs(result.jobs);
-        planner.check_shared_names(result.jobs);
-        if (!result.new_folder.empty())
-            planner.check_folder(parent_of(result.new_folder));
-        else if (std::any_of(result.jobs.begin(), result.jobs.end(), needs_folder))
-            planner.check_folder(folder.empty() ? parent_of(output) : folder);
+        const std::string leaf = fs::path(input).filename().string();
+        made.jobs.push_back({input, folder.empty() ? output : (fs::path(folder) / leaf).string(), false});
+        planner.check_job(made.jobs.back());
     }
-    problems.insert(problems.end(), found.begin(), found.end());
-    if (found.empty())
-        plan = std::move(result);
-    return found.empty();
+    planner.check_against_other_inputs(made.jobs);
+    planner.check_shared_names(made.jobs);
+    if (!made.new_folder.empty())
+        planner.check_folder(parent_of(made.new_folder));
+    else if (std::any_of(made.jobs.begin(), made.jobs.end(), needs_folder))
+        planner.check_folder(folder.empty() ? parent_of(output) : folder);
+    if (planner.is_sound())
+        plan = std::move(made);
+    return planner.take_failures();
 }
 
-bool plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules, output_plan& plan,
-                std::vector<problem>& problems)
+std::vector<failure> plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules, output_plan& plan)
 {
-    output_plan result{jobs, {}};
-    std::vector<problem> found;
-    planner planner(rules, found);
+    output_plan made{jobs, {}};
+    planner planner(rules);
     std::set<std::string> folders;
-    for (output_job& job : result.jobs)
+    for (output_job& job : made.jobs)
     {
         planner.check_job(job);
         if (needs_folder(job))
             folders.insert(parent_of(job.output));
     }
-    planner.check_against_other_inputs(result.jobs);
-    planner.check_shared_names(result.jobs);
+    planner.check_against_other_inputs(made.jobs);
+    planner.check_shared_names(made.jobs);
     for (const std::string& folder : folders)
         planner.check_folder(folder);
-    problems.insert(problems.end(), found.begin(), found.end());
-    if (found.empty())
-        plan = std::move(result);
-    return found.empty();
+    if (planner.is_sound())
+        plan = std::move(made);
+    return planner.take_failures();
 }
 
-bool plan_output(const std::string& output, const output_rules& rules, output_job& job, std::vector<problem>& problems)
+result<output_job> plan_output(const std::string& output, const output_rules& rules)
 {
-    std::vector<problem> found;
-    planner planner(rules, found);
-    output_job result{{}, output, false};
-    planner.check_job(result);
-    if (found.empty() && needs_folder(result))
+    output_job job{{}, output, false};
+    planner planner(rules);
+    planner.check_job(job);
+    if (planner.is_sound() && needs_folder(job))
         planner.check_folder(parent_of(output));
-    problems.insert(problems.end(), found.begin(), found.end());
-    if (found.empty())
-        job = result;
-    return found.empty();
+    if (!planner.is_sound())
+        return planner.take_failures().front();
+    return job;
 }
 
-bool make_new_folder(const output_plan& plan, problem& why)
+result<> make_new_folder(const output_plan& plan)
 {
     if (plan.new_folder.empty() || mkdir(plan.new_folder.c_str(), 0777) == 0 || is_folder(plan.new_folder))
-        return true;
-    why = {exit_code::cannot_write, plan.new_folder, plain_reason(errno), {}};
-    return false;
+        return {};
+    return failure{failure_kind::cannot_write, plan.new_folder, plain_reason(errno), {}};
 }
 
 } // namespace ov1

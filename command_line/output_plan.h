@@ -1,7 +1,7 @@
 // Which input becomes which output, settled before any work is done.
 #pragma once
 
-#include "command_line/problem.h"
+#include "shared/result.h"
 
 #include <string>
 #include <vector>
@@ -34,21 +34,20 @@ struct output_plan
 /// one or is written with a "/" at the end; with several inputs also a new name without an extension, below a folder
 /// that exists.
 ///
-/// Refused, all of it, with one problem for each reason: an output that exists (unless a rule allows it), that is its
+/// Refused, all of it, with one failure for each reason: an output that exists (unless a rule allows it), that is its
 /// own input (unless overwriting), that is another's input, that two inputs share, or whose folder takes no files.
-/// Pipes and devices may always be written to. Inputs are not looked into.
-[[nodiscard]] bool plan_outputs(const std::vector<std::string>& inputs, const std::string& output,
-                                const output_rules& rules, output_plan& plan, std::vector<problem>& problems);
+/// Pipes and devices may always be written to. Inputs are not opened. The plan is set only where nothing is refused.
+[[nodiscard]] std::vector<failure> plan_outputs(const std::vector<std::string>& inputs, const std::string& output,
+                                                const output_rules& rules, output_plan& plan);
 
 /// The same rules for inputs whose outputs are known.
-[[nodiscard]] bool plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules, output_plan& plan,
-                              std::vector<problem>& problems);
+[[nodiscard]] std::vector<failure> plan_pairs(const std::vector<output_job>& jobs, const output_rules& rules,
+                                              output_plan& plan);
 
 /// The same rules for an output that has no input.
-[[nodiscard]] bool plan_output(const std::string& output, const output_rules& rules, output_job& job,
-                               std::vector<problem>& problems);
+result<output_job> plan_output(const std::string& output, const output_rules& rules);
 
 /// Makes the plan's new folder, if there is one.
-[[nodiscard]] bool make_new_folder(const output_plan& plan, problem& why);
+result<> make_new_folder(const output_plan& plan);
 
 } // namespace ov1

@@ -23,51 +23,63 @@ constexpr std::array<choice<double>, 8> switch_words{{
     {"0", 0.0},
 }};
 
+result<double> read_value(std::string_view text, const parameter_info& parameter)
+{
+    switch (parameter.type)
+    {
+    case param_type::continuous:
+        return read_number_within(text, parameter.min, parameter.max);
+    case param_type::integral:
+    {
+        const auto number =
+            read_whole_number_within(text, static_cast<int>(parameter.min), static_cast<int>(parameter.max));
+        if (!number)
+            return number.error();
+        return static_cast<double>(*number);
+    }
+    case param_type::boolean:
+        return read_choice(text, switch_words);
+    case param_type::color:
+    case param_type::unset:
+        break;
+    }
+    return failure{failure_kind::usage, {}, "cannot be set on the command line", {}};
+}
+
 } // namespace
 
-bool find_parameter(std::string_view name, std::span<const parameter_info> table, std::size_t& place, problem& why)
+result<std::size_t> find_parameter(std::string_view name, std::span<const parameter_info> table)
 {
     const std::string plain = plain_name(trimmed(name));
     const auto found =
         std::find_if(table.begin(), table.end(), [&](const parameter_info& p) { return plain_name(p.name) == plain; });
     if (found != table.end())
-    {
-        place = static_cast<std::size_t>(found - table.begin());
-        return true;
-    }
+        return static_cast<std::size_t>(found - table.begin());
     std::vector<std::string> names;
     for (const parameter_info& p : table)
         names.push_back(p.name);
     const std::string near = did_you_mean(name, names);
-    why = {exit_code::usage, std::string(trimmed(name)), "no such parameter",
-           near.empty() ? "\"veridial params\" lists them" : near};
-    return false;
+    return failure{failure_kind::usage, std::string(trimmed(name)), "no such parameter",
+                   near.empty() ? "\"veridial params\" lists them" : near};
 }
 
-bool read_parameter_value(std::string_view text, const parameter_info& parameter, double& value, problem& why)
+result<double> read_parameter_value(std::string_view text, const parameter_info& parameter)
 {
-    why = {exit_code::usage, parameter.name, {}, {}};
-    switch (parameter.type)
-    {
-    case param_type::continuous:
-        return read_number_within(text, parameter.min, parameter.max, value, why);
-    case param_type::integral:
-    {
-        int number = 0;
-        const bool read = read_whole_number_within(text, static_cast<int>(parameter.min),
-                                                   static_cast<int>(parameter.max), number, why);
-        if (read)
-            value = number;
-        return read;
-    }
-    case param_type::boolean:
-        return read_choice(text, switch_words, value, why);
-    case param_type::color:
-    case param_type::unset:
-        break;
-    }
-    why.reason = "cannot be set on the command line";
-    return false;
+    auto value = read_value(text, parameter);
+    if (!value)
+        return about(parameter.name, value.error());
+    return value;
+}
+
+result<assignment> read_assignment(std::string_view name, std::string_view text, std::span<const parameter_info> table)
+{
+    const auto index = find_parameter(name, table);
+    if (!index)
+        return index.error();
+    const auto value = read_parameter_value(text, table[*index]);
+    if (!value)
+        return value.error();
+    return assignment{*index, *value};
 }
 
 } // namespace ov1

@@ -1,8 +1,8 @@
 // What the command line needs to know of a parameter.
 #pragma once
 
-#include "command_line/problem.h"
 #include "shared/param_value.h"
+#include "shared/result.h"
 
 #include <cstddef>
 #include <span>
@@ -22,14 +22,22 @@ struct parameter_info
     double default_value = 0.0;
 };
 
-/// The place of a parameter by its name, in any case, with blanks, dashes, underscores or none. On failure the problem
+/// What a parameter is set to: its index in the table, and the value; booleans are 0 or 1.
+struct assignment
+{
+    std::size_t parameter = 0;
+    double value = 0.0;
+};
+
+/// The index of a parameter by its name, in any case, with blanks, dashes, underscores or none. The failure's hint
 /// names the parameter that may have been meant.
-[[nodiscard]] bool find_parameter(std::string_view name, std::span<const parameter_info> table, std::size_t& place,
-                                  problem& why);
+result<std::size_t> find_parameter(std::string_view name, std::span<const parameter_info> table);
 
 /// A value for the parameter. Numbers must lie within its range; booleans are true or false, on or off, yes or no, 1 or
-/// 0. Colours cannot be given as text.
-[[nodiscard]] bool read_parameter_value(std::string_view text, const parameter_info& parameter, double& value,
-                                        problem& why);
+/// 0. Colours cannot be given as text. The failure's subject is the parameter's name.
+result<double> read_parameter_value(std::string_view text, const parameter_info& parameter);
+
+/// Both of them: a parameter's name and the text of its value.
+result<assignment> read_assignment(std::string_view name, std::string_view text, std::span<const parameter_info> table);
 
 } // namespace ov1

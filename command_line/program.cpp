@@ -33,14 +33,14 @@ std::string version_line()
            std::to_string(product_version.patch) + '\n';
 }
 
-problem no_such_verb(const std::string& command, const std::string& name, std::span<const verb> verbs)
+failure no_such_verb(const std::string& command, const std::string& name, std::span<const verb> verbs)
 {
     std::vector<std::string> names;
     for (const verb& v : verbs)
         names.emplace_back(v.name);
     const std::string near = did_you_mean(name, names);
     const bool is_option = name.starts_with('-');
-    return {exit_code::usage, name, is_option ? "a command comes first" : "no such command",
+    return {failure_kind::usage, name, is_option ? "a command comes first" : "no such command",
             near.empty() || is_option ? "\"" + command + " --help\" lists them" : near};
 }
 
@@ -50,10 +50,7 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
                     std::span<const verb> verbs, console& out)
 {
     if (arguments.empty())
-    {
-        out.error({exit_code::usage, {}, "no command", "\"" + command + " --help\" lists them"});
-        return exit_code::usage;
-    }
+        return fail(failure{failure_kind::usage, {}, "no command", "\"" + command + " --help\" lists them"}, out);
     const std::string& name = arguments[0];
     if (name == "--help" || name == "-h" || name == "help")
     {
@@ -63,8 +60,7 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
     const auto found = std::find_if(verbs.begin(), verbs.end(), [&](const verb& v) { return name == v.name; });
     if (found != verbs.end())
         return found->run(arguments.subspan(1), out);
-    out.error(no_such_verb(command, name, verbs));
-    return exit_code::usage;
+    return fail(no_such_verb(command, name, verbs), out);
 }
 
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
@@ -74,33 +70,31 @@ exit_code run_program(std::span<const std::string> arguments, std::span<const ve
         out.result(version_line());
     else
         code = run_verbs("veridial", "Veridial grades pictures.", arguments, verbs, out);
-    return out.finish() || code != exit_code::done ? code : exit_code::cannot_write;
+    return out.finish(code);
 }
 
-bool parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out)
 {
-    problem why;
-    switch (parser.parse(arguments, why))
-    {
-    case argument_parser::outcome::run:
-        return true;
-    case argument_parser::outcome::help:
-        out.result(parser.help_text());
-        code = exit_code::done;
-        break;
-    case argument_parser::outcome::wrong:
+    const auto parsed = parser.parse(arguments);
+    if (!parsed)
+        return fail(parsed.error(), out);
+    if (*parsed == argument_parser::outcome::run)
+        return {};
+    out.result(parser.help_text());
+    return exit_code::done;
+}
+
+exit_code fail(const failure& why, console& out)
+{
+    out.error(why);
+    return exit_code_of(why);
+}
+
+exit_code fail(std::span<const failure> failures, console& out)
+{
+    for (const failure& why : failures)
         out.error(why);
-        code = why.code;
-        break;
-    }
-    return false;
-}
-
-exit_code fail(std::span<const problem> problems, console& out)
-{
-    for (const problem& p : problems)
-        out.error(p);
-    return problems.empty() ? exit_code::done : problems[0].code;
+    return exit_code_of(failures);
 }
 
 } // namespace ov1

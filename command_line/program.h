@@ -3,6 +3,7 @@
 
 #include "command_line/exit_code.h"
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -11,7 +12,6 @@ namespace ov1
 
 class argument_parser;
 class console;
-struct problem;
 
 /// A command such as "grade". Each has a file of its own, with one function that gives it.
 struct verb
@@ -29,12 +29,15 @@ exit_code run_program(std::span<const std::string> arguments, std::span<const ve
 exit_code run_verbs(const std::string& command, const std::string& summary, std::span<const std::string> arguments,
                     std::span<const verb> verbs, console& out);
 
-/// Parses a verb's arguments. True if there is something to run; otherwise the code is what the verb ends with, and the
-/// help or the mistake has been told.
-[[nodiscard]] bool parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out,
-                                    exit_code& code);
+/// Parses a verb's arguments. Where there is nothing to run, prints the help or the mistake and returns the code that
+/// the verb ends with.
+[[nodiscard]] std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments,
+                                                        console& out);
 
-/// Tells all problems and gives the code of the first.
-exit_code fail(std::span<const problem> problems, console& out);
+/// Prints the failure and returns its code.
+exit_code fail(const failure& why, console& out);
+
+/// Prints all failures and returns the code of the first; done where there is none.
+exit_code fail(std::span<const failure> failures, console& out);
 
 } // namespace ov1

@@ -35,22 +35,18 @@ void add_run_options(argument_parser& parser, run_options& options)
     parser.flag("-v,--verbose", options.verbose, "say more");
 }
 
-bool settle_run_options(run_options& options, console& out, std::vector<problem>& problems)
+void settle_run_options(run_options& options, console& out, option_reader& reader)
 {
-    const std::size_t before = problems.size();
-    problem why{exit_code::usage, "--threads", {}, {}};
-    if (options.threads_text && !read_whole_number_within(*options.threads_text, 0, most_threads, options.threads, why))
-        problems.push_back(why);
-    why = {exit_code::usage, "--progress", {}, {}};
-    if (options.progress_text && !read_choice(*options.progress_text, progress_styles, options.progress, why))
-        problems.push_back(why);
+    reader.read("--threads", options.threads_text, options.threads,
+                [](const std::string& text) { return read_whole_number_within(text, 0, most_threads); });
+    reader.read("--progress", options.progress_text, options.progress,
+                [](const std::string& text) { return read_choice(text, progress_styles); });
     if (options.overwrite && options.no_clobber)
-        problems.push_back({exit_code::usage, "--overwrite", "cannot go with --no-clobber", "leave one out"});
+        reader.refuse("--overwrite", "cannot go with --no-clobber", "leave one out");
     if (options.quiet && options.verbose)
-        problems.push_back({exit_code::usage, "--quiet", "cannot go with --verbose", "leave one out"});
+        reader.refuse("--quiet", "cannot go with --verbose", "leave one out");
     out.set_quiet(options.quiet);
     out.set_verbose(options.verbose);
-    return problems.size() == before;
 }
 
 } // namespace ov1

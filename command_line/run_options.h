@@ -1,12 +1,11 @@
 // How a command is to run: overwriting, threads, messages.
 #pragma once
 
-#include "command_line/problem.h"
+#include "command_line/option_reader.h"
 #include "command_line/progress.h"
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace ov1
 {
@@ -32,7 +31,7 @@ struct run_options
 /// Declares all of them under the heading "Run". The options must outlive the parsing.
 void add_run_options(argument_parser& parser, run_options& options);
 
-/// Reads the texts into the numbers, finds options that exclude each other, and tells the console how much to say.
-[[nodiscard]] bool settle_run_options(run_options& options, console& out, std::vector<problem>& problems);
+/// Reads the texts into the numbers, refuses options that exclude each other, and tells the console how much to print.
+void settle_run_options(run_options& options, console& out, option_reader& reader);
 
 } // namespace ov1

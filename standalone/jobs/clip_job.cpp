@@ -6,7 +6,6 @@
 #include "media/clips/grade_clip.h"
 #include "platform/pending_file.h"
 #include "platform/rows.h"
-#include "standalone/jobs/media_problem.h"
 
 #include <cmath>
 
@@ -18,10 +17,9 @@ namespace
 
 constexpr std::size_t most_damages_told = 20;
 
-clip_result failed(clip_result result, problem why)
+clip_result failed(clip_result result, failure why)
 {
-    result.failure = std::move(why);
-    result.code = result.failure.code;
+    result.failed = std::move(why);
     return result;
 }
 
@@ -44,16 +42,14 @@ public:
     ~damage_teller()
     {
         if (count > most_damages_told)
-            out.error({exit_code::some_failed,
-                       input,
-                       std::to_string(count - most_damages_told) + " more damaged frames are not listed",
-                       {}});
+            out.error({.subject = input,
+                       .reason = std::to_string(count - most_damages_told) + " more damaged frames are not listed"});
     }
 
     void tell(const media::clip_damage& damage)
     {
         if (++count <= most_damages_told)
-            out.error({exit_code::some_failed, input, "at " + time_text(damage.time_s) + ": " + damage.reason, {}});
+            out.error({.subject = input, .reason = "at " + time_text(damage.time_s) + ": " + damage.reason});
     }
 
     std::size_t count = 0;
@@ -73,37 +69,29 @@ void run_pieces(std::size_t pieces, unsigned int threads, const std::function<vo
                        });
 }
 
-bool write_clip(media::clip_source& source, media::clip_target& target, const output_job& job,
-                const clip_settings& settings, console& out, clip_result& result)
+/// Sets the frames and damages of the clip_result.
+result<> write_clip(media::clip_source& source, media::clip_target& target, const output_job& job,
+                    const clip_settings& settings, console& out, clip_result& written)
 {
-    problem& why = result.failure;
-    why = {exit_code::cannot_write, job.output, {}, {}};
     pending_file file;
-    const auto done = [&](const ov1::result<>& outcome)
-    {
-        if (!outcome)
-            why.reason = outcome.error().reason;
-        return static_cast<bool>(outcome);
-    };
-    if (!done(file.open(job.output, settings.overwrite ? existing_file::replace : existing_file::refuse)))
-        return false;
+    const auto rule = settings.overwrite ? existing_file::replace : existing_file::refuse;
+    if (const auto opened = file.open(job.output, rule); !opened)
+        return about(job.output, opened.error());
     frame_progress progress(out, settings.progress, settings.is_terminal, job.input, source.get_info().frames);
     damage_teller damages(job.input, out);
     media::clip_hooks hooks;
     hooks.grade = settings.grade;
     hooks.run = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
     { run_pieces(pieces, settings.threads, work); };
-    hooks.on_frame = [&](std::uint64_t frames) { progress.step(result.frames = frames); };
+    hooks.on_frame = [&](std::uint64_t frames) { progress.step(written.frames = frames); };
     hooks.on_damage = [&](const media::clip_damage& damage) { damages.tell(damage); };
     const auto graded = media::grade_clip(source, target, file.get_descriptor(), hooks);
-    result.damages = damages.count;
+    written.damages = damages.count;
     if (!graded)
-    {
-        const bool is_outputs = graded.error().kind == failure_kind::cannot_write;
-        why = problem_of(graded.error(), is_outputs ? job.output : job.input);
-        return false;
-    }
-    return done(file.commit());
+        return about(graded.error().kind == failure_kind::cannot_write ? job.output : job.input, graded.error());
+    if (const auto committed = file.commit(); !committed)
+        return about(job.output, committed.error());
+    return {};
 }
 
 } // namespace
@@ -114,23 +102,18 @@ clip_result grade_clip_file(const output_job& job, const clip_settings& settings
     media::clip_source source;
     media::clip_target target;
     if (const auto opened = source.open(job.input, settings.threads); !opened)
-        return failed(std::move(result), problem_of(opened.error(), job.input));
+        return failed(std::move(result), about(job.input, opened.error()));
     if (const auto created = target.create(source, job.output, settings.format); !created)
-        return failed(std::move(result), problem_of(created.error(), job.output));
+        return failed(std::move(result), about(job.output, created.error()));
     for (const std::string& warning : target.get_warnings())
-        result.warnings.push_back({exit_code::done, job.output, warning, {}});
+        result.warnings.push_back({.subject = job.output, .reason = warning});
     result.written = target.get_info();
     result.streams = target.get_streams();
     if (settings.dry_run)
         return result;
-    if (!write_clip(source, target, job, settings, out, result))
-    {
-        result.code = result.failure.code;
-        return result;
-    }
+    if (auto done = write_clip(source, target, job, settings, out, result); !done)
+        return failed(std::move(result), std::move(done).error());
     result.is_written = true;
-    if (result.damages != 0)
-        result.code = exit_code::some_failed;
     return result;
 }
 

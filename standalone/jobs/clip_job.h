@@ -2,14 +2,15 @@
 #pragma once
 
 #include "command_line/console.h"
+#include "command_line/exit_code.h"
 #include "command_line/output_plan.h"
-#include "command_line/problem.h"
 #include "command_line/progress.h"
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
 #include "media/samples/frame_grader.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,14 +32,18 @@ struct clip_settings
 /// What became of a clip.
 struct clip_result
 {
-    exit_code code = exit_code::done; ///< some_failed: written, but parts of the source are damaged
-    problem failure;                  ///< where there is no output
-    std::vector<problem> warnings;    ///< with their subjects
+    std::optional<failure> failed; ///< where there is no output
+    std::vector<failure> warnings; ///< with their subjects; their kinds are ignored
     media::clip_info written;
     std::vector<media::clip_stream> streams; ///< of the source
     std::uint64_t frames = 0;                ///< written
-    std::size_t damages = 0;
+    std::size_t damages = 0;                 ///< of the source, that the output had to do without
     bool is_written = false;
+
+    exit_code code() const
+    {
+        return failed ? exit_code_of(*failed) : damages != 0 ? exit_code::some_failed : exit_code::done;
+    }
 };
 
 /// Takes a clip from its input to its output, which is written whole or not at all. Progress and damage are told as

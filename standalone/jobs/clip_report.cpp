@@ -48,10 +48,10 @@ std::string stream_lines(const clip_result& result)
 
 void tell_clip(const output_job& job, const clip_result& result, bool is_dry_run, bool as_json, console& out)
 {
-    for (const problem& warning : result.warnings)
+    for (const failure& warning : result.warnings)
         out.warning(warning);
-    if (!result.failure.reason.empty())
-        out.error(result.failure);
+    if (result.failed)
+        out.error(*result.failed);
     else if (job.skipped)
         out.note(job.output + " exists and is left");
     else if (is_dry_run && !as_json)
@@ -64,9 +64,9 @@ void tell_clip(const output_job& job, const clip_result& result, bool is_dry_run
 void add_clip_json(json_text& json, const output_job& job, const clip_result& result)
 {
     json.begin_object().key("input").value(job.input).key("output").value(job.output);
-    json.key("exit_code").value(static_cast<int>(result.code));
-    if (!result.failure.reason.empty())
-        json.key("error").value(result.failure.reason);
+    json.key("exit_code").value(static_cast<int>(result.code()));
+    if (result.failed)
+        json.key("error").value(result.failed->reason);
     else if (job.skipped)
         json.key("skipped").value(true);
     else
@@ -82,7 +82,7 @@ void add_clip_json(json_text& json, const output_job& job, const clip_result& re
         json.end();
     }
     json.key("warnings").begin_array();
-    for (const problem& warning : result.warnings)
+    for (const failure& warning : result.warnings)
         json.value(warning.reason);
     json.end().end();
 }

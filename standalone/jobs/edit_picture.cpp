@@ -2,7 +2,6 @@
 
 #include "media/stills/input_kind.h"
 #include "media/stills/still_reader.h"
-#include "standalone/jobs/media_problem.h"
 #include "standalone/jobs/preview_picture.h"
 
 #include <algorithm>
@@ -21,24 +20,21 @@ void edit_picture::show(std::shared_ptr<image> picture)
     source = std::move(picture);
 }
 
-bool edit_picture::open(const std::string& new_path, problem& why)
+result<> edit_picture::open(const std::string& new_path)
 {
     path = new_path;
     const bool is_clip = media::input_kind_of(path) == media::input_kind::clip;
     media::clip_reader opened_clip;
     media::still_reader still;
     if (const auto opened = is_clip ? opened_clip.open(path, {}) : still.open(path); !opened)
-    {
-        why = problem_of(opened.error(), path);
-        return false;
-    }
+        return about(path, opened.error());
     if (is_clip)
     {
         clip = std::move(opened_clip);
-        return read_frame(0, why);
+        return read_frame(0);
     }
     show(make_preview_image(still));
-    return true;
+    return {};
 }
 
 int edit_picture::get_frame_count() const
@@ -49,16 +45,13 @@ int edit_picture::get_frame_count() const
     return static_cast<int>(std::clamp<std::uint64_t>(frames, 1, std::numeric_limits<int>::max()));
 }
 
-bool edit_picture::read_frame(int frame, problem& why)
+result<> edit_picture::read_frame(int frame)
 {
     const auto picture = clip ? clip->read_frame(static_cast<std::uint64_t>(frame)) : failure{};
     if (!picture)
-    {
-        why = problem_of(picture.error(), path);
-        return false;
-    }
+        return about(path, picture.error());
     show(make_preview_image(*picture));
-    return true;
+    return {};
 }
 
 } // namespace ov1

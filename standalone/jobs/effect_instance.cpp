@@ -58,23 +58,26 @@ param_cell cell_of(param_type type, double value)
     return param_cell::of(static_cast<float>(value));
 }
 
-bool read_state_file(icomponent_v1& component, const std::string& path, std::vector<std::uint8_t>& bytes, problem& why)
+result<std::vector<std::uint8_t>> read_state_file(icomponent_v1& component, const std::string& path)
 {
-    why = {exit_code::unreadable, path, {}, {}};
-    auto found = read_file(path, largest_state_file);
-    if (!found)
-    {
-        why.reason = found.error().reason;
-        return false;
-    }
-    bytes = *std::move(found);
-    why.code = exit_code::invalid_grade;
-    if (const auto checked = check_state_blob(bytes); !checked)
-    {
-        why.reason = checked.error().reason;
-        return false;
-    }
-    return !component.is_state_rejected(bytes, true, why.reason);
+    auto bytes = read_file(path, largest_state_file);
+    if (!bytes)
+        return about(path, bytes.error());
+    if (const auto checked = check_state_blob(*bytes); !checked)
+        return about(path, checked.error());
+    failure why{failure_kind::invalid_grade, path};
+    if (component.is_state_rejected(*bytes, true, why.reason))
+        return why;
+    return bytes;
+}
+
+result<preset_content> read_accepted_preset(preset_manager& presets, icomponent_v1& component, const std::string& name)
+{
+    auto content = read_preset(presets, name);
+    failure why{failure_kind::invalid_grade, name};
+    if (content && !is_preset_accepted(*content, component, why.reason))
+        return why;
+    return content;
 }
 
 void assign(icomponent_v1& component, const std::vector<assignment>& assignments)
@@ -107,41 +110,36 @@ std::vector<parameter_info> effect_instance::describe_parameters()
     return table;
 }
 
-bool effect_instance::apply(const grade_request& request, std::vector<problem>& problems)
+std::vector<failure> effect_instance::apply(const grade_request& request)
 {
-    std::vector<assignment> assignments;
-    bool sound = resolve_grade(request, describe_parameters(), assignments, problems);
-    const auto keep = [&](bool read, const problem& why)
-    {
-        if (!read)
-            problems.push_back(why);
-        sound = sound && read;
-    };
-    problem why;
+    auto [assignments, failures] = resolve_grade(request, describe_parameters());
     std::vector<std::uint8_t> state;
     if (request.state_file)
-        keep(read_state_file(*component, *request.state_file, state, why), why);
+    {
+        if (auto read = read_state_file(*component, *request.state_file))
+            state = *std::move(read);
+        else
+            failures.push_back(read.error());
+    }
     std::optional<preset_content> preset;
     if (!request.presets.empty())
     {
-        why = {exit_code::invalid_grade, request.presets.back(), {}, {}};
-        keep(read_preset(presets, request.presets.back(), preset.emplace(), why) &&
-                 is_preset_accepted(*preset, *component, why.reason),
-             why);
+        if (auto read = read_accepted_preset(presets, *component, request.presets.back()))
+            preset = *std::move(read);
+        else
+            failures.push_back(read.error());
     }
-    if (!sound)
-        return false;
+    if (!failures.empty())
+        return failures;
 
     if (request.state_file)
         component->set_state(state, true);
-    if (preset && !apply_preset(*preset, *component, why.reason))
-    {
-        problems.push_back({exit_code::invalid_grade, request.presets.back(), why.reason, {}});
-        return false;
-    }
+    if (failure why{failure_kind::invalid_grade, request.presets.empty() ? "" : request.presets.back()};
+        preset && !apply_preset(*preset, *component, why.reason))
+        return {why};
     assign(*component, assignments);
     component->notify({event_kind::render_begins});
-    return true;
+    return {};
 }
 
 } // namespace ov1

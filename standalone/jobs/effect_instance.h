@@ -3,7 +3,6 @@
 
 #include "command_line/grade_request.h"
 #include "command_line/parameter_info.h"
-#include "command_line/problem.h"
 #include "framework/icomponent_v1.h"
 #include "framework/ihost_v1.h"
 #include "framework/row_renderer.h"
@@ -35,9 +34,9 @@ public:
     std::vector<parameter_info> describe_parameters();
 
     /// Sets what the request asks for, and brings the table up to date. What was asked for is what is used: values are
-    /// set as a host sets them, so the wheels do not adjust one another. On failure nothing is set, and there is one
-    /// problem for each thing that is wrong.
-    [[nodiscard]] bool apply(const grade_request& request, std::vector<problem>& problems);
+    /// set as a host sets them, so the wheels do not adjust one another. Where anything fails, nothing is set, and
+    /// there is one failure for each thing that is wrong.
+    [[nodiscard]] std::vector<failure> apply(const grade_request& request);
 
     /// The table as it is now, for any number of rows and threads.
     std::shared_ptr<const row_renderer> get_renderer() { return component->get_row_renderer(); }

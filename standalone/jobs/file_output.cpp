@@ -5,13 +5,12 @@
 namespace ov1
 {
 
-bool write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace, problem& why)
+result<> write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace)
 {
-    why = {exit_code::cannot_write, path, {}, {}};
-    const auto written = may_replace ? replace_file(path, bytes) : create_file(path, bytes);
+    auto written = may_replace ? replace_file(path, bytes) : create_file(path, bytes);
     if (!written)
-        why.reason = written.error().reason;
-    return static_cast<bool>(written);
+        return about(path, written.error());
+    return {};
 }
 
 } // namespace ov1

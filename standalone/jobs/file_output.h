@@ -1,7 +1,7 @@
 // The last step of every output: bytes into the file that the user named.
 #pragma once
 
-#include "command_line/problem.h"
+#include "shared/result.h"
 
 #include <cstdint>
 #include <span>
@@ -10,8 +10,7 @@
 namespace ov1
 {
 
-/// Writes a file whole or not at all. Unless it may be replaced, a file that has appeared meanwhile is left and told.
-[[nodiscard]] bool write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace,
-                                problem& why);
+/// Writes a file whole or not at all. Unless it may be replaced, a file that exists by now is left, and a failure.
+result<> write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace);
 
 } // namespace ov1

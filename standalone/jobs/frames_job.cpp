@@ -3,9 +3,9 @@
 #include "command_line/frame_pattern.h"
 #include "command_line/frame_progress.h"
 #include "media/clips/clip_reader.h"
-#include "standalone/jobs/media_problem.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace ov1
 {
@@ -24,11 +24,8 @@ bool grade_frame(const media::still_reader& frame, const output_job& job, const 
     result.written.height = written.written.height;
     result.written.container = written.written.format_name;
     result.written.pixel_format = name_of(written.written.depth);
-    if (written.code == exit_code::done)
-        return true;
-    result.code = written.code;
-    result.failure = written.failure;
-    return false;
+    result.failed = std::move(written.failed);
+    return !result.failed;
 }
 
 } // namespace
@@ -42,8 +39,7 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
     media::still_reader frame;
     if (const auto opened = reader.open(job.input, clip.format); !opened)
     {
-        result.failure = problem_of(opened.error(), job.input);
-        result.code = result.failure.code;
+        result.failed = about(job.input, opened.error());
         return result;
     }
     const frame_pattern names = *find_frame_pattern(job.output);
@@ -59,10 +55,10 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
             break;
         if (number < plan.first_frame)
             continue;
-        result.damages += damages.size();
         for (const media::clip_damage& damage : damages)
-            out.error(
-                {exit_code::some_failed, job.input, "frame " + std::to_string(number) + ": " + damage.reason, {}});
+            out.error({.subject = job.input, .reason = "frame " + std::to_string(number) + ": " + damage.reason});
+        if (!settings.dry_run)
+            result.damages += damages.size();
         const std::string name = names.name_of(number);
         std::error_code error;
         if (no_clobber && std::filesystem::exists(name, error))
@@ -73,9 +69,7 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
     }
     result.is_written = result.frames != 0;
     if (plan.last_frame != 0 && result.frames == 0 && !no_clobber)
-        result.failure = {exit_code::unreadable, job.input, "the clip has no such frames", {}};
-    result.code = result.failure.reason.empty() ? result.damages != 0 ? exit_code::some_failed : exit_code::done
-                                                : result.failure.code;
+        result.failed = failure{failure_kind::unreadable, job.input, "the clip has no such frames"};
     return result;
 }
 

@@ -27,8 +27,9 @@ struct grade_plan
 };
 
 /// Numbered frames go to numbered frames or under their own names into a folder; a clip goes to numbered frames,
-/// counted from 1; of a folder every picture and clip is taken, by name. All else as plan_outputs has it.
-[[nodiscard]] bool plan_grade(const grade_request_paths& paths, const output_rules& rules, grade_plan& plan,
-                              std::vector<problem>& problems);
+/// counted from 1; of a folder every picture and clip is taken, by name. All else as plan_outputs has it. The plan is
+/// set only where nothing is refused.
+[[nodiscard]] std::vector<failure> plan_grade(const grade_request_paths& paths, const output_rules& rules,
+                                              grade_plan& plan);
 
 } // namespace ov1

@@ -39,24 +39,15 @@ media::plane_grade grade_steps::for_clips() const
     };
 }
 
-bool read_input_table(const std::string& path, std::shared_ptr<const cube_table>& table, problem& why)
+result<std::shared_ptr<const cube_table>> read_input_table(const std::string& path)
 {
-    why = {exit_code::unreadable, path, {}, {}};
     const auto bytes = read_file(path, largest_table_file);
     if (!bytes)
-    {
-        why.reason = bytes.error().reason;
-        return false;
-    }
-    auto read = cube_table::read({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
-    if (!read)
-    {
-        why.code = exit_code::invalid_grade;
-        why.reason = "is no .cube table: " + read.error().reason;
-        return false;
-    }
-    table = std::make_shared<const cube_table>(std::move(*read));
-    return true;
+        return about(path, bytes.error());
+    auto table = cube_table::read({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
+    if (!table)
+        return failure{failure_kind::invalid_grade, path, "is no .cube table: " + table.error().reason};
+    return std::make_shared<const cube_table>(*std::move(table));
 }
 
 } // namespace ov1

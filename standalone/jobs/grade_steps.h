@@ -1,11 +1,11 @@
 // What pixels go through: the input's table, then the effect.
 #pragma once
 
-#include "command_line/problem.h"
 #include "effect/lut/cube_reader.h"
 #include "framework/row_renderer.h"
 #include "media/samples/frame_grader.h"
 #include "media/stills/grade_still.h"
+#include "shared/result.h"
 
 #include <memory>
 #include <string>
@@ -25,6 +25,6 @@ struct grade_steps
 };
 
 /// Reads a .cube file.
-[[nodiscard]] bool read_input_table(const std::string& path, std::shared_ptr<const cube_table>& table, problem& why);
+result<std::shared_ptr<const cube_table>> read_input_table(const std::string& path);
 
 } // namespace ov1

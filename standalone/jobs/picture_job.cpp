@@ -2,7 +2,8 @@
 
 #include "platform/rows.h"
 #include "standalone/jobs/file_output.h"
-#include "standalone/jobs/media_problem.h"
+
+#include <utility>
 
 namespace ov1
 {
@@ -12,15 +13,14 @@ namespace
 
 picture_result failed(picture_result result, const std::string& subject, const failure& why)
 {
-    result.failure = problem_of(why, subject);
-    result.code = result.failure.code;
+    result.failed = about(subject, why);
     return result;
 }
 
 void warn(picture_result& result, const std::string& subject, const std::string& text)
 {
     if (!text.empty())
-        result.warnings.push_back({exit_code::done, subject, text, {}});
+        result.warnings.push_back({.subject = subject, .reason = text});
 }
 
 } // namespace
@@ -64,8 +64,8 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
     const auto bytes = target.finish();
     if (!bytes)
         return failed(result, job.output, bytes.error());
-    if (!write_output(job.output, *bytes, settings.overwrite, result.failure))
-        result.code = result.failure.code;
+    if (const auto written = write_output(job.output, *bytes, settings.overwrite); !written)
+        result.failed = written.error();
     return result;
 }
 

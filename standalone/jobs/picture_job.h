@@ -1,13 +1,14 @@
 // One picture of a run: read, graded, written.
 #pragma once
 
+#include "command_line/exit_code.h"
 #include "command_line/output_plan.h"
-#include "command_line/problem.h"
 #include "media/stills/grade_still.h"
 #include "media/stills/still_reader.h"
 #include "media/stills/still_writer.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,11 +28,12 @@ struct picture_settings
 /// What became of a picture.
 struct picture_result
 {
-    exit_code code = exit_code::done;
-    problem failure;               ///< where the code is not done
-    std::vector<problem> warnings; ///< with their subjects
+    std::optional<failure> failed; ///< where there is no output
+    std::vector<failure> warnings; ///< with their subjects; their kinds are ignored
     media::still_info written;     ///< size, depth and format of the output
     std::uint64_t limited_pixels = 0;
+
+    exit_code code() const { return failed ? exit_code_of(*failed) : exit_code::done; }
 };
 
 /// Takes a picture from its input to its output. The output is written whole or not at all; a dry run reads the input,

@@ -1,9 +1,9 @@
 // Presets as a command line names them.
 #pragma once
 
-#include "command_line/problem.h"
 #include "presets/preset_manager.h"
 #include "presets/preset_reader.h"
+#include "shared/result.h"
 
 #include <string>
 #include <vector>
@@ -34,12 +34,13 @@ struct preset_listing
 };
 
 /// The names there are, each list in the order of its bytes.
-[[nodiscard]] bool list_presets(preset_manager& manager, preset_listing& listing, problem& why);
+result<preset_listing> list_presets(preset_manager& manager);
 
-/// Finds what a name stands for. On failure the problem names a near one. A path is not looked into.
-[[nodiscard]] bool find_preset(preset_manager& manager, const std::string& name, preset_place& place, problem& why);
+/// Finds the file of a preset. The failure's hint suggests a similar name. A path is returned without a look at its
+/// file.
+result<preset_place> find_preset(preset_manager& manager, const std::string& name);
 
 /// Finds, reads and checks a preset whole; nothing is applied.
-[[nodiscard]] bool read_preset(preset_manager& manager, const std::string& name, preset_content& content, problem& why);
+result<preset_content> read_preset(preset_manager& manager, const std::string& name);
 
 } // namespace ov1

@@ -7,7 +7,6 @@
 #include "command_line/run_options.h"
 #include "media/stills/still_writer.h"
 #include "standalone/jobs/file_output.h"
-#include "standalone/jobs/media_problem.h"
 
 #include <algorithm>
 
@@ -47,32 +46,27 @@ void report(const run_options& run, const std::string& output, const canvas& pai
 
 } // namespace
 
-bool plan_canvas(std::string& path, const run_options& run, console& out, exit_code& code)
+std::optional<exit_code> plan_canvas(const std::string& path, const run_options& run, console& out)
 {
-    std::vector<problem> problems;
-    output_job job;
-    const output_rules rules{run.overwrite, run.no_clobber, run.dry_run};
-    const bool is_sound = plan_output(path, rules, job, problems);
-    code = is_sound ? exit_code::done : fail(problems, out);
-    if (is_sound && job.skipped)
-        out.note(job.output + " exists and is left");
-    path = job.output;
-    return is_sound && !job.skipped;
+    const auto job = plan_output(path, {run.overwrite, run.no_clobber, run.dry_run});
+    if (!job)
+        return fail(job.error(), out);
+    if (!job->skipped)
+        return {};
+    out.note(path + " exists and is left");
+    return exit_code::done;
 }
 
 exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out)
 {
     const auto bytes = encode(painted, path);
-    problem failure;
     if (!bytes)
-        failure = problem_of(bytes.error(), path);
-    else if (run.dry_run || write_output(path, *bytes, run.overwrite, failure))
-    {
-        report(run, path, painted, out);
-        return exit_code::done;
-    }
-    out.error(failure);
-    return failure.code;
+        return fail(about(path, bytes.error()), out);
+    if (!run.dry_run)
+        if (const auto written = write_output(path, *bytes, run.overwrite); !written)
+            return fail(written.error(), out);
+    report(run, path, painted, out);
+    return exit_code::done;
 }
 
 } // namespace ov1

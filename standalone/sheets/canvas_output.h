@@ -4,6 +4,7 @@
 #include "command_line/exit_code.h"
 #include "standalone/sheets/canvas.h"
 
+#include <optional>
 #include <string>
 
 namespace ov1
@@ -12,9 +13,9 @@ namespace ov1
 class console;
 struct run_options;
 
-/// Where the canvas will be written. False when nothing is to be drawn: the output cannot be, or it is left as it is;
-/// that has been told, and the code is the program's.
-[[nodiscard]] bool plan_canvas(std::string& path, const run_options& run, console& out, exit_code& code);
+/// Checks that the canvas may be written to the path. Where there is nothing to draw, because it may not or because an
+/// existing file is left, says so and returns the code that the verb ends with.
+[[nodiscard]] std::optional<exit_code> plan_canvas(const std::string& path, const run_options& run, console& out);
 
 /// Encodes the canvas as the path's extension asks for, writes it as the options say, and tells what was written or
 /// what went wrong.

@@ -1,6 +1,6 @@
 #include "standalone/sheets/text_painter.h"
 
-#include "command_line/problem.h"
+#include "command_line/utf8.h"
 
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>

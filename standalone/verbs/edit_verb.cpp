@@ -57,7 +57,7 @@ private:
     std::atomic<bool> discarded = false;
 };
 
-bool parse(edit_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse(edit_command& command, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial edit", "Opens the editor over a picture or a clip.",
                            "  veridial edit photo.jpg -o out.png\n"
@@ -67,22 +67,22 @@ bool parse(edit_command& command, std::span<const std::string> arguments, consol
     parser.group("Output");
     parser.text("-o,--output", command.output, "OUT", "the graded picture or clip, written when the editor is closed");
     add_run_options(parser, command.run);
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
 
-    std::vector<problem> problems;
-    bool sound = settle_run_options(command.run, out, problems);
+    option_reader reader;
+    settle_run_options(command.run, out, reader);
     if (command.inputs.size() > 1)
-        problems.push_back({exit_code::usage, command.inputs[1], "is one picture too many", "edit them one by one"});
+        reader.refuse(command.inputs[1].c_str(), "is one picture too many", "edit them one by one");
     if (command.output && command.inputs.empty())
-        problems.push_back({exit_code::usage, "-o", "needs a picture to write", {}});
+        reader.refuse("-o", "needs a picture to write");
+    auto failures = reader.take_failures();
     const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
-    sound = sound && problems.empty();
-    if (sound && command.output)
-        sound = plan_outputs(command.inputs, *command.output, rules, command.plan, problems);
-    if (!sound)
-        code = fail(problems, out);
-    return sound;
+    if (failures.empty() && command.output)
+        failures = plan_outputs(command.inputs, *command.output, rules, command.plan);
+    if (failures.empty())
+        return {};
+    return fail(failures, out);
 }
 
 /// -s "Sky Angle=90" -s ..., for every parameter that is not at its default but the bypass.
@@ -118,13 +118,12 @@ std::string grade_as_json(effect_instance& effect)
 exit_code write_picture(const output_job& job, const picture_settings& settings, console& out)
 {
     const picture_result result = grade_picture(job, settings);
-    for (const problem& warning : result.warnings)
+    for (const failure& warning : result.warnings)
         out.warning(warning);
-    if (result.code != exit_code::done)
-        out.error(result.failure);
-    else
-        out.note("wrote " + job.output);
-    return result.code;
+    if (result.failed)
+        return fail(*result.failed, out);
+    out.note("wrote " + job.output);
+    return exit_code::done;
 }
 
 exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)
@@ -146,7 +145,7 @@ exit_code write_outputs(const edit_command& command, bool is_clip, effect_instan
                                                         isatty(STDERR_FILENO) != 0},
                                                        out);
             tell_clip(job, result, false, command.run.json, out);
-            code = result.code;
+            code = result.code();
         }
         else
             code = write_picture(job, {steps.for_stills(), {}, command.run.overwrite, false, threads}, out);
@@ -156,8 +155,8 @@ exit_code write_outputs(const edit_command& command, bool is_clip, effect_instan
     return exit_code::done;
 }
 
-/// The sitting itself. False, with the problem told, when no window opens.
-bool sit(effect_instance& effect, edit_picture& picture, const editor_opener& open_editor, console& out)
+/// Runs the editor session until its window is closed.
+result<> edit(effect_instance& effect, edit_picture& picture, const editor_opener& open_editor, console& out)
 {
     const auto editor = open_editor();
     editor_session session(effect.share());
@@ -170,18 +169,16 @@ bool sit(effect_instance& effect, edit_picture& picture, const editor_opener& op
     options.pump = [&]
     {
         const auto frame = std::exchange(wanted_frame, {});
-        problem why;
         if (!frame)
             return;
-        if (!picture.read_frame(*frame, why))
-            return out.warning(why);
+        if (const auto read = picture.read_frame(*frame); !read)
+            return out.warning(read.error());
         session.set_picture(picture.get_source(), picture.get_destination());
     };
     if (session.run(options))
-        return true;
-    out.error(
-        {exit_code::unsupported, "edit", "no window can be opened", "is there a desktop? DISPLAY names the X server"});
-    return false;
+        return {};
+    return failure{failure_kind::unsupported, "edit", "no window can be opened",
+                   "is there a desktop? DISPLAY names the X server"};
 }
 
 } // namespace
@@ -189,25 +186,20 @@ bool sit(effect_instance& effect, edit_picture& picture, const editor_opener& op
 exit_code run_edit(std::span<const std::string> arguments, console& out, const editor_opener& open_editor)
 {
     edit_command command;
-    exit_code code = exit_code::done;
-    if (!parse(command, arguments, out, code))
-        return code;
+    if (const auto end = parse(command, arguments, out))
+        return *end;
 
     std::shared_ptr<edit_host> host;
     effect_instance effect([&](std::weak_ptr<icomponent_v1> component)
                            { return host = std::make_shared<edit_host>(std::move(component)); });
-    std::vector<problem> problems;
+    if (const auto failures = effect.apply(command.grade); !failures.empty())
+        return fail(failures, out);
     edit_picture picture;
-    problem why;
-    if (!effect.apply(command.grade, problems))
-        return fail(problems, out);
-    if (!command.inputs.empty() && !picture.open(command.inputs[0], why))
-    {
-        out.error(why);
-        return why.code;
-    }
-    if (!sit(effect, picture, open_editor, out))
-        return exit_code::unsupported;
+    if (!command.inputs.empty())
+        if (const auto opened = picture.open(command.inputs[0]); !opened)
+            return fail(opened.error(), out);
+    if (const auto edited = edit(effect, picture, open_editor, out); !edited)
+        return fail(edited.error(), out);
     if (host->is_discarded())
         return exit_code::interrupted;
     effect.get().notify({event_kind::render_begins});

@@ -5,6 +5,7 @@
 #include "command_line/console.h"
 #include "command_line/json_text.h"
 #include "command_line/number.h"
+#include "command_line/option_reader.h"
 #include "command_line/run_options.h"
 #include "media/stills/input_kind.h"
 #include "standalone/jobs/clip_report.h"
@@ -76,45 +77,30 @@ void declare(argument_parser& parser, grade_command& command)
     add_run_options(parser, command.run);
 }
 
-/// Reads the options' texts, and gathers what is wrong with them.
-bool settle(grade_command& command, console& out, std::vector<problem>& problems)
+/// Reads the options' texts, and collects what is wrong with them.
+std::vector<failure> settle(grade_command& command, console& out)
 {
-    bool sound = settle_run_options(command.run, out, problems);
-    const auto keep = [&](bool read, problem why)
-    {
-        if (!read)
-            problems.push_back(std::move(why));
-        sound = sound && read;
-    };
+    option_reader reader;
+    const auto one_of = [](const auto& choices)
+    { return [&choices](const std::string& text) { return read_choice(text, choices); }; };
+    settle_run_options(command.run, out, reader);
     if (command.inputs.empty())
-        keep(false, {exit_code::usage, "INPUT", "is missing", "name at least one picture or clip"});
+        reader.refuse("INPUT", "is missing", "name at least one picture or clip");
     if (!command.output)
-        keep(false, {exit_code::usage, "-o", "is missing", "it names the file or folder to write"});
-    if (problem why{exit_code::usage, "--transfer", {}, {}}; command.transfer)
-        keep(read_choice(*command.transfer, transfers, command.format.transfer, why), why);
-    if (problem why{exit_code::usage, "--range", {}, {}}; command.range)
-        keep(read_choice(*command.range, ranges, command.clip.range, why), why);
-    if (problem why{exit_code::usage, "--matrix", {}, {}}; command.matrix)
-        keep(read_choice(*command.matrix, matrices, command.clip.matrix, why), why);
-    media::depth depth{};
-    if (problem why{exit_code::usage, "--depth", {}, {}}; command.depth)
-    {
-        keep(read_choice(*command.depth, depths, depth, why), why);
-        command.format.depth = depth;
-    }
-    int quality = 0;
-    if (problem why{exit_code::usage, "--quality", {}, {}}; command.quality)
-    {
-        keep(read_whole_number_within(*command.quality, 1, 100, quality, why), why);
-        command.format.quality = quality;
-    }
+        reader.refuse("-o", "is missing", "it names the file or folder to write");
+    reader.read("--transfer", command.transfer, command.format.transfer, one_of(transfers));
+    reader.read("--range", command.range, command.clip.range, one_of(ranges));
+    reader.read("--matrix", command.matrix, command.clip.matrix, one_of(matrices));
+    reader.read("--depth", command.depth, command.format.depth, one_of(depths));
+    reader.read("--quality", command.quality, command.format.quality,
+                [](const std::string& text) { return read_whole_number_within(text, 1, 100); });
     command.format.pixel_format = command.pixel_format.value_or("");
     command.clip.codec = command.codec.value_or("");
     command.clip.depth = command.format.depth;
     command.clip.quality = command.format.quality;
     command.clip.pixel_format = command.format.pixel_format;
     command.clip.threads = static_cast<unsigned int>(command.run.threads);
-    return sound;
+    return reader.take_failures();
 }
 
 std::string size_text(const media::still_info& info)
@@ -126,9 +112,9 @@ std::string size_text(const media::still_info& info)
 void add_json(json_text& json, const output_job& job, const picture_result& result, bool dry_run)
 {
     json.begin_object().key("input").value(job.input).key("output").value(job.output);
-    json.key("exit_code").value(static_cast<int>(result.code));
-    if (result.code != exit_code::done)
-        json.key("error").value(result.failure.reason);
+    json.key("exit_code").value(static_cast<int>(result.code()));
+    if (result.failed)
+        json.key("error").value(result.failed->reason);
     else if (job.skipped)
         json.key("skipped").value(true);
     else
@@ -139,17 +125,17 @@ void add_json(json_text& json, const output_job& job, const picture_result& resu
         json.key("limited_pixels").value(static_cast<std::size_t>(result.limited_pixels));
     }
     json.key("warnings").begin_array();
-    for (const problem& warning : result.warnings)
+    for (const failure& warning : result.warnings)
         json.value(warning.reason);
     json.end().end();
 }
 
 void tell(const output_job& job, const picture_result& result, const grade_command& command, console& out)
 {
-    for (const problem& warning : result.warnings)
+    for (const failure& warning : result.warnings)
         out.warning(warning);
-    if (result.code != exit_code::done)
-        out.error(result.failure);
+    if (result.failed)
+        out.error(*result.failed);
     else if (job.skipped)
         out.note(job.output + " exists and is left");
     else if (command.run.dry_run && !command.run.json)
@@ -178,7 +164,7 @@ public:
         const clip_result result = grade_clip_into_frames(plan, picture, clip, command.run.no_clobber, out);
         tell_clip(job, result, command.run.dry_run, command.run.json, out);
         add_clip_json(json, job, result);
-        return result.code;
+        return result.code();
     }
 
     exit_code run(const output_job& job, json_text& json)
@@ -188,12 +174,12 @@ public:
             const clip_result result = grade_clip_file(job, clip, out);
             tell_clip(job, result, command.run.dry_run, command.run.json, out);
             add_clip_json(json, job, result);
-            return result.code;
+            return result.code();
         }
         const picture_result result = job.skipped ? picture_result{} : grade_picture(job, picture);
         tell(job, result, command, out);
         add_json(json, job, result, command.run.dry_run);
-        return result.code;
+        return result.code();
     }
 
 private:
@@ -231,30 +217,30 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
                            "  veridial grade clip.mov --input-lut log.cube --sky 90,50 -o graded.mov\n"
                            "  veridial grade shot.%04d.exr --frames 101-200 -p Autumn -o out.%04d.exr\n");
     declare(parser, command);
-    exit_code code = exit_code::done;
-    if (!parse_or_explain(parser, arguments, out, code))
-        return code;
-    std::vector<problem> problems;
-    if (!settle(command, out, problems))
-        return fail(problems, out);
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return *end;
+    if (const auto failures = settle(command, out); !failures.empty())
+        return fail(failures, out);
 
     effect_instance effect;
     grade_steps steps;
     grade_plan plan;
     const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
-    bool graded = effect.apply(command.grade, problems);
-    if (problem why; command.input_table && !read_input_table(*command.input_table, steps.input, why))
+    auto failures = effect.apply(command.grade);
+    if (command.input_table)
     {
-        problems.push_back(why);
-        graded = false;
+        if (auto table = read_input_table(*command.input_table))
+            steps.input = *std::move(table);
+        else
+            failures.push_back(table.error());
     }
-    if (!plan_grade({command.inputs, *command.output, command.frames}, rules, plan, problems) || !graded)
-        return fail(problems, out);
-    if (problem why; !command.run.dry_run && !make_new_folder(plan.outputs, why))
-    {
-        out.error(why);
-        return why.code;
-    }
+    const auto refused = plan_grade({command.inputs, *command.output, command.frames}, rules, plan);
+    failures.insert(failures.end(), refused.begin(), refused.end());
+    if (!failures.empty())
+        return fail(failures, out);
+    if (!command.run.dry_run)
+        if (const auto made = make_new_folder(plan.outputs); !made)
+            return fail(made.error(), out);
     steps.effect = effect.get().get_bypass() ? nullptr : effect.get_renderer();
     return run_jobs(plan, command, steps, out);
 }

@@ -14,7 +14,6 @@
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/file_output.h"
 #include "standalone/jobs/hald_clut.h"
-#include "standalone/jobs/media_problem.h"
 
 #include <algorithm>
 #include <array>
@@ -48,39 +47,39 @@ struct lut_request
     table_format format = table_format::cube;
 };
 
-bool settle_format(lut_request& request, problem& why)
+result<table_format> format_of(const std::string& path)
 {
-    const std::string& path = *request.output;
     const auto dot = path.rfind('.');
     std::string extension = dot == std::string::npos ? "" : path.substr(dot);
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](unsigned char c) { return std::tolower(c); });
     for (const auto& known : table_formats)
         if (extension == known.name)
-        {
-            request.format = known.value;
-            return true;
-        }
-    why = {exit_code::unsupported, path, "no table is written in this format", "name it .cube, .3dl or .png"};
-    return false;
+            return known.value;
+    return failure{failure_kind::unsupported, path, "no table is written in this format",
+                   "name it .cube, .3dl or .png"};
 }
 
-bool settle_size(lut_request& request, problem& why)
+/// The format and the size; one failure at most.
+result<> settle_table(lut_request& request)
 {
+    const auto format = format_of(*request.output);
+    if (!format)
+        return format.error();
+    request.format = *format;
     if (!request.size_text)
-        return true;
-    why = {exit_code::usage, "--size", {}, {}};
+        return {};
     if (request.format != table_format::cube)
-    {
-        why.reason = "goes with .cube alone";
-        why.hint = "a .3dl has 17 points, a .png 64";
-        return false;
-    }
+        return failure{failure_kind::usage, "--size", "goes with .cube alone", "a .3dl has 17 points, a .png 64"};
     constexpr std::array<choice<unsigned int>, 2> sizes{{{"17", 17}, {"32", 32}}};
-    return read_choice(*request.size_text, sizes, request.size, why);
+    const auto size = read_choice(*request.size_text, sizes);
+    if (!size)
+        return about("--size", size.error());
+    request.size = *size;
+    return {};
 }
 
-bool parse(lut_request& request, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse(lut_request& request, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial lut", "Writes a grade as a table that other software reads.",
                            "  veridial lut --wheel shadows=220,40 -o teal.cube\n"
@@ -90,48 +89,32 @@ bool parse(lut_request& request, std::span<const std::string> arguments, console
     parser.text("-o,--output", request.output, "FILE", "where to: .cube, .3dl, or .png for a HaldCLUT");
     parser.text("--size", request.size_text, "17|32", "points per axis of a .cube, 17 unless asked");
     add_run_options(parser, request.run);
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
 
-    std::vector<problem> problems;
-    bool sound = settle_run_options(request.run, out, problems);
-    if (problem why; !request.output)
-    {
-        problems.push_back({exit_code::usage, "-o", "is missing", "it names the file to write, such as look.cube"});
-        sound = false;
-    }
-    else if (!settle_format(request, why) || !settle_size(request, why))
-    {
-        problems.push_back(why);
-        sound = false;
-    }
-    code = fail(problems, out);
-    return sound;
+    option_reader reader;
+    settle_run_options(request.run, out, reader);
+    if (!request.output)
+        reader.refuse("-o", "is missing", "it names the file to write, such as look.cube");
+    else if (const auto settled = settle_table(request); !settled)
+        reader.refuse(settled.error());
+    if (const auto failures = reader.take_failures(); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
-bool encode(effect_instance& effect, const lut_request& request, std::vector<std::uint8_t>& bytes, problem& why)
+result<std::vector<std::uint8_t>> encode(effect_instance& effect, const lut_request& request)
 {
     if (request.format == table_format::hald_png)
-    {
-        auto made = make_hald_clut(*effect.get_renderer());
-        if (made)
-            bytes = std::move(*made);
-        else
-            why = problem_of(made.error(), *request.output);
-        return static_cast<bool>(made);
-    }
+        return make_hald_clut(*effect.get_renderer());
     iobject* found = nullptr;
     lut_argb_variable table;
     if (!effect.get().query_interface("lut_exporter", &found) || !static_cast<lut_exporter*>(found)->get_lut(&table))
-    {
-        why = {exit_code::cannot_write, *request.output, "the effect gives no table", {}};
-        return false;
-    }
+        return failure{failure_kind::cannot_write, {}, "the effect gives no table"};
     const std::string title = export_title(*request.output);
     const std::string text = request.format == table_format::cube ? cube_text(table, request.size, title, creator, "")
                                                                   : threedl_text(table, title, creator, "");
-    bytes.assign(text.begin(), text.end());
-    return true;
+    return std::vector<std::uint8_t>(text.begin(), text.end());
 }
 
 void report(const lut_request& request, std::size_t bytes, console& out)
@@ -157,32 +140,30 @@ void report(const lut_request& request, std::size_t bytes, console& out)
 exit_code run_lut(std::span<const std::string> arguments, console& out)
 {
     lut_request request;
-    exit_code code = exit_code::done;
-    if (!parse(request, arguments, out, code))
-        return code;
+    if (const auto end = parse(request, arguments, out))
+        return *end;
 
     effect_instance effect;
-    std::vector<problem> problems;
-    output_job job;
     const output_rules rules{request.run.overwrite, request.run.no_clobber, request.run.dry_run};
-    const bool graded = effect.apply(request.grade, problems);
-    if (!plan_output(*request.output, rules, job, problems) || !graded)
-        return fail(problems, out);
-    if (job.skipped)
+    auto failures = effect.apply(request.grade);
+    const auto job = plan_output(*request.output, rules);
+    if (!job)
+        failures.push_back(job.error());
+    if (!failures.empty())
+        return fail(failures, out);
+    if (job->skipped)
     {
-        out.note(job.output + " exists and is left");
+        out.note(job->output + " exists and is left");
         return exit_code::done;
     }
 
-    std::vector<std::uint8_t> bytes;
-    problem why;
-    if (!encode(effect, request, bytes, why) ||
-        (!request.run.dry_run && !write_output(job.output, bytes, request.run.overwrite, why)))
-    {
-        out.error(why);
-        return why.code;
-    }
-    report(request, bytes.size(), out);
+    const auto bytes = encode(effect, request);
+    if (!bytes)
+        return fail(about(job->output, bytes.error()), out);
+    if (!request.run.dry_run)
+        if (const auto written = write_output(job->output, *bytes, request.run.overwrite); !written)
+            return fail(written.error(), out);
+    report(request, bytes->size(), out);
     return exit_code::done;
 }
 

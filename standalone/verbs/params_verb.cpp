@@ -57,9 +57,8 @@ exit_code run_params(std::span<const std::string> arguments, console& out)
     argument_parser parser("veridial params", "Lists the parameters that -s sets, in the order of documents.",
                            "  veridial params\n  veridial params --json\n");
     parser.flag("--json", json, "as a JSON array");
-    exit_code code = exit_code::done;
-    if (!parse_or_explain(parser, arguments, out, code))
-        return code;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return *end;
     effect_instance effect;
     const auto table = effect.describe_parameters();
     out.result(json ? as_json(table) : as_table(table));

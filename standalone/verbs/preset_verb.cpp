@@ -18,12 +18,6 @@ namespace ov1
 namespace
 {
 
-exit_code refuse(console& out, const problem& why)
-{
-    out.error(why);
-    return why.code;
-}
-
 /// What every action but "list" takes.
 struct named_preset
 {
@@ -31,18 +25,18 @@ struct named_preset
     bool json = false;
 };
 
-/// Parses an action that takes one name. False if there is nothing to run.
-bool parse_named(argument_parser& parser, named_preset& preset, std::span<const std::string> arguments, console& out,
-                 exit_code& code)
+/// Parses an action that takes one name. Where there is nothing to run, the code that it ends with.
+std::optional<exit_code> parse_named(argument_parser& parser, named_preset& preset,
+                                     std::span<const std::string> arguments, console& out)
 {
     parser.positionals("NAME", preset.names, "the preset");
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
     if (preset.names.size() == 1)
-        return true;
-    code =
-        refuse(out, {exit_code::usage, "NAME", "exactly one preset is needed", "\"veridial preset list\" shows them"});
-    return false;
+        return {};
+    return fail(
+        failure{failure_kind::usage, "NAME", "exactly one preset is needed", "\"veridial preset list\" shows them"},
+        out);
 }
 
 exit_code list(std::span<const std::string> arguments, console& out)
@@ -51,26 +45,25 @@ exit_code list(std::span<const std::string> arguments, console& out)
     argument_parser parser("veridial preset list", "Lists the presets: your own, and those that come with Veridial.",
                            "  veridial preset list\n");
     parser.flag("--json", json, "as JSON");
-    exit_code code = exit_code::done;
-    if (!parse_or_explain(parser, arguments, out, code))
-        return code;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return *end;
     effect_instance effect;
-    preset_listing listing;
-    if (problem why; !list_presets(effect.get_presets(), listing, why))
-        return refuse(out, why);
+    const auto listing = list_presets(effect.get_presets());
+    if (!listing)
+        return fail(listing.error(), out);
 
     json_text text;
     text.begin_object().key("own").begin_array();
-    for (const std::string& name : listing.own)
+    for (const std::string& name : listing->own)
         text.value(name);
     text.end().key("bundled").begin_array();
-    for (const std::string& name : listing.bundled)
+    for (const std::string& name : listing->bundled)
         text.value(name);
     text.end().end();
     std::string lines;
-    for (const std::string& name : listing.own)
+    for (const std::string& name : listing->own)
         lines += name + '\n';
-    for (const std::string& name : listing.bundled)
+    for (const std::string& name : listing->bundled)
         lines += name + " (bundled)\n";
     out.result(json ? text.text() + '\n' : lines);
     return exit_code::done;
@@ -102,15 +95,13 @@ exit_code show(std::span<const std::string> arguments, console& out)
     argument_parser parser("veridial preset show", "Prints what a preset sets, as -s takes it.",
                            "  veridial preset show \"Golden Hour\"\n");
     parser.flag("--json", preset.json, "all parameters as a JSON object");
-    exit_code code = exit_code::done;
-    if (!parse_named(parser, preset, arguments, out, code))
-        return code;
+    if (const auto end = parse_named(parser, preset, arguments, out))
+        return *end;
     effect_instance effect;
     grade_request request;
     request.presets = preset.names;
-    std::vector<problem> problems;
-    if (!effect.apply(request, problems))
-        return fail(problems, out);
+    if (const auto failures = effect.apply(request); !failures.empty())
+        return fail(failures, out);
     out.result(values_text(effect, preset.json));
     return exit_code::done;
 }
@@ -125,21 +116,19 @@ exit_code save(std::span<const std::string> arguments, console& out)
     add_grade_options(parser, grade);
     parser.group("Output");
     parser.flag("-f,--overwrite", overwrite, "replace a preset of this name");
-    exit_code code = exit_code::done;
-    if (!parse_named(parser, preset, arguments, out, code))
-        return code;
+    if (const auto end = parse_named(parser, preset, arguments, out))
+        return *end;
     effect_instance effect;
-    std::vector<problem> problems;
-    if (!effect.apply(grade, problems))
-        return fail(problems, out);
-    problem why{exit_code::cannot_write, preset.names[0], {}, {}};
+    if (const auto failures = effect.apply(grade); !failures.empty())
+        return fail(failures, out);
+    failure why{failure_kind::cannot_write, preset.names[0]};
     if (!is_preset_name(preset.names[0], why.reason))
-        why.code = exit_code::usage;
+        why.kind = failure_kind::usage;
     else if (!overwrite && effect.get_presets().preset_exists(preset.names[0]))
         why.reason = "exists already", why.hint = "-f replaces it";
     else if (effect.get_presets().save_preset(preset.names[0], overwrite, why.reason))
         return exit_code::done;
-    return refuse(out, why);
+    return fail(why, out);
 }
 
 exit_code load_check(std::span<const std::string> arguments, console& out)
@@ -147,17 +136,15 @@ exit_code load_check(std::span<const std::string> arguments, console& out)
     named_preset preset;
     argument_parser parser("veridial preset load-check", "Tells whether a preset or a file would load, and why not.",
                            "  veridial preset load-check grade.json\n");
-    exit_code code = exit_code::done;
-    if (!parse_named(parser, preset, arguments, out, code))
-        return code;
+    if (const auto end = parse_named(parser, preset, arguments, out))
+        return *end;
     effect_instance effect;
-    preset_content content;
-    problem why;
-    if (!read_preset(effect.get_presets(), preset.names[0], content, why))
-        return refuse(out, why);
-    why = {exit_code::invalid_grade, preset.names[0], {}, {}};
-    if (!is_preset_accepted(content, effect.get(), why.reason))
-        return refuse(out, why);
+    const auto content = read_preset(effect.get_presets(), preset.names[0]);
+    if (!content)
+        return fail(content.error(), out);
+    failure why{failure_kind::invalid_grade, preset.names[0]};
+    if (!is_preset_accepted(*content, effect.get(), why.reason))
+        return fail(why, out);
     out.result(preset.names[0] + ": loads\n");
     return exit_code::done;
 }
@@ -167,27 +154,26 @@ exit_code remove(std::span<const std::string> arguments, console& out)
     named_preset preset;
     argument_parser parser("veridial preset delete", "Removes a preset of your own.",
                            "  veridial preset delete \"Cool shadows\"\n");
-    exit_code code = exit_code::done;
-    if (!parse_named(parser, preset, arguments, out, code))
-        return code;
+    if (const auto end = parse_named(parser, preset, arguments, out))
+        return *end;
     effect_instance effect;
     const std::string& name = preset.names[0];
-    preset_listing listing;
-    problem why;
-    if (!list_presets(effect.get_presets(), listing, why))
-        return refuse(out, why);
+    const auto listing = list_presets(effect.get_presets());
+    if (!listing)
+        return fail(listing.error(), out);
     const auto has = [&](const std::vector<std::string>& names)
     { return std::find(names.begin(), names.end(), name) != names.end(); };
-    why = {exit_code::unreadable, name, "no such preset of your own", did_you_mean(name, listing.own)};
-    if (!has(listing.own) && has(listing.bundled))
-        why = {exit_code::cannot_write, name, "comes with Veridial and stays", {}};
-    else if (has(listing.own))
+    failure why{failure_kind::cannot_write, name};
+    if (has(listing->own))
     {
-        why = {exit_code::cannot_write, name, {}, {}};
         if (effect.get_presets().delete_preset(name, why.reason))
             return exit_code::done;
     }
-    return refuse(out, why);
+    else if (has(listing->bundled))
+        why.reason = "comes with Veridial and stays";
+    else
+        why = {failure_kind::unreadable, name, "no such preset of your own", did_you_mean(name, listing->own)};
+    return fail(why, out);
 }
 
 constexpr std::array<verb, 5> actions{{{"list", "lists all presets", list},

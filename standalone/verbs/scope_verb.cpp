@@ -8,7 +8,6 @@
 #include "platform/rows.h"
 #include "scopes/scope_type.h"
 #include "standalone/jobs/effect_instance.h"
-#include "standalone/jobs/media_problem.h"
 #include "standalone/jobs/preview_picture.h"
 #include "standalone/sheets/canvas_output.h"
 #include "standalone/sheets/text_painter.h"
@@ -44,6 +43,12 @@ constexpr std::array<choice<scope_kind>, scope_type_count> scope_kinds{
      {"vectorscope", {scope_type::vectorscope, "Vectorscope, BT.709, frames at 75 %", "640x664"}},
      {"histogram", {scope_type::histogram, "Histogram", "960x540"}}}};
 
+struct picture_size
+{
+    int width = 0;
+    int height = 0;
+};
+
 struct scope_command
 {
     grade_request grade;
@@ -54,41 +59,40 @@ struct scope_command
     std::optional<std::string> size_text;
     scope_kind kind = scope_kinds[0].value;
     bool skin_line = false;
-    int width = 0;
-    int height = 0;
+    picture_size size;
 };
 
 /// "960x540".
-bool read_size(const std::string& text, scope_command& command, problem& why)
+result<picture_size> read_size(const std::string& text)
 {
     const auto x = text.find_first_of("xX");
     if (x == std::string::npos)
-    {
-        why.reason = text + " is no size";
-        why.hint = "write 960x540";
-        return false;
-    }
-    return read_whole_number_within(text.substr(0, x), least_side, most_side, command.width, why) &&
-           read_whole_number_within(text.substr(x + 1), least_side, most_side, command.height, why);
+        return failure{failure_kind::usage, {}, text + " is no size", "write 960x540"};
+    const auto width = read_whole_number_within(text.substr(0, x), least_side, most_side);
+    if (!width)
+        return width.error();
+    const auto height = read_whole_number_within(text.substr(x + 1), least_side, most_side);
+    if (!height)
+        return height.error();
+    return picture_size{*width, *height};
 }
 
-void settle_scope(scope_command& command, std::vector<problem>& problems)
+void settle_scope(scope_command& command, option_reader& reader)
 {
-    problem bad_type{exit_code::usage, "--type", {}, {}};
-    if (command.type_text && !read_choice(*command.type_text, scope_kinds, command.kind, bad_type))
-        problems.push_back(bad_type);
-    problem bad_size{exit_code::usage, "--size", {}, {}};
-    if (!read_size(command.size_text.value_or(command.kind.usual_size), command, bad_size))
-        problems.push_back(bad_size);
+    reader.read("--type", command.type_text, command.kind,
+                [](const std::string& text) { return read_choice(text, scope_kinds); });
+    if (!command.size_text)
+        command.size_text = command.kind.usual_size;
+    reader.read("--size", command.size_text, command.size, read_size);
     if (command.skin_line && command.kind.type != scope_type::vectorscope)
-        problems.push_back({exit_code::usage, "--skin-line", "belongs to the vectorscope", "add --type vectorscope"});
+        reader.refuse("--skin-line", "belongs to the vectorscope", "add --type vectorscope");
     if (command.inputs.size() != 1)
-        problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
+        reader.refuse("INPUT", "exactly one picture is needed");
     if (!command.output)
-        problems.push_back({exit_code::usage, "-o", "is missing", "it names the picture to write"});
+        reader.refuse("-o", "is missing", "it names the picture to write");
 }
 
-bool parse(scope_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse(scope_command& command, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial scope",
                            "Shows a picture's values, after a grade if one is asked for. Pictures of more than 4096 "
@@ -105,33 +109,30 @@ bool parse(scope_command& command, std::span<const std::string> arguments, conso
     parser.group("Output");
     parser.text("-o,--output", command.output, "OUT.png", "the picture of the scope");
     add_run_options(parser, command.run);
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
 
-    std::vector<problem> problems;
-    bool sound = settle_run_options(command.run, out, problems);
-    settle_scope(command, problems);
-    sound = sound && problems.empty();
-    code = fail(problems, out);
-    return sound;
+    option_reader reader;
+    settle_run_options(command.run, out, reader);
+    settle_scope(command, reader);
+    if (const auto failures = reader.take_failures(); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 /// The picture with the grade that is asked for; without one, and bypassed, as it is.
-bool read_picture(const scope_command& command, media::reduced_picture& picture, std::vector<problem>& problems)
+std::vector<failure> read_picture(const scope_command& command, media::reduced_picture& picture)
 {
     media::still_reader source;
-    if (const auto read = source.open(command.inputs[0]); !read)
-    {
-        problems.push_back(problem_of(read.error(), command.inputs[0]));
-        return false;
-    }
+    if (const auto opened = source.open(command.inputs[0]); !opened)
+        return {about(command.inputs[0], opened.error())};
     effect_instance effect;
-    if (!effect.apply(command.grade, problems))
-        return false;
+    if (auto failures = effect.apply(command.grade); !failures.empty())
+        return failures;
     picture = make_gradable_picture(source, longest_picture_side, longest_picture_side);
     const bool is_graded = asks_for_values(command.grade) || !command.grade.presets.empty();
     if (!is_graded || effect.get().get_bypass())
-        return true;
+        return {};
     const auto renderer = effect.get_renderer();
     const auto render = [&](std::size_t first, std::size_t end)
     {
@@ -142,7 +143,7 @@ bool read_picture(const scope_command& command, media::reduced_picture& picture,
         }
     };
     for_each_picture_piece(picture.width, picture.height, static_cast<unsigned>(command.run.threads), render);
-    return true;
+    return {};
 }
 
 canvas to_canvas(const scope_picture& picture)
@@ -184,9 +185,10 @@ void write_texts(const scope_command& command, const rect& area, int line_width,
 
 canvas draw(const scope_command& command, const media::reduced_picture& picture)
 {
-    const int line_width = 1 + std::min(command.width, command.height) / side_of_thicker_lines;
+    const auto [width, height] = command.size;
+    const int line_width = 1 + std::min(width, height) / side_of_thicker_lines;
     const int top = caption_height * line_width;
-    const rect area{0, top, command.width, command.height - top};
+    const rect area{0, top, width, height - top};
     scope_sampling sampling = sampling_for(area, line_width);
     sampling.max_threads = static_cast<unsigned>(command.run.threads);
     scope_selection selection;
@@ -194,7 +196,7 @@ canvas draw(const scope_command& command, const media::reduced_picture& picture)
     scope_counter counter;
     counter.count({picture.pixels.data(), picture.width, picture.height}, selection, sampling);
     scope_picture drawn;
-    drawn.reset(command.width, command.height);
+    drawn.reset(width, height);
     draw_scope(command.kind.type, counter.get_counts(), command.skin_line, area, line_width, drawn);
     canvas painted = to_canvas(drawn);
     write_texts(command, area, line_width, painted);
@@ -206,17 +208,14 @@ canvas draw(const scope_command& command, const media::reduced_picture& picture)
 exit_code run_scope(std::span<const std::string> arguments, console& out)
 {
     scope_command command;
-    exit_code code = exit_code::done;
-    if (!parse(command, arguments, out, code))
-        return code;
-    std::string output = *command.output;
-    if (!plan_canvas(output, command.run, out, code))
-        return code;
-    std::vector<problem> problems;
+    if (const auto end = parse(command, arguments, out))
+        return *end;
+    if (const auto end = plan_canvas(*command.output, command.run, out))
+        return *end;
     media::reduced_picture picture;
-    if (!read_picture(command, picture, problems))
-        return fail(problems, out);
-    return write_canvas(draw(command, picture), output, command.run, out);
+    if (const auto failures = read_picture(command, picture); !failures.empty())
+        return fail(failures, out);
+    return write_canvas(draw(command, picture), *command.output, command.run, out);
 }
 
 } // namespace ov1

@@ -5,7 +5,6 @@
 #include "command_line/number.h"
 #include "command_line/run_options.h"
 #include "standalone/jobs/effect_instance.h"
-#include "standalone/jobs/media_problem.h"
 #include "standalone/jobs/preview_picture.h"
 #include "standalone/sheets/canvas.h"
 #include "standalone/sheets/canvas_output.h"
@@ -38,7 +37,7 @@ struct sheet_command
     int width = usual_width;
 };
 
-bool parse(sheet_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse(sheet_command& command, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial sheet",
                            "Shows a picture through every look at full strength and half, through the presets that are "
@@ -53,22 +52,20 @@ bool parse(sheet_command& command, std::span<const std::string> arguments, conso
     parser.text("-o,--output", command.output, "SHEET.png", "the contact sheet");
     parser.text("--width", command.width_text, "PIXELS", "how wide the sheet may become, 2400 unless asked");
     add_run_options(parser, command.run);
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
 
-    std::vector<problem> problems;
-    bool sound = settle_run_options(command.run, out, problems);
+    option_reader reader;
+    settle_run_options(command.run, out, reader);
     if (command.inputs.size() != 1)
-        problems.push_back({exit_code::usage, "INPUT", "exactly one picture is needed", {}});
+        reader.refuse("INPUT", "exactly one picture is needed");
     if (!command.output)
-        problems.push_back({exit_code::usage, "-o", "is missing", "it names the sheet to write"});
-    problem why{exit_code::usage, "--width", {}, {}};
-    if (command.width_text &&
-        !read_whole_number_within(*command.width_text, least_width, most_width, command.width, why))
-        problems.push_back(why);
-    sound = sound && problems.empty();
-    code = fail(problems, out);
-    return sound;
+        reader.refuse("-o", "is missing", "it names the sheet to write");
+    reader.read("--width", command.width_text, command.width,
+                [](const std::string& text) { return read_whole_number_within(text, least_width, most_width); });
+    if (const auto failures = reader.take_failures(); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 /// What the cells show, and how many stand in a row.
@@ -96,34 +93,30 @@ std::vector<argb_float> graded(effect_instance& effect, const media::reduced_pic
 }
 
 /// Draws all cells; each grade starts from the defaults.
-bool draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
-          const media::reduced_picture& picture, std::vector<problem>& problems)
+std::vector<failure> draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
+                          const media::reduced_picture& picture)
 {
     effect_instance effect;
     text_painter captions(caption_size);
     for (std::size_t i = 0; i < cells.size(); ++i)
     {
         effect.get().reset_to_default();
-        if (!effect.apply(cells[i].grade, problems))
-            return false;
+        if (auto failures = effect.apply(cells[i].grade); !failures.empty())
+            return failures;
         const auto pixels = graded(effect, picture);
         const std::size_t left = layout.left_of(i), top = layout.top_of(i);
         sheet.paint(left, top, pixels.data(), picture.width, picture.height);
         captions.paint(sheet, left, top + layout.picture_height + caption_size + 3, cells[i].name, layout.picture_width,
                        caption_colour);
     }
-    return true;
+    return {};
 }
 
-exit_code make_sheet(const sheet_command& command, const std::string& output, console& out)
+exit_code make_sheet(const sheet_command& command, console& out)
 {
     media::still_reader source;
-    if (const auto read = source.open(command.inputs[0]); !read)
-    {
-        const problem p = problem_of(read.error(), command.inputs[0]);
-        out.error(p);
-        return p.code;
-    }
+    if (const auto opened = source.open(command.inputs[0]); !opened)
+        return fail(about(command.inputs[0], opened.error()), out);
     std::size_t columns = 0;
     const auto cells = cells_of(command, columns);
     const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height,
@@ -131,10 +124,9 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
     const auto picture = make_gradable_picture(source, layout.picture_width, layout.picture_height);
 
     canvas sheet(layout.width(), layout.height(), background);
-    std::vector<problem> problems;
-    if (!draw(sheet, layout, cells, picture, problems))
-        return fail(problems, out);
-    return write_canvas(sheet, output, command.run, out);
+    if (const auto failures = draw(sheet, layout, cells, picture); !failures.empty())
+        return fail(failures, out);
+    return write_canvas(sheet, *command.output, command.run, out);
 }
 
 } // namespace
@@ -142,13 +134,11 @@ exit_code make_sheet(const sheet_command& command, const std::string& output, co
 exit_code run_sheet(std::span<const std::string> arguments, console& out)
 {
     sheet_command command;
-    exit_code code = exit_code::done;
-    if (!parse(command, arguments, out, code))
-        return code;
-    std::string output = *command.output;
-    if (!plan_canvas(output, command.run, out, code))
-        return code;
-    return make_sheet(command, output, out);
+    if (const auto end = parse(command, arguments, out))
+        return *end;
+    if (const auto end = plan_canvas(*command.output, command.run, out))
+        return *end;
+    return make_sheet(command, out);
 }
 
 } // namespace ov1

@@ -1,4 +1,5 @@
 #include "command_line/argument_parser.h"
+#include "command_line/failure_line.h"
 #include "command_line/grade_request.h"
 #include "command_line/run_options.h"
 #include "support/captured_console.h"
@@ -18,12 +19,13 @@ struct parsed
         parser.text("-o,--output", output, "OUT", "where to");
         add_grade_options(parser, grade);
         add_run_options(parser, run);
-        outcome = parser.parse(arguments, why);
+        outcome = parser.parse(arguments);
     }
 
+    std::string line() const { return outcome ? "" : failure_line(outcome.error()); }
+
     argument_parser parser{"veridial grade", "Grades pictures.", "Example"};
-    argument_parser::outcome outcome;
-    problem why;
+    result<argument_parser::outcome> outcome = argument_parser::outcome::help;
     std::vector<std::string> inputs;
     grade_request grade;
     run_options run;
@@ -35,7 +37,8 @@ TEST(argument_parser, sorts_options_from_inputs)
     using texts = std::vector<std::string>;
     const parsed p({"a.png", "-s", "Sky Strength=60", "b.png", "-fv", "--sky", "-5,6", "-o", "x", "--set=c=1", "-ofile",
                     "--wheel", "shadows=1,2", "--", "-c.png", "--film"});
-    ASSERT_EQ(p.outcome, argument_parser::outcome::run) << problem_line(p.why);
+    ASSERT_EQ(p.line(), "");
+    ASSERT_EQ(*p.outcome, argument_parser::outcome::run);
     EXPECT_EQ(p.inputs, (texts{"a.png", "b.png", "-c.png", "--film"}));
     EXPECT_EQ(p.grade.settings, (texts{"Sky Strength=60", "c=1"}));
     EXPECT_EQ(p.grade.wheels, texts{"shadows=1,2"});
@@ -58,19 +61,19 @@ TEST(argument_parser, tells_each_mistake_on_one_plain_line)
     for (const auto& [arguments, line] : rows)
     {
         SCOPED_TRACE(line);
-        const parsed p(arguments);
-        EXPECT_EQ(p.outcome, argument_parser::outcome::wrong);
-        EXPECT_EQ(problem_line(p.why), line);
+        EXPECT_EQ(parsed(arguments).line(), line);
     }
-    EXPECT_EQ(parsed({"a.png", "--help"}).outcome, argument_parser::outcome::help);
+    const parsed help({"a.png", "--help"});
+    EXPECT_TRUE(help.outcome && *help.outcome == argument_parser::outcome::help) << help.line();
 }
 
 TEST(argument_parser, a_command_without_inputs_expects_none)
 {
     argument_parser parser("veridial params", "", "");
-    problem why;
-    EXPECT_EQ(parser.parse(std::vector<std::string>{"Sky"}, why), argument_parser::outcome::wrong);
-    EXPECT_EQ(problem_line(why), "\"Sky\": nothing is expected here (\"veridial params --help\" lists what there is)");
+    const auto outcome = parser.parse(std::vector<std::string>{"Sky"});
+    ASSERT_FALSE(outcome);
+    EXPECT_EQ(failure_line(outcome.error()),
+              "\"Sky\": nothing is expected here (\"veridial params --help\" lists what there is)");
 }
 
 TEST(run_options, are_settled_from_their_texts)
@@ -88,13 +91,13 @@ TEST(run_options, are_settled_from_their_texts)
         SCOPED_TRACE(arguments.front());
         parsed p(arguments);
         captured_console captured;
-        std::vector<problem> problems;
-        EXPECT_EQ(settle_run_options(p.run, captured.console, problems), expected[0] == '\0');
+        option_reader reader;
+        settle_run_options(p.run, captured.console, reader);
         std::string lines;
-        for (const problem& each : problems)
-            lines += problem_line(each) + '\n';
+        for (const failure& why : reader.take_failures())
+            lines += failure_line(why) + '\n';
         EXPECT_EQ(lines, expected);
-        EXPECT_EQ(problems.empty(), p.run.threads == 4 && p.run.progress == progress_style::json);
+        EXPECT_EQ(lines.empty(), p.run.threads == 4 && p.run.progress == progress_style::json);
     }
 }
 

@@ -50,16 +50,20 @@ TEST(edit_distance, suggests_what_was_meant_and_nothing_far_off)
 TEST(choice, takes_a_word_in_any_case_and_lists_the_words_otherwise)
 {
     constexpr std::array<choice<int>, 3> words{{{"auto", 1}, {"none", 2}, {"linear", 3}}};
-    int value = 0;
-    problem why;
-    EXPECT_TRUE(read_choice(" Linear", words, value, why) && value == 3);
-    EXPECT_FALSE(read_choice("linaer", words, value, why));
-    EXPECT_EQ(why.hint, "did you mean \"linear\"?");
-    EXPECT_FALSE(read_choice("x", words, value, why));
-    EXPECT_EQ(why.reason, "\"x\" is no choice");
-    EXPECT_EQ(why.hint, "one of auto, none, linear");
-    EXPECT_FALSE(read_choice("", words, value, why));
-    EXPECT_EQ(value, 3);
+    const auto read = read_choice(" Linear", words);
+    EXPECT_TRUE(read && *read == 3);
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"linaer", "\"linaer\" is no choice", "did you mean \"linear\"?"},
+        {"x", "\"x\" is no choice", "one of auto, none, linear"},
+        {"", "a word is missing", "one of auto, none, linear"},
+    };
+    for (const auto& [text, reason, hint] : rows)
+    {
+        SCOPED_TRACE(text);
+        const auto wrong = read_choice(text, words);
+        ASSERT_FALSE(wrong);
+        EXPECT_EQ(wrong.error(), (failure{failure_kind::usage, "", reason, hint}));
+    }
 }
 
 } // namespace

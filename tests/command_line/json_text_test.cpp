@@ -1,5 +1,5 @@
+#include "command_line/failure_line.h"
 #include "command_line/json_text.h"
-#include "command_line/problem.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -17,7 +17,7 @@ TEST(json_text, separates_and_nests)
     EXPECT_EQ(json.text(), R"([1,{"a":"x","b":[],"c":true},{},0.1,null])");
 }
 
-TEST(json_text, and_problem_lines_escape_what_must_be_and_mark_what_is_no_text)
+TEST(json_text, and_failure_lines_escape_what_must_be_and_mark_what_is_no_text)
 {
     // Sequences that are no UTF-8, and their neighbours that are: RFC 3629, sections 3 and 4.
     const std::tuple<const char*, const char*, const char*> texts[] = {
@@ -43,9 +43,10 @@ TEST(json_text, and_problem_lines_escape_what_must_be_and_mark_what_is_no_text)
         EXPECT_EQ(json_text().value(text).text(), json);
         EXPECT_EQ(in_quotes(text), line);
     }
-    EXPECT_EQ(problem_line({exit_code::usage, "a", "no such file", "look again"}), "\"a\": no such file (look again)");
-    EXPECT_EQ(problem_line({exit_code::usage, "", "no command", ""}), "no command");
-    EXPECT_EQ(problem_line({exit_code::usage, "", "two\nlines", ""}), "two\\x0alines");
+    EXPECT_EQ(failure_line({failure_kind::usage, "a", "no such file", "look again"}),
+              "\"a\": no such file (look again)");
+    EXPECT_EQ(failure_line({failure_kind::usage, "", "no command", ""}), "no command");
+    EXPECT_EQ(failure_line({failure_kind::usage, "", "two\nlines", ""}), "two\\x0alines");
 }
 
 } // namespace

@@ -23,10 +23,9 @@ TEST(number, reads_finite_numbers_with_a_point)
     for (const auto& [text, expected] : rows)
     {
         SCOPED_TRACE(text);
-        double value = 0;
-        problem why;
-        EXPECT_TRUE(read_number(text, value, why));
-        EXPECT_EQ(value, expected);
+        const auto value = read_number(text);
+        ASSERT_TRUE(value);
+        EXPECT_EQ(*value, expected);
     }
     EXPECT_EQ(number_text(0.1f), "0.1");
     EXPECT_EQ(number_text(-60.0), "-60");
@@ -54,12 +53,9 @@ TEST(number, refuses_what_is_none_and_helps_where_it_can)
     for (const auto& [text, reason, hint] : rows)
     {
         SCOPED_TRACE(text);
-        double value = 7;
-        problem why;
-        EXPECT_FALSE(read_number(text, value, why));
-        EXPECT_EQ(value, 7);
-        EXPECT_EQ(why.reason, reason);
-        EXPECT_EQ(why.hint, hint);
+        const auto value = read_number(text);
+        ASSERT_FALSE(value);
+        EXPECT_EQ(value.error(), (failure{failure_kind::usage, "", reason, hint}));
     }
 }
 
@@ -69,23 +65,26 @@ TEST(number, is_refused_beyond_its_range_and_never_clamped)
         {"-10", false, -10, "", ""},
         {"10", true, 10, "", ""},
         {"2.5", false, 2.5, "", ""},
-        {"10.001", false, 7, "10.001 is out of range", "-10 to 10"},
-        {"-10.001", false, 7, "-10.001 is out of range", "-10 to 10"},
-        {"2.5", true, 7, "\"2.5\" is no whole number", ""},
-        {"11", true, 7, "11 is out of range", "-10 to 10"},
+        {"10.001", false, 0, "10.001 is out of range", "-10 to 10"},
+        {"-10.001", false, 0, "-10.001 is out of range", "-10 to 10"},
+        {"2.5", true, 0, "\"2.5\" is no whole number", ""},
+        {"11", true, 0, "11 is out of range", "-10 to 10"},
     };
-    for (const auto& [text, whole, expected, reason, hint] : rows)
+    for (const auto& [text, is_whole, expected, reason, hint] : rows)
     {
         SCOPED_TRACE(text);
-        double value = 7;
-        int number = 7;
-        problem why;
-        const bool read = whole ? read_whole_number_within(text, -10, 10, number, why)
-                                : read_number_within(text, -10, 10, value, why);
-        EXPECT_EQ(read, why.reason.empty());
-        EXPECT_EQ(whole ? number : value, expected);
-        EXPECT_EQ(why.reason, reason);
-        EXPECT_EQ(why.hint, hint);
+        const auto check = [&, expected = expected, reason = reason, hint = hint](const auto& read)
+        {
+            ASSERT_EQ(static_cast<bool>(read), *reason == '\0');
+            if (read)
+                EXPECT_EQ(*read, expected);
+            else
+                EXPECT_EQ(read.error(), (failure{failure_kind::usage, "", reason, hint}));
+        };
+        if (is_whole)
+            check(read_whole_number_within(text, -10, 10));
+        else
+            check(read_number_within(text, -10, 10));
     }
 }
 

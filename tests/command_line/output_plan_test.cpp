@@ -1,4 +1,7 @@
 #include "command_line/output_plan.h"
+
+#include "command_line/exit_code.h"
+#include "command_line/failure_line.h"
 #include "support/plain_user.h"
 #include "support/temp_folder.h"
 
@@ -29,7 +32,8 @@ protected:
         before = folder.count();
     }
 
-    /// "in>out" for each job, a star where it is skipped, or the problem lines; the temporary folder appears as @.
+    /// "in>out" for each job, a star where it is skipped, or the exit codes and failure lines; the temporary folder
+    /// appears as @.
     std::string plan(const std::string& inputs, const std::string& output, const output_rules& rules = {})
     {
         std::istringstream names(inputs);
@@ -37,13 +41,11 @@ protected:
         for (std::string name; names >> name;)
             paths.push_back(folder / name);
         output_plan plan;
-        std::vector<problem> problems;
         std::string text;
-        if (plan_outputs(paths, folder / output, rules, plan, problems))
-            for (const output_job& job : plan.jobs)
-                text += fs::path(job.input).filename().string() + '>' + job.output + (job.skipped ? "* " : " ");
-        for (const problem& p : problems)
-            text += std::to_string(static_cast<int>(p.code)) + ' ' + problem_line(p) + '\n';
+        for (const failure& why : plan_outputs(paths, folder / output, rules, plan))
+            text += std::to_string(static_cast<int>(exit_code_of(why))) + ' ' + failure_line(why) + '\n';
+        for (const output_job& job : plan.jobs)
+            text += fs::path(job.input).filename().string() + '>' + job.output + (job.skipped ? "* " : " ");
         if (!plan.new_folder.empty())
             text += '+' + plan.new_folder;
         for (std::size_t at = text.find(folder.path); at != std::string::npos; at = text.find(folder.path))
@@ -139,15 +141,13 @@ TEST_F(output_plan_test, finds_a_closed_folder_before_the_work)
 
 TEST_F(output_plan_test, an_output_without_an_input_keeps_the_same_rules)
 {
-    std::vector<problem> problems;
-    output_job job;
-    EXPECT_TRUE(plan_output(folder / "x.cube", {}, job, problems));
-    EXPECT_TRUE(plan_output(folder / "pipe", {}, job, problems));
-    EXPECT_TRUE(plan_output(folder / "old.png", no_clobber, job, problems) && job.skipped);
-    EXPECT_FALSE(plan_output(folder / "old.png", {}, job, problems));
-    EXPECT_FALSE(plan_output(folder / "out", overwrite, job, problems));
-    EXPECT_FALSE(plan_output(folder / "no/x.cube", {}, job, problems));
-    EXPECT_EQ(problems.size(), 3u);
+    EXPECT_TRUE(plan_output(folder / "x.cube", {}));
+    EXPECT_TRUE(plan_output(folder / "pipe", {}));
+    const auto left = plan_output(folder / "old.png", no_clobber);
+    EXPECT_TRUE(left && left->skipped);
+    EXPECT_FALSE(plan_output(folder / "old.png", {}));
+    EXPECT_FALSE(plan_output(folder / "out", overwrite));
+    EXPECT_FALSE(plan_output(folder / "no/x.cube", {}));
 }
 
 } // namespace

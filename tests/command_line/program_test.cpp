@@ -15,7 +15,7 @@ exit_code greet(std::span<const std::string> arguments, console& out)
     out.result("hello");
     for (const std::string& a : arguments)
         out.result(' ' + a);
-    out.warning({exit_code::done, "it", "rains", {}});
+    out.warning({.subject = "it", .reason = "rains"});
     out.note("said");
     return arguments.empty() ? exit_code::done : exit_code::unreadable;
 }
@@ -58,6 +58,21 @@ TEST(program, fails_when_its_results_are_lost)
     std::fclose(full);
 }
 
+TEST(exit_code, follows_from_the_kind_of_the_first_failure)
+{
+    using enum failure_kind;
+    const std::pair<failure_kind, int> rows[] = {
+        {usage, 2}, {unreadable, 3}, {unsupported, 4}, {invalid_grade, 5}, {cannot_write, 6},
+    };
+    for (const auto& [kind, code] : rows)
+    {
+        SCOPED_TRACE(code);
+        EXPECT_EQ(static_cast<int>(exit_code_of(failure{kind})), code);
+        EXPECT_EQ(static_cast<int>(exit_code_of(std::vector<failure>{{kind}, {usage}})), code);
+    }
+    EXPECT_EQ(exit_code_of(std::vector<failure>{}), exit_code::done);
+}
+
 TEST(exit_code, is_common_to_inputs_that_end_alike)
 {
     using enum exit_code;
@@ -97,7 +112,7 @@ TEST(progress, a_bar_makes_room_for_lines_and_is_gone_at_the_end)
     captured_console captured;
     {
         progress report(captured.console, progress_style::automatic, true, 2);
-        captured.console.error({exit_code::usage, "", "oh", ""});
+        captured.console.error({failure_kind::usage, "", "oh"});
     }
     const std::string bar = progress_bar(0, 2, 40);
     EXPECT_EQ(captured.err.text(), bar + "\r\x1B[Kveridial: oh\n" + bar + "\r\x1B[K");

@@ -8,28 +8,11 @@
 namespace ov1
 {
 
-namespace
+result<picture_file> read_picture(const std::string& path)
 {
-
-exit_code code_of(failure_kind kind)
-{
-    if (kind == failure_kind::unreadable)
-        return exit_code::unreadable;
-    return kind == failure_kind::unsupported ? exit_code::unsupported : exit_code::cannot_write;
-}
-
-bool told(const failure& error, const std::string& path, problem& why)
-{
-    why = {code_of(error.kind), path, error.reason, error.hint};
-    return false;
-}
-
-} // namespace
-
-bool read_picture(const std::string& path, picture_file& file, problem& why)
-{
+    picture_file file;
     if (const auto opened = file.reader.open(path); !opened)
-        return told(opened.error(), path, why);
+        return about(path, opened.error());
     const media::still_info& info = file.reader.info();
     file.picture = host_picture(info.width, info.height);
     std::vector<argb_float> row(info.width);
@@ -42,15 +25,14 @@ bool read_picture(const std::string& path, picture_file& file, problem& why)
             std::copy_n(rgba, 4, file.picture.pixel(x, y));
         }
     }
-    return true;
+    return file;
 }
 
-bool write_picture(const std::string& path, const picture_file& like, const host_picture& picture, bool overwrite,
-                   problem& why)
+result<> write_picture(const std::string& path, const picture_file& like, const host_picture& picture, bool overwrite)
 {
     media::still_writer writer;
     if (const auto created = writer.create(path, like.reader.info(), {}); !created)
-        return told(created.error(), path, why);
+        return about(path, created.error());
     constexpr std::size_t step = media::still_writer::row_multiple;
     std::vector<argb_float> rows;
     for (std::size_t y = 0; y < picture.height; y += step)
@@ -66,12 +48,11 @@ bool write_picture(const std::string& path, const picture_file& like, const host
     }
     const auto bytes = writer.finish();
     if (!bytes)
-        return told(bytes.error(), path, why);
-    why = {exit_code::cannot_write, path, {}, {}};
+        return about(path, bytes.error());
     const auto written = overwrite ? replace_file(path, *bytes) : create_file(path, *bytes);
     if (!written)
-        why.reason = written.error().reason;
-    return static_cast<bool>(written);
+        return about(path, written.error());
+    return {};
 }
 
 } // namespace ov1

@@ -1,9 +1,9 @@
 // Picture files as the simulated host's pictures, and back.
 #pragma once
 
-#include "command_line/problem.h"
 #include "host/simulator/host_picture.h"
 #include "media/stills/still_reader.h"
+#include "shared/result.h"
 
 #include <string>
 
@@ -17,11 +17,10 @@ struct picture_file
     host_picture picture;
 };
 
-[[nodiscard]] bool read_picture(const std::string& path, picture_file& file, problem& why);
+result<picture_file> read_picture(const std::string& path);
 
 /// Writes a picture like the one that was read, with that one's alpha: the effect says that it leaves alpha alone, so
 /// the host does not take the effect's.
-[[nodiscard]] bool write_picture(const std::string& path, const picture_file& like, const host_picture& picture,
-                                 bool overwrite, problem& why);
+result<> write_picture(const std::string& path, const picture_file& like, const host_picture& picture, bool overwrite);
 
 } // namespace ov1

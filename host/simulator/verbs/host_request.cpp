@@ -19,20 +19,15 @@ void add_host_options(argument_parser& parser, host_request& request)
     parser.flag("-f,--overwrite", request.overwrite, "replaces what exists");
 }
 
-bool settle_host_request(const host_request& request, std::span<const std::string> outputs, console& out,
-                         exit_code& code)
+std::vector<failure> settle_host_request(const host_request& request, std::span<const std::string> outputs)
 {
-    std::vector<problem> problems;
+    std::vector<failure> failures;
     if (request.inputs.size() != 1)
-        problems.push_back({exit_code::usage, {}, "one picture is needed", "veridial-host COMMAND PICTURE"});
+        failures.push_back({failure_kind::usage, {}, "one picture is needed", "veridial-host COMMAND PICTURE"});
     for (const std::string& path : outputs)
-    {
-        output_job job;
-        const output_rules rules{.overwrite = request.overwrite, .can_skip = false};
-        (void)plan_output(path, rules, job, problems); // what is wrong is among the problems
-    }
-    code = fail(problems, out);
-    return problems.empty();
+        if (const auto job = plan_output(path, {.overwrite = request.overwrite, .can_skip = false}); !job)
+            failures.push_back(job.error());
+    return failures;
 }
 
 } // namespace ov1

@@ -25,8 +25,8 @@ struct host_request
 /// Declares the options that all verbs share; the request must outlive the parsing.
 void add_host_options(argument_parser& parser, host_request& request);
 
-/// Whether there is exactly one picture, and no output exists that may not be replaced; the problem is told.
-[[nodiscard]] bool settle_host_request(const host_request& request, std::span<const std::string> outputs, console& out,
-                                       exit_code& code);
+/// Checks that there is exactly one picture, and that the outputs may be written.
+[[nodiscard]] std::vector<failure> settle_host_request(const host_request& request,
+                                                       std::span<const std::string> outputs);
 
 } // namespace ov1

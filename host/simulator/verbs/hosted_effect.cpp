@@ -3,7 +3,7 @@
 #include "command_line/parameter_info.h"
 #include "platform/atomic_file.h"
 
-#include <utility>
+#include <span>
 
 namespace ov1
 {
@@ -49,76 +49,83 @@ store_value value_like(const store_value& kind, double value)
     return value;
 }
 
+/// "Sky Strength=60".
+result<assignment> read_setting(const std::string& setting, std::span<const parameter_info> table)
+{
+    const std::size_t equals = setting.find('=');
+    if (equals == std::string::npos)
+        return failure{failure_kind::usage, setting, "is no setting", "write NAME=VALUE"};
+    return read_assignment(setting.substr(0, equals), setting.substr(equals + 1), table);
+}
+
 } // namespace
 
-bool hosted_effect::open(const host_request& request, std::vector<problem>& problems)
+std::vector<failure> hosted_effect::open(const host_request& request)
 {
     host_error error;
     if (!host.create_instance(error))
-    {
-        problems.push_back({exit_code::unsupported, "the effect", error.description, {}});
-        return false;
-    }
-    problem why;
-    if (request.document && !read_document(*request.document, why))
-    {
-        problems.push_back(why);
-        return false;
-    }
+        return {{failure_kind::unsupported, "the effect", error.description}};
+    if (request.document)
+        if (const auto read = read_document(*request.document); !read)
+            return {read.error()};
     host.add_to_document();
-    return apply(request.settings, problems);
+    return apply(request.settings);
 }
 
-bool hosted_effect::read_document(const std::string& path, problem& why)
+result<> hosted_effect::read_document(const std::string& path)
 {
-    why = {exit_code::unreadable, path, {}, {}};
     const auto bytes = read_file(path, document_limit);
     if (!bytes)
-    {
-        why.reason = bytes.error().reason;
-        return false;
-    }
-    why.code = exit_code::invalid_grade;
-    return host.read_document(*bytes, why.reason);
+        return about(path, bytes.error());
+    failure why{failure_kind::invalid_grade, path};
+    if (!host.read_document(*bytes, why.reason))
+        return why;
+    return {};
 }
 
-bool hosted_effect::apply(const std::vector<std::string>& settings, std::vector<problem>& problems)
+std::vector<failure> hosted_effect::apply(const std::vector<std::string>& settings)
 {
     const settable_parameters all = settable(host.get_parameters());
-    std::vector<std::pair<std::size_t, double>> wanted;
+    std::vector<assignment> assignments;
+    std::vector<failure> failures;
     for (const std::string& setting : settings)
     {
-        const std::size_t equals = setting.find('=');
-        std::size_t place = 0;
-        double value = 0.0;
-        problem why{exit_code::usage, setting, "is no setting", "write NAME=VALUE"};
-        if (equals != std::string::npos && find_parameter(setting.substr(0, equals), all.table, place, why) &&
-            read_parameter_value(setting.substr(equals + 1), all.table[place], value, why))
-            wanted.emplace_back(place, value);
+        if (const auto read = read_setting(setting, all.table))
+            assignments.push_back(*read);
         else
-            problems.push_back(why);
+            failures.push_back(read.error());
     }
-    if (!problems.empty())
-        return false;
-    for (const auto& [place, value] : wanted)
-        if (!host.edit(all.numbers[place], value_like(all.kinds[place], value)))
-            problems.push_back({exit_code::usage, all.table[place].name, "is refused by the effect", {}});
-    return problems.empty();
+    if (!failures.empty())
+        return failures;
+    for (const auto& [parameter, value] : assignments)
+        if (!host.edit(all.numbers[parameter], value_like(all.kinds[parameter], value)))
+            failures.push_back({failure_kind::usage, all.table[parameter].name, "is refused by the effect"});
+    return failures;
 }
 
-bool hosted_effect::save(const host_request& request, problem& why)
+result<> hosted_effect::render_to(const std::string& path, const picture_file& source, const tile_options& tiles,
+                                  bool overwrite)
+{
+    host_picture rendered;
+    host_error error;
+    if (!host.render(source.picture, rendered, tiles, error))
+        return failure{failure_kind::unsupported, "the effect", error.description};
+    return write_picture(path, source, rendered, overwrite);
+}
+
+result<> hosted_effect::save(const host_request& request)
 {
     if (!request.save_document)
-        return true;
+        return {};
     std::vector<std::uint8_t> bytes;
-    why = {exit_code::cannot_write, *request.save_document, {}, {}};
+    failure why{failure_kind::cannot_write, *request.save_document};
     if (!host.write_document(bytes, why.reason))
-        return false;
+        return why;
     const auto written =
         request.overwrite ? replace_file(*request.save_document, bytes) : create_file(*request.save_document, bytes);
     if (!written)
-        why.reason = written.error().reason;
-    return static_cast<bool>(written);
+        return about(*request.save_document, written.error());
+    return {};
 }
 
 } // namespace ov1

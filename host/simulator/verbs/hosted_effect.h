@@ -1,9 +1,10 @@
 // The effect in the simulated host, with a document and values as the command line asks for them.
 #pragma once
 
-#include "command_line/problem.h"
 #include "host/simulator/simulated_host.h"
+#include "host/simulator/verbs/host_pictures.h"
 #include "host/simulator/verbs/host_request.h"
+#include "shared/result.h"
 
 #include <string>
 #include <vector>
@@ -16,16 +17,19 @@ class hosted_effect
 public:
     simulated_host& get() { return host; }
 
-    /// Makes the instance, opens the document, adds the instance to it, then sets the values as a user would. On
-    /// failure there is a problem for each thing that is wrong.
-    [[nodiscard]] bool open(const host_request& request, std::vector<problem>& problems);
+    /// Makes the instance, opens the document, adds the instance to it, then sets the values as a user would. There
+    /// is one failure for each thing that is wrong.
+    [[nodiscard]] std::vector<failure> open(const host_request& request);
+
+    /// Renders the picture of a file and writes it to the path.
+    result<> render_to(const std::string& path, const picture_file& source, const tile_options& tiles, bool overwrite);
 
     /// The document as it is now, where the request names a file for it.
-    [[nodiscard]] bool save(const host_request& request, problem& why);
+    result<> save(const host_request& request);
 
 private:
-    bool read_document(const std::string& path, problem& why);
-    bool apply(const std::vector<std::string>& settings, std::vector<problem>& problems);
+    result<> read_document(const std::string& path);
+    std::vector<failure> apply(const std::vector<std::string>& settings);
 
     simulated_host host;
 };

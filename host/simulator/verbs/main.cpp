@@ -36,5 +36,5 @@ int main(int argc, char** argv)
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const exit_code code =
         run_verbs("veridial-host", "A simulated video host for the effect Veridial.", arguments, verbs, out);
-    return static_cast<int>(out.finish() || code != exit_code::done ? code : exit_code::cannot_write);
+    return static_cast<int>(out.finish(code));
 }

@@ -16,20 +16,22 @@ namespace ov1
 namespace
 {
 
-bool parse(host_request& request, std::optional<std::string>& output, std::span<const std::string> arguments,
-           console& out, exit_code& code)
+std::optional<exit_code> parse(host_request& request, std::optional<std::string>& output,
+                               std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial-host open", "Shows the inspector of a video host; its button opens the editor.",
                            "  veridial-host open photo.png --save-document grade.plist -o out.png\n");
     add_host_options(parser, request);
     parser.text("-o,--output", output, "OUT", "the picture as it is when the inspector is closed, rendered");
-    if (!parse_or_explain(parser, arguments, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
     std::vector<std::string> outputs;
     for (const auto& path : {output, request.save_document})
         if (path)
             outputs.push_back(*path);
-    return settle_host_request(request, outputs, out, code);
+    if (const auto failures = settle_host_request(request, outputs); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 /// Without an icon of its own on the desktop, and without our arguments, which it would take for documents to open.
@@ -45,31 +47,26 @@ void start_application()
     [NSApp activateIgnoringOtherApps:YES];
 }
 
-/// The inspector until it is closed, then what the command line asks for.
-exit_code sit(const host_request& request, const std::optional<std::string>& output, console& out)
+/// Shows the inspector until it is closed, then writes what the command line asks for.
+exit_code show_inspector(const host_request& request, const std::optional<std::string>& output, console& out)
 {
-    picture_file file;
+    const auto file = read_picture(request.inputs[0]);
+    if (!file)
+        return fail(file.error(), out);
     hosted_effect effect;
-    std::vector<problem> problems;
-    problem why;
-    if (!read_picture(request.inputs[0], file, why))
-        problems.push_back(why);
-    else if (effect.open(request, problems))
+    if (const auto failures = effect.open(request); !failures.empty())
+        return fail(failures, out);
+    effect.get().set_frame(file->picture, surface_format::half);
     {
-        effect.get().set_frame(file.picture, surface_format::half);
-        {
-            inspector window(effect.get(), "Veridial");
-            window.run();
-        }
-        host_picture rendered;
-        host_error error;
-        if (output && !effect.get().render(file.picture, rendered, {}, error))
-            problems.push_back({exit_code::unsupported, "the effect", error.description, {}});
-        else if ((output && !write_picture(*output, file, rendered, request.overwrite, why)) ||
-                 !effect.save(request, why))
-            problems.push_back(why);
+        inspector window(effect.get(), "Veridial");
+        window.run();
     }
-    return fail(problems, out);
+    if (output)
+        if (const auto written = effect.render_to(*output, *file, {}, request.overwrite); !written)
+            return fail(written.error(), out);
+    if (const auto saved = effect.save(request); !saved)
+        return fail(saved.error(), out);
+    return exit_code::done;
 }
 
 } // namespace
@@ -80,17 +77,14 @@ exit_code run_host_open(std::span<const std::string> arguments, console& out)
     {
         host_request request;
         std::optional<std::string> output;
-        exit_code code = exit_code::done;
-        if (!parse(request, output, arguments, out, code))
-            return code;
+        if (const auto end = parse(request, output, arguments, out))
+            return *end;
         if (std::getenv("DISPLAY") == nullptr)
-        {
-            out.error({exit_code::unsupported, "open", "no window can be opened",
-                       "is there a desktop? DISPLAY names the X server"});
-            return exit_code::unsupported;
-        }
+            return fail(failure{failure_kind::unsupported, "open", "no window can be opened",
+                                "is there a desktop? DISPLAY names the X server"},
+                        out);
         start_application();
-        return sit(request, output, out);
+        return show_inspector(request, output, out);
     }
 }
 

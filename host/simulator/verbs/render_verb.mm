@@ -1,7 +1,7 @@
 #include "host/simulator/verbs/render_verb.h"
 
-#include "command_line/choice.h"
 #include "command_line/number.h"
+#include "command_line/option_reader.h"
 #include "command_line/program.h"
 #include "host/simulator/verbs/host_pictures.h"
 #include "host/simulator/verbs/hosted_effect.h"
@@ -25,25 +25,23 @@ struct render_command
     tile_options tiles;
 };
 
-bool settle(render_command& command, console& out, exit_code& code)
+std::vector<failure> settle(render_command& command)
 {
-    std::vector<problem> problems;
+    option_reader reader;
     int side = static_cast<int>(command.tiles.side);
-    problem why{exit_code::usage, "--tile", {}, {}};
-    if (command.tile && !read_whole_number_within(*command.tile, 0, longest_tile, side, why))
-        problems.push_back(why);
+    reader.read("--tile", command.tile, side,
+                [](const std::string& text) { return read_whole_number_within(text, 0, longest_tile); });
     command.tiles.side = static_cast<std::size_t>(side);
     if (command.pixels == "float")
         command.tiles.format = surface_format::full_float;
     else if (command.pixels && *command.pixels != "half")
-        problems.push_back({exit_code::usage, *command.pixels, "no such kind of pixels", "half or float"});
+        reader.refuse(command.pixels->c_str(), "no such kind of pixels", "half or float");
     if (!command.output)
-        problems.push_back({exit_code::usage, "-o", "is missing", "name the rendered picture"});
-    code = fail(problems, out);
-    return problems.empty();
+        reader.refuse("-o", "is missing", "name the rendered picture");
+    return reader.take_failures();
 }
 
-bool parse(render_command& command, std::span<const std::string> arguments, console& out, exit_code& code)
+std::optional<exit_code> parse(render_command& command, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial-host render", "Renders a picture through the effect, as a video host does.",
                            "  veridial-host render photo.png -s \"Sky Strength=60\" -o out.png\n");
@@ -53,37 +51,31 @@ bool parse(render_command& command, std::span<const std::string> arguments, cons
     parser.text("--tile", command.tile, "N", "side of a tile in pixels, 0 for the whole picture; 512 if left out");
     parser.text("--pixels", command.pixels, "KIND",
                 "half or float; the effect takes float tiles in memory order, so that their channels are others");
-    if (!parse_or_explain(parser, arguments, out, code) || !settle(command, out, code))
-        return false;
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
+    if (const auto failures = settle(command); !failures.empty())
+        return fail(failures, out);
     std::vector<std::string> outputs{*command.output};
     if (command.request.save_document)
         outputs.push_back(*command.request.save_document);
-    return settle_host_request(command.request, outputs, out, code);
-}
-
-exit_code told(const problem& why, console& out)
-{
-    out.error(why);
-    return why.code;
+    if (const auto failures = settle_host_request(command.request, outputs); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 exit_code render(const render_command& command, console& out)
 {
-    picture_file file;
-    problem why;
-    if (!read_picture(command.request.inputs[0], file, why))
-        return told(why, out);
+    const auto file = read_picture(command.request.inputs[0]);
+    if (!file)
+        return fail(file.error(), out);
     hosted_effect effect;
-    std::vector<problem> problems;
-    if (!effect.open(command.request, problems))
-        return fail(problems, out);
-    host_picture rendered;
-    host_error error;
-    if (!effect.get().render(file.picture, rendered, command.tiles, error))
-        return told({exit_code::unsupported, "the effect", error.description, {}}, out);
-    if (!write_picture(*command.output, file, rendered, command.request.overwrite, why) ||
-        !effect.save(command.request, why))
-        return told(why, out);
+    if (const auto failures = effect.open(command.request); !failures.empty())
+        return fail(failures, out);
+    const auto written = effect.render_to(*command.output, *file, command.tiles, command.request.overwrite);
+    if (!written)
+        return fail(written.error(), out);
+    if (const auto saved = effect.save(command.request); !saved)
+        return fail(saved.error(), out);
     return exit_code::done;
 }
 
@@ -94,8 +86,9 @@ exit_code run_host_render(std::span<const std::string> arguments, console& out)
     @autoreleasepool
     {
         render_command command;
-        exit_code code = exit_code::done;
-        return parse(command, arguments, out, code) ? render(command, out) : code;
+        if (const auto end = parse(command, arguments, out))
+            return *end;
+        return render(command, out);
     }
 }
 

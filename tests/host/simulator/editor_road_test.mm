@@ -63,14 +63,13 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
     temp_folder folder;
     const std::string photo = PHOTO, document = folder / "grade.plist", here = folder / "here.png",
                       there = folder / "there.png";
-    problem why;
-    picture_file file;
-    ASSERT_TRUE(read_picture(photo, file, why)) << why.reason;
+    const auto file = read_picture(photo);
+    ASSERT_TRUE(file) << file.error().reason;
     host_error error;
     simulated_host host;
     ASSERT_TRUE(host.create_instance(error)) << error.description;
     host.add_to_document();
-    host.set_frame(file.picture, surface_format::half);
+    host.set_frame(file->picture, surface_format::half);
     const auto component = [static_cast<id>(host.get_plugin()) getComponent];
     const auto before = host.get_parameters().copy();
     const std::size_t undo_steps = host.get_parameters().get_undo_count();
@@ -117,9 +116,10 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
     host_picture graded;
     std::vector<std::uint8_t> bytes;
     std::string reason;
-    ASSERT_TRUE(host.render(file.picture, graded, {}, error)) << error.description;
-    EXPECT_FALSE(graded == file.picture);
-    ASSERT_TRUE(write_picture(here, file, graded, false, why)) << why.reason;
+    ASSERT_TRUE(host.render(file->picture, graded, {}, error)) << error.description;
+    EXPECT_FALSE(graded == file->picture);
+    const auto written = write_picture(here, *file, graded, false);
+    ASSERT_TRUE(written) << written.error().reason;
     ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
     std::ofstream(document, std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));

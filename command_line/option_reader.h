@@ -1,0 +1,45 @@
+// Values of options, read from their texts.
+#pragma once
+
+#include "shared/result.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ov1
+{
+
+/// Reads the options of one command, and collects what is wrong with them.
+class option_reader
+{
+public:
+    /// The text is read by a function that returns a result, such as read_number. The value keeps what it holds where
+    /// the option was not given or its text is wrong. The option is the failure's subject.
+    template <typename T, typename Read>
+    void read(const char* option, const std::optional<std::string>& text, T& value, const Read& read_text)
+    {
+        if (!text)
+            return;
+        if (auto found = read_text(*text))
+            value = *std::move(found);
+        else
+            refuse(about(option, std::move(found).error()));
+    }
+
+    void refuse(failure why) { failures.push_back(std::move(why)); }
+    /// A mistake in the command line itself.
+    void refuse(const char* subject, const char* reason, const char* hint = "")
+    {
+        refuse({failure_kind::usage, subject, reason, hint});
+    }
+
+    /// Everything that was refused, in this order.
+    std::vector<failure> take_failures() { return std::move(failures); }
+
+private:
+    std::vector<failure> failures;
+};
+
+} // namespace ov1
