@@ -1,7 +1,7 @@
 #include "pixel_bench.h"
 
 #include "effect/lut/instruction_sets.h"
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 #include "interleaved.h"
 #include "lut3d_peer.h"
 #include "opencolorio_peer.h"
@@ -154,7 +154,7 @@ private:
                                [&](std::size_t first, std::size_t end)
                                {
                                    for (std::size_t at = first * in.width; at < end * in.width; at += in.width)
-                                       rendered.render_row(&in.pixels[at], &out[at], in.width);
+                                       row_kernel::render_argb(rendered, &in.pixels[at], &out[at], in.width);
                                });
     }
 
@@ -164,7 +164,7 @@ private:
                                [&](std::size_t first, std::size_t end)
                                {
                                    for (std::size_t at = first * in.width; at < end * in.width; at += in.width)
-                                       rendered.render_row_half(&in_half[4 * at], &out_half[4 * at], in.width);
+                                       row_kernel::render_half(rendered, &in_half[4 * at], &out_half[4 * at], in.width);
                                });
     }
 

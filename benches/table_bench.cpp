@@ -2,7 +2,7 @@
 
 #include "effect/build/build_lut.h"
 #include "effect/lut/instruction_sets.h"
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 #include "effect/reference/build_lut_reference.h"
 #include "frames.h"
 #include "interleaved.h"
@@ -82,7 +82,7 @@ private:
         published = std::make_shared<render_table>(built);
         for (std::size_t at = 0; at < preview.count(); at += preview.width)
         {
-            published->render_row(&preview.pixels[at], row.data(), preview.width);
+            row_kernel::render_argb(*published, &preview.pixels[at], row.data(), preview.width);
             to_screen(row, &pixels[at]);
         }
     }

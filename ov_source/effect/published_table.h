@@ -2,7 +2,7 @@
 #pragma once
 
 #include "effect/grade_settings.h"
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 #include "framework/row_renderer.h"
 
 #include <optional>
@@ -24,17 +24,17 @@ public:
 
     void render_row(std::size_t, const argb_float* in, argb_float* out, std::size_t count) const override
     {
-        table.render_row(in, out, count);
+        row_kernel::render_argb(table, in, out, count);
     }
 
     void render_row_half(std::size_t, const half_bits* in, half_bits* out, std::size_t count) const override
     {
-        table.render_row_half(in, out, count);
+        row_kernel::render_half(table, in, out, count);
     }
 
     void render_row_planes(std::size_t, const rgb_planes<float>& row, std::size_t count) const override
     {
-        table.render_row_planes({row.r, row.g, row.b}, row, count);
+        row_kernel::render_planes(table, {row.r, row.g, row.b}, row, count);
     }
 
     const lut_argb<lut_edge>& get_table() const { return table.get_table(); }

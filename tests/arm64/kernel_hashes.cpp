@@ -2,7 +2,7 @@
 // compared. Ends with 1 when the loops differ from the lookup.
 #include "effect/build/build_kernel.h"
 #include "effect/lut/instruction_sets.h"
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 #include "media/samples/sample_kernel.h"
 #include "media/samples/ycbcr_kernel.h"
 
@@ -138,10 +138,10 @@ int run()
     {
         const render_table rendered(table, form);
         std::vector<argb_float> out(in.size());
-        rendered.render_row(in.data(), out.data(), in.size());
+        row_kernel::render_argb(rendered, in.data(), out.data(), in.size());
         differing += hash(out) != hash(looked_up);
         std::vector<half_bits> out_half(in_half.size());
-        rendered.render_row_half(in_half.data(), out_half.data(), in.size());
+        row_kernel::render_half(rendered, in_half.data(), out_half.data(), in.size());
         differing += hash(out_half) != hash(looked_up_half);
         std::vector<float> r, g, b;
         for (const argb_float& p : in)
@@ -150,7 +150,7 @@ int run()
             g.push_back(p.g);
             b.push_back(p.b);
         }
-        rendered.render_row_planes({r.data(), g.data(), b.data()}, {r.data(), g.data(), b.data()}, in.size());
+        row_kernel::render_planes(rendered, {r.data(), g.data(), b.data()}, {r.data(), g.data(), b.data()}, in.size());
         for (std::size_t i = 0; i < out.size(); ++i)
             out[i] = {looked_up[i].a, r[i], g[i], b[i]};
         differing += hash(out) != hash(looked_up);

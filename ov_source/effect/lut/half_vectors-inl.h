@@ -1,4 +1,5 @@
-// Rows of half floats to floats and back. Included once for every instruction set, by the loops over rows.
+// Rows of half floats to floats and back. Included once for every instruction set, by the loops over rows. Where the
+// instruction set has no conversion, the arithmetic of shared/half_float.h is written in vectors.
 #if defined(OV1_EFFECT_HALF_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_HALF_VECTORS_INL_H
 #undef OV1_EFFECT_HALF_VECTORS_INL_H
@@ -22,10 +23,11 @@ namespace HWY_NAMESPACE
 using half_vector_tag = hn::Rebind<hwy::float16_t, wide>;
 using half_bits_tag = hn::Rebind<std::uint16_t, wide>;
 
-/// Widened exactly, as half_to_float does it.
+/// Widened exactly, with the bits of half_to_float.
 HWY_INLINE wide_vector widen(const half_bits* in)
 {
 #if HWY_TARGET == HWY_SSE4 || HWY_TARGET == HWY_SSSE3 // no instruction for it
+    // A normal half is a float whose exponent is too small by 127 - 15. A subnormal one is its bits times 2^-24.
     const wide d;
     const hn::RebindToUnsigned<wide> bits;
     const hn::RebindToSigned<wide> whole;
@@ -46,10 +48,13 @@ HWY_INLINE wide_vector widen(const half_bits* in)
 #endif
 }
 
-/// Rounded as float_to_half does it; no NaN.
+/// Rounded to the nearest half, with the bits of float_to_half; values are not NaN.
 HWY_INLINE void narrow(wide_vector value, half_bits* out)
 {
 #if HWY_TARGET == HWY_SSE4 || HWY_TARGET == HWY_SSSE3
+    // Rounding a normal one adds just under half a step, and the rest of it if the last bit kept is odd. Adding 0.5 to
+    // a subnormal one rounds it in the processor and leaves it in the low bits. 0x477ff000 is the least float that
+    // becomes infinite.
     const wide d;
     const hn::RebindToUnsigned<wide> bits;
     const hn::RebindToSigned<wide> whole;
@@ -65,7 +70,7 @@ HWY_INLINE void narrow(wide_vector value, half_bits* out)
     auto half = hn::IfThenElse(above(0x38800000), normal, subnormal);
     half = hn::IfThenElse(above(0x477ff000), hn::Set(bits, 0x7c00u), half);
     half = hn::Or(half, hn::And(hn::ShiftRight<16>(all), hn::Set(bits, 0x8000u)));
-    // Signed saturation is the only narrowing there is: sign-extended first, the low 16 bits pass it.
+    // The only narrowing instruction saturates signed numbers: the low 16 bits pass when they are sign-extended first.
     const auto extended = hn::ShiftRight<16>(hn::ShiftLeft<16>(hn::BitCast(whole, half)));
     const hn::Rebind<std::int16_t, wide> narrow_whole;
     hn::StoreU(hn::BitCast(half_bits_tag(), hn::DemoteTo(narrow_whole, extended)), half_bits_tag(), out);
@@ -75,7 +80,7 @@ HWY_INLINE void narrow(wide_vector value, half_bits* out)
 #endif
 }
 
-/// Widens whole vectors of samples; the last may be short.
+/// Widens all samples; the last vector may be short.
 HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
 {
     const wide d;
@@ -90,7 +95,7 @@ HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
     }
 }
 
-/// From a, r, g, b floats to R, G, B, A halfs.
+/// From floats a, r, g, b to halfs R, G, B, A.
 HWY_INLINE void narrow_all(const float* in, std::size_t samples, half_bits* out)
 {
     const wide d;

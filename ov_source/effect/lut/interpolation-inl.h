@@ -1,5 +1,5 @@
-// Groups of pixels: where they fall in the render table, and the interpolation there. Included once for every
-// instruction set, by the loops over rows.
+// Groups of pixels: their places in the render table, and the interpolation there. Included once for every instruction
+// set, by the loops over rows.
 #if defined(OV1_EFFECT_INTERPOLATION_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_INTERPOLATION_INL_H
 #undef OV1_EFFECT_INTERPOLATION_INL_H
@@ -26,6 +26,7 @@ namespace HWY_NAMESPACE
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+using layout = render_table::layout;
 using wide = hn::CappedTag<float, 8>; ///< a group of pixels
 using colour = hn::CappedTag<float, 4>;
 using wide_vector = hn::Vec<wide>;
@@ -35,14 +36,14 @@ constexpr std::size_t group_pixels = hn::MaxLanes(wide()); ///< 8, or 4 where ve
 
 struct alignas(64) chunk_places
 {
-    float red[chunk_pixels]; ///< the way to go to the upper grid point, 0 <= way < 1
+    float red[chunk_pixels]; ///< fractions
     float green[chunk_pixels];
     float blue[chunk_pixels];
     std::uint32_t line[chunk_pixels]; ///< in bytes from the first line
 };
 
-/// The colours of a group, four lanes a pixel in the table's order. Vector k holds the pixels that stand at lanes k and
-/// k + 4 of the places, or the one at lane k where groups are of four.
+/// The colours of a group, four lanes a pixel in the table's order. Vector k holds the pixels whose places are k and
+/// k + 4 of the group, or the pixel of place k where groups are of four.
 struct group_colours
 {
     wide_vector vectors[4];
@@ -53,8 +54,9 @@ struct group_channels
     wide_vector r, g, b;
 };
 
-/// The channels of a group, pixels at the lanes that group_colours tells; red is the colours' member at first_colour.
-template <std::size_t first_colour>
+/// The channels of a group: in lane k the pixel of place k. red_member tells which of a colour's four values is red;
+/// green and blue follow it. Only neighbouring values are exchanged, which is why group_colours has its order.
+template <std::size_t red_member>
 HWY_INLINE group_channels channels_of(const group_colours& colours)
 {
     const wide d;
@@ -68,46 +70,48 @@ HWY_INLINE group_channels channels_of(const group_colours& colours)
     const auto upper = [&](auto x, auto y) HWY_ATTR { return hn::BitCast(d, hn::InterleaveUpper(two_floats, x, y)); };
     const auto channel_1 = upper(channels_01_lower, channels_01_upper);
     const auto channel_2 = lower(channels_23_lower, channels_23_upper);
-    if constexpr (first_colour == 1)
+    if constexpr (red_member == 1)
         return {channel_1, channel_2, upper(channels_23_lower, channels_23_upper)};
     else
         return {lower(channels_01_lower, channels_01_upper), channel_1, channel_2};
 }
 
-/// grid_position_of in vectors: the same clamps.
+/// grid_position_of in vectors, with the same limits: 0 to the last grid point, and 0 for a NaN.
 HWY_INLINE wide_vector on_axis(wide_vector channel)
 {
     const wide d;
     const auto last = hn::Set(d, static_cast<float>(lut_edge - 1));
     const auto x = hn::Mul(channel, last);
 #if HWY_ARCH_X86
-    const auto positive = hn::Max(x, hn::Zero(d)); // x > 0 ? x : 0, NaN included: what the instruction is defined as
+    const auto positive = hn::Max(x, hn::Zero(d)); // the instruction is x > 0 ? x : 0, so a NaN gives 0
 #else
     const auto positive = hn::IfThenElseZero(hn::Gt(x, hn::Zero(d)), x);
 #endif
     return hn::Min(positive, last);
 }
 
-template <bool with_deltas>
-HWY_INLINE void place(const group_channels& colours, std::size_t i, chunk_places& places)
+/// Stores the places of a group at index i.
+template <layout form>
+HWY_INLINE void place(const group_channels& pixels, std::size_t i, chunk_places& places)
 {
     const wide d;
     const hn::RebindToUnsigned<wide> whole;
-    const auto x = on_axis(colours.r), y = on_axis(colours.g), z = on_axis(colours.b);
+    const auto x = on_axis(pixels.r), y = on_axis(pixels.g), z = on_axis(pixels.b);
     const auto lower_r = hn::Trunc(x), lower_g = hn::Trunc(y), lower_b = hn::Trunc(z);
     hn::Store(hn::Sub(x, lower_r), d, places.red + i);
     hn::Store(hn::Sub(y, lower_g), d, places.green + i);
     hn::Store(hn::Sub(z, lower_b), d, places.blue + i);
 
-    // Whole numbers below 2^23 are exact in floats, and 2^23 more leaves them in the low bits.
-    constexpr float point = render_lines{with_deltas, nullptr, nullptr}.floats_per_point() * sizeof(float);
+    // The byte offset is computed in floats, which hold whole numbers below 2^23 exactly, and then read from the bits:
+    // adding 2^23 moves it into the low ones. On x86 multiplying 32-bit integers is slower.
+    constexpr float point = render_table::floats_per_point(form) * sizeof(float);
     constexpr float to_low_bits = 0x1p23f;
     constexpr std::uint32_t bits_of_2_23 = 0x4b000000;
-    const auto along_red = hn::Mul(lower_r, hn::Set(d, point * lut_edge * lut_edge));
-    const auto along_green = hn::Mul(lower_g, hn::Set(d, point * lut_edge));
-    const auto along_blue = hn::Mul(lower_b, hn::Set(d, point));
-    const auto line = hn::Add(hn::Add(along_red, along_green), along_blue);
-    const auto bits = hn::BitCast(whole, hn::Add(line, hn::Set(d, to_low_bits)));
+    const auto red_bytes = hn::Mul(lower_r, hn::Set(d, point * lut_edge * lut_edge));
+    const auto green_bytes = hn::Mul(lower_g, hn::Set(d, point * lut_edge));
+    const auto blue_bytes = hn::Mul(lower_b, hn::Set(d, point));
+    const auto bytes = hn::Add(hn::Add(red_bytes, green_bytes), blue_bytes);
+    const auto bits = hn::BitCast(whole, hn::Add(bytes, hn::Set(d, to_low_bits)));
     hn::Store(hn::Sub(bits, hn::Set(whole, bits_of_2_23)), whole, places.line + i);
 }
 
@@ -117,96 +121,97 @@ HWY_INLINE const float* line_at(const float* lines, const chunk_places& places, 
 }
 
 template <class V>
-HWY_INLINE V between(V from, V to, V way)
+HWY_INLINE V between(V from, V to, V fraction)
 {
-    return hn::Add(from, hn::Mul(hn::Sub(to, from), way));
+    return hn::Add(from, hn::Mul(hn::Sub(to, from), fraction));
 }
 
-template <bool with_deltas, class D>
-HWY_INLINE hn::Vec<D> along_red(D d, const float* line, hn::Vec<D> way)
+/// Part of a line interpolated towards the next red plane.
+template <layout form, class D>
+HWY_INLINE hn::Vec<D> along_red(D d, const float* line, hn::Vec<D> fraction)
 {
     const auto from = hn::Load(d, line);
-    if constexpr (with_deltas)
-        return hn::Add(from, hn::Mul(hn::Load(d, line + render_lines::floats_per_line), way));
+    if constexpr (form == layout::with_deltas)
+        return hn::Add(from, hn::Mul(hn::Load(d, line + render_table::floats_per_line), fraction));
     else
-        return between(from, hn::Load(d, line + render_lines::floats_per_line * lut_edge * lut_edge), way);
+        return between(from, hn::Load(d, line + render_table::floats_per_line * lut_edge * lut_edge), fraction);
 }
 
 #if HWY_MAX_BYTES >= 32
 
-/// Interpolated along red and green: lower blue in the lower half, upper blue in the upper.
-template <bool with_deltas>
+/// A pixel interpolated along red and green: the lower blue corner in the lower half, the upper one in the upper half.
+template <layout form>
 HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_places& places, std::size_t i)
 {
     const wide d;
     const float* line = line_at(lines, places, i);
 #if HWY_MAX_BYTES >= 64
     const hn::CappedTag<float, 16> all;
-    const auto corners = along_red<with_deltas>(all, line, hn::Set(all, places.red[i]));
+    const auto corners = along_red<form>(all, line, hn::Set(all, places.red[i]));
     const auto lower = hn::LowerHalf(d, corners), upper = hn::UpperHalf(d, corners);
 #else
-    const auto way = hn::Set(d, places.red[i]);
-    const auto lower = along_red<with_deltas>(d, line, way), upper = along_red<with_deltas>(d, line + 8, way);
+    const auto fraction = hn::Set(d, places.red[i]);
+    const auto lower = along_red<form>(d, line, fraction), upper = along_red<form>(d, line + 8, fraction);
 #endif
     return between(lower, upper, hn::Set(d, places.green[i]));
 }
 
-/// Two pixels on their way: interpolated along red and green.
+/// Two pixels of a group, interpolated along red and green.
 struct pixel_pair
 {
     wide_vector first;
     wide_vector second;
 };
 
-template <bool with_deltas>
+template <layout form>
 HWY_INLINE pixel_pair begin_pair(const float* lines, const chunk_places& places, std::size_t i)
 {
-    return {along_red_and_green<with_deltas>(lines, places, i), along_red_and_green<with_deltas>(lines, places, i + 4)};
+    return {along_red_and_green<form>(lines, places, i), along_red_and_green<form>(lines, places, i + 4)};
 }
 
+/// Interpolates pair number `pair` of a group along blue. blue holds the fractions of the group.
 template <int pair>
-HWY_INLINE wide_vector end_pair(const pixel_pair& rows, wide_vector blue)
+HWY_INLINE wide_vector end_pair(const pixel_pair& pixels, wide_vector blue)
 {
     const wide d;
-    const auto lower = hn::ConcatLowerLower(d, rows.second, rows.first);
-    const auto upper = hn::ConcatUpperUpper(d, rows.second, rows.first);
+    const auto lower = hn::ConcatLowerLower(d, pixels.second, pixels.first);
+    const auto upper = hn::ConcatUpperUpper(d, pixels.second, pixels.first);
     return between(lower, upper, hn::Broadcast<pair>(blue));
 }
 
-/// The colours at places i to i + group_pixels - 1. All pairs begin before the first one ends: loads are done with
-/// sooner, and more of them are on their way at a time.
-template <bool with_deltas>
+/// The colours at places i to i + group_pixels - 1. All pairs begin before the first one ends, so that more loads are
+/// under way at the same time.
+template <layout form>
 HWY_INLINE group_colours interpolate_group(const float* lines, const chunk_places& places, std::size_t i)
 {
     const auto blue = hn::Load(wide(), places.blue + i);
-    const auto pair_0 = begin_pair<with_deltas>(lines, places, i);
-    const auto pair_1 = begin_pair<with_deltas>(lines, places, i + 1);
-    const auto pair_2 = begin_pair<with_deltas>(lines, places, i + 2);
-    const auto pair_3 = begin_pair<with_deltas>(lines, places, i + 3);
+    const auto pair_0 = begin_pair<form>(lines, places, i);
+    const auto pair_1 = begin_pair<form>(lines, places, i + 1);
+    const auto pair_2 = begin_pair<form>(lines, places, i + 2);
+    const auto pair_3 = begin_pair<form>(lines, places, i + 3);
     return {
         {end_pair<0>(pair_0, blue), end_pair<1>(pair_1, blue), end_pair<2>(pair_2, blue), end_pair<3>(pair_3, blue)}};
 }
 
 #else
 
-template <bool with_deltas>
+template <layout form>
 HWY_INLINE wide_vector interpolate_pixel(const float* lines, const chunk_places& places, std::size_t i)
 {
     const colour d;
     const float* line = line_at(lines, places, i);
     const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);
-    const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<with_deltas>(d, line + 4 * k, red); };
+    const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<form>(d, line + 4 * k, red); };
     const auto lower = between(corner(0), corner(2), green), upper = between(corner(1), corner(3), green);
     return between(lower, upper, hn::Set(d, places.blue[i]));
 }
 
 /// The colours at places i to i + 3.
-template <bool with_deltas>
+template <layout form>
 HWY_INLINE group_colours interpolate_group(const float* lines, const chunk_places& places, std::size_t i)
 {
-    return {{interpolate_pixel<with_deltas>(lines, places, i), interpolate_pixel<with_deltas>(lines, places, i + 1),
-             interpolate_pixel<with_deltas>(lines, places, i + 2),
-             interpolate_pixel<with_deltas>(lines, places, i + 3)}};
+    return {{interpolate_pixel<form>(lines, places, i), interpolate_pixel<form>(lines, places, i + 1),
+             interpolate_pixel<form>(lines, places, i + 2), interpolate_pixel<form>(lines, places, i + 3)}};
 }
 
 #endif

@@ -13,28 +13,28 @@ namespace
 {
 
 constexpr std::size_t edge = lut_edge;
-constexpr std::size_t small_second_cache = 512 * 1024; ///< below it the lines alone are faster
+constexpr std::size_t small_level_2_cache = 512 * 1024; // in smaller ones lines alone are faster
 
-render_table::layout favoured_layout()
+render_table::layout faster_layout()
 {
-    static const bool is_small = level_2_cache_bytes() < small_second_cache;
+    static const bool is_small = level_2_cache_bytes() < small_level_2_cache;
     return is_small ? render_table::layout::lines_only : render_table::layout::with_deltas;
 }
 
 float* allocate_lines(std::size_t floats)
 {
-    void* memory = std::aligned_alloc(render_lines::bytes_per_line, floats * sizeof(float));
+    void* memory = std::aligned_alloc(render_table::bytes_per_line, floats * sizeof(float));
     if (memory == nullptr)
         throw std::bad_alloc();
     return static_cast<float*>(memory);
 }
 
-/// The four corners around the cell (g, b) of one red.
+/// The four corners around the cell (g, b) of one red plane.
 struct line
 {
     argb_float corners[4];
 };
-static_assert(sizeof(line) == render_lines::bytes_per_line);
+static_assert(sizeof(line) == render_table::bytes_per_line);
 
 line line_of(const argb_float* entries, std::size_t r, std::size_t g, std::size_t b)
 {
@@ -66,7 +66,7 @@ void each_point(std::size_t reds, const function& point)
 } // namespace
 
 render_table::render_table(lut_argb<lut_edge> from)
-    : render_table(std::move(from), favoured_layout())
+    : render_table(std::move(from), faster_layout())
 {
 }
 
@@ -76,7 +76,7 @@ render_table::render_table(lut_argb<lut_edge> from, layout form)
 {
     const bool with_deltas = form == layout::with_deltas;
     const std::size_t reds = with_deltas ? edge : edge + 1;
-    lines.reset(allocate_lines(reds * edge * edge * get_lines().floats_per_point()));
+    lines.reset(allocate_lines(reds * edge * edge * floats_per_point(form)));
 
     const argb_float* entries = table.get_entries().data();
     auto* to = reinterpret_cast<line*>(lines.get());
@@ -88,22 +88,6 @@ render_table::render_table(lut_argb<lut_edge> from, layout form)
                    if (with_deltas)
                        *to++ = line_of(entries, std::min(r + 1, edge - 1), g, b) - lower;
                });
-}
-
-void render_table::render_row(const argb_float* in, argb_float* out, std::size_t count) const
-{
-    row_kernel::render_argb(get_lines(), in, out, count);
-}
-
-void render_table::render_row_half(const half_bits* in, half_bits* out, std::size_t count) const
-{
-    row_kernel::render_half(get_lines(), in, out, count);
-}
-
-void render_table::render_row_planes(const rgb_planes<const float>& in, const rgb_planes<float>& out,
-                                     std::size_t count) const
-{
-    row_kernel::render_planes(get_lines(), in, out, count);
 }
 
 } // namespace ov1

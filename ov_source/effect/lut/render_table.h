@@ -1,8 +1,7 @@
-// A published table in the form that pixels are rendered through.
+// A table in the form that pixels are rendered through (row_kernel.h).
 #pragma once
 
 #include "effect/lut/lut_argb.h"
-#include "effect/lut/row_kernel.h"
 
 #include <cstddef>
 #include <cstdlib>
@@ -12,41 +11,43 @@ namespace ov1
 {
 
 /// Made once per build and never changed, so any number of threads may render through it. Entries are finite.
+///
+/// Grid point (r, g, b) has a line of 64 bytes, the one at index (r * 17 + g) * 17 + b, that holds the corners (g, b),
+/// (g, b+1), (g+1, b) and (g+1, b+1) of its red plane, each an a, r, g, b. Corners beyond the last grid point repeat
+/// it: a loop over pixels needs no clamp for the upper corner.
 class render_table
 {
 public:
-    /// How the red axis is kept: the whole line of each grid point and what the next one has more (629 KB), or the
-    /// lines alone (333 KB), which cost a subtraction more but fit a small second cache.
+    /// How the red axis is kept. With deltas (629 KB) every line is followed by the difference to the line of r + 1.
+    /// Lines alone (333 KB) cost one subtraction more but fit a small second-level cache; an 18th red plane repeats the
+    /// last one.
     enum class layout
     {
         with_deltas,
         lines_only,
     };
 
-    /// In the layout that this machine's caches favour.
+    static constexpr std::size_t floats_per_line = 16;
+    static constexpr std::size_t bytes_per_line = floats_per_line * sizeof(float);
+    static constexpr std::size_t floats_per_point(layout form)
+    {
+        return form == layout::with_deltas ? 2 * floats_per_line : floats_per_line;
+    }
+
+    /// In the layout that is faster with this machine's caches.
     explicit render_table(lut_argb<lut_edge> table);
     render_table(lut_argb<lut_edge> table, layout form);
 
     const lut_argb<lut_edge>& get_table() const { return table; }
-
-    /// out[i] = lookup(in[i]) for count pixels, to the bit. in and out are the same row or do not overlap; the alpha of
-    /// in is ignored, that of out is the table's.
-    void render_row(const argb_float* in, argb_float* out, std::size_t count) const;
-
-    /// The same for halfs, four a pixel in the order R, G, B, A; the results are rounded to the nearest half.
-    void render_row_half(const half_bits* in, half_bits* out, std::size_t count) const;
-
-    /// The same for a row of each channel, without alpha. Every plane out is the same channel's plane in or overlaps
-    /// none.
-    void render_row_planes(const rgb_planes<const float>& in, const rgb_planes<float>& out, std::size_t count) const;
+    layout get_layout() const { return form; }
+    /// The line of grid point (0, 0, 0), aligned to 64 bytes; the table owns them.
+    const float* get_lines() const { return lines.get(); }
 
 private:
     struct free_lines
     {
-        void operator()(float* lines) const { std::free(lines); }
+        void operator()(float* memory) const { std::free(memory); }
     };
-
-    render_lines get_lines() const { return {form == layout::with_deltas, lines.get(), &table}; }
 
     lut_argb<lut_edge> table;
     layout form;

@@ -1,7 +1,7 @@
 #include "media/samples/frame_grader.h"
 
 #include "effect/lut/instruction_sets.h"
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 #include "media/base/libav.h"
 
 #include <cmath>
@@ -109,7 +109,7 @@ int largest_difference(const AVFrame& a, const AVFrame& b, const frame_form& for
 plane_grade through(const render_table& table)
 {
     return [&](std::size_t, const rgb_planes<float>& row, std::size_t count)
-    { table.render_row_planes({row.r, row.g, row.b}, row, count); };
+    { row_kernel::render_planes(table, {row.r, row.g, row.b}, row, count); };
 }
 
 constexpr AVPixelFormat all_forms[] = {

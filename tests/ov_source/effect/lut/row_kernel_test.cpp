@@ -1,4 +1,4 @@
-#include "effect/lut/render_table.h"
+#include "effect/lut/row_kernel.h"
 
 #include "effect/lut/instruction_sets.h"
 
@@ -86,7 +86,7 @@ void everywhere(const lut_argb<17>& table, const function& test)
     }
 }
 
-TEST(render_table, rows_of_floats_have_the_bits_of_lookup)
+TEST(row_kernel, rows_of_floats_have_the_bits_of_lookup)
 {
     const auto in = pixels(100'000, 1);
     const lut_argb<17> table = scrambled();
@@ -97,12 +97,12 @@ TEST(render_table, rows_of_floats_have_the_bits_of_lookup)
                [&](const render_table& rendered)
                {
                    std::vector<argb_float> out(in.size());
-                   rendered.render_row(in.data(), out.data(), in.size());
+                   row_kernel::render_argb(rendered, in.data(), out.data(), in.size());
                    EXPECT_TRUE(same_bits(out.data(), wanted.data(), in.size()));
                });
 }
 
-TEST(render_table, every_width_and_alignment_gives_the_same_and_writes_nothing_beside)
+TEST(row_kernel, every_width_and_alignment_gives_the_same_and_writes_nothing_beside)
 {
     constexpr std::size_t widest = 300;
     const auto in = pixels(widest, 2);
@@ -119,20 +119,20 @@ TEST(render_table, every_width_and_alignment_gives_the_same_and_writes_nothing_b
                        const std::size_t first = width % 4; // argb floats are aligned to 4 bytes only
                        std::vector<argb_float> out(widest + 8, untouched);
                        argb_float* row = out.data() + first;
-                       rendered.render_row(in.data(), row, width);
+                       row_kernel::render_argb(rendered, in.data(), row, width);
                        ASSERT_TRUE(same_bits(row, wanted.data(), width)) << width;
                        ASSERT_EQ(row[width], untouched) << width;
 
                        std::vector<float> bytes(4 * widest + 3);
                        auto* place = reinterpret_cast<argb_float*>(bytes.data() + first % 3);
                        std::copy_n(in.data(), width, place);
-                       rendered.render_row(place, place, width);
+                       row_kernel::render_argb(rendered, place, place, width);
                        ASSERT_TRUE(same_bits(place, wanted.data(), width)) << width << " in place";
                    }
                });
 }
 
-TEST(render_table, rows_of_halfs_are_widened_looked_up_and_rounded)
+TEST(row_kernel, rows_of_halfs_are_widened_looked_up_and_rounded)
 {
     // Every half stands in every channel.
     std::vector<half_bits> in(4 * 65'536 + 4 * 300);
@@ -151,19 +151,19 @@ TEST(render_table, rows_of_halfs_are_widened_looked_up_and_rounded)
                [&](const render_table& rendered)
                {
                    std::vector<half_bits> out(in.size(), 0x1234);
-                   rendered.render_row_half(in.data(), out.data(), 65'536);
+                   row_kernel::render_half(rendered, in.data(), out.data(), 65'536);
                    EXPECT_TRUE(same_bits(out.data(), wanted.data(), std::size_t{4} * 65'536));
                    for (std::size_t width = 0; width <= 300; ++width)
                    {
                        std::vector<half_bits> row(in.begin() + 1000, in.begin() + 1000 + 1204);
-                       rendered.render_row_half(row.data(), row.data(), width);
+                       row_kernel::render_half(rendered, row.data(), row.data(), width);
                        ASSERT_TRUE(same_bits(row.data(), wanted.data() + 1000, 4 * width)) << width;
                        ASSERT_TRUE(same_bits(&row[4 * width], &in[1000 + 4 * width], 4)) << width;
                    }
                });
 }
 
-TEST(render_table, planes_give_the_colours_of_the_row)
+TEST(row_kernel, planes_give_the_colours_of_the_row)
 {
     const auto row = pixels(1300, 3);
     std::array<std::vector<float>, 3> in, wanted;
@@ -185,7 +185,7 @@ TEST(render_table, planes_give_the_colours_of_the_row)
                    {
                        auto out = in;
                        const rgb_planes<float> planes{out[0].data(), out[1].data(), out[2].data()};
-                       rendered.render_row_planes({planes.r, planes.g, planes.b}, planes, width);
+                       row_kernel::render_planes(rendered, {planes.r, planes.g, planes.b}, planes, width);
                        for (std::size_t c = 0; c < 3; ++c)
                        {
                            ASSERT_TRUE(same_bits(out[c].data(), wanted[c].data(), width)) << width;
