@@ -20,9 +20,9 @@ namespace
 constexpr double bridge_floor = 0.8;
 constexpr std::size_t padding = 256;
 
-host_picture picture_of(const frame& f)
+rgba_picture picture_of(const frame& f)
 {
-    host_picture picture(f.width, f.height);
+    rgba_picture picture(f.width, f.height);
     for (std::size_t i = 0; i < f.count(); ++i)
     {
         const float rgba[] = {f.pixels[i].r, f.pixels[i].g, f.pixels[i].b, f.pixels[i].a};
@@ -73,7 +73,7 @@ void run_bridge_bench(report& to, std::size_t width, std::size_t height, int rou
     if (!host.create_instance(error) || !host.edit(3, 40.0) || !host.edit(4, 60.0))
         return to.answer("bridge: " + error.description, 1, 0);
     auto* const plugin = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(host.get_plugin());
-    const host_picture picture = picture_of(make_frame(content::natural, width, height));
+    const rgba_picture picture = picture_of(make_frame(content::natural, width, height));
     const picture_part all{0, 0, width, height};
     IOSurface* const in = [make_surface(picture, all, surface_format::half, padding) autorelease];
     IOSurface* const bridged = [make_empty_surface(all, surface_format::half, padding) autorelease];

@@ -2,7 +2,7 @@
 //
 //   format       "veridial-host document 1"
 //   parameters   id -> { name, value (value_text.h) or archive (data), keyframes: time -> value }
-#include "host/simulator/host_core.h"
+#include "host/simulator/simulator_core.h"
 #include "host/simulator/value_text.h"
 
 namespace ov1
@@ -126,7 +126,7 @@ bool simulated_host::read_document(const std::vector<std::uint8_t>& bytes, std::
             reason = "is no document of this program";
             return false;
         }
-        parameter_map_by_id parameters;
+        parameters_by_id parameters;
         for (NSString* key in entries)
         {
             stored_parameter p;

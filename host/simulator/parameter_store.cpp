@@ -191,13 +191,13 @@ std::size_t parameter_store::get_set_count() const
     return sets;
 }
 
-parameter_map_by_id parameter_store::copy() const
+parameters_by_id parameter_store::copy() const
 {
     const std::scoped_lock guard(lock);
     return parameters;
 }
 
-void parameter_store::restore(const parameter_map_by_id& saved)
+void parameter_store::restore(const parameters_by_id& saved)
 {
     const std::scoped_lock guard(lock);
     for (const auto& [id, from] : saved)

@@ -49,7 +49,7 @@ struct stored_parameter
 /// Whether value and keyframes are the same.
 [[nodiscard]] bool same_values(const stored_parameter& a, const stored_parameter& b);
 
-using parameter_map_by_id = std::map<std::uint32_t, stored_parameter>;
+using parameters_by_id = std::map<std::uint32_t, stored_parameter>;
 
 /// Any thread.
 class parameter_store
@@ -78,18 +78,18 @@ public:
 
     /// How often values were set, with what was set without an effect.
     std::size_t get_set_count() const;
-    parameter_map_by_id copy() const;
+    parameters_by_id copy() const;
     /// Values and keyframes of those that are declared alike; what is not declared is passed over.
-    void restore(const parameter_map_by_id& saved);
+    void restore(const parameters_by_id& saved);
 
 private:
     stored_parameter* find(std::uint32_t id, const store_value& kind);
 
     mutable std::recursive_mutex lock;
-    parameter_map_by_id parameters;
-    std::vector<parameter_map_by_id> undo_steps;
-    std::vector<parameter_map_by_id> redo_steps;
-    parameter_map_by_id before_action;
+    parameters_by_id parameters;
+    std::vector<parameters_by_id> undo_steps;
+    std::vector<parameters_by_id> redo_steps;
+    parameters_by_id before_action;
     int open_actions = 0;
     bool changed_in_action = false;
     std::size_t sets = 0;

@@ -1,8 +1,8 @@
 // A video host for one instance of the effect: what a real one keeps, calls and asks for, within this process.
 #pragma once
 
-#include "host/simulator/host_picture.h"
 #include "host/simulator/parameter_store.h"
+#include "host/simulator/rgba_picture.h"
 
 #include <CoreMedia/CMTime.h>
 
@@ -69,11 +69,11 @@ public:
     bool redo();
 
     /// Renders a frame at the playhead: takes the parameters over, then all tiles. False with what the effect said.
-    [[nodiscard]] bool render(const host_picture& in, host_picture& out, const tile_options& options,
+    [[nodiscard]] bool render(const rgba_picture& in, rgba_picture& out, const tile_options& options,
                               host_error& error);
 
     /// The frame that an analysis finds under the playhead.
-    void set_frame(host_picture frame, surface_format format);
+    void set_frame(rgba_picture frame, surface_format format);
     /// Waits until no analysis is running; its error, or code 0.
     host_error wait_for_analysis();
 
@@ -89,7 +89,7 @@ public:
 
 private:
     /// Tells the effect of every parameter that is not as before.
-    void tell_changes(const parameter_map_by_id& before);
+    void tell_changes(const parameters_by_id& before);
 
     const std::unique_ptr<core> impl;
 };

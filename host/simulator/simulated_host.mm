@@ -1,6 +1,6 @@
 #include "host/simulator/simulated_host.h"
 
-#include "host/simulator/host_core.h"
+#include "host/simulator/simulator_core.h"
 #include "host/simulator/tile_maker.h"
 
 #include <atomic>
@@ -20,7 +20,7 @@ using effect = NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyz
 effect* effect_of(const simulated_host::core& core) { return static_cast<effect*>(core.plugin); }
 
 /// The parts of a picture, row by row.
-std::vector<picture_part> parts_of(const host_picture& picture, std::size_t side)
+std::vector<picture_part> parts_of(const rgba_picture& picture, std::size_t side)
 {
     const std::size_t width = side == 0 ? picture.width : side, height = side == 0 ? picture.height : side;
     std::vector<picture_part> parts;
@@ -31,7 +31,7 @@ std::vector<picture_part> parts_of(const host_picture& picture, std::size_t side
 }
 
 /// Sends one part through the effect, with the questions that a host asks before.
-bool render_part(effect* plugin, const host_picture& in, host_picture& out, const picture_part& part,
+bool render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, const picture_part& part,
                  const tile_options& options, CMTime time, host_error& error)
 {
     @autoreleasepool
@@ -72,12 +72,12 @@ bool render_part(effect* plugin, const host_picture& in, host_picture& out, cons
 
 } // namespace
 
-call_at::call_at(CMTime time)
+call_time_guard::call_time_guard(CMTime time)
     : before(std::exchange(call_time, time))
 {
 }
-call_at::~call_at() { call_time = before; }
-std::optional<CMTime> call_at::now() { return call_time; }
+call_time_guard::~call_time_guard() { call_time = before; }
+std::optional<CMTime> call_time_guard::now() { return call_time; }
 
 host_error error_of(NSError* error)
 {
@@ -104,7 +104,7 @@ CMTime simulated_host::core::frames_later(CMTime time, int frames) const
 
 CMTime simulated_host::core::current_time() const
 {
-    if (const auto during_call = call_at::now())
+    if (const auto during_call = call_time_guard::now())
         return *during_call;
     const std::scoped_lock guard(lock);
     return playhead;
@@ -196,7 +196,7 @@ void simulated_host::set_rate(int numerator, int denominator)
 bool simulated_host::edit(std::uint32_t number, store_value value)
 {
     const CMTime time = get_playhead();
-    const call_at here(time);
+    const call_time_guard here(time);
     if (!impl->store.set(number, time, std::move(value)))
         return false;
     @autoreleasepool
@@ -208,7 +208,7 @@ bool simulated_host::edit(std::uint32_t number, store_value value)
 
 bool simulated_host::undo()
 {
-    const parameter_map_by_id before = impl->store.copy();
+    const parameters_by_id before = impl->store.copy();
     if (!impl->store.undo())
         return false;
     tell_changes(before);
@@ -217,17 +217,17 @@ bool simulated_host::undo()
 
 bool simulated_host::redo()
 {
-    const parameter_map_by_id before = impl->store.copy();
+    const parameters_by_id before = impl->store.copy();
     if (!impl->store.redo())
         return false;
     tell_changes(before);
     return true;
 }
 
-void simulated_host::tell_changes(const parameter_map_by_id& before)
+void simulated_host::tell_changes(const parameters_by_id& before)
 {
     const CMTime time = get_playhead();
-    const call_at here(time);
+    const call_time_guard here(time);
     @autoreleasepool
     {
         for (const auto& [number, now] : impl->store.copy())
@@ -239,11 +239,11 @@ void simulated_host::tell_changes(const parameter_map_by_id& before)
     }
 }
 
-bool simulated_host::render(const host_picture& in, host_picture& out, const tile_options& options, host_error& error)
+bool simulated_host::render(const rgba_picture& in, rgba_picture& out, const tile_options& options, host_error& error)
 {
     const CMTime time = get_playhead();
     {
-        const call_at here(time);
+        const call_time_guard here(time);
         @autoreleasepool
         {
             NSData* state = nil;
@@ -251,14 +251,14 @@ bool simulated_host::render(const host_picture& in, host_picture& out, const til
             [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&said];
         }
     }
-    out = host_picture(in.width, in.height);
+    out = rgba_picture(in.width, in.height);
     const std::vector<picture_part> parts = parts_of(in, options.side);
     std::atomic<std::size_t> next = 0;
     std::mutex error_mutex;
     bool failed = false;
     const auto work = [&]
     {
-        const call_at here(time);
+        const call_time_guard here(time);
         for (std::size_t i = next++; i < parts.size(); i = next++)
         {
             host_error said;
@@ -277,7 +277,7 @@ bool simulated_host::render(const host_picture& in, host_picture& out, const til
     return !failed;
 }
 
-void simulated_host::set_frame(host_picture frame, surface_format format)
+void simulated_host::set_frame(rgba_picture frame, surface_format format)
 {
     const std::scoped_lock guard(impl->lock);
     impl->frame = std::move(frame);

@@ -22,7 +22,7 @@ std::byte* row_of(IOSurface* surface, std::size_t y)
 }
 
 /// Rows count upwards from the picture's lower edge in the host's rectangles.
-FxRect rect_of(const host_picture& picture, const picture_part& part)
+FxRect rect_of(const rgba_picture& picture, const picture_part& part)
 {
     const auto height = static_cast<SInt32>(picture.height);
     const auto top = height - static_cast<SInt32>(part.y);
@@ -40,7 +40,7 @@ IOSurface* make_empty_surface(const picture_part& part, surface_format format, s
                        part.width * bytes + padding}];
 }
 
-IOSurface* make_surface(const host_picture& picture, const picture_part& part, surface_format format,
+IOSurface* make_surface(const rgba_picture& picture, const picture_part& part, surface_format format,
                         std::size_t padding)
 {
     IOSurface* const surface = make_empty_surface(part, format, padding);
@@ -56,7 +56,7 @@ IOSurface* make_surface(const host_picture& picture, const picture_part& part, s
     return surface;
 }
 
-void take_surface(IOSurface* surface, surface_format format, host_picture& picture, const picture_part& part)
+void take_surface(IOSurface* surface, surface_format format, rgba_picture& picture, const picture_part& part)
 {
     for (std::size_t y = 0; y < part.height; ++y)
     {
@@ -72,7 +72,7 @@ void take_surface(IOSurface* surface, surface_format format, host_picture& pictu
     }
 }
 
-FxImageTile* make_tile(IOSurface* surface, const host_picture& picture, const picture_part& part)
+FxImageTile* make_tile(IOSurface* surface, const rgba_picture& picture, const picture_part& part)
 {
     return [[FxImageTile alloc] initWithSurface:surface
                                      tileBounds:rect_of(picture, part)

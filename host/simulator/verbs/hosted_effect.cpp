@@ -60,7 +60,7 @@ result<assignment> read_setting(const std::string& setting, std::span<const para
 
 } // namespace
 
-std::vector<failure> hosted_effect::open(const host_request& request)
+std::vector<failure> hosted_effect::open(const simulator_request& request)
 {
     host_error error;
     if (!host.create_instance(error))
@@ -106,14 +106,14 @@ std::vector<failure> hosted_effect::apply(const std::vector<std::string>& settin
 result<> hosted_effect::render_to(const std::string& path, const picture_file& source, const tile_options& tiles,
                                   bool overwrite)
 {
-    host_picture rendered;
+    rgba_picture rendered;
     host_error error;
     if (!host.render(source.picture, rendered, tiles, error))
         return failure{failure_kind::unsupported, "the effect", error.description};
     return write_picture(path, source, rendered, overwrite);
 }
 
-result<> hosted_effect::save(const host_request& request)
+result<> hosted_effect::save(const simulator_request& request)
 {
     if (!request.save_document)
         return {};

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/simulator/simulated_host.h"
-#include "host/simulator/verbs/host_pictures.h"
-#include "host/simulator/verbs/host_request.h"
+#include "host/simulator/verbs/picture_file.h"
+#include "host/simulator/verbs/simulator_request.h"
 #include "shared/result.h"
 
 #include <string>
@@ -19,13 +19,13 @@ public:
 
     /// Makes the instance, opens the document, adds the instance to it, then sets the values as a user would. There
     /// is one failure for each thing that is wrong.
-    [[nodiscard]] std::vector<failure> open(const host_request& request);
+    [[nodiscard]] std::vector<failure> open(const simulator_request& request);
 
     /// Renders the picture of a file and writes it to the path.
     result<> render_to(const std::string& path, const picture_file& source, const tile_options& tiles, bool overwrite);
 
     /// The document as it is now, where the request names a file for it.
-    result<> save(const host_request& request);
+    result<> save(const simulator_request& request);
 
 private:
     result<> read_document(const std::string& path);

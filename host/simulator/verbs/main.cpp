@@ -20,7 +20,7 @@ ov1::exit_code run_open(std::span<const std::string> arguments, ov1::console& ou
 #if VERIDIAL_HAS_EDITOR
     const ov1::editor_scope editor;
 #endif
-    return ov1::run_host_open(arguments, out);
+    return ov1::run_simulator_open(arguments, out);
 }
 
 } // namespace
@@ -29,7 +29,7 @@ int main(int argc, char** argv)
 {
     using namespace ov1;
     constexpr std::array verbs{
-        verb{"render", "renders a picture through the effect, in tiles", run_host_render},
+        verb{"render", "renders a picture through the effect, in tiles", run_simulator_render},
         verb{"open", "shows the inspector over a picture; its button opens the editor", run_open},
     };
     console out(stdout, stderr, "veridial-host");

@@ -11,6 +11,6 @@ namespace ov1
 {
 
 /// The editor must be installed by then, if there is one.
-exit_code run_host_open(std::span<const std::string> arguments, console& out);
+exit_code run_simulator_open(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

@@ -2,8 +2,8 @@
 
 #include "command_line/program.h"
 #include "host/simulator/inspector.h"
-#include "host/simulator/verbs/host_pictures.h"
 #include "host/simulator/verbs/hosted_effect.h"
+#include "host/simulator/verbs/picture_file.h"
 
 #import <AppKit/AppKit.h>
 
@@ -16,12 +16,12 @@ namespace ov1
 namespace
 {
 
-std::optional<exit_code> parse(host_request& request, std::optional<std::string>& output,
+std::optional<exit_code> parse(simulator_request& request, std::optional<std::string>& output,
                                std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial-host open", "Shows the inspector of a video host; its button opens the editor.",
                            "  veridial-host open photo.png --save-document grade.plist -o out.png\n");
-    add_host_options(parser, request);
+    add_simulator_options(parser, request);
     parser.text("-o,--output", output, "OUT", "the picture as it is when the inspector is closed, rendered");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
@@ -29,7 +29,7 @@ std::optional<exit_code> parse(host_request& request, std::optional<std::string>
     for (const auto& path : {output, request.save_document})
         if (path)
             outputs.push_back(*path);
-    if (const auto failures = settle_host_request(request, outputs); !failures.empty())
+    if (const auto failures = check_simulator_request(request, outputs); !failures.empty())
         return fail(failures, out);
     return {};
 }
@@ -48,7 +48,7 @@ void start_application()
 }
 
 /// Shows the inspector until it is closed, then writes what the command line asks for.
-exit_code show_inspector(const host_request& request, const std::optional<std::string>& output, console& out)
+exit_code show_inspector(const simulator_request& request, const std::optional<std::string>& output, console& out)
 {
     const auto file = read_picture(request.inputs[0]);
     if (!file)
@@ -71,11 +71,11 @@ exit_code show_inspector(const host_request& request, const std::optional<std::s
 
 } // namespace
 
-exit_code run_host_open(std::span<const std::string> arguments, console& out)
+exit_code run_simulator_open(std::span<const std::string> arguments, console& out)
 {
     @autoreleasepool
     {
-        host_request request;
+        simulator_request request;
         std::optional<std::string> output;
         if (const auto end = parse(request, output, arguments, out))
             return *end;

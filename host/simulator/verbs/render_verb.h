@@ -10,6 +10,6 @@
 namespace ov1
 {
 
-exit_code run_host_render(std::span<const std::string> arguments, console& out);
+exit_code run_simulator_render(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

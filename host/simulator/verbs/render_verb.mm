@@ -3,8 +3,8 @@
 #include "command_line/number.h"
 #include "command_line/option_reader.h"
 #include "command_line/program.h"
-#include "host/simulator/verbs/host_pictures.h"
 #include "host/simulator/verbs/hosted_effect.h"
+#include "host/simulator/verbs/picture_file.h"
 
 #import <Foundation/Foundation.h>
 
@@ -18,7 +18,7 @@ constexpr int longest_tile = 1 << 15;
 
 struct render_command
 {
-    host_request request;
+    simulator_request request;
     std::optional<std::string> output;
     std::optional<std::string> tile;
     std::optional<std::string> pixels;
@@ -45,7 +45,7 @@ std::optional<exit_code> parse(render_command& command, std::span<const std::str
 {
     argument_parser parser("veridial-host render", "Renders a picture through the effect, as a video host does.",
                            "  veridial-host render photo.png -s \"Sky Strength=60\" -o out.png\n");
-    add_host_options(parser, command.request);
+    add_simulator_options(parser, command.request);
     parser.text("-o,--output", command.output, "OUT", "the rendered picture");
     parser.group("Tiles");
     parser.text("--tile", command.tile, "N", "side of a tile in pixels, 0 for the whole picture; 512 if left out");
@@ -58,7 +58,7 @@ std::optional<exit_code> parse(render_command& command, std::span<const std::str
     std::vector<std::string> outputs{*command.output};
     if (command.request.save_document)
         outputs.push_back(*command.request.save_document);
-    if (const auto failures = settle_host_request(command.request, outputs); !failures.empty())
+    if (const auto failures = check_simulator_request(command.request, outputs); !failures.empty())
         return fail(failures, out);
     return {};
 }
@@ -81,7 +81,7 @@ exit_code render(const render_command& command, console& out)
 
 } // namespace
 
-exit_code run_host_render(std::span<const std::string> arguments, console& out)
+exit_code run_simulator_render(std::span<const std::string> arguments, console& out)
 {
     @autoreleasepool
     {

@@ -1,5 +1,5 @@
 // What the classes claim, against the declarations; and what remains of an instance.
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #import <FxPlug/protocol_records.h>
 #import <objc/runtime.h>
@@ -15,7 +15,7 @@ namespace
 
 TEST(conformance, every_claimed_protocol_is_answered_in_full_with_the_declared_types)
 {
-    const pool_scope pool;
+    const pool_guard pool;
     const struct
     {
         Class kind;
@@ -26,13 +26,13 @@ TEST(conformance, every_claimed_protocol_is_answered_in_full_with_the_declared_t
         {[fcp_wrapper_veridialfcpx_3_7_0_0 class], @protocol(FxCustomParameterViewHost_v2), true},
         {[fcp_wrapper_veridialfcpx_3_7_0_0 class], @protocol(FxAnalyzer), true},
         {[fcpx_state_param class], @protocol(FxCustomParameterInterpolation_v2), true},
-        {NSClassFromString(@"host_parameter_creation"), @protocol(FxParameterCreationAPI_v5), true},
-        {NSClassFromString(@"host_parameter_retrieval"), @protocol(FxParameterRetrievalAPI_v6), true},
-        {NSClassFromString(@"host_parameter_setting"), @protocol(FxParameterSettingAPI_v6), true},
-        {NSClassFromString(@"host_parameter_setting"), @protocol(FxParameterSettingAPI_v5), true},
-        {NSClassFromString(@"host_actions"), @protocol(FxCustomParameterActionAPI_v4), true},
-        {NSClassFromString(@"host_timing"), @protocol(FxTimingAPI_v4), true},
-        {NSClassFromString(@"host_analysis"), @protocol(FxAnalysisAPI), true},
+        {NSClassFromString(@"simulator_parameter_creation"), @protocol(FxParameterCreationAPI_v5), true},
+        {NSClassFromString(@"simulator_parameter_retrieval"), @protocol(FxParameterRetrievalAPI_v6), true},
+        {NSClassFromString(@"simulator_parameter_setting"), @protocol(FxParameterSettingAPI_v6), true},
+        {NSClassFromString(@"simulator_parameter_setting"), @protocol(FxParameterSettingAPI_v5), true},
+        {NSClassFromString(@"simulator_actions"), @protocol(FxCustomParameterActionAPI_v4), true},
+        {NSClassFromString(@"simulator_timing"), @protocol(FxTimingAPI_v4), true},
+        {NSClassFromString(@"simulator_analysis"), @protocol(FxAnalysisAPI), true},
     };
     for (const auto& row : rows)
     {
@@ -60,24 +60,24 @@ TEST(conformance, every_claimed_protocol_is_answered_in_full_with_the_declared_t
 
 TEST(instances, leave_nothing_behind)
 {
-    const pool_scope pool;
+    const pool_guard pool;
     GSDebugAllocationActive(YES);
     for (int i = 0; i < 1000; ++i)
     {
-        const pool_scope of_one;
+        const pool_guard of_one;
         simulated_host host;
         host_error error;
         ASSERT_TRUE(host.create_instance(error));
         ASSERT_EQ(GSDebugAllocationCount([fcp_wrapper_veridialfcpx_3_7_0_0 class]), 1);
         host.add_to_document();
         [static_cast<id>(host.get_plugin()) pushState];
-        host_picture out;
-        ASSERT_TRUE(i % 10 > 0 || host.render(host_picture(8, 8), out, {}, error));
+        rgba_picture out;
+        ASSERT_TRUE(i % 10 > 0 || host.render(rgba_picture(8, 8), out, {}, error));
         if (i % 10 == 5)
             [static_cast<id>(host.get_plugin()) handleGUIButton]; // and removed before the frame has come
     }
     for (const char* name : {"fcp_wrapper_veridialfcpx_3_7_0_0", "fcpx_state_param", "idle_timer_target", "FxImageTile",
-                             "IOSurface", "host_api_manager", "strict_unarchiver"})
+                             "IOSurface", "simulator_api_manager", "strict_unarchiver"})
         EXPECT_EQ(GSDebugAllocationCount(NSClassFromString([NSString stringWithUTF8String:name])), 0) << name;
     GSDebugAllocationActive(NO);
 }

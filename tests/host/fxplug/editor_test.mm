@@ -1,5 +1,5 @@
 // From the button to the editor and back, with an editor that runs a script.
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #include "framework/parameters/iparameter_v1.h"
 #include "host/fxplug/run_loop.h"
@@ -9,9 +9,9 @@ namespace ov1
 namespace
 {
 
-struct editor_road : bridge_stage
+struct editor_road : bridge_fixture
 {
-    editor_road() { host.set_frame(host_picture(64, 48), surface_format::half); }
+    editor_road() { host.set_frame(rgba_picture(64, 48), surface_format::half); }
 };
 
 TEST_F(editor_road, button_frame_editor_and_one_state_back_at_the_host)
@@ -61,7 +61,7 @@ TEST_F(editor_road, a_frame_that_cannot_be_had_keeps_the_request)
     } rows[] = {
         {"no lock", [&](bool on) { host.refuse_analysis_locks(on); }, 0},
         {"empty frame",
-         [&](bool on) { host.set_frame(on ? host_picture(0, 0) : host_picture(64, 48), surface_format::half); }, 0},
+         [&](bool on) { host.set_frame(on ? rgba_picture(0, 0) : rgba_picture(64, 48), surface_format::half); }, 0},
         {"no timing", [&](bool on) { host.refuse_interface("FxTimingAPI_v4", on); }, 29},
     };
     for (const auto& row : rows)

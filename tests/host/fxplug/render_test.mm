@@ -1,5 +1,5 @@
 // Tiles through the plug-in class: pixels, refusals, several threads.
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #include "host/simulator/tile_maker.h"
 
@@ -13,9 +13,9 @@ namespace
 
 constexpr OSType half_code = 0x52476841, float_code = 0x52476641;
 
-host_picture random_picture(std::size_t width, std::size_t height)
+rgba_picture random_picture(std::size_t width, std::size_t height)
 {
-    host_picture picture(width, height);
+    rgba_picture picture(width, height);
     std::mt19937 random(7);
     for (float& v : picture.rgba)
         v = static_cast<float>(random() % 2049) / 2048; // a half holds it
@@ -28,15 +28,15 @@ FxImageTile* tile_of(surface_shape shape)
     return [[[FxImageTile alloc] initWithSurface:surface tileBounds:{} imageBounds:{} origin:2] autorelease];
 }
 
-using render = bridge_stage;
+using render = bridge_fixture;
 
 TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
 {
-    const host_picture in = random_picture(97, 61);
+    const rgba_picture in = random_picture(97, 61);
     for (const bool is_half : {true, false})
     {
         SCOPED_TRACE(is_half);
-        host_picture out, expected(97, 61);
+        rgba_picture out, expected(97, 61);
         ASSERT_TRUE(
             host.render(in, out, {is_half ? surface_format::half : surface_format::full_float, 32, 48, 3}, error));
         for (std::size_t i = 0; i < in.rgba.size(); i += 4)
@@ -51,7 +51,7 @@ TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
 
 TEST_F(render, rectangles_are_the_sources_and_the_destinations)
 {
-    const host_picture picture(100, 50);
+    const rgba_picture picture(100, 50);
     FxImageTile* const tile = [make_tile(nil, picture, {10, 5, 20, 15}) autorelease];
     FxRect whole{}, wanted{};
     ASSERT_TRUE([plugin() destinationImageRect:&whole
@@ -143,19 +143,19 @@ TEST_F(render, a_destination_without_a_lock_is_no_render_and_a_source_without_on
 
 TEST_F(render, while_an_editor_is_open_tiles_stay_as_they_are_and_edits_are_not_taken)
 {
-    const host_picture in = random_picture(8, 8);
-    host_picture out;
+    const rgba_picture in = random_picture(8, 8);
+    rgba_picture out;
     gui_is_open() = true;
     EXPECT_TRUE(host.render(in, out, {}, error));
     EXPECT_TRUE(host.edit(2, 40.0)) << "accepted";
     gui_is_open() = false;
-    EXPECT_TRUE(out == host_picture(8, 8));
+    EXPECT_TRUE(out == rgba_picture(8, 8));
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 12.5f) << "and ignored";
 }
 
 TEST_F(render, tiles_of_several_threads_with_edits_between_them_are_whole)
 {
-    const host_picture in = random_picture(64, 64);
+    const rgba_picture in = random_picture(64, 64);
     std::atomic<bool> stop = false;
     std::jthread editing(
         [&]
@@ -170,7 +170,7 @@ TEST_F(render, tiles_of_several_threads_with_edits_between_them_are_whole)
             {
                 for (int k = 0; k < 20; ++k)
                 {
-                    host_picture out;
+                    rgba_picture out;
                     host_error said;
                     EXPECT_TRUE(host.render(in, out, {surface_format::half, 16, 16, 2}, said));
                     EXPECT_EQ(out.rgba[0], in.rgba[2]);

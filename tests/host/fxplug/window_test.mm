@@ -1,5 +1,5 @@
 // What needs a screen: the view with the button. Run under an X server of the tests' own.
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #import <objc/runtime.h>
 
@@ -8,7 +8,7 @@ namespace ov1
 namespace
 {
 
-struct bridge_window : bridge_stage
+struct bridge_window : bridge_fixture
 {
     bridge_window() { [NSApplication sharedApplication]; }
 };

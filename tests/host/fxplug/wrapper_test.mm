@@ -1,17 +1,17 @@
 // The plug-in class under the simulated host: declaration, values both ways, state, documents.
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #include "framework/parameters/iparameter_v1.h"
 #include "framework/state_blob.h"
 #include "host/bridge/parameter_map.h"
-#include "host/simulator/host_archive.h"
+#include "host/simulator/value_archive.h"
 
 namespace ov1
 {
 namespace
 {
 
-struct wrapper : bridge_stage
+struct wrapper : bridge_fixture
 {
     store_archive state_payload()
     {
@@ -44,7 +44,7 @@ TEST_F(wrapper, declares_the_state_and_every_parameter)
 
 TEST(wrapper_without_creation, says_code_14_and_declares_nothing)
 {
-    const pool_scope pool;
+    const pool_guard pool;
     simulated_host host;
     host_error error;
     host.refuse_interface("FxParameterCreationAPI_v5");
@@ -115,7 +115,7 @@ TEST_F(wrapper, an_animated_parameter_is_taken_at_the_time_of_the_call)
     host.get_parameters().set_keyframe(2, CMTimeMake(0, 30), 0.0);
     host.get_parameters().set_keyframe(2, CMTimeMake(30, 30), 60.0);
     host.set_playhead(CMTimeMake(15, 30));
-    host_picture in(4, 4), out;
+    rgba_picture in(4, 4), out;
     ASSERT_TRUE(host.render(in, out, {}, error));
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 30.0f);
 }
@@ -178,7 +178,7 @@ TEST_F(wrapper, a_document_with_a_former_parameter_opens_with_its_grade_at_the_h
     host.get_parameters().set(1, kCMTimeZero, archive_value(state));
     host.add_to_document();
     EXPECT_EQ(at_host(2), store_value(77.0));
-    host_picture in(4, 4), out;
+    rgba_picture in(4, 4), out;
     ASSERT_TRUE(host.render(in, out, {}, error));
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 77.0f) << "and stays when the host's values are taken";
 }
@@ -231,7 +231,7 @@ TEST_F(wrapper, missing_interfaces_make_no_operations)
 
 TEST(state_value, is_always_equal_never_blended_and_survives_a_strict_decoder)
 {
-    const pool_scope pool;
+    const pool_guard pool;
     [fcpx_state_param setDefaultState:{1, 2, 3}];
     fcpx_state_param* const one = [[[fcpx_state_param alloc] init] autorelease];
     fcpx_state_param* const other = [[[fcpx_state_param alloc] init] autorelease];

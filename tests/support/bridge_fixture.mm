@@ -1,4 +1,4 @@
-#include "support/bridge_stage.h"
+#include "support/bridge_fixture.h"
 
 #include "framework/create_ccomponent.h"
 #include "host/fxplug/run_loop.h"
@@ -9,20 +9,20 @@ namespace ov1
 // The effect that this program is linked with.
 std::shared_ptr<icomponent_v1> create_ccomponent() { return std::make_shared<bridge_component>(); }
 
-bridge_stage::bridge_stage()
+bridge_fixture::bridge_fixture()
 {
     install_editor_factory([this](std::weak_ptr<icomponent_v1>) { return editor; });
     install_window_maker([this](const std::string&, const rect&, const std::string&, void*) { return window; });
     EXPECT_TRUE(host.create_instance(error)) << error.description;
 }
 
-bridge_stage::~bridge_stage()
+bridge_fixture::~bridge_fixture()
 {
     install_editor_factory({});
     install_window_maker({});
 }
 
-void bridge_stage::set(int place, param_cell to)
+void bridge_fixture::set(int place, param_cell to)
 {
     const auto parameter = component()->get_parameter(place);
     param_value v = parameter->get_param_value();
@@ -30,13 +30,13 @@ void bridge_stage::set(int place, param_cell to)
     parameter->set_param_value(v, false);
 }
 
-store_value bridge_stage::at_host(std::uint32_t number, store_value kind)
+store_value bridge_fixture::at_host(std::uint32_t number, store_value kind)
 {
     EXPECT_TRUE(host.get_parameters().get(number, host.get_playhead(), kind)) << number;
     return kind;
 }
 
-void bridge_stage::press_and_run()
+void bridge_fixture::press_and_run()
 {
     editor->step = 0;
     editor->shown.reset();

@@ -1,4 +1,4 @@
-#include "host/simulator/host_archive.h"
+#include "host/simulator/value_archive.h"
 
 /// The desktop's own decoder does not look at classes.
 @interface strict_unarchiver : NSKeyedUnarchiver

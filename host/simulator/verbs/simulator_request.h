@@ -13,7 +13,7 @@
 namespace ov1
 {
 
-struct host_request
+struct simulator_request
 {
     std::vector<std::string> inputs;
     std::vector<std::string> settings;        ///< "Sky Strength=60"
@@ -23,10 +23,10 @@ struct host_request
 };
 
 /// Declares the options that all verbs share; the request must outlive the parsing.
-void add_host_options(argument_parser& parser, host_request& request);
+void add_simulator_options(argument_parser& parser, simulator_request& request);
 
 /// Checks that there is exactly one picture, and that the outputs may be written.
-[[nodiscard]] std::vector<failure> settle_host_request(const host_request& request,
-                                                       std::span<const std::string> outputs);
+[[nodiscard]] std::vector<failure> check_simulator_request(const simulator_request& request,
+                                                           std::span<const std::string> outputs);
 
 } // namespace ov1

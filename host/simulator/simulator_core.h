@@ -28,7 +28,7 @@ struct simulated_host::core
     int input_offset = 0;
     int rate_numerator = 30000;
     int rate_denominator = 1001;
-    host_picture frame;
+    rgba_picture frame;
     surface_format frame_format = surface_format::half;
     bool refuse_analysis_locks = false;
     FxAnalysisState analysis_state = kFxAnalysisState_NotAnalyzing;
@@ -45,13 +45,13 @@ struct simulated_host::core
 };
 
 /// For its length this thread's calls into the effect are about this time.
-class call_at
+class call_time_guard
 {
 public:
-    explicit call_at(CMTime time);
-    ~call_at();
-    call_at(const call_at&) = delete;
-    call_at& operator=(const call_at&) = delete;
+    explicit call_time_guard(CMTime time);
+    ~call_time_guard();
+    call_time_guard(const call_time_guard&) = delete;
+    call_time_guard& operator=(const call_time_guard&) = delete;
 
     static std::optional<CMTime> now();
 

@@ -1,4 +1,4 @@
-#include "host/simulator/verbs/host_pictures.h"
+#include "host/simulator/verbs/picture_file.h"
 
 #include "media/stills/still_writer.h"
 #include "platform/atomic_file.h"
@@ -14,7 +14,7 @@ result<picture_file> read_picture(const std::string& path)
     if (const auto opened = file.reader.open(path); !opened)
         return about(path, opened.error());
     const media::still_info& info = file.reader.info();
-    file.picture = host_picture(info.width, info.height);
+    file.picture = rgba_picture(info.width, info.height);
     std::vector<argb_float> row(info.width);
     for (std::size_t y = 0; y < info.height; ++y)
     {
@@ -28,7 +28,7 @@ result<picture_file> read_picture(const std::string& path)
     return file;
 }
 
-result<> write_picture(const std::string& path, const picture_file& like, const host_picture& picture, bool overwrite)
+result<> write_picture(const std::string& path, const picture_file& like, const rgba_picture& picture, bool overwrite)
 {
     media::still_writer writer;
     if (const auto created = writer.create(path, like.reader.info(), {}); !created)

@@ -1,4 +1,4 @@
-#include "host/simulator/verbs/host_request.h"
+#include "host/simulator/verbs/simulator_request.h"
 
 #include "command_line/output_plan.h"
 #include "command_line/program.h"
@@ -6,7 +6,7 @@
 namespace ov1
 {
 
-void add_host_options(argument_parser& parser, host_request& request)
+void add_simulator_options(argument_parser& parser, simulator_request& request)
 {
     parser.positionals("INPUT", request.inputs, "the picture that the host shows");
     parser.group("Grade");
@@ -19,7 +19,7 @@ void add_host_options(argument_parser& parser, host_request& request)
     parser.flag("-f,--overwrite", request.overwrite, "replaces what exists");
 }
 
-std::vector<failure> settle_host_request(const host_request& request, std::span<const std::string> outputs)
+std::vector<failure> check_simulator_request(const simulator_request& request, std::span<const std::string> outputs)
 {
     std::vector<failure> failures;
     if (request.inputs.size() != 1)

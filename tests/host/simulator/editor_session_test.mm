@@ -4,7 +4,7 @@
 #include "editor/veridial_ui.h"
 #include "framework/icomponent_v1.h"
 #include "host/simulator/inspector.h"
-#include "host/simulator/verbs/host_pictures.h"
+#include "host/simulator/verbs/picture_file.h"
 #include "support/temp_folder.h"
 
 #import "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
@@ -113,7 +113,7 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
     EXPECT_EQ(host.get_parameters().get_undo_count(), undo_steps + 3) << "one state, two parameters";
     EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
 
-    host_picture graded;
+    rgba_picture graded;
     std::vector<std::uint8_t> bytes;
     std::string reason;
     ASSERT_TRUE(host.render(file->picture, graded, {}, error)) << error.description;

@@ -1,8 +1,8 @@
-#include "host/simulator/host_archive.h"
-#include "host/simulator/host_core.h"
+#include "host/simulator/simulator_core.h"
+#include "host/simulator/value_archive.h"
 
 /// Each interface is an object of its own, so that none answers for another.
-@interface host_interface : NSObject
+@interface simulator_interface : NSObject
 {
 @protected
     ov1::simulated_host::core* core;
@@ -10,7 +10,7 @@
 - (instancetype)initWithCore:(ov1::simulated_host::core*)owner;
 @end
 
-@implementation host_interface
+@implementation simulator_interface
 - (instancetype)initWithCore:(ov1::simulated_host::core*)owner
 {
     if ((self = [super init]))
@@ -47,10 +47,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 } // namespace
 
-@interface host_parameter_creation : host_interface <FxParameterCreationAPI_v5>
+@interface simulator_parameter_creation : simulator_interface <FxParameterCreationAPI_v5>
 @end
 
-@implementation host_parameter_creation
+@implementation simulator_parameter_creation
 
 - (BOOL)addFloatSliderWithName:(NSString*)name
                    parameterID:(UInt32)parameterID
@@ -126,10 +126,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_parameter_retrieval : host_interface <FxParameterRetrievalAPI_v6>
+@interface simulator_parameter_retrieval : simulator_interface <FxParameterRetrievalAPI_v6>
 @end
 
-@implementation host_parameter_retrieval
+@implementation simulator_parameter_retrieval
 
 - (BOOL)getFloatValue:(double*)value fromParameter:(UInt32)parameterID atTime:(CMTime)time
 {
@@ -182,10 +182,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_parameter_setting : host_interface <FxParameterSettingAPI_v6>
+@interface simulator_parameter_setting : simulator_interface <FxParameterSettingAPI_v6>
 @end
 
-@implementation host_parameter_setting
+@implementation simulator_parameter_setting
 
 - (BOOL)setFloatValue:(double)value toParameter:(UInt32)parameterID atTime:(CMTime)time
 {
@@ -238,10 +238,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_actions : host_interface <FxCustomParameterActionAPI_v4>
+@interface simulator_actions : simulator_interface <FxCustomParameterActionAPI_v4>
 @end
 
-@implementation host_actions
+@implementation simulator_actions
 
 - (void)startAction:(id)sender
 {
@@ -262,10 +262,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_timing : host_interface <FxTimingAPI_v4>
+@interface simulator_timing : simulator_interface <FxTimingAPI_v4>
 @end
 
-@implementation host_timing
+@implementation simulator_timing
 
 - (void)inputTime:(CMTime*)inputTime fromTimelineTime:(CMTime)time
 {
@@ -286,10 +286,10 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_analysis : host_interface <FxAnalysisAPI>
+@interface simulator_analysis : simulator_interface <FxAnalysisAPI>
 @end
 
-@implementation host_analysis
+@implementation simulator_analysis
 
 - (FxAnalysisState)analysisStateForEffect
 {
@@ -314,13 +314,13 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-@interface host_api_manager : host_interface <PROAPIAccessing>
+@interface simulator_api_manager : simulator_interface <PROAPIAccessing>
 {
     NSDictionary* interfaces; // by their protocols' names
 }
 @end
 
-@implementation host_api_manager
+@implementation simulator_api_manager
 
 - (instancetype)initWithCore:(ov1::simulated_host::core*)owner
 {
@@ -329,13 +329,13 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
     NSMutableDictionary* const all = [NSMutableDictionary dictionary];
     const auto offer = [&](NSString* protocol, Class kind)
     { [all setObject:[[[kind alloc] initWithCore:owner] autorelease] forKey:protocol]; };
-    offer(@"FxParameterCreationAPI_v5", [host_parameter_creation class]);
-    offer(@"FxParameterRetrievalAPI_v6", [host_parameter_retrieval class]);
-    offer(@"FxParameterSettingAPI_v5", [host_parameter_setting class]);
-    offer(@"FxParameterSettingAPI_v6", [host_parameter_setting class]);
-    offer(@"FxCustomParameterActionAPI_v4", [host_actions class]);
-    offer(@"FxTimingAPI_v4", [host_timing class]);
-    offer(@"FxAnalysisAPI", [host_analysis class]);
+    offer(@"FxParameterCreationAPI_v5", [simulator_parameter_creation class]);
+    offer(@"FxParameterRetrievalAPI_v6", [simulator_parameter_retrieval class]);
+    offer(@"FxParameterSettingAPI_v5", [simulator_parameter_setting class]);
+    offer(@"FxParameterSettingAPI_v6", [simulator_parameter_setting class]);
+    offer(@"FxCustomParameterActionAPI_v4", [simulator_actions class]);
+    offer(@"FxTimingAPI_v4", [simulator_timing class]);
+    offer(@"FxAnalysisAPI", [simulator_analysis class]);
     interfaces = [all copy];
     return self;
 }
@@ -354,4 +354,4 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @end
 
-id ov1::make_api_manager(simulated_host::core& core) { return [[host_api_manager alloc] initWithCore:&core]; }
+id ov1::make_api_manager(simulated_host::core& core) { return [[simulator_api_manager alloc] initWithCore:&core]; }

@@ -18,10 +18,10 @@ namespace ov1
 {
 
 /// Autoreleased objects end with it, after what is declared behind it.
-struct pool_scope
+struct pool_guard
 {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    ~pool_scope() { [pool drain]; }
+    ~pool_guard() { [pool drain]; }
 };
 
 struct bare_window : window
@@ -83,10 +83,10 @@ struct scripted_editor : iview_v1, preview_sink
     std::uint32_t source_width = 0;
 };
 
-struct bridge_stage : ::testing::Test
+struct bridge_fixture : ::testing::Test
 {
-    bridge_stage();
-    ~bridge_stage() override;
+    bridge_fixture();
+    ~bridge_fixture() override;
 
     fcp_wrapper_veridialfcpx_3_7_0_0* plugin()
     {
@@ -100,7 +100,7 @@ struct bridge_stage : ::testing::Test
     /// Turns the run loop until the editor has been open and is closed again.
     void press_and_run();
 
-    pool_scope pool;
+    pool_guard pool;
     host_error error;
     simulated_host host;
     std::shared_ptr<scripted_editor> editor = std::make_shared<scripted_editor>();

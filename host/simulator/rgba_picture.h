@@ -9,14 +9,14 @@ namespace ov1
 {
 
 /// Four floats a pixel in the order R, G, B, A, row by row from the top, without padding.
-struct host_picture
+struct rgba_picture
 {
     std::size_t width = 0;
     std::size_t height = 0;
     std::vector<float> rgba;
 
-    host_picture() = default;
-    host_picture(std::size_t width, std::size_t height)
+    rgba_picture() = default;
+    rgba_picture(std::size_t width, std::size_t height)
         : width(width)
         , height(height)
         , rgba(width * height * 4)
@@ -25,7 +25,7 @@ struct host_picture
 
     float* pixel(std::size_t x, std::size_t y) { return rgba.data() + 4 * (y * width + x); }
     const float* pixel(std::size_t x, std::size_t y) const { return rgba.data() + 4 * (y * width + x); }
-    bool operator==(const host_picture&) const = default;
+    bool operator==(const rgba_picture&) const = default;
 };
 
 /// A part of a picture in pixels.
