@@ -69,9 +69,10 @@ void run_bridge_bench(report& to, std::size_t width, std::size_t height, int rou
 {
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     simulated_host host;
-    host_error error;
-    if (!host.create_instance(error) || !host.edit(3, 40.0) || !host.edit(4, 60.0))
-        return to.answer("bridge: " + error.description, 1, 0);
+    if (const auto created = host.create_instance(); !created)
+        return to.answer("bridge: " + created.error().reason, 1, 0);
+    if (!host.edit(3, 40.0) || !host.edit(4, 60.0))
+        return to.answer("bridge: an edit is refused", 1, 0);
     auto* const plugin = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(host.get_plugin());
     const rgba_picture picture = picture_of(make_frame(content::natural, width, height));
     const picture_part all{0, 0, width, height};

@@ -1,4 +1,4 @@
-// The application that carries the plug-in: installing it is all it is for, and opening it says so.
+// The application that contains the plug-in. Installing it installs the plug-in; opening it only shows a message.
 #import <AppKit/AppKit.h>
 
 int main()

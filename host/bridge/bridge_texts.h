@@ -1,10 +1,11 @@
-// The words that the video host gets from the bridge: property keys, error codes and their descriptions.
+// Texts and numbers that the bridge gives to the video host: property keys, error codes, names and titles.
 #pragma once
 
 namespace ov1
 {
 
-/// Keys of the effect's properties. The literals themselves: newer releases of the host's headers no longer name all.
+/// Keys of the effect's property dictionary. Spelled out here, because newer releases of the host's headers no longer
+/// define a macro for each of them.
 namespace property_key
 {
 inline constexpr const char* is_thread_safe = "IsThreadSafe";
@@ -17,21 +18,21 @@ inline constexpr const char* preserves_alpha = "PreservesAlpha";
 inline constexpr const char* changes_output_size = "ChangesOutputSize";
 } // namespace property_key
 
-/// What goes wrong at the host's side, as an error of the host's domain.
+/// An error in the host's error domain. The host may show the description to the user.
 struct bridge_error
 {
     int code;
     const char* description;
 };
 
-/// A source tile differs from the destination.
+/// A source tile's size, layout or format differs from the destination's.
 inline constexpr bridge_error incompatible_tiles{5, "Input and Output image tiles are incompatible"};
-/// The method's name follows.
+/// The caller appends the name of the method that failed.
 inline constexpr bridge_error no_creation_api{14, "Unable to get the FxParameterCreationAPI_v5 in "};
 inline constexpr bridge_error unsupported_pixel_format{18, "Unsupported pixel format"};
 inline constexpr bridge_error no_timing_api{29, "Error requesting analysis time range."};
 
-/// Names and titles that documents and users see.
+/// Documents contain the first two, so they must never change. The third is the title of the button.
 inline constexpr const char* state_parameter_name = "State";
 inline constexpr const char* state_coder_key = "fcp_wrapper_state_v1";
 inline constexpr const char* gui_button_title = "Open GUI...";

@@ -1,4 +1,4 @@
-// Who the video host of this process is.
+// Name and version of the video host that this process serves.
 #pragma once
 
 #include "shared/version.h"
@@ -9,19 +9,19 @@
 namespace ov1
 {
 
-/// As the host named itself when it connected; until then "Video host" and zeros.
+/// The host reports both when it connects. Until then the name is "Video host" and the version is zero.
 struct connected_host
 {
-    std::string name = "Video host"; ///< the identifier of its bundle
+    std::string name = "Video host"; ///< the host's bundle identifier
     ov1::version version;
 };
 
-/// For the whole process, from any thread.
+/// One value for the whole process. Any thread.
 void set_connected_host(connected_host host);
 connected_host get_connected_host();
 
-/// Up to four numbers joined by dots, as in "10.6.5"; what is missing, or no number of 32 bits, is 0, and so is all
-/// that follows it.
+/// Reads up to four numbers joined by dots, as in "10.6.5". Reading stops at the first part that is missing or is not
+/// a 32-bit number; that part and all after it are 0.
 version version_from_text(std::string_view text);
 /// The first three numbers of a version: "10.6.5".
 std::string version_text(const version& v);

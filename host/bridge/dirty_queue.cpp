@@ -3,16 +3,16 @@
 namespace ov1
 {
 
-void dirty_queue::add(int place)
+void dirty_queue::add(int index)
 {
     const std::scoped_lock guard(lock);
-    places.insert(place);
+    indices.insert(index);
 }
 
 int dirty_queue::pop()
 {
     const std::scoped_lock guard(lock);
-    return places.empty() ? nothing : places.extract(places.begin()).value();
+    return indices.empty() ? nothing : indices.extract(indices.begin()).value();
 }
 
 } // namespace ov1

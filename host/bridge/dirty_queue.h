@@ -1,4 +1,4 @@
-// Which parameters changed since the video host last heard of them.
+// The parameters whose new values the video host has not received yet.
 #pragma once
 
 #include <mutex>
@@ -7,19 +7,19 @@
 namespace ov1
 {
 
-/// Places of parameters, each at most once. Any thread.
+/// A set of parameter indices. Any thread.
 class dirty_queue
 {
 public:
     static constexpr int nothing = -1;
 
-    void add(int place);
-    /// Takes the lowest place out; nothing when there is none.
+    void add(int index);
+    /// Removes and returns the lowest index; `nothing` when the queue is empty.
     int pop();
 
 private:
     std::mutex lock;
-    std::set<int> places;
+    std::set<int> indices;
 };
 
 } // namespace ov1

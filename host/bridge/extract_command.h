@@ -1,4 +1,4 @@
-// The command line of the service's second mode: "--extractXML" and a folder.
+// Command line of the service: without arguments it serves the host, with "--extractXML FOLDER" it writes the template.
 #pragma once
 
 #include <span>
@@ -7,24 +7,24 @@
 namespace ov1
 {
 
-/// What the arguments ask for.
+/// What the service does, decided by its arguments.
 struct extract_command
 {
     enum class action
     {
-        serve,   ///< no arguments: run as the host's service
-        say,     ///< print the message as one line and end with the exit code
+        serve,   ///< no arguments: serve the video host
+        say,     ///< print the message as one line, then exit with the code
         extract, ///< write the template into the folder
     };
 
     action what = action::serve;
-    std::string message;
+    std::string message; ///< of `say`
     int exit_code = 0;
-    std::string folder;
+    std::string folder; ///< of `extract`
 };
 
-/// Reads the arguments behind the program's own name. They are taken in pairs of a key and a folder, and the last pair
-/// holds; a last argument without a partner is not looked at.
+/// Reads the arguments without the program's own name, as pairs of a key and a folder. The last pair counts. An odd
+/// last argument is ignored.
 extract_command read_extract_command(std::span<const std::string> arguments);
 
 } // namespace ov1

@@ -14,7 +14,7 @@ std::string fcpx_extractor_host::get_name() const { return "Template extraction"
 version fcpx_extractor_host::get_version() const { return product_version; }
 language_id fcpx_extractor_host::get_language() const { return language_id::english; }
 bool fcpx_extractor_host::get_host_window(void**) { return false; }
-// Empty: not the default host's 24 frames.
+// Empty, unlike the default host's 24 frames a second.
 project_info fcpx_extractor_host::get_project_info() const { return {0, 0}; }
 bool fcpx_extractor_host::has_working_color_profile() const { return false; }
 bool fcpx_extractor_host::convert_to_working_color_profile(param_argb&) { return false; }

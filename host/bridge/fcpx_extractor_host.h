@@ -1,4 +1,4 @@
-// The host of a component that is only asked what it would declare.
+// The host of the component while the template is written: no video host is running then.
 #pragma once
 
 #include "framework/ihost_v1.h"
@@ -6,7 +6,7 @@
 namespace ov1
 {
 
-/// No window, no profile, no renders: every notification is ignored.
+/// Has no window and no colour profile, schedules no renders and ignores every notification.
 class fcpx_extractor_host : public ihost_v1
 {
 public:

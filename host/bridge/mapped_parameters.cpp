@@ -11,8 +11,8 @@ namespace ov1
 std::vector<param_value> copy_values(icomponent_v1& component)
 {
     std::vector<param_value> values;
-    for (int place = 0; place < component.get_parameter_count(); ++place)
-        if (const auto parameter = component.get_parameter(place))
+    for (int index = 0; index < component.get_parameter_count(); ++index)
+        if (const auto parameter = component.get_parameter(index))
             values.push_back(parameter->get_param_value());
     return values;
 }
@@ -23,21 +23,21 @@ std::vector<int> mapped_parameters(icomponent_v1& component, std::span<const par
     std::vector<state_record> records;
     if (!read_state(state, records))
         return {};
-    std::ranges::reverse(records); // so that the last record of a parameter is found first
-    std::vector<int> moved;
-    for (int place = 0; static_cast<std::size_t>(place) < before.size(); ++place)
+    std::ranges::reverse(records); // a parameter may have several records: find the last one first
+    std::vector<int> changed;
+    for (int index = 0; static_cast<std::size_t>(index) < before.size(); ++index)
     {
-        const auto parameter = component.get_parameter(place);
+        const auto parameter = component.get_parameter(index);
         if (!parameter)
             break;
         const param_value now = parameter->get_param_value();
-        const auto named = std::ranges::find(records, parameter->get_uid(), &state_record::id);
-        const bool as_named = named != records.end() && named->value.type == now.type &&
-                              same_value(now.type, named->value.value, now.value);
-        if (!as_named && !same_value(now.type, before[static_cast<std::size_t>(place)].value, now.value))
-            moved.push_back(place);
+        const auto last_record = std::ranges::find(records, parameter->get_uid(), &state_record::id);
+        const bool is_as_recorded = last_record != records.end() && last_record->value.type == now.type &&
+                                    same_value(now.type, last_record->value.value, now.value);
+        if (!is_as_recorded && !same_value(now.type, before[static_cast<std::size_t>(index)].value, now.value))
+            changed.push_back(index);
     }
-    return moved;
+    return changed;
 }
 
 } // namespace ov1

@@ -9,15 +9,15 @@ namespace ov1
 namespace
 {
 
-constexpr std::int64_t first_count_of_sliders = 16;
+constexpr std::int64_t least_slider_values = 16; // fewer values make a popup
 constexpr double float_delta = 0.05;
 constexpr double int_delta = 1.0;
-constexpr int entry_precision = 2;
+constexpr int entry_precision = 2; // decimals of a popup's texts
 
 bool is_popup(const param_value& record)
 {
     const std::int64_t count = std::int64_t{record.max.as_integral()} - record.min.as_integral() + 1;
-    return std::abs(count) < first_count_of_sliders;
+    return std::abs(count) < least_slider_values;
 }
 
 std::vector<std::string> popup_entries(iparameter_v1& parameter, const param_value& record)
@@ -34,7 +34,7 @@ std::vector<std::string> popup_entries(iparameter_v1& parameter, const param_val
     return entries;
 }
 
-/// A NaN gives 0.
+/// Limits to 0..1. A NaN gives 0, because it fails the comparison.
 float unit_float(double v) { return static_cast<float>(v > 0.0 ? std::min(v, 1.0) : 0.0); }
 
 param_argb narrowed(const host_color& c)
@@ -63,50 +63,50 @@ host_control host_control_of(const param_value& record)
     return host_control::none;
 }
 
-host_declaration declare_parameter(iparameter_v1& parameter, int place)
+host_declaration declare_parameter(iparameter_v1& parameter, int index)
 {
     const param_value record = parameter.get_param_value();
-    host_declaration told;
-    told.id = host_id_of(place);
-    told.name = parameter.get_name();
-    told.control = host_control_of(record);
-    told.flags = parameter.get_flags() & parameter_is_hidden ? host_flag::hidden : 0u;
-    told.default_value = host_value_of(record);
-    switch (told.control)
+    host_declaration declaration;
+    declaration.id = host_id_of(index);
+    declaration.name = parameter.get_name();
+    declaration.control = host_control_of(record);
+    declaration.flags = parameter.get_flags() & parameter_is_hidden ? host_flag::hidden : 0u;
+    declaration.default_value = host_value_of(record);
+    switch (declaration.control)
     {
     case host_control::float_slider:
-        told.min = record.min.as_continuous();
-        told.max = record.max.as_continuous();
-        told.delta = float_delta;
+        declaration.min = record.min.as_continuous();
+        declaration.max = record.max.as_continuous();
+        declaration.delta = float_delta;
         break;
     case host_control::int_slider:
-        told.min = record.min.as_integral();
-        told.max = record.max.as_integral();
-        told.delta = int_delta;
+        declaration.min = record.min.as_integral();
+        declaration.max = record.max.as_integral();
+        declaration.delta = int_delta;
         break;
     case host_control::popup:
-        told.entries = popup_entries(parameter, record);
+        declaration.entries = popup_entries(parameter, record);
         break;
     case host_control::color:
-        told.flags |= host_flag::dont_remap_colors;
+        declaration.flags |= host_flag::dont_remap_colors;
         break;
     default:
         break;
     }
-    return told;
+    return declaration;
 }
 
 std::vector<host_declaration> declare_parameters(icomponent_v1& component)
 {
     std::vector<host_declaration> declarations;
-    for (int place = 0; place < component.get_parameter_count(); ++place)
+    for (int index = 0; index < component.get_parameter_count(); ++index)
     {
-        const auto parameter = component.get_parameter(place);
+        const auto parameter = component.get_parameter(index);
         if (!parameter)
             continue;
-        host_declaration told = declare_parameter(*parameter, place);
-        if (told.control != host_control::none)
-            declarations.push_back(std::move(told));
+        host_declaration declaration = declare_parameter(*parameter, index);
+        if (declaration.control != host_control::none)
+            declarations.push_back(std::move(declaration));
     }
     return declarations;
 }
@@ -141,7 +141,7 @@ void take_host_value(const host_value& value, param_value& record)
         record.value = param_cell::of(std::int32_t{*whole});
     else if (whole && control == host_control::popup)
     {
-        // The host's index may be anything; the record's bounds are held by who sets it.
+        // The host may give any index. The parameter limits the value to its bounds when it is set.
         const std::int64_t v = std::int64_t{*whole} + record.min.as_integral();
         record.value = param_cell::of(static_cast<std::int32_t>(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX)));
     }

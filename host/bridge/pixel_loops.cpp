@@ -44,7 +44,7 @@ void render_half_row(const row_renderer& renderer, const tile_pair& tile, std::s
 void render_float_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y)
 {
     auto* const out = destination_row<argb_float>(tile, y);
-    // The limited row lies in the destination, where it is rendered in place.
+    // The destination row holds the limited input, which is then rendered in place: no extra row is needed.
     std::transform(source_row<argb_float>(tile, y), source_row<argb_float>(tile, y) + tile.width, out,
                    [](const argb_float& p)
                    { return argb_float{limited(p.a), limited(p.r), limited(p.g), limited(p.b)}; });

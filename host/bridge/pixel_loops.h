@@ -1,4 +1,4 @@
-// The two loops over the pixels of a tile, and what a tile must be for them.
+// The two pixel loops over a tile's rows, and the pixel formats that they accept.
 #pragma once
 
 #include "framework/row_renderer.h"
@@ -10,7 +10,7 @@
 namespace ov1
 {
 
-/// What the host says of a surface.
+/// Size, format and memory layout of a surface, as the host reports them.
 struct surface_layout
 {
     std::size_t bytes_per_row = 0;
@@ -31,10 +31,11 @@ enum class tile_format
     rgba_float, ///< four 32-bit floats a pixel, R G B A
 };
 
-/// The format of a surface; nothing unless the code and the bytes per element belong together.
+/// The format of a surface; nothing when it is not accepted. The code and the bytes per element must match.
 std::optional<tile_format> tile_format_of(const surface_layout& layout);
 
-/// A source and a destination of one shape. Row 0 is the first in memory. Rows begin at multiples of a channel's size.
+/// The memory of a source and a destination of the same size and format. Row 0 is the first in memory. Every row begins
+/// at a multiple of a channel's size. The host owns the memory and keeps it locked.
 struct tile_pair
 {
     const std::byte* source = nullptr;
@@ -45,13 +46,13 @@ struct tile_pair
     std::size_t height = 0;
 };
 
-/// One row of halfs: R, G, B, A are limited to 0..1, a NaN being 0, rendered and rounded to the nearest half, the
-/// result not limited. Allocates nothing of its own.
+/// Renders row y of halfs, in the order R, G, B, A. The input is limited to 0..1, a NaN becomes 0; the result is
+/// rounded to the nearest half and not limited. Allocates nothing itself.
 void render_half_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y);
 
-/// One row of floats: the four numbers of a pixel are limited to 0..1 likewise and go through as a, r, g, b in the
-/// order in which they lie in memory. Tiles in R G B A order are so rendered with their channels one place on, as the
-/// host's documents have always known it; preview images, which hold a, r, g, b, are rendered as they should be.
+/// Renders row y of floats. The input is limited as above. The four numbers of a pixel are taken as a, r, g, b in
+/// memory order, without reordering. So the channels of a tile in R G B A order are shifted by one; this is meant,
+/// because existing documents rely on it. Preview images are in the order a, r, g, b and come out right.
 void render_float_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y);
 
 } // namespace ov1

@@ -11,7 +11,7 @@ namespace ov1
 namespace
 {
 
-/// First and end of the frame's columns or rows that belong to one of the preview's.
+/// The frame's columns or rows, first to end - 1, that one column or row of the preview averages.
 struct span
 {
     std::size_t first;
@@ -94,7 +94,7 @@ void fill_preview_row(const host_frame& frame, const preview_size& size, image& 
         const span columns = span_of(x, size.step_x, frame.layout.width);
         const argb_float sum = sum_of(frame, rows, columns);
         const std::size_t count = (rows.end - rows.first) * (columns.end - columns.first);
-        if (count > 0) // else the row keeps its zeros
+        if (count > 0) // else the pixel stays zero
             out[x] = {mean(sum.a, count), mean(sum.r, count), mean(sum.g, count), mean(sum.b, count)};
     }
 }

@@ -1,7 +1,5 @@
 #include "host/bridge/state_payload.h"
 
-#include "framework/state_blob.h"
-
 #include <random>
 
 namespace ov1
@@ -28,7 +26,5 @@ std::vector<std::uint8_t> make_state_payload(std::vector<std::uint8_t> state)
     state.insert(state.end(), uuid.begin(), uuid.end());
     return state;
 }
-
-result<> check_state_payload(std::span<const std::uint8_t> payload) { return check_state_blob(payload); }
 
 } // namespace ov1

@@ -8,8 +8,8 @@ namespace ov1
 namespace
 {
 
-// Bit 33 stands on every parameter; 24: can be animated; 16: a menu; 15: a colour or a channel of one; 12: a folder;
-// 1: hidden. Bit 4 is found on what users can change.
+// Flags of a parameter element, found by comparing templates: the format has no public description. Bit 33 is set on
+// every parameter. Bit 24: can be animated. 16: menu. 15: colour or colour channel. 12: folder. 4: editable. 1: hidden.
 constexpr std::uint64_t always_flag = std::uint64_t{1} << 33;
 constexpr std::uint64_t animated_flag = 1 << 24;
 constexpr std::uint64_t menu_flag = 1 << 16;
@@ -68,7 +68,7 @@ constexpr const char* head = R"(<?xml version="1.0" encoding="UTF-8" standalone=
 	</sceneSettings>
 )";
 
-// Thirty frames: the last begins at 116000/120000 s.
+// One second at 30 frames a second. `out` is the time of the last frame: 29 frames of 4000/120000 s.
 constexpr const char* layer = R"(	<currentFrame>0</currentFrame>
 	<timeRange offset="0 1 1 0" duration="120000 120000 1 0"/>
 	<playRange offset="0 1 1 0" duration="120000 120000 1 0"/>
@@ -125,7 +125,8 @@ std::string escaped(const std::string& text)
     return out;
 }
 
-/// The shortest text that reads back as the number; a float's own, where it is one.
+/// The shortest text that reads back as the same number. A value that a float holds exactly gets the float's text: 0.1
+/// instead of 0.10000000149011612.
 std::string number_text(double v)
 {
     char text[32];
@@ -154,7 +155,7 @@ std::uint64_t flags_of(const host_declaration& p)
     return number_flags | hidden;
 }
 
-/// The element up to its value, which is left to the caller.
+/// The start of an element; the caller appends the value and closes it.
 std::string element_start(const std::string& name, int id, std::uint64_t flags)
 {
     return "\t\t\t\t<parameter name=\"" + escaped(name) + "\" id=\"" + std::to_string(id) + "\" flags=\"" +
@@ -172,7 +173,7 @@ std::string color_element(const host_declaration& p)
     for (const auto& [name, value] :
          {std::pair{"Red", c.red}, {"Green", c.green}, {"Blue", c.blue}, {"Alpha", c.alpha}})
     {
-        text += '\t'; // one deeper than its colour
+        text += '\t'; // one level deeper than the colour's element
         text += element_start(name, ++id, channel_flags | hidden) + with_value(number_text(value));
     }
     return text + "\t\t\t\t\t<foldFlags>15</foldFlags>\n\t\t\t\t</parameter>\n";

@@ -1,14 +1,16 @@
-// The effect template for the host's motion-graphics program: one ".moef" document.
+// Text of the effect template for the host's motion-graphics program: one ".moef" document.
 //
 //   <ozml version="5.9">
-//     <displayversion>, <factory> for each kind of object
+//     <displayversion>, then a <factory> for each type of object
 //     <scene>
 //       <sceneSettings> 1920 x 1080, 30 frames a second
-//       <publishSettings> a target for each control that the video host shows
+//       <publishSettings> a <target> for each control that the video host shows
 //       <timeRange>, <playRange>
-//       <layer> <scenenode> the drop zone, "Effect Source" <filter> the effect, with its <parameter> elements and "Mix"
+//       <layer> the <scenenode> "Effect Source", a drop zone; in it the <filter> with its <parameter> elements and
+//       "Mix"
 //
-// Times are "value timescale flags epoch". Numbers are those of the classic locale, whatever the desktop's.
+// Times are four integers, "value timescale flags epoch". Numbers use the classic locale, whatever the desktop's
+// locale.
 #pragma once
 
 #include "host/bridge/parameter_map.h"
@@ -19,7 +21,7 @@
 namespace ov1
 {
 
-/// Which effect the template is of.
+/// Identifies the effect in the template.
 struct template_subject
 {
     std::string display_name;
@@ -27,9 +29,9 @@ struct template_subject
     std::string plugin_name;
 };
 
-/// The document. Published are the state, which is the button, and all parameters that are not hidden; every parameter
-/// has an element with its default as its value, a colour one for each channel below its own. The state has none: its
-/// default is the effect's to make.
+/// Makes the document. It publishes the state (whose control is the button) and all parameters that are not hidden.
+/// Every parameter has an element whose value is the default; a colour's element contains one per channel. The state
+/// has no element: the effect itself makes its default.
 std::string template_document(const template_subject& subject, std::span<const host_declaration> parameters);
 
 } // namespace ov1

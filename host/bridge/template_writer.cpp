@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-/// The component for the length of the extraction, under a host of its own.
+/// A component with a minimal host, initialised and terminated here.
 class offline_component
 {
 public:
@@ -43,39 +43,34 @@ bool copy_file(const std::string& from, const std::string& to)
     return in && out && in.peek() != std::ifstream::traits_type::eof() && out << in.rdbuf() && out.flush();
 }
 
-/// What is wrong with the bundle's properties; null if nothing is.
-const char* listing_failure(bundle_facts::listing plugin)
+failure not_written(const char* reason) { return {failure_kind::cannot_write, {}, reason, {}}; }
+
+result<> check_listing(bundle_facts::listing plugin)
 {
     switch (plugin)
     {
     case bundle_facts::listing::no_properties:
-        return "Failed to retrieve bundle properties.";
+        return not_written("Failed to retrieve bundle properties.");
     case bundle_facts::listing::no_list:
-        return "Failed to retrieve ProPlugPlugInList Array from plist.";
+        return not_written("Failed to retrieve ProPlugPlugInList Array from plist.");
     case bundle_facts::listing::no_entry:
-        return "Failed to retrieve ProPlugPlugInList Dictionary from plist Array.";
+        return not_written("Failed to retrieve ProPlugPlugInList Dictionary from plist Array.");
     case bundle_facts::listing::no_uuid:
-        return "Failed to retrieve uuid property from plist.";
+        return not_written("Failed to retrieve uuid property from plist.");
     case bundle_facts::listing::complete:
         break;
     }
-    return nullptr;
+    return {};
 }
 
-bool copy_thumbnails(const std::string& bundle_path, const std::string& folder, std::string& failure)
+result<> copy_thumbnails(const std::string& bundle_path, const std::string& folder)
 {
     const std::string resources = bundle_path + "/Contents/Resources/";
     if (!copy_file(resources + "fcpx_small.png", folder + "/small.png"))
-    {
-        failure = "Failed to copy small thumbnail image.";
-        return false;
-    }
+        return not_written("Failed to copy small thumbnail image.");
     if (!copy_file(resources + "fcpx_large.png", folder + "/large.png"))
-    {
-        failure = "Failed to copy large thumbnail image.";
-        return false;
-    }
-    return true;
+        return not_written("Failed to copy large thumbnail image.");
+    return {};
 }
 
 bool write_document(icomponent_v1& component, const std::string& uuid, const std::string& folder)
@@ -88,26 +83,24 @@ bool write_document(icomponent_v1& component, const std::string& uuid, const std
 
 } // namespace
 
-bool write_template(const bundle_facts& bundle, const std::string& folder, std::string& failure)
+result<> write_template(const bundle_facts& bundle, const std::string& folder)
 {
-    // False where the folder exists; one that can be used for nothing shows when the files are written.
+    // False when the folder exists. A folder that could not be made shows when the files are written.
     (void)iutils::get_instance().create_dir(folder);
     const offline_component component;
     if (component.get() == nullptr)
-        failure = "Failed to create component instance.";
-    else if (const char* wrong = listing_failure(bundle.plugin))
-        failure = wrong;
-    else if (component.get()->get_name().empty())
-        failure = "Component name is empty.";
-    else if (!bundle.path)
-        failure = "Failed to retrieve plugin path.";
-    else if (!copy_thumbnails(*bundle.path, folder, failure))
-        return false;
-    else if (!write_document(*component.get(), bundle.uuid, folder))
-        failure = "Error creating target xml file.";
-    else
-        return true;
-    return false;
+        return not_written("Failed to create component instance.");
+    if (const auto listed = check_listing(bundle.plugin); !listed)
+        return listed;
+    if (component.get()->get_name().empty())
+        return not_written("Component name is empty.");
+    if (!bundle.path)
+        return not_written("Failed to retrieve plugin path.");
+    if (const auto copied = copy_thumbnails(*bundle.path, folder); !copied)
+        return copied;
+    if (!write_document(*component.get(), bundle.uuid, folder))
+        return not_written("Error creating target xml file.");
+    return {};
 }
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// What the desktop's frameworks lack of the system's: included ahead of every file of the bridge.
+// Declarations that Apple's Foundation has and GNUstep's lacks. The build includes it before every Objective-C++ file.
 #pragma once
 
 #ifdef __OBJC__
@@ -13,12 +13,12 @@ typedef struct
 } NSOperatingSystemVersion;
 
 @interface NSProcessInfo (apple_additions)
-/// The kernel's release.
+/// The version of the Linux kernel.
 - (NSOperatingSystemVersion)operatingSystemVersion;
 @end
 
 @interface NSUserDefaults (apple_additions)
-/// Values of one domain alone.
+/// The values of one domain only, without the standard search list.
 - (instancetype)initWithSuiteName:(NSString*)name;
 @end
 

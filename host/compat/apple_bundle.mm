@@ -1,4 +1,5 @@
-// A main bundle of Apple's layout: the program in Contents/MacOS, beside Contents/Info.plist and Contents/Resources.
+// A main bundle in Apple's layout: the program in Contents/MacOS, next to Contents/Info.plist and Contents/Resources.
+// GNUstep expects another layout and finds neither properties nor resources there.
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 
@@ -61,7 +62,7 @@ extern "C" const int apple_bundle_is_linked = 1;
 namespace
 {
 
-/// The bundle around this program; nil where it lies in none.
+/// The bundle that contains this program; nil when it is in none.
 NSBundle* make_bundle_around_program()
 {
     NSString* const program = [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:@"/proc/self/exe"];
@@ -81,7 +82,7 @@ NSBundle* make_bundle_around_program()
 
 @implementation NSBundle (contents_bundle)
 
-/// Takes the place of +mainBundle, which then has this one's name.
+/// Exchanges the two methods: +mainBundle then runs the code below, and +bundle_around_program is GNUstep's original.
 + (void)load
 {
     method_exchangeImplementations(class_getClassMethod(self, @selector(mainBundle)),

@@ -33,7 +33,7 @@ std::int32_t compared(const T& a, const T& b)
     return a < b ? -1 : b < a ? 1 : 0;
 }
 
-__extension__ typedef __int128 wide; // products of 64 and 32 bits
+__extension__ typedef __int128 wide; // holds the product of 64 and 32 bits
 
 } // namespace
 

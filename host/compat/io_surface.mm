@@ -62,7 +62,7 @@ IOSurface* object_of(IOSurfaceRef surface) { return reinterpret_cast<IOSurface*>
 
 } // namespace
 
-// A message to nil gives zeros, and a lock must not succeed so.
+// A message to nil returns 0, which would mean a successful lock.
 extern "C" kern_return_t IOSurfaceLock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t*)
 {
     return surface == nullptr ? -1 : [object_of(surface) lockWithOptions:options];

@@ -1,9 +1,9 @@
-// Defaults of a suite by its name, which the desktop's own class of defaults does not offer.
+// User defaults of a named suite, which GNUstep's NSUserDefaults does not offer.
 #import <Foundation/Foundation.h>
 
 extern "C" const int suite_defaults_are_linked = 1;
 
-/// One persistent domain of the standard defaults, and nothing behind it.
+/// One persistent domain of the standard defaults, without any fallback.
 @interface suite_defaults : NSUserDefaults
 {
     NSString* domain;

@@ -1,4 +1,4 @@
-// What the program's own bundle says of it.
+// Reads the properties of the program's own bundle.
 #pragma once
 
 #include "host/bridge/template_writer.h"
@@ -11,13 +11,13 @@
 namespace ov1
 {
 
-/// The text in the given encoding; empty for nil and where it has none.
+/// The text's bytes in the given encoding; empty for nil and for a text that the encoding cannot express.
 std::string cfstring_to_string(NSString* text, NSStringEncoding encoding);
 
-/// The bundle's path in the file system. Nothing, with a line on the standard output, where it has none.
+/// The bundle's path as UTF-8. When it is unknown, prints a line to standard output and returns nothing.
 std::optional<std::string> get_bundle_path(NSBundle* bundle);
 
-/// Path and plug-in entry of a bundle.
+/// Path and first plug-in entry of a bundle.
 bundle_facts read_bundle_facts(NSBundle* bundle);
 
 } // namespace ov1

@@ -13,7 +13,7 @@ namespace
 
 constexpr NSTimeInterval idle_period = 0.033; // seconds
 
-/// The sitting of the editor that is open in this process; null while none is. Main thread.
+/// The editor session that runs in this process; null when none does. Main thread.
 editor_session*& running_session()
 {
     static editor_session* running = nullptr;
@@ -22,11 +22,11 @@ editor_session*& running_session()
 
 } // namespace
 
-/// Stands between the timer and the instance: a timer keeps its target alive, and an instance that the user removes
-/// while it waits for a frame must be able to end, and the timer with it.
+/// The timer's target instead of the instance itself. A timer retains its target, but the user may remove an instance
+/// while it waits for a frame, and it must then be deallocated.
 @interface idle_timer_target : NSObject
 {
-    fcp_wrapper_veridialfcpx_3_7_0_0* owner; // not retained: it ends the timer before it goes
+    fcp_wrapper_veridialfcpx_3_7_0_0* owner; // not retained: it invalidates the timer in its dealloc
 }
 - (instancetype)initWithOwner:(fcp_wrapper_veridialfcpx_3_7_0_0*)instance;
 - (void)tick:(NSTimer*)timer;
@@ -89,7 +89,7 @@ editor_session*& running_session()
     [action startAction:self];
     id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
     if (analysis == nil)
-        return; // a host without analysis ends the action by itself
+        return; // without endAction: a host without analysis ends the action itself
     preview_render_requested = true;
     NSError* error = nil;
     if (![analysis startForwardAnalysis:kFxAnalysisLocation_GPU error:&error])
@@ -106,7 +106,7 @@ editor_session*& running_session()
         if (!preview_image_source)
             return;
     }
-    // The host may remove this instance while the editor is open.
+    // The host may release this instance while the editor is open.
     [[self retain] autorelease];
     [idleTimer invalidate];
     idleTimer = nil;
@@ -124,7 +124,7 @@ editor_session*& running_session()
     }
     running_session() = &session;
     editor_session_options options;
-    options.pump = turn_run_loop_once;
+    options.pump = run_main_loop_once;
     if (!session.run(options))
         NSLog(@"The editor cannot be opened here.");
     running_session() = nullptr;

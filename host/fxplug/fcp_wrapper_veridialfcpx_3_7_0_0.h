@@ -1,4 +1,4 @@
-// The plug-in class: the one object of the effect that the video host talks to.
+// The plug-in class: the video host creates one object per effect and calls only it.
 #pragma once
 
 #include "framework/icomponent_v1.h"
@@ -14,20 +14,20 @@
 namespace ov1
 {
 
-/// Set while an editor is open, in whatever instance: the editor is then the source of truth, so renders leave their
-/// tiles alone and the host's changes are not taken. Any thread.
+/// Set while the editor of any instance is open. The editor then has the valid values: renders leave their tiles
+/// unchanged and parameter changes from the host are ignored. Any thread.
 std::atomic<bool>& gui_is_open();
 
 } // namespace ov1
 
-/// One instance of the effect in a document. Owns a component and keeps its parameters and the host's in step both
-/// ways. Methods that the host calls may come on any thread; those of the editor belong to the main thread.
+/// One instance of the effect in a document. Owns a component and synchronises its parameters with the host's, in both
+/// directions. The host may call its methods on any thread; the editor's methods belong to the main thread.
 @interface fcp_wrapper_veridialfcpx_3_7_0_0 : NSObject <FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>
 {
     id<PROAPIAccessing> _apiManager; // not retained
     std::shared_ptr<ov1::icomponent_v1> component;
     bool initialized;
-    bool gui_requested; // between the button and the editor
+    bool gui_requested; // from the click on the button until the editor opens
     NSTimer* idleTimer;
     fcpx_state_param* state;
     std::mutex analyze_mutex; // serialises pushState; guards the preview's images
@@ -35,29 +35,33 @@ std::atomic<bool>& gui_is_open();
     std::shared_ptr<ov1::image> preview_image_source;
     std::shared_ptr<ov1::image> preview_image_dest;
     std::atomic<bool> preview_render_requested;
-    std::mutex time_mutex; // for a host that asks for the time range amid pushState
+    std::mutex time_mutex; // not analyze_mutex: a host may ask for the time range during pushState
 }
 
 - (std::shared_ptr<ov1::icomponent_v1>)getComponent;
 - (id<PROAPIAccessing>)getApiManager;
 
-/// Tells the host what the component changed: each queued parameter, where the host's value differs.
+/// Writes to the host what the component changed: each queued parameter whose value differs from the host's.
 - (void)synchronizeHostParameters;
-/// Takes one host parameter into the component. NO where there is no such parameter or the host lacks an interface.
+/// Reads one parameter from the host into the component. NO for an unknown id or a missing host interface; YES when the
+/// host refuses to give the value.
 - (BOOL)synchronizeComponentParameter:(UInt32)hostID;
-/// The host's state into the component. What of it is refused is logged, and changes nothing.
+/// Restores the component from the host's State parameter. A damaged state is logged and changes nothing.
 - (void)pullState;
-/// The component's state to the host, as a value that differs from all before. NO where the host does not take it.
+/// Writes the component's state to the host's State parameter, as a value unlike all earlier ones. NO when the host
+/// refuses it.
 - (BOOL)pushState;
 @end
 
-/// From the button to the editor and back.
+/// Opening the editor: button, captured frame, editor session, result to the host.
 @interface fcp_wrapper_veridialfcpx_3_7_0_0 (editor)
-/// The button's action: asks for the frame under the playhead and waits for it with a timer. While an editor is open,
-/// brings that to the front instead.
+/// The button's action: requests the frame under the playhead and starts a timer that waits for it. While an editor is
+/// open, only brings its window to the front.
 - (void)handleGUIButton;
+/// Asks the host to analyse the one frame under the playhead.
 - (void)requestFrameAnalyisForPreview;
+/// The timer's action: opens the editor when the frame has been captured.
 - (void)runIdle:(NSTimer*)timer;
-/// Opens the editor, and returns when it is closed and the host has its result.
+/// Runs the editor. Returns when it is closed and the host has the result.
 - (void)runGUI;
 @end

@@ -2,6 +2,7 @@
 
 #include "framework/create_ccomponent.h"
 #include "framework/parameters/iparameter_v1.h"
+#include "framework/state_blob.h"
 #include "host/bridge/mapped_parameters.h"
 #include "host/bridge/state_payload.h"
 #include "host/fxplug/fcpx_host_interface.h"
@@ -43,43 +44,43 @@ NSDictionary* make_properties()
     return [[all copy] autorelease];
 }
 
-/// The bridge's own host object; null once the component has ended.
+/// The component's host, which is the bridge's own object; null once the component has terminated.
 std::shared_ptr<fcpx_host_interface> bridge_host_of(const std::shared_ptr<icomponent_v1>& component)
 {
     return component ? std::dynamic_pointer_cast<fcpx_host_interface>(component->get_host()) : nullptr;
 }
 
-/// Writes the component's value to the host where the host's differs, or cannot be read.
-void push_parameter(icomponent_v1& component, ihost_v1& host, int place, id<FxParameterRetrievalAPI_v6> retrieval,
+/// Writes the component's value to the host if the host's value differs or cannot be read.
+void push_parameter(icomponent_v1& component, ihost_v1& host, int index, id<FxParameterRetrievalAPI_v6> retrieval,
                     id<FxParameterSettingAPI_v5> setting, CMTime time)
 {
-    const auto parameter = component.get_parameter(place);
+    const auto parameter = component.get_parameter(index);
     if (!parameter)
         return;
     const param_value record = parameter->get_param_value();
-    const auto at_host = read_host_value(retrieval, host_control_of(record), host_id_of(place), time);
+    const auto at_host = read_host_value(retrieval, host_control_of(record), host_id_of(index), time);
     if (at_host && !host_differs(*at_host, record))
         return;
-    write_host_value(setting, host_value_of(record), host_id_of(place), time);
+    write_host_value(setting, host_value_of(record), host_id_of(index), time);
     host.schedule_render();
 }
 
-/// A payload from a document into the component; parameters that took over former ones are queued for the host, which
-/// still holds their own values.
+/// Restores the component from a document's payload. Parameters that replaced one of an older version are queued: the
+/// host still has their old values, and the next read from the host would undo the restore.
 void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData* payload)
 {
     const auto* const bytes = static_cast<const std::uint8_t*>([payload bytes]);
     std::vector<std::uint8_t> state(bytes, bytes + [payload length]);
-    if (const auto checked = check_state_payload(state); !checked)
+    if (const auto checked = check_state_blob(state); !checked)
     {
-        NSLog(@"The saved state is left alone: %s", checked.error().reason.c_str());
+        NSLog(@"The saved state is ignored: %s", checked.error().reason.c_str());
         return;
     }
     const auto before = copy_values(component);
     if (!component.set_state(state, true) || host == nullptr)
         return;
-    for (const int place : mapped_parameters(component, before, state))
-        host->add_dirty_param(place);
+    for (const int index : mapped_parameters(component, before, state))
+        host->add_dirty_param(index);
 }
 
 } // namespace
@@ -159,13 +160,13 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     if (!host || action == nil)
         return;
     const CMTime now = [action currentTime];
-    for (int place = host->pop_dirty_param(); place >= 0; place = host->pop_dirty_param())
+    for (int index = host->pop_dirty_param(); index >= 0; index = host->pop_dirty_param())
     {
         [action startAction:self];
         id<FxParameterSettingAPI_v5> const setting = setting_api(_apiManager);
         id<FxParameterRetrievalAPI_v6> const retrieval = retrieval_api(_apiManager);
         if (setting != nil && retrieval != nil)
-            push_parameter(*component, *host, place, retrieval, setting, now);
+            push_parameter(*component, *host, index, retrieval, setting, now);
         [action endAction:self];
     }
 }
@@ -186,7 +187,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 {
     id<FxParameterRetrievalAPI_v6> const retrieval = retrieval_api(_apiManager);
     id<FxCustomParameterActionAPI_v4> const action = action_api(_apiManager);
-    const auto parameter = component->get_parameter(place_of_host_id(static_cast<int>(hostID)));
+    const auto parameter = component->get_parameter(index_of_host_id(static_cast<int>(hostID)));
     if (!parameter || retrieval == nil || action == nil)
         return NO;
     param_value record = parameter->get_param_value();
@@ -210,8 +211,8 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     if (pluginState != nullptr)
         *pluginState = nil;
     if (!gui_is_open())
-        for (int place = 0; place < component->get_parameter_count(); ++place)
-            [self synchronizeComponentParameter:static_cast<UInt32>(host_id_of(place))];
+        for (int index = 0; index < component->get_parameter_count(); ++index)
+            [self synchronizeComponentParameter:static_cast<UInt32>(host_id_of(index))];
     return YES;
 }
 
@@ -263,7 +264,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     {
         id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
         if (analysis == nil)
-            return taken; // a host without analysis ends the action by itself
+            return taken; // without endAction: a host without analysis ends the action itself
         NSError* error = nil;
         if (![analysis startForwardAnalysis:kFxAnalysisLocation_GPU error:&error])
             NSLog(@"Analysis failed to start due to error: %@", error);
@@ -326,7 +327,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     NSView* const view = [[NSView alloc] initWithFrame:NSMakeRect(0, 0, 124, 30)];
     NSButton* const button = [[[NSButton alloc] initWithFrame:NSMakeRect(2, 2, 120, 24)] autorelease];
     [button setTitle:key_text(gui_button_title)];
-    [button setBezelStyle:static_cast<NSBezelStyle>(2)]; // regular square
+    [button setBezelStyle:static_cast<NSBezelStyle>(2)]; // regular square; the constant's name differs between SDKs
     [button setTarget:self];
     [button setAction:@selector(handleGUIButton)];
     [view addSubview:button];

@@ -1,9 +1,9 @@
-// Whom the service tells of its connections.
+// The service's delegate: the host's framework reports connections to it.
 #pragma once
 
 #import <FxPlug/FxPlugSDK.h>
 
-/// Notes who the host is, for host/connected_host.h.
+/// Stores the host's name and version in host/bridge/connected_host.h.
 @interface FCPXDelegate : NSObject <FxPrincipalDelegate>
 - (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString;
 @end

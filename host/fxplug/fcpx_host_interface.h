@@ -1,4 +1,4 @@
-// The component's view of the video host: reports go through it, and changes wait in it until the host is told.
+// The component's host object in the bridge: it forwards events to the video host and queues changed parameters for it.
 #pragma once
 
 #include "framework/chost_v1.h"
@@ -11,34 +11,35 @@
 namespace ov1
 {
 
-/// Owned by the component, like every host. Any thread.
+/// Owned by the component, like every host object. Any thread.
 class fcpx_host_interface : public chost_v1
 {
 public:
-    /// The manager is not retained: detach() before it may go.
+    /// The manager is not retained: call detach() before it is released.
     fcpx_host_interface(std::weak_ptr<icomponent_v1> component, id<PROAPIAccessing> manager);
 
     host_kind get_type() const override;
     std::string get_vendor() const override;
     std::string get_name() const override;
     version get_version() const override;
-    /// That of the system's current locale.
+    /// The language of the system's current locale.
     language_id get_language() const override;
-    /// None: the host's windows belong to another process.
+    /// Always false: the host's windows belong to another process.
     [[nodiscard]] bool get_host_window(void** handle) override;
-    /// Queues what the program changed, hides at the host what is disabled, and passes everything on to the base.
+    /// Queues a parameter that the program changed, hides a disabled parameter in the host's inspector, and passes
+    /// every event on to the base class.
     void notify(event e) override;
 
-    /// The place of a parameter whose value the host does not have yet; -1 when it has all.
+    /// Removes and returns the index of a parameter whose new value the host does not have; -1 when there is none.
     int pop_dirty_param();
-    /// Queues a parameter by its place.
-    void add_dirty_param(int place);
-    /// From now on the video host is not asked for anything.
+    /// Queues a parameter by its index.
+    void add_dirty_param(int index);
+    /// From now on the video host is not called.
     void detach();
 
 private:
-    /// -1 for no parameter.
-    int place_of(uid id) const;
+    /// The parameter's index; -1 for an unknown id.
+    int index_of(uid id) const;
     void show_enabled_state(uid id);
 
     std::mutex manager_mutex;

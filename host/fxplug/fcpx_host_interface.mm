@@ -33,8 +33,8 @@ void fcpx_host_interface::notify(event e)
 {
     if (e.type == event_kind::changed)
     {
-        if (const int place = place_of(e.id); place >= 0)
-            dirty_params.add(place);
+        if (const int index = index_of(e.id); index >= 0)
+            dirty_params.add(index);
     }
     else if (e.type == event_kind::enabled_changed)
         show_enabled_state(e.id);
@@ -42,7 +42,7 @@ void fcpx_host_interface::notify(event e)
 }
 
 int fcpx_host_interface::pop_dirty_param() { return dirty_params.pop(); }
-void fcpx_host_interface::add_dirty_param(int place) { dirty_params.add(place); }
+void fcpx_host_interface::add_dirty_param(int index) { dirty_params.add(index); }
 
 void fcpx_host_interface::detach()
 {
@@ -50,22 +50,22 @@ void fcpx_host_interface::detach()
     manager = nil;
 }
 
-int fcpx_host_interface::place_of(uid id) const
+int fcpx_host_interface::index_of(uid id) const
 {
     const auto component = get_component();
     if (!component)
         return -1;
-    for (int place = 0; place < component->get_parameter_count(); ++place)
-        if (const auto parameter = component->get_parameter(place); parameter && parameter->get_uid() == id)
-            return place;
+    for (int index = 0; index < component->get_parameter_count(); ++index)
+        if (const auto parameter = component->get_parameter(index); parameter && parameter->get_uid() == id)
+            return index;
     return -1;
 }
 
 void fcpx_host_interface::show_enabled_state(uid changed)
 {
-    const int place = place_of(changed);
+    const int index = index_of(changed);
     const auto component = get_component();
-    const auto parameter = component && place >= 0 ? component->get_parameter(place) : nullptr;
+    const auto parameter = component && index >= 0 ? component->get_parameter(index) : nullptr;
     id<FxParameterRetrievalAPI_v6> retrieval = nil;
     id<FxParameterSettingAPI_v6> setting = nil;
     {
@@ -73,7 +73,7 @@ void fcpx_host_interface::show_enabled_state(uid changed)
         retrieval = retrieval_api(manager);
         setting = flag_setting_api(manager);
     }
-    const auto host_id = static_cast<UInt32>(host_id_of(place));
+    const auto host_id = static_cast<UInt32>(host_id_of(index));
     FxParameterFlags flags = 0;
     if (!parameter || setting == nil || ![retrieval getParameterFlags:&flags fromParameter:host_id])
         return;

@@ -6,15 +6,15 @@
 #include <cstdint>
 #include <vector>
 
-/// Carries the payload of host/state_payload.h under the key "fcp_wrapper_state_v1". Two of them are always reported
-/// equal and are never blended, by design: a state is no curve.
+/// Holds the payload of host/bridge/state_payload.h, archived under the key "fcp_wrapper_state_v1". Two values always
+/// compare equal and are never blended between keyframes. This is meant: a state cannot be animated.
 @interface fcpx_state_param : NSObject <NSSecureCoding, NSCopying, FxCustomParameterInterpolation_v2>
 {
     NSData* data;
 }
 @property(retain) NSData* data;
 
-/// What new values start with, for the whole process and from any thread: the state of the newest instance at its
-/// making.
+/// Sets what new values start with: the initial state of the newest instance. One value for the whole process. Any
+/// thread.
 + (void)setDefaultState:(const std::vector<std::uint8_t>&)state;
 @end

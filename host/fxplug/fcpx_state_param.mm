@@ -53,7 +53,7 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
 {
     if ((self = [super init]))
     {
-        // What is stored is data; a strict decoder would refuse it if this class alone were named.
+        // The archive contains an NSData. A strict decoder refuses it unless NSData is named as well.
         NSSet* const classes = [NSSet setWithObjects:[fcpx_state_param class], [NSData class], nil];
         data = [[coder decodeObjectOfClasses:classes forKey:coder_key()] retain];
     }

@@ -1,4 +1,4 @@
-// Errors in the video host's domain.
+// Errors in the video host's error domain.
 #pragma once
 
 #include "host/bridge/bridge_texts.h"
@@ -8,7 +8,7 @@
 namespace ov1
 {
 
-/// Stores the error where the host gave a place for it. The detail follows the description.
+/// Stores an autoreleased error, unless the host passed null. The detail is appended to the description.
 void store_error(NSError** where, const bridge_error& error, const char* detail = "");
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The video host's own objects, asked for at the moment of use.
+// Gets the video host's interfaces from its API manager. Callers get them at the moment of use and never keep them.
 #pragma once
 
 #import <FxPlug/FxPlugSDK.h>
@@ -6,11 +6,11 @@
 namespace ov1
 {
 
-/// Each gives nil where the host does not have it, as for a manager that is nil.
+/// Each returns nil when the host does not have the interface or the manager is nil.
 id<FxParameterCreationAPI_v5> creation_api(id<PROAPIAccessing> manager);
 id<FxParameterRetrievalAPI_v6> retrieval_api(id<PROAPIAccessing> manager);
 id<FxParameterSettingAPI_v5> setting_api(id<PROAPIAccessing> manager);
-/// Missing in older hosts that have the one before.
+/// Missing in older hosts, which have only FxParameterSettingAPI_v5.
 id<FxParameterSettingAPI_v6> flag_setting_api(id<PROAPIAccessing> manager);
 id<FxCustomParameterActionAPI_v4> action_api(id<PROAPIAccessing> manager);
 id<FxTimingAPI_v4> timing_api(id<PROAPIAccessing> manager);

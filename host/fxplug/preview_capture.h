@@ -1,4 +1,4 @@
-// A frame of the host, reduced to the editor's preview.
+// Captures a frame of the host as the editor's preview image.
 #pragma once
 
 #include "shared/image.h"
@@ -10,8 +10,8 @@
 namespace ov1
 {
 
-/// The frame in the order a, r, g, b, at most 1600 pixels on its longer side; null where the surface cannot be locked
-/// or is empty, and, with an error stored, where its format is not read. The surface is unlocked again in every case.
+/// The frame as a, r, g, b floats, at most 1600 pixels on its longer side. Null when the surface cannot be locked or is
+/// empty; null with an error stored when its format is not supported. The surface is always unlocked again.
 std::shared_ptr<image> capture_preview(FxImageTile* frame, NSError** error);
 
 } // namespace ov1

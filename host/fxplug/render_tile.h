@@ -1,4 +1,4 @@
-// One destination tile, rendered from the source tiles at its place.
+// Renders one destination tile from the source tiles at the same position.
 #pragma once
 
 #include "framework/icomponent_v1.h"
@@ -8,9 +8,9 @@
 namespace ov1
 {
 
-/// Brings the component up to date, then renders every row through one table. False with an error stored where the
-/// tiles do not fit one another or their format is not read, and without one where the destination cannot be locked.
-/// Any thread, and several at once.
+/// Updates the component's table, then renders all rows through that one table. False with an error stored when a
+/// source does not match the destination or the format is not supported; false without an error when the destination
+/// cannot be locked. Any number of threads.
 bool render_tile(icomponent_v1& component, FxImageTile* destination, NSArray* sources, NSError** error);
 
 } // namespace ov1

@@ -19,7 +19,7 @@ void render_rows(const row_renderer& renderer, tile_format format, const tile_pa
         for_each_row(tile.height, [&](std::size_t y) { render_float_row(renderer, tile, y); });
 }
 
-/// From a locked source into a locked destination.
+/// Renders a locked source into the locked destination.
 bool render_source(const row_renderer& renderer, IOSurfaceRef source, IOSurfaceRef destination, NSError** error)
 {
     const surface_layout layout = layout_of(destination);
@@ -58,8 +58,8 @@ bool render_tile(icomponent_v1& component, FxImageTile* destination, NSArray* so
         const IOSurfaceRef from = surface_of(source);
         if (from == nullptr || IOSurfaceLock(from, kIOSurfaceLockReadOnly, nullptr) != 0)
             continue;
-        // A tile that cannot be rendered ends the call with both surfaces locked and no end told: the host gives such
-        // tiles up, and its renders of them with them.
+        // Both surfaces stay locked and no end event is sent. This is meant: the host abandons such a tile together
+        // with its surfaces.
         if (!render_source(*renderer, from, to, error))
             return false;
         IOSurfaceUnlock(from, kIOSurfaceLockReadOnly, nullptr);

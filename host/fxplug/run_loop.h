@@ -1,10 +1,10 @@
-// The run loop of the main thread, turned from within a modal loop of ours.
+// Runs the main thread's run loop from within our own modal loop.
 #pragma once
 
 namespace ov1
 {
 
-/// Works off what has arrived for timers, sources and the application's windows, and waits for nothing. Main thread.
-void turn_run_loop_once();
+/// Processes the pending timers, sources and window events, then returns without waiting. Main thread.
+void run_main_loop_once();
 
 } // namespace ov1

@@ -5,12 +5,12 @@
 namespace ov1
 {
 
-void turn_run_loop_once()
+void run_main_loop_once()
 {
     @autoreleasepool
     {
         [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
-        // Null in a process without windows of the system's own.
+        // Nil in a process that has not created an application object.
         NSApplication* const application = NSApp;
         if (application == nil)
             return;

@@ -1,4 +1,4 @@
-// The host's surfaces: their layout, and rows of them on several threads.
+// The host's surfaces: their layout, and loops over their rows on several threads.
 #pragma once
 
 #include "host/bridge/pixel_loops.h"
@@ -11,15 +11,15 @@
 namespace ov1
 {
 
-/// The C interface's name for a tile's surface; null where it has none.
+/// The tile's surface for the C interface; null when it has none. The tile owns it.
 IOSurfaceRef surface_of(FxImageTile* tile);
 
 inline constexpr auto lock_for_writing = static_cast<IOSurfaceLockOptions>(0);
 
-/// Of a locked surface.
+/// Reads the layout of a locked surface.
 surface_layout layout_of(IOSurfaceRef surface);
 
-/// Calls row(y) for each row, on the threads of the system's queue of high priority; returns when all are done.
+/// Calls row(y) once per row, in parallel on the system's high-priority queue. Returns when all rows are done.
 template <typename function>
 void for_each_row(std::size_t rows, const function& row)
 {

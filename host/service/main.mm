@@ -1,4 +1,4 @@
-// veridialfcpx: the service that the video host starts, and the writer of the template.
+// veridialfcpx: the service that the video host starts. With "--extractXML" it writes the effect template instead.
 #import "host/fxplug/fcpx_delegate.h"
 
 #include "host/bridge/extract_command.h"
@@ -22,14 +22,14 @@
 namespace
 {
 
-/// For the life of the process: whether the host's framework keeps it is not known.
+/// Kept for the life of the process: the host's framework is not known to retain it.
 FCPXDelegate* service_delegate = nil;
 
 int serve()
 {
 #if VERIDIAL_HAS_EDITOR
     const ov1::editor_scope editor;
-#ifdef __APPLE__ // elsewhere the toolkit brings its own
+#ifdef __APPLE__ // on Linux the toolkit installs the maker of X11 windows
     ov1::install_window_maker([](const std::string&, const ov1::rect& size, const std::string& title, void*)
                               { return std::make_shared<ov1::cocoa_window>(size, title); });
 #endif
@@ -41,10 +41,10 @@ int serve()
 
 int generate_template(const std::string& folder)
 {
-    std::string failure;
-    if (ov1::write_template(ov1::read_bundle_facts([NSBundle mainBundle]), folder, failure))
+    const auto written = ov1::write_template(ov1::read_bundle_facts([NSBundle mainBundle]), folder);
+    if (written)
         return 0;
-    std::printf("%s", failure.c_str());
+    std::printf("%s", written.error().reason.c_str()); // without a line feed, as build scripts expect it
     return 1;
 }
 

@@ -1,7 +1,7 @@
 // Documents of the simulated host: a property list.
 //
 //   format       "veridial-host document 1"
-//   parameters   id -> { name, value (value_text.h) or archive (data), keyframes: time -> value }
+//   parameters   id -> { name, value (value_text.h) or archive (data), keyframes: time -> value, if there are any }
 #include "host/simulator/simulator_core.h"
 #include "host/simulator/value_text.h"
 
@@ -45,12 +45,11 @@ bool read_keyframes(NSDictionary* from, stored_parameter& p)
         return false;
     for (NSString* key in from)
     {
-        CMTime time;
-        store_value value;
-        if (!time_of_text(text_of(key), time) || !value_of_text(text_of([from objectForKey:key]), value) ||
-            value.index() != p.value.index())
+        const auto time = time_of_text(text_of(key));
+        const auto value = value_of_text(text_of([from objectForKey:key]));
+        if (!time || !value || value->index() != p.value.index())
             return false;
-        p.keyframes[time] = value;
+        p.keyframes[*time] = *value;
     }
     return true;
 }
@@ -66,12 +65,14 @@ bool read_parameter(NSDictionary* entry, stored_parameter& p)
         const auto* const first = static_cast<const std::uint8_t*>([archive bytes]);
         p.value = store_archive(first, first + [archive length]);
     }
-    else if (!value_of_text(text_of([entry objectForKey:@"value"]), p.value))
+    else if (const auto value = value_of_text(text_of([entry objectForKey:@"value"])))
+        p.value = *value;
+    else
         return false;
     return read_keyframes([entry objectForKey:@"keyframes"], p);
 }
 
-/// Nil for what is no property list.
+/// The document's root; nil when the bytes are not a property list with a dictionary.
 NSDictionary* parsed(const std::vector<std::uint8_t>& bytes)
 {
     @try
@@ -91,7 +92,7 @@ NSDictionary* parsed(const std::vector<std::uint8_t>& bytes)
 
 } // namespace
 
-bool simulated_host::write_document(std::vector<std::uint8_t>& bytes, std::string& reason) const
+result<std::vector<std::uint8_t>> simulated_host::write_document() const
 {
     @autoreleasepool
     {
@@ -105,40 +106,30 @@ bool simulated_host::write_document(std::vector<std::uint8_t>& bytes, std::strin
                                                                        options:0
                                                                          error:NULL];
         if (data == nil)
-        {
-            reason = "cannot be written as a property list";
-            return false;
-        }
+            return failure{failure_kind::cannot_write, {}, "cannot be written as a property list", {}};
         const auto* const first = static_cast<const std::uint8_t*>([data bytes]);
-        bytes.assign(first, first + [data length]);
-        return true;
+        return std::vector<std::uint8_t>(first, first + [data length]);
     }
 }
 
-bool simulated_host::read_document(const std::vector<std::uint8_t>& bytes, std::string& reason)
+result<> simulated_host::read_document(const std::vector<std::uint8_t>& bytes)
 {
     @autoreleasepool
     {
         NSDictionary* const root = parsed(bytes);
         NSDictionary* const entries = [root objectForKey:@"parameters"];
         if (![[root objectForKey:@"format"] isEqual:format_name] || ![entries isKindOfClass:[NSDictionary class]])
-        {
-            reason = "is no document of this program";
-            return false;
-        }
+            return failure{failure_kind::invalid_grade, {}, "is not a document of this program", {}};
         parameters_by_id parameters;
         for (NSString* key in entries)
         {
             stored_parameter p;
             if (!read_parameter([entries objectForKey:key], p))
-            {
-                reason = "parameter " + text_of(key) + " is damaged";
-                return false;
-            }
+                return failure{failure_kind::invalid_grade, {}, "parameter " + text_of(key) + " is damaged", {}};
             parameters[static_cast<std::uint32_t>([key intValue])] = std::move(p);
         }
         impl->store.restore(parameters);
-        return true;
+        return {};
     }
 }
 

@@ -1,4 +1,4 @@
-// The simulated host's inspector: the effect's own view above a slider for every number that is not hidden.
+// The simulator's inspector: the effect's own view, below it a slider for every float parameter that is not hidden.
 #pragma once
 
 #include "host/simulator/simulated_host.h"
@@ -9,23 +9,23 @@
 namespace ov1
 {
 
-/// A window of the desktop's, shown from its making until the user closes it. Main thread, with an application.
+/// A native window, shown until the user closes it. Main thread; the process needs an application object.
 class inspector
 {
 public:
-    /// The host outlives it.
+    /// The host must outlive the inspector.
     inspector(simulated_host& host, const std::string& title);
     ~inspector();
     inspector(const inspector&) = delete;
     inspector& operator=(const inspector&) = delete;
 
     [[nodiscard]] bool is_open() const;
-    /// Shows the host's values as they are now.
+    /// Updates the sliders from the host's values at the playhead.
     void refresh();
-    /// The NSView that the effect gave, for tests.
+    /// The effect's NSView, for tests; the inspector owns it.
     void* get_effect_view() const;
 
-    /// Serves the desktop until the window is closed, with the values refreshed ten times a second.
+    /// Processes events until the window is closed; refreshes the sliders ten times a second.
     void run();
 
 private:

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// Passes the sliders' values on to the host; a slider's tag is its parameter's number.
+/// Target of the sliders' actions: sets the value in the host. A slider's tag is its parameter's id.
 @interface inspector_target : NSObject
 {
     ov1::simulated_host* host;
@@ -57,7 +57,7 @@ struct inspector::parts
 {
     struct row
     {
-        std::uint32_t number;
+        std::uint32_t id;
         NSSlider* slider;
         NSTextField* text;
     };
@@ -68,11 +68,11 @@ struct inspector::parts
     NSView* effect_view = nil;
     std::vector<row> rows;
 
-    void add_row(NSView* to, double y, std::uint32_t number, const stored_parameter& p);
+    void add_row(NSView* to, double y, std::uint32_t id, const stored_parameter& p);
     NSView* make_rows();
 };
 
-void inspector::parts::add_row(NSView* to, double y, std::uint32_t number, const stored_parameter& p)
+void inspector::parts::add_row(NSView* to, double y, std::uint32_t id, const stored_parameter& p)
 {
     [to addSubview:make_label(NSMakeRect(margin, y, label_width, row_height),
                               [NSString stringWithUTF8String:p.name.c_str()])];
@@ -80,28 +80,28 @@ void inspector::parts::add_row(NSView* to, double y, std::uint32_t number, const
     NSSlider* const slider = [[[NSSlider alloc] initWithFrame:place] autorelease];
     [slider setMinValue:p.min];
     [slider setMaxValue:p.max];
-    [slider setTag:static_cast<NSInteger>(number)];
+    [slider setTag:static_cast<NSInteger>(id)];
     [slider setTarget:target];
     [slider setAction:@selector(sliderMoved:)];
     NSTextField* const text =
         make_label(NSMakeRect(2 * margin + label_width + slider_width, y, number_width, row_height), @"");
     [to addSubview:slider];
     [to addSubview:text];
-    rows.push_back({number, slider, text});
+    rows.push_back({id, slider, text});
 }
 
 NSView* inspector::parts::make_rows()
 {
     std::vector<std::pair<std::uint32_t, stored_parameter>> shown;
-    for (auto& [number, p] : host.get_parameters().copy())
+    for (auto& [id, p] : host.get_parameters().copy())
         if (std::holds_alternative<double>(p.value) && !(p.flags & hidden_flag))
-            shown.emplace_back(number, p);
+            shown.emplace_back(id, p);
     const double height = row_height * static_cast<double>(shown.size()) + margin;
     NSView* const list = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, window_width - 20, height)] autorelease];
     double y = height - row_height;
-    for (const auto& [number, p] : shown)
+    for (const auto& [id, p] : shown)
     {
-        add_row(list, y, number, p);
+        add_row(list, y, id, p);
         y -= row_height;
     }
     return list;
@@ -156,11 +156,12 @@ void inspector::refresh()
     {
         for (const parts::row& row : held->rows)
         {
-            store_value value = 0.0;
-            if (!held->host.get_parameters().get(row.number, held->host.get_playhead(), value))
+            const auto value = held->host.get_parameters().get(row.id, held->host.get_playhead());
+            const auto* const number = value ? std::get_if<double>(&*value) : nullptr;
+            if (number == nullptr)
                 continue;
-            [row.slider setDoubleValue:std::get<double>(value)];
-            [row.text setStringValue:[NSString stringWithFormat:@"%.2f", std::get<double>(value)]];
+            [row.slider setDoubleValue:*number];
+            [row.text setStringValue:[NSString stringWithFormat:@"%.2f", *number]];
         }
     }
 }

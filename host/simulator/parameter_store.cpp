@@ -10,7 +10,7 @@ namespace ov1
 namespace
 {
 
-constexpr std::uint32_t last_id = 9998;
+constexpr std::uint32_t last_id = 9998; // the interface allows parameter ids 1..9998
 
 double mixed(double a, double b, double weight) { return a + (b - a) * weight; }
 
@@ -24,7 +24,7 @@ store_value mixed(const store_value& a, const store_value& b, double weight)
         return store_color{mixed(x->red, y.red, weight), mixed(x->green, y.green, weight),
                            mixed(x->blue, y.blue, weight), mixed(x->alpha, y.alpha, weight)};
     }
-    return a; // holds until the next keyframe
+    return a; // other types hold until the next keyframe
 }
 
 store_value value_at(const stored_parameter& p, CMTime time)
@@ -69,20 +69,19 @@ bool parameter_store::declare(std::uint32_t id, stored_parameter parameter)
     return parameters.emplace(id, std::move(parameter)).second;
 }
 
-stored_parameter* parameter_store::find(std::uint32_t id, const store_value& kind)
+stored_parameter* parameter_store::find(std::uint32_t id, const store_value& value)
 {
     const auto found = parameters.find(id);
-    return found != parameters.end() && found->second.value.index() == kind.index() ? &found->second : nullptr;
+    return found != parameters.end() && found->second.value.index() == value.index() ? &found->second : nullptr;
 }
 
-bool parameter_store::get(std::uint32_t id, CMTime time, store_value& value) const
+std::optional<store_value> parameter_store::get(std::uint32_t id, CMTime time) const
 {
     const std::scoped_lock guard(lock);
     const auto found = parameters.find(id);
-    if (found == parameters.end() || found->second.value.index() != value.index())
-        return false;
-    value = value_at(found->second, time);
-    return true;
+    if (found == parameters.end())
+        return std::nullopt;
+    return value_at(found->second, time);
 }
 
 bool parameter_store::set(std::uint32_t id, CMTime time, store_value value)

@@ -1,4 +1,4 @@
-// The parameters of one effect as a video host keeps them: values, keyframes, and undo by actions.
+// The parameters of one effect as a video host stores them: values, keyframes, and undo steps.
 #pragma once
 
 #include <CoreMedia/CMTime.h>
@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -13,6 +14,7 @@
 namespace ov1
 {
 
+/// Double precision, as in the host's interface; not limited to 0..1.
 struct store_color
 {
     double red = 0.0;
@@ -23,12 +25,13 @@ struct store_color
     bool operator==(const store_color&) const = default;
 };
 
-/// The archive of a custom value.
+/// An archived custom value (value_archive.h).
 using store_archive = std::vector<std::uint8_t>;
 
-/// A float slider's value, an integer slider's or a popup's index, a toggle's, a colour, a custom value.
+/// The value of a float slider, of an integer slider or a popup (its index), of a toggle, of a colour, a custom value.
 using store_value = std::variant<double, int, bool, store_color, store_archive>;
 
+/// Equal times share one keyframe, whatever their timescales.
 struct time_order
 {
     bool operator()(const CMTime& a, const CMTime& b) const { return CMTimeCompare(a, b) < 0; }
@@ -36,56 +39,63 @@ struct time_order
 
 struct stored_parameter
 {
-    std::string name;
+    std::string name = {};
     std::uint32_t flags = 0;
-    double min = 0.0; ///< of sliders
+    double min = 0.0; ///< bounds of sliders and of a popup's index; not used unless min < max
     double max = 0.0;
-    std::vector<std::string> entries; ///< of a popup
-    store_value default_value;
-    store_value value;                                   ///< while there are no keyframes
-    std::map<CMTime, store_value, time_order> keyframes; ///< of numbers and colours, linear in between; others hold
+    std::vector<std::string> entries = {}; ///< of a popup
+    store_value default_value = {};
+    store_value value = {}; ///< used while there are no keyframes; its type never changes
+    /// Floats and colours run linearly between keyframes; other types hold until the next one.
+    std::map<CMTime, store_value, time_order> keyframes = {};
 };
 
-/// Whether value and keyframes are the same.
+/// Whether the values and keyframes are equal.
 [[nodiscard]] bool same_values(const stored_parameter& a, const stored_parameter& b);
 
 using parameters_by_id = std::map<std::uint32_t, stored_parameter>;
 
-/// Any thread.
+/// Any thread. A value has the type of its parameter: double for a float slider, and so on.
 class parameter_store
 {
 public:
-    /// False for an id that is taken or outside 1..9998.
+    /// Adds a parameter with its default as its value. False for an id that is taken or outside 1..9998.
     bool declare(std::uint32_t id, stored_parameter parameter);
 
-    /// False for an unknown id, and for a value of another kind.
-    bool get(std::uint32_t id, CMTime time, store_value& value) const;
-    /// Where there are keyframes, at the time; else for all times. Outside an action it is one of its own. Numbers are
-    /// limited to the parameter's bounds.
+    /// The value at a time; nothing for an unknown id.
+    std::optional<store_value> get(std::uint32_t id, CMTime time) const;
+    /// Sets a keyframe at the time if the parameter has keyframes, else the value for all times. Numbers are limited to
+    /// the parameter's bounds. Outside an action, the call is an action of its own. False for an unknown id and for a
+    /// value of another type.
     bool set(std::uint32_t id, CMTime time, store_value value);
+    /// Like set, but always makes a keyframe.
     bool set_keyframe(std::uint32_t id, CMTime time, store_value value);
+    /// Both are false for an unknown id. Flags are not part of an undo step on their own.
     bool get_flags(std::uint32_t id, std::uint32_t& flags) const;
     bool set_flags(std::uint32_t id, std::uint32_t flags);
 
-    /// Actions nest; what changed within the outermost is one step of undo.
+    /// Actions nest. All changes within the outermost action are one undo step; an action without a change is none.
     void begin_action();
     void end_action();
     int get_open_actions() const;
-    /// False where there is nothing to undo or redo.
+    /// False when there is nothing to undo or redo. A new step discards the steps to redo.
     bool undo();
     bool redo();
     std::size_t get_undo_count() const;
 
-    /// How often values were set, with what was set without an effect.
+    /// How often `set` was called, including calls that changed nothing or failed.
     std::size_t get_set_count() const;
+    /// All parameters as they are now.
     parameters_by_id copy() const;
-    /// Values and keyframes of those that are declared alike; what is not declared is passed over.
+    /// Takes values and keyframes from the saved parameters whose id, name and type are declared here; skips the
+    /// others. Not an undo step.
     void restore(const parameters_by_id& saved);
 
 private:
-    stored_parameter* find(std::uint32_t id, const store_value& kind);
+    /// Null for an unknown id and for a parameter of another type than the value's.
+    stored_parameter* find(std::uint32_t id, const store_value& value);
 
-    mutable std::recursive_mutex lock;
+    mutable std::recursive_mutex lock; // set opens an action
     parameters_by_id parameters;
     std::vector<parameters_by_id> undo_steps;
     std::vector<parameters_by_id> redo_steps;

@@ -1,4 +1,4 @@
-// A picture as the video host holds it, and its surfaces.
+// A picture in memory as video hosts store it, a part of it, and the pixel formats of its surfaces.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 namespace ov1
 {
 
-/// Four floats a pixel in the order R, G, B, A, row by row from the top, without padding.
+/// Four floats per pixel in the order R, G, B, A. Rows from top to bottom, without padding. Values are not limited.
 struct rgba_picture
 {
     std::size_t width = 0;
@@ -23,12 +23,13 @@ struct rgba_picture
     {
     }
 
+    /// The four channels of a pixel; those of the row's next pixels follow.
     float* pixel(std::size_t x, std::size_t y) { return rgba.data() + 4 * (y * width + x); }
     const float* pixel(std::size_t x, std::size_t y) const { return rgba.data() + 4 * (y * width + x); }
     bool operator==(const rgba_picture&) const = default;
 };
 
-/// A part of a picture in pixels.
+/// A rectangle within a picture, in pixels from the top left.
 struct picture_part
 {
     std::size_t x = 0;
@@ -39,8 +40,8 @@ struct picture_part
 
 enum class surface_format
 {
-    half,      ///< "RGhA"
-    full_float ///< "RGfA"
+    half,       ///< "RGhA", 8 bytes per pixel
+    full_float, ///< "RGfA", 16 bytes per pixel
 };
 
 } // namespace ov1

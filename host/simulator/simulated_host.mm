@@ -19,7 +19,7 @@ using effect = NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyz
 
 effect* effect_of(const simulated_host::core& core) { return static_cast<effect*>(core.plugin); }
 
-/// The parts of a picture, row by row.
+/// Cuts a picture into square parts, row by row; those at the right and lower edge may be smaller.
 std::vector<picture_part> parts_of(const rgba_picture& picture, std::size_t side)
 {
     const std::size_t width = side == 0 ? picture.width : side, height = side == 0 ? picture.height : side;
@@ -30,9 +30,9 @@ std::vector<picture_part> parts_of(const rgba_picture& picture, std::size_t side
     return parts;
 }
 
-/// Sends one part through the effect, with the questions that a host asks before.
-bool render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, const picture_part& part,
-                 const tile_options& options, CMTime time, host_error& error)
+/// Renders one part into `out`. First asks for both rectangles, as a real host does.
+result<> render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, const picture_part& part,
+                     const tile_options& options, CMTime time)
 {
     @autoreleasepool
     {
@@ -62,11 +62,10 @@ bool render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, cons
                                              pluginState:nil
                                                   atTime:time
                                                    error:&said];
-        if (done)
-            take_surface(to, options.format, out, part);
-        else
-            error = error_of(said);
-        return done;
+        if (!done)
+            return failure_of(said);
+        take_surface(to, options.format, out, part);
+        return {};
     }
 }
 
@@ -79,10 +78,10 @@ call_time_guard::call_time_guard(CMTime time)
 call_time_guard::~call_time_guard() { call_time = before; }
 std::optional<CMTime> call_time_guard::now() { return call_time; }
 
-host_error error_of(NSError* error)
+failure failure_of(NSError* error)
 {
     const char* const text = [[error localizedDescription] UTF8String];
-    return {static_cast<long>([error code]), text == nullptr ? "the effect gave no reason" : text};
+    return {failure_kind::unsupported, "the effect", text == nullptr ? "the effect gave no reason" : text, {}};
 }
 
 bool simulated_host::core::is_refused(NSString* protocol) const
@@ -122,7 +121,7 @@ simulated_host::simulated_host(std::string plugin_class)
 
 simulated_host::~simulated_host()
 {
-    wait_for_analysis();
+    (void)wait_for_analysis(); // nobody is left to report a failure to
     @autoreleasepool
     {
         [impl->plugin release];
@@ -145,7 +144,7 @@ void simulated_host::refuse_analysis_locks(bool refused)
     impl->refuse_analysis_locks = refused;
 }
 
-bool simulated_host::create_instance(host_error& error)
+result<> simulated_host::create_instance()
 {
     @autoreleasepool
     {
@@ -155,9 +154,8 @@ bool simulated_host::create_instance(host_error& error)
         NSDictionary* properties = nil;
         NSError* said = nil;
         if (plugin != nil && [plugin properties:&properties error:&said] && [plugin addParametersWithError:&said])
-            return true;
-        error = error_of(said);
-        return false;
+            return {};
+        return failure_of(said);
     }
 }
 
@@ -196,7 +194,7 @@ void simulated_host::set_rate(int numerator, int denominator)
 bool simulated_host::edit(std::uint32_t number, store_value value)
 {
     const CMTime time = get_playhead();
-    const call_time_guard here(time);
+    const call_time_guard guard(time);
     if (!impl->store.set(number, time, std::move(value)))
         return false;
     @autoreleasepool
@@ -211,7 +209,7 @@ bool simulated_host::undo()
     const parameters_by_id before = impl->store.copy();
     if (!impl->store.undo())
         return false;
-    tell_changes(before);
+    send_changes(before);
     return true;
 }
 
@@ -220,14 +218,14 @@ bool simulated_host::redo()
     const parameters_by_id before = impl->store.copy();
     if (!impl->store.redo())
         return false;
-    tell_changes(before);
+    send_changes(before);
     return true;
 }
 
-void simulated_host::tell_changes(const parameters_by_id& before)
+void simulated_host::send_changes(const parameters_by_id& before)
 {
     const CMTime time = get_playhead();
-    const call_time_guard here(time);
+    const call_time_guard guard(time);
     @autoreleasepool
     {
         for (const auto& [number, now] : impl->store.copy())
@@ -239,11 +237,11 @@ void simulated_host::tell_changes(const parameters_by_id& before)
     }
 }
 
-bool simulated_host::render(const rgba_picture& in, rgba_picture& out, const tile_options& options, host_error& error)
+result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_options& options)
 {
     const CMTime time = get_playhead();
     {
-        const call_time_guard here(time);
+        const call_time_guard guard(time);
         @autoreleasepool
         {
             NSData* state = nil;
@@ -251,30 +249,31 @@ bool simulated_host::render(const rgba_picture& in, rgba_picture& out, const til
             [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&said];
         }
     }
-    out = rgba_picture(in.width, in.height);
+    rgba_picture out(in.width, in.height);
     const std::vector<picture_part> parts = parts_of(in, options.side);
     std::atomic<std::size_t> next = 0;
-    std::mutex error_mutex;
-    bool failed = false;
+    std::mutex failed_mutex;
+    result<> last_failed;
     const auto work = [&]
     {
-        const call_time_guard here(time);
+        const call_time_guard guard(time);
         for (std::size_t i = next++; i < parts.size(); i = next++)
         {
-            host_error said;
-            if (render_part(effect_of(*impl), in, out, parts[i], options, time, said))
+            auto rendered = render_part(effect_of(*impl), in, out, parts[i], options, time);
+            if (rendered)
                 continue;
-            const std::scoped_lock guard(error_mutex);
-            error = said;
-            failed = true;
+            const std::scoped_lock failed_guard(failed_mutex);
+            last_failed = std::move(rendered);
         }
     };
     std::vector<std::jthread> others;
     for (unsigned i = 1; i < options.threads; ++i)
         others.emplace_back(work);
     work();
-    others.clear();
-    return !failed;
+    others.clear(); // joins them
+    if (!last_failed)
+        return std::move(last_failed).error();
+    return out;
 }
 
 void simulated_host::set_frame(rgba_picture frame, surface_format format)
@@ -290,9 +289,9 @@ bool simulated_host::core::start_analysis()
     if (analysis_state == kFxAnalysisState_AnalysisStarted)
         return false;
     if (analysis.joinable())
-        analysis.join(); // has ended
+        analysis.join(); // it has ended already
     analysis_state = kFxAnalysisState_AnalysisStarted;
-    analysis_error = {};
+    analysis_result = {};
     analysis = std::thread([this] { run_analysis(); });
     return true;
 }
@@ -318,23 +317,23 @@ void simulated_host::core::run_analysis()
                 tile = [make_tile(surface, frame, all) autorelease];
                 [surface refuseLocks:refuse_analysis_locks];
             }
-            // A host may hand over the frame before as well.
+            // A real host may also pass the frame before the wanted one.
             done = [asked analyzeFrame:tile atTime:frames_later(range.start, -1) error:&said] &&
                    [asked analyzeFrame:tile atTime:range.start error:&said];
             [asked cleanupAnalysis:nullptr];
         }
         const std::scoped_lock guard(lock);
-        analysis_error = done ? host_error{} : error_of(said);
+        analysis_result = done ? result<>() : failure_of(said);
         analysis_state = done ? kFxAnalysisState_AnalysisCompleted : kFxAnalysisState_AnalysisInterrupted;
     }
 }
 
-host_error simulated_host::wait_for_analysis()
+result<> simulated_host::wait_for_analysis()
 {
     if (impl->analysis.joinable())
         impl->analysis.join();
     const std::scoped_lock guard(impl->lock);
-    return impl->analysis_error;
+    return impl->analysis_result;
 }
 
 void* simulated_host::create_view() { return [effect_of(*impl) createViewForParameterID:1]; }

@@ -1,7 +1,8 @@
 #include "host/simulator/simulator_core.h"
 #include "host/simulator/value_archive.h"
 
-/// Each interface is an object of its own, so that none answers for another.
+/// Base of the host's interfaces. Each interface is an object of its own, so that the effect finds only the methods of
+/// the protocol it asked for.
 @interface simulator_interface : NSObject
 {
 @protected
@@ -35,14 +36,26 @@ stored_parameter described(NSString* name, FxParameterFlags flags, store_value v
     return p;
 }
 
+/// False for an unknown id and for a parameter of another type than T; the value is then unchanged.
 template <typename T, typename to>
 bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 {
-    store_value found = T{};
-    if (value == nullptr || !store.get(id, time, found))
+    const auto found = store.get(id, time);
+    const T* const typed = found ? std::get_if<T>(&*found) : nullptr;
+    if (value == nullptr || typed == nullptr)
         return false;
-    *value = static_cast<to>(std::get<T>(found));
+    *value = static_cast<to>(*typed);
     return true;
+}
+
+/// The interface gives both kinds of slider the same numbers. A step that is not positive and slider bounds outside the
+/// parameter's are mistakes of the effect.
+bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, double min, double max, double slider_min,
+                    double slider_max, double delta)
+{
+    p.min = min;
+    p.max = max;
+    return min <= slider_min && slider_max <= max && delta > 0 && store.declare(id, std::move(p));
 }
 
 } // namespace
@@ -62,10 +75,8 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
                          delta:(double)sliderDelta
                 parameterFlags:(FxParameterFlags)flags
 {
-    stored_parameter p = described(name, flags, defaultValue);
-    p.min = min;
-    p.max = max;
-    return min <= sliderMin && sliderMax <= max && sliderDelta > 0 && core->store.declare(parameterID, std::move(p));
+    return declare_slider(core->store, parameterID, described(name, flags, defaultValue), min, max, sliderMin,
+                          sliderMax, sliderDelta);
 }
 
 - (BOOL)addIntSliderWithName:(NSString*)name
@@ -78,10 +89,8 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
                        delta:(int)sliderDelta
               parameterFlags:(FxParameterFlags)flags
 {
-    stored_parameter p = described(name, flags, defaultValue);
-    p.min = min;
-    p.max = max;
-    return min <= sliderMin && sliderMax <= max && sliderDelta > 0 && core->store.declare(parameterID, std::move(p));
+    return declare_slider(core->store, parameterID, described(name, flags, defaultValue), min, max, sliderMin,
+                          sliderMax, sliderDelta);
 }
 
 - (BOOL)addToggleButtonWithName:(NSString*)name
@@ -170,8 +179,8 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
     store_archive archive;
     if (!get<store_archive>(core->store, parameterID, time, &archive))
         return NO;
-    std::string reason;
-    *value = unarchive_value(archive, [core->plugin classForCustomParameterID:parameterID], reason);
+    const auto unarchived = unarchive_value(archive, [core->plugin classForCustomParameterID:parameterID]);
+    *value = unarchived ? *unarchived : nil;
     return *value != nil;
 }
 
@@ -316,7 +325,7 @@ bool get(const parameter_store& store, UInt32 id, CMTime time, to* value)
 
 @interface simulator_api_manager : simulator_interface <PROAPIAccessing>
 {
-    NSDictionary* interfaces; // by their protocols' names
+    NSDictionary* interfaces; // the protocol's name is the key
 }
 @end
 

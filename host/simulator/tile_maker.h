@@ -1,4 +1,4 @@
-// Surfaces and tiles made from pictures, and pictures from surfaces.
+// Makes surfaces and tiles from pictures, and copies surfaces back into pictures.
 #pragma once
 
 #include "host/simulator/rgba_picture.h"
@@ -8,16 +8,18 @@
 namespace ov1
 {
 
-/// A new surface with a part of the picture; rows end with so many bytes of padding. The caller owns it.
+/// A new surface with the pixels of a part. `padding` is the number of unused bytes after each row; it must keep rows
+/// at multiples of a channel's size. The caller owns the surface.
 IOSurface* make_surface(const rgba_picture& picture, const picture_part& part, surface_format format,
                         std::size_t padding) NS_RETURNS_RETAINED;
-/// A surface of a part's size with zeros.
+/// A new surface of a part's size whose pixels are zero. The caller owns it.
 IOSurface* make_empty_surface(const picture_part& part, surface_format format, std::size_t padding) NS_RETURNS_RETAINED;
 
-/// Puts a surface's pixels into a part of the picture.
+/// Copies a surface's pixels into a part of the picture, which has the surface's size and format.
 void take_surface(IOSurface* surface, surface_format format, rgba_picture& picture, const picture_part& part);
 
-/// A tile of the part, whose image is the whole picture, with its origin at the top left. The caller owns it.
+/// A tile at the place of the part; its image is the whole picture, with the origin at the top left. The surface may be
+/// nil. The caller owns the tile.
 FxImageTile* make_tile(IOSurface* surface, const rgba_picture& picture, const picture_part& part) NS_RETURNS_RETAINED;
 
 } // namespace ov1

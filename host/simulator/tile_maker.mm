@@ -21,7 +21,7 @@ std::byte* row_of(IOSurface* surface, std::size_t y)
     return static_cast<std::byte*>([surface pixels]) + y * [surface shape].bytes_per_row;
 }
 
-/// Rows count upwards from the picture's lower edge in the host's rectangles.
+/// The host's rectangles count rows upwards from the picture's lower edge, whatever the origin of the pixels.
 FxRect rect_of(const rgba_picture& picture, const picture_part& part)
 {
     const auto height = static_cast<SInt32>(picture.height);

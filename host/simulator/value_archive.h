@@ -1,21 +1,24 @@
-// Custom values as archives, by keyed and secure coding.
+// Archives of custom parameter values, by keyed secure coding, as documents store them.
 #pragma once
+
+#include "shared/result.h"
 
 #import <Foundation/Foundation.h>
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace ov1
 {
 
-/// The archive of a value; empty for nil.
-std::vector<std::uint8_t> archive_value(NSObject<NSSecureCoding, NSCopying>* value);
+/// The base type that the host's interface requires of custom values.
+using archived_object = NSObject<NSSecureCoding, NSCopying>;
 
-/// The value of an archive, which must be of the class, autoreleased. Every object that is decoded must be of a class
-/// that its decoder named, as strict systems have it; else, and for bytes that are no archive, nil with a reason.
-NSObject<NSSecureCoding, NSCopying>* unarchive_value(const std::vector<std::uint8_t>& archive, Class kind,
-                                                     std::string& reason);
+/// The archive of a value; empty for nil.
+std::vector<std::uint8_t> archive_value(archived_object* value);
+
+/// The archived value, autoreleased; never nil. Decodes strictly, as macOS does: fails when any object, the value
+/// itself included, is not of a class that its decoder named, and for bytes that are not an archive.
+result<archived_object*> unarchive_value(const std::vector<std::uint8_t>& archive, Class expected);
 
 } // namespace ov1

@@ -1,6 +1,6 @@
 #include "host/simulator/value_archive.h"
 
-/// The desktop's own decoder does not look at classes.
+/// GNUstep's decoder does not check classes; this one does, as macOS's does.
 @interface strict_unarchiver : NSKeyedUnarchiver
 @end
 
@@ -15,7 +15,7 @@
         if ([object isKindOfClass:allowed])
             return object;
     [NSException raise:NSInvalidUnarchiveOperationException
-                format:@"%@ of \"%@\" is of no class that was named", NSStringFromClass([object class]), key];
+                format:@"\"%@\" is of the class %@, which was not named", key, NSStringFromClass([object class])];
     return nil;
 }
 
@@ -36,7 +36,7 @@ NSString* const root_key = @"value";
 
 } // namespace
 
-std::vector<std::uint8_t> archive_value(NSObject<NSSecureCoding, NSCopying>* value)
+std::vector<std::uint8_t> archive_value(archived_object* value)
 {
     if (value == nil)
         return {};
@@ -52,10 +52,10 @@ std::vector<std::uint8_t> archive_value(NSObject<NSSecureCoding, NSCopying>* val
     }
 }
 
-NSObject<NSSecureCoding, NSCopying>* unarchive_value(const std::vector<std::uint8_t>& archive, Class kind,
-                                                     std::string& reason)
+result<archived_object*> unarchive_value(const std::vector<std::uint8_t>& archive, Class expected)
 {
-    NSObject<NSSecureCoding, NSCopying>* value = nil;
+    archived_object* value = nil;
+    failure why{failure_kind::invalid_grade, {}, "holds no value", {}};
     @autoreleasepool
     {
         @try
@@ -63,16 +63,16 @@ NSObject<NSSecureCoding, NSCopying>* unarchive_value(const std::vector<std::uint
             NSData* const data = [NSData dataWithBytes:archive.data() length:archive.size()];
             strict_unarchiver* const decoder = [[[strict_unarchiver alloc] initForReadingWithData:data] autorelease];
             [decoder setRequiresSecureCoding:YES];
-            value = [[decoder decodeObjectOfClass:kind forKey:root_key] retain];
-            if (value == nil)
-                reason = "holds no value";
+            value = [[decoder decodeObjectOfClass:expected forKey:root_key] retain];
         }
         @catch (NSException* exception)
         {
             const char* const text = [[exception reason] UTF8String];
-            reason = text == nullptr ? "cannot be decoded" : text;
+            why.reason = text == nullptr ? "cannot be decoded" : text;
         }
     }
+    if (value == nil)
+        return why;
     return [value autorelease];
 }
 

@@ -16,7 +16,7 @@ std::string number_text(T v)
     return {text, std::to_chars(text, text + sizeof text, v).ptr};
 }
 
-/// Takes a number off the text's front, with the blank before it.
+/// Removes a blank and a number from the front of the text.
 template <typename T>
 bool take_number(std::string_view& text, T& v)
 {
@@ -56,7 +56,7 @@ struct writer
 
 std::string text_of_value(const store_value& value) { return std::visit(writer(), value); }
 
-bool value_of_text(std::string_view text, store_value& value)
+std::optional<store_value> value_of_text(std::string_view text)
 {
     double number = 0.0;
     int whole = 0;
@@ -72,11 +72,10 @@ bool value_of_text(std::string_view text, store_value& value)
              take_finite(text, c.blue) && take_finite(text, c.alpha))
         read = c;
     else
-        return false;
+        return std::nullopt;
     if (!text.empty())
-        return false;
-    value = std::move(read);
-    return true;
+        return std::nullopt;
+    return read;
 }
 
 std::string text_of_time(CMTime time)
@@ -85,16 +84,15 @@ std::string text_of_time(CMTime time)
            number_text(time.epoch);
 }
 
-bool time_of_text(std::string_view text, CMTime& time)
+std::optional<CMTime> time_of_text(std::string_view text)
 {
     const std::string spaced = ' ' + std::string(text);
     std::string_view rest = spaced;
     CMTime read;
     if (!take_number(rest, read.value) || !take_number(rest, read.timescale) || !take_number(rest, read.flags) ||
         !take_number(rest, read.epoch) || !rest.empty() || read.timescale <= 0)
-        return false;
-    time = read;
-    return true;
+        return std::nullopt;
+    return read;
 }
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// A component with every kind of parameter that the bridge treats in its own way.
+// A component with one parameter of every kind that the bridge treats differently.
 #pragma once
 
 #include "framework/ccomponent_v1.h"
@@ -14,14 +14,14 @@
 namespace ov1
 {
 
-/// Kept out of the host's inspector.
+/// Not shown in the host's inspector.
 struct hidden_parameter : cparameter_continuous_v1
 {
     using cparameter_continuous_v1::cparameter_continuous_v1;
     std::uint32_t get_flags() const override { return parameter_is_hidden; }
 };
 
-/// Renders red for blue, and gives every pixel's alpha back. A former parameter "Old Amount" becomes "Amount".
+/// Exchanges red and blue and keeps alpha. "Amount" has replaced the older parameter "Old Amount".
 struct bridge_component : ccomponent_v1
 {
     enum place

@@ -1,4 +1,4 @@
-// A window that is open until it is closed, with nothing behind it.
+// A window without a desktop: open until it is closed.
 #pragma once
 
 #include "framework/window.h"
@@ -14,13 +14,19 @@ struct fake_window : window
     void begin_modal() override { ++modal_changes; }
     void end_modal() override { ++modal_changes; }
     bool is_modal() const override { return modal_changes == 1; }
-    void pop_pending_messages() override {}
-    void set_pump_hook(std::function<void()>) override {}
-    void raise() override {}
+    void pop_pending_messages() override
+    {
+        if (pump)
+            pump();
+    }
+    void set_pump_hook(std::function<void()> hook) override { pump = std::move(hook); }
+    void raise() override { ++raises; }
     void set_resize_listener(std::function<void(int, int)> listener) override { resized = std::move(listener); }
 
     bool open = true;
     int modal_changes = 0;
+    int raises = 0;
+    std::function<void()> pump;
     std::function<void(int, int)> resized;
 };
 

@@ -1,5 +1,5 @@
-// The one thing of CoreFoundation that is used: the bundle that the toolkit is started with. For reading alone; nothing
-// defines it here.
+// The one function of CoreFoundation that we call: the toolkit is initialised with the main bundle. Only declared, for
+// the syntax check; nothing defines it on Linux.
 #pragma once
 
 typedef void* CFBundleRef;

@@ -1,4 +1,4 @@
-// Time as CoreMedia counts it, on systems without CoreMedia.
+// Rational time values as in CoreMedia, for systems without it.
 // Source: developer.apple.com, "CMTime", and its companions.
 #pragma once
 
@@ -45,9 +45,10 @@ extern "C"
 
     /// Invalid for a timescale that is not positive.
     CMTime CMTimeMake(std::int64_t value, std::int32_t timescale);
-    /// -1, 0 or 1, exact: -infinity < numbers < indefinite < +infinity < invalid, and a later epoch is always greater.
+    /// Returns -1, 0 or 1 and compares exactly: 1/2 equals 2/4. The order is -infinity < numbers < indefinite <
+    /// +infinity < invalid. A number of a later epoch is always greater.
     std::int32_t CMTimeCompare(CMTime a, CMTime b);
-    /// NaN for what is no number.
+    /// NaN for indefinite and invalid times, an infinity for an infinite one.
     double CMTimeGetSeconds(CMTime time);
     CMTimeRange CMTimeRangeMake(CMTime start, CMTime duration);
 

@@ -1,4 +1,4 @@
-// The part of CoreMedia that the bridge knows.
+// The part of CoreMedia that the bridge uses.
 #pragma once
 
 #include <CoreMedia/CMTime.h>

@@ -1,4 +1,4 @@
-// What the host asks of a plug-in.
+// The protocols that a plug-in implements; the host calls them.
 #pragma once
 
 #import <AppKit/AppKit.h>
@@ -7,7 +7,7 @@
 #import <FxPlug/FxImageTile.h>
 #import <FxPlug/FxTypes.h>
 
-/// Hands out the host's own objects by protocol; nil for what this host does not have.
+/// Gives the host's interface for a protocol; nil when this host does not have it.
 @protocol PROAPIAccessing <NSObject>
 - (id)apiForProtocol:(Protocol*)apiProtocol;
 @end

@@ -1,4 +1,4 @@
-// What a plug-in asks of the host.
+// The protocols that the host implements; a plug-in calls them.
 #pragma once
 
 #include <CoreMedia/CMTime.h>
@@ -84,14 +84,14 @@
 - (BOOL)removeFlags:(FxParameterFlags)flags fromParameter:(UInt32)parameterID;
 @end
 
-/// For code that the host did not call: a button, a timer, a window of the plug-in's own.
+/// Brackets parameter access from code that the host did not call: a button, a timer, the plug-in's own window.
 @protocol FxCustomParameterActionAPI_v4
 - (void)startAction:(id)sender;
 - (void)endAction:(id)sender;
 - (CMTime)currentTime;
 @end
 
-/// The rate of the timeline is numerator / denominator frames a second.
+/// The timeline runs at numerator / denominator frames a second.
 @protocol FxTimingAPI_v4
 - (void)inputTime:(CMTime*)inputTime fromTimelineTime:(CMTime)time;
 - (NSUInteger)timelineFpsNumeratorForEffect:(id<FxTileableEffect>)effect;

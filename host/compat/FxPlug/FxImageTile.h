@@ -1,4 +1,4 @@
-// A part of an image as the host hands it to the plug-in.
+// A rectangular part of an image, as the host gives it to the plug-in.
 #pragma once
 
 #import <FxPlug/FxTypes.h>
@@ -13,11 +13,11 @@
 }
 @property(readonly, nonatomic) FxRect tilePixelBounds;
 @property(readonly, nonatomic) FxRect imagePixelBounds;
-/// Nil where nothing is rendered.
+/// Nil in calls that do not render.
 @property(readonly, nonatomic) IOSurface* ioSurface;
 @property(readonly, nonatomic) FxImageOrigin imageOrigin;
 
-/// For simulated hosts and tests: only hosts make tiles.
+/// For the simulator and tests: only hosts make tiles.
 - (instancetype)initWithSurface:(IOSurface*)surface
                      tileBounds:(FxRect)tileBounds
                     imageBounds:(FxRect)imageBounds

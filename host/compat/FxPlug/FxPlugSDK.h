@@ -1,4 +1,4 @@
-// The video host's plug-in interface, on systems without it: names, signatures and values alone.
+// The video host's plug-in interface, for systems without it: only the names, signatures and values that we use.
 // Source: developer.apple.com, "Professional Video Applications".
 #pragma once
 

@@ -1,4 +1,4 @@
-// The service that a plug-in runs as.
+// Starts the service process of a plug-in.
 #pragma once
 
 #import <Foundation/Foundation.h>
@@ -8,7 +8,7 @@
 - (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString;
 @end
 
-/// Without a video host there is nothing to serve: both say so on stderr and end the process with status 1.
+/// Here without a video host: both methods print that on stderr and end the process with status 1.
 @interface FxPrincipal : NSObject
 + (void)startServicePrincipal;
 + (void)startServicePrincipalWithDelegate:(id<FxPrincipalDelegate>)delegate;

@@ -1,8 +1,9 @@
 // Makes @protocol(...) usable in a source file.
 //
-// The older Objective-C runtime sets up a protocol's record in a compiled file only if a class or category of that file
-// adopts it; a record that is merely named has no class and no name, and asking it anything ends the program. So a
-// category adopts all that are named. Imported by files that write @protocol(...), and by no header.
+// gcc's Objective-C runtime sets up a protocol's record in an object file only if a class or category of that file
+// adopts the protocol. A record that is only named by @protocol(...) has no class and no name, and using it ends the
+// program. So a category here adopts all of them. Import it in source files that write @protocol(...), never in
+// headers.
 #pragma once
 
 #import <FxPlug/FxPlugSDK.h>

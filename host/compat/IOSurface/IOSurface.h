@@ -1,4 +1,4 @@
-// Surfaces as IOSurface's C interface shows them, on systems without it.
+// The C interface of IOSurface, for systems without it.
 // Source: developer.apple.com, "IOSurface".
 #pragma once
 
@@ -18,10 +18,11 @@ extern "C"
         kIOSurfaceLockAvoidSync = 2,
     };
 
-    /// Stands for an object of the class IOSurface.
+    /// A pointer to an object of the class IOSurface.
     typedef struct __IOSurface* IOSurfaceRef;
 
-    /// 0 on success. The read-only option of a lock belongs to its unlock too; the seed may be null.
+    /// Return 0 on success. A surface that was locked with the read-only option must be unlocked with it. The seed may
+    /// be null.
     kern_return_t IOSurfaceLock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
     kern_return_t IOSurfaceUnlock(IOSurfaceRef surface, IOSurfaceLockOptions options, std::uint32_t* seed);
     void* IOSurfaceGetBaseAddress(IOSurfaceRef surface);

@@ -1,4 +1,4 @@
-// The class of surfaces, on systems without IOSurface: memory of this process.
+// The class IOSurface, for systems without it. The pixels are ordinary memory of this process.
 #pragma once
 
 #import <Foundation/Foundation.h>
@@ -7,7 +7,7 @@
 #include <atomic>
 #include <vector>
 
-/// For simulated hosts and tests: what they say of a surface is taken as it is, so that wrong ones can be made.
+/// For the simulator and tests. The values are not checked, so that inconsistent surfaces can be made.
 struct surface_shape
 {
     std::size_t width;
@@ -17,7 +17,7 @@ struct surface_shape
     std::size_t bytes_per_row;
 };
 
-/// Locks are counted, from any thread; the pixels begin as zeros.
+/// Counts locks, from any thread. The pixels are zero at first.
 @interface IOSurface : NSObject
 {
     surface_shape shape;
@@ -30,9 +30,10 @@ struct surface_shape
 - (instancetype)initWithShape:(surface_shape)shape;
 /// From now on locks fail, or succeed again.
 - (void)refuseLocks:(BOOL)refuse;
-/// Locks that have not been undone, and unlocks whose options were not those of the lock.
+/// Locks without an unlock, and unlocks whose options differ from the lock's.
 - (int)openLocks;
 - (int)wrongUnlocks;
+/// The surface owns the memory; no lock is needed.
 - (void*)pixels;
 - (surface_shape)shape;
 @end

@@ -11,20 +11,20 @@ namespace ov1
 namespace
 {
 
-constexpr std::size_t document_limit = std::size_t{64} << 20;
+constexpr std::size_t document_limit = std::size_t{64} << 20; // bytes
 
-/// Everything that can be set by a number, with its number at the host.
+/// The parameters that a number can set. The three vectors have the same order.
 struct settable_parameters
 {
     std::vector<parameter_info> table;
-    std::vector<std::uint32_t> numbers;
-    std::vector<store_value> kinds;
+    std::vector<std::uint32_t> ids;
+    std::vector<store_value> types; ///< a value of the parameter's type
 };
 
 settable_parameters settable(const parameter_store& store)
 {
     settable_parameters all;
-    for (const auto& [number, p] : store.copy())
+    for (const auto& [id, p] : store.copy())
     {
         parameter_info info{p.name, param_type::continuous, p.min, p.max, 0.0};
         if (std::holds_alternative<bool>(p.value))
@@ -34,17 +34,17 @@ settable_parameters settable(const parameter_store& store)
         else if (!std::holds_alternative<double>(p.value))
             continue;
         all.table.push_back(info);
-        all.numbers.push_back(number);
-        all.kinds.push_back(p.value);
+        all.ids.push_back(id);
+        all.types.push_back(p.value);
     }
     return all;
 }
 
-store_value value_like(const store_value& kind, double value)
+store_value value_like(const store_value& type, double value)
 {
-    if (std::holds_alternative<bool>(kind))
+    if (std::holds_alternative<bool>(type))
         return value != 0.0;
-    if (std::holds_alternative<int>(kind))
+    if (std::holds_alternative<int>(type))
         return static_cast<int>(value);
     return value;
 }
@@ -54,7 +54,7 @@ result<assignment> read_setting(const std::string& setting, std::span<const para
 {
     const std::size_t equals = setting.find('=');
     if (equals == std::string::npos)
-        return failure{failure_kind::usage, setting, "is no setting", "write NAME=VALUE"};
+        return failure{failure_kind::usage, setting, "is not a setting", "write NAME=VALUE"};
     return read_assignment(setting.substr(0, equals), setting.substr(equals + 1), table);
 }
 
@@ -62,9 +62,8 @@ result<assignment> read_setting(const std::string& setting, std::span<const para
 
 std::vector<failure> hosted_effect::open(const simulator_request& request)
 {
-    host_error error;
-    if (!host.create_instance(error))
-        return {{failure_kind::unsupported, "the effect", error.description}};
+    if (const auto created = host.create_instance(); !created)
+        return {created.error()};
     if (request.document)
         if (const auto read = read_document(*request.document); !read)
             return {read.error()};
@@ -77,9 +76,8 @@ result<> hosted_effect::read_document(const std::string& path)
     const auto bytes = read_file(path, document_limit);
     if (!bytes)
         return about(path, bytes.error());
-    failure why{failure_kind::invalid_grade, path};
-    if (!host.read_document(*bytes, why.reason))
-        return why;
+    if (const auto read = host.read_document(*bytes); !read)
+        return about(path, read.error());
     return {};
 }
 
@@ -98,7 +96,7 @@ std::vector<failure> hosted_effect::apply(const std::vector<std::string>& settin
     if (!failures.empty())
         return failures;
     for (const auto& [parameter, value] : assignments)
-        if (!host.edit(all.numbers[parameter], value_like(all.kinds[parameter], value)))
+        if (!host.edit(all.ids[parameter], value_like(all.types[parameter], value)))
             failures.push_back({failure_kind::usage, all.table[parameter].name, "is refused by the effect"});
     return failures;
 }
@@ -106,25 +104,23 @@ std::vector<failure> hosted_effect::apply(const std::vector<std::string>& settin
 result<> hosted_effect::render_to(const std::string& path, const picture_file& source, const tile_options& tiles,
                                   bool overwrite)
 {
-    rgba_picture rendered;
-    host_error error;
-    if (!host.render(source.picture, rendered, tiles, error))
-        return failure{failure_kind::unsupported, "the effect", error.description};
-    return write_picture(path, source, rendered, overwrite);
+    const auto rendered = host.render(source.picture, tiles);
+    if (!rendered)
+        return rendered.error();
+    return write_picture(path, source, *rendered, overwrite);
 }
 
 result<> hosted_effect::save(const simulator_request& request)
 {
     if (!request.save_document)
         return {};
-    std::vector<std::uint8_t> bytes;
-    failure why{failure_kind::cannot_write, *request.save_document};
-    if (!host.write_document(bytes, why.reason))
-        return why;
-    const auto written =
-        request.overwrite ? replace_file(*request.save_document, bytes) : create_file(*request.save_document, bytes);
+    const std::string& path = *request.save_document;
+    const auto bytes = host.write_document();
+    if (!bytes)
+        return about(path, bytes.error());
+    const auto written = request.overwrite ? replace_file(path, *bytes) : create_file(path, *bytes);
     if (!written)
-        return about(*request.save_document, written.error());
+        return about(path, written.error());
     return {};
 }
 

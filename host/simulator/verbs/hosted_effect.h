@@ -1,4 +1,4 @@
-// The effect in the simulated host, with a document and values as the command line asks for them.
+// The effect in the simulated host, with the document and values from the command line.
 #pragma once
 
 #include "host/simulator/simulated_host.h"
@@ -12,19 +12,20 @@
 namespace ov1
 {
 
+/// One instance of the effect. Failures carry the subject as the user wrote it.
 class hosted_effect
 {
 public:
     simulated_host& get() { return host; }
 
-    /// Makes the instance, opens the document, adds the instance to it, then sets the values as a user would. There
-    /// is one failure for each thing that is wrong.
+    /// Creates the instance, opens the document, adds the instance to it, then sets the values as the user's edits.
+    /// Returns one failure for each invalid value; empty when everything worked.
     [[nodiscard]] std::vector<failure> open(const simulator_request& request);
 
     /// Renders the picture of a file and writes it to the path.
     result<> render_to(const std::string& path, const picture_file& source, const tile_options& tiles, bool overwrite);
 
-    /// The document as it is now, where the request names a file for it.
+    /// Writes the document to the request's file; does nothing when it names none.
     result<> save(const simulator_request& request);
 
 private:

@@ -1,4 +1,4 @@
-// veridial-host: a video host in small, that shows what the effect does within one.
+// veridial-host: a simulated video host, to run the effect without a real one.
 #include "command_line/console.h"
 #include "command_line/program.h"
 #include "host/simulator/verbs/open_verb.h"

@@ -1,4 +1,4 @@
-// veridial-host open: the inspector with the effect's button, over a picture.
+// veridial-host open: shows the inspector, whose button opens the editor on a picture.
 #pragma once
 
 #include "command_line/console.h"
@@ -10,7 +10,7 @@
 namespace ov1
 {
 
-/// The editor must be installed by then, if there is one.
+/// Install the editor first; without it the button does nothing.
 exit_code run_simulator_open(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

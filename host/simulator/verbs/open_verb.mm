@@ -34,7 +34,7 @@ std::optional<exit_code> parse(simulator_request& request, std::optional<std::st
     return {};
 }
 
-/// Without an icon of its own on the desktop, and without our arguments, which it would take for documents to open.
+/// Starts the application without a desktop icon and without our arguments: it would open them as documents.
 void start_application()
 {
     char name[] = "veridial-host";

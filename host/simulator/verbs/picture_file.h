@@ -1,4 +1,4 @@
-// Picture files as the simulated host's pictures, and back.
+// Reads picture files for the simulated host and writes its rendered pictures.
 #pragma once
 
 #include "host/simulator/rgba_picture.h"
@@ -10,17 +10,19 @@
 namespace ov1
 {
 
-/// A picture file with its code values as stored, linear ones and all: the host hands them on as they are.
+/// A decoded file. The picture has the code values as stored, also of linear files: the host passes them on unchanged.
 struct picture_file
 {
     media::still_reader reader;
     rgba_picture picture;
 };
 
+/// Failures have the path as their subject.
 result<picture_file> read_picture(const std::string& path);
 
-/// Writes a picture like the one that was read, with that one's alpha: the effect says that it leaves alpha alone, so
-/// the host does not take the effect's.
+/// Writes a picture in the format and with the metadata of the file that was read. Alpha comes from that file: the
+/// effect declares that it preserves alpha, so the host does not use the effect's. Fails for an existing file unless
+/// `overwrite` is set.
 result<> write_picture(const std::string& path, const picture_file& like, const rgba_picture& picture, bool overwrite);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// veridial-host render: a picture through the effect, in tiles.
+// veridial-host render: renders a picture through the effect, in tiles.
 #pragma once
 
 #include "command_line/console.h"
@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// Returns the program's exit code; failures are printed.
 exit_code run_simulator_render(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

@@ -25,7 +25,7 @@ struct render_command
     tile_options tiles;
 };
 
-std::vector<failure> settle(render_command& command)
+std::vector<failure> check(render_command& command)
 {
     option_reader reader;
     int side = static_cast<int>(command.tiles.side);
@@ -53,7 +53,7 @@ std::optional<exit_code> parse(render_command& command, std::span<const std::str
                 "half or float; the effect takes float tiles in memory order, so that their channels are others");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
-    if (const auto failures = settle(command); !failures.empty())
+    if (const auto failures = check(command); !failures.empty())
         return fail(failures, out);
     std::vector<std::string> outputs{*command.output};
     if (command.request.save_document)

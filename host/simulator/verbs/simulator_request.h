@@ -1,4 +1,4 @@
-// What every verb of veridial-host is asked: a picture, values, documents.
+// The arguments that all verbs of veridial-host share: a picture, values, documents.
 #pragma once
 
 #include "command_line/argument_parser.h"
@@ -13,19 +13,20 @@
 namespace ov1
 {
 
+/// As parsed; check_simulator_request checks it.
 struct simulator_request
 {
     std::vector<std::string> inputs;
     std::vector<std::string> settings;        ///< "Sky Strength=60"
-    std::optional<std::string> document;      ///< to begin with
-    std::optional<std::string> save_document; ///< what it has become
+    std::optional<std::string> document;      ///< opened at the start
+    std::optional<std::string> save_document; ///< written at the end
     bool overwrite = false;
 };
 
-/// Declares the options that all verbs share; the request must outlive the parsing.
+/// Declares the shared options. The request must outlive the parser.
 void add_simulator_options(argument_parser& parser, simulator_request& request);
 
-/// Checks that there is exactly one picture, and that the outputs may be written.
+/// Fails unless there is exactly one picture and every output can be written.
 [[nodiscard]] std::vector<failure> check_simulator_request(const simulator_request& request,
                                                            std::span<const std::string> outputs);
 

@@ -21,7 +21,7 @@ TEST(state_payload, equal_states_make_payloads_that_differ_in_their_last_sixteen
     ASSERT_EQ(other.size(), one.size());
     EXPECT_TRUE(std::equal(state.begin(), state.end(), one.begin()));
     EXPECT_FALSE(std::equal(one.end() - 16, one.end(), other.end() - 16));
-    EXPECT_TRUE(check_state_payload(one));
+    EXPECT_TRUE(check_state_blob(one));
 }
 
 TEST(mapped_parameters, are_those_that_the_state_does_not_name)

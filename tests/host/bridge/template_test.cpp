@@ -56,14 +56,20 @@ struct template_writer : ::testing::Test
         folder.with_file("bundle/Contents/Resources/fcpx_large.png", "large picture");
     }
 
+    std::string reason(const bundle_facts& facts, const std::string& to)
+    {
+        const auto written = write_template(facts, to);
+        return written ? "written" : written.error().reason;
+    }
+
     temp_folder folder;
     bundle_facts bundle{folder / "bundle", bundle_facts::listing::complete, "0F1E"};
-    std::string failure;
 };
 
 TEST_F(template_writer, writes_document_and_thumbnails_into_a_new_folder)
 {
-    ASSERT_TRUE(write_template(bundle, folder / "new", failure)) << failure;
+    const auto written = write_template(bundle, folder / "new");
+    ASSERT_TRUE(written) << written.error().reason;
     EXPECT_EQ(text_of_file(folder / "new/small.png"), std::string("small\0picture", 13));
     EXPECT_EQ(text_of_file(folder / "new/large.png"), "large picture");
     const std::string text = text_of_file(folder / "new/Veridial.moef");
@@ -90,7 +96,7 @@ TEST_F(template_writer, writes_document_and_thumbnails_into_a_new_folder)
     EXPECT_EQ(text.find("channel=\"./7\""), std::string::npos) << "a hidden parameter is not published";
 }
 
-TEST_F(template_writer, says_what_is_missing)
+TEST_F(template_writer, reports_what_is_missing)
 {
     using enum bundle_facts::listing;
     const struct
@@ -111,16 +117,13 @@ TEST_F(template_writer, says_what_is_missing)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.message);
-        EXPECT_FALSE(write_template({row.path, row.plugin, "0F1E"}, folder.path + row.folder, failure));
-        EXPECT_EQ(failure, row.message);
+        EXPECT_EQ(reason({row.path, row.plugin, "0F1E"}, folder.path + row.folder), row.message);
     }
     folder.with_file("in the way/Veridial.moef/a folder", "");
-    EXPECT_FALSE(write_template(bundle, folder / "in the way", failure));
-    EXPECT_EQ(failure, "Error creating target xml file.");
+    EXPECT_EQ(reason(bundle, folder / "in the way"), "Error creating target xml file.");
     std::filesystem::remove(folder / "bundle/Contents/Resources/fcpx_large.png");
-    EXPECT_FALSE(write_template(bundle, folder / "new", failure));
-    EXPECT_EQ(failure, "Failed to copy large thumbnail image.");
-    EXPECT_TRUE(std::filesystem::exists(folder / "new/small.png")) << "what was written stays";
+    EXPECT_EQ(reason(bundle, folder / "new"), "Failed to copy large thumbnail image.");
+    EXPECT_TRUE(std::filesystem::exists(folder / "new/small.png")) << "files written before the failure stay";
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Tiles through the plug-in class: pixels, refusals, several threads.
+// Rendering tiles with the plug-in class: pixels, refused tiles, several threads.
 #include "support/bridge_fixture.h"
 
 #include "host/simulator/tile_maker.h"
@@ -36,16 +36,17 @@ TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
     for (const bool is_half : {true, false})
     {
         SCOPED_TRACE(is_half);
-        rgba_picture out, expected(97, 61);
-        ASSERT_TRUE(
-            host.render(in, out, {is_half ? surface_format::half : surface_format::full_float, 32, 48, 3}, error));
+        rgba_picture expected(97, 61);
+        const auto format = is_half ? surface_format::half : surface_format::full_float;
+        const auto out = host.render(in, {.format = format, .side = 32, .padding = 48, .threads = 3});
+        ASSERT_TRUE(out) << out.error().reason;
         for (std::size_t i = 0; i < in.rgba.size(); i += 4)
         {
             const float* p = &in.rgba[i];
             const float graded[2][4] = {{p[0], p[3], p[2], p[1]}, {p[2], p[1], p[0], p[3]}};
             std::copy_n(graded[is_half], 4, &expected.rgba[i]);
         }
-        EXPECT_TRUE(out == expected) << "red and blue change places; of floats, the second and the fourth number";
+        EXPECT_TRUE(*out == expected) << "red and blue are exchanged; of floats, the second and the fourth number";
     }
 }
 
@@ -72,7 +73,7 @@ TEST_F(render, rectangles_are_the_sources_and_the_destinations)
     EXPECT_TRUE(wanted.left == 10 && wanted.bottom == 30 && wanted.right == 30 && wanted.top == 45);
 }
 
-TEST_F(render, tiles_that_differ_or_are_not_read_are_refused_with_a_code)
+TEST_F(render, tiles_that_differ_or_have_another_format_are_refused_with_a_code)
 {
     const surface_shape good{8, 4, half_code, 8, 64};
     const struct
@@ -119,7 +120,7 @@ TEST_F(render, tiles_that_differ_or_are_not_read_are_refused_with_a_code)
     }
 }
 
-TEST_F(render, a_destination_without_a_lock_is_no_render_and_a_source_without_one_is_passed_over)
+TEST_F(render, a_destination_without_a_lock_fails_and_a_source_without_one_is_skipped)
 {
     FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination =
                                                                        tile_of({8, 4, half_code, 8, 64});
@@ -141,19 +142,19 @@ TEST_F(render, a_destination_without_a_lock_is_no_render_and_a_source_without_on
     EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
 }
 
-TEST_F(render, while_an_editor_is_open_tiles_stay_as_they_are_and_edits_are_not_taken)
+TEST_F(render, while_an_editor_is_open_tiles_are_unchanged_and_edits_ignored)
 {
     const rgba_picture in = random_picture(8, 8);
-    rgba_picture out;
     gui_is_open() = true;
-    EXPECT_TRUE(host.render(in, out, {}, error));
+    const auto out = host.render(in);
     EXPECT_TRUE(host.edit(2, 40.0)) << "accepted";
     gui_is_open() = false;
-    EXPECT_TRUE(out == rgba_picture(8, 8));
+    ASSERT_TRUE(out);
+    EXPECT_TRUE(*out == rgba_picture(8, 8));
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 12.5f) << "and ignored";
 }
 
-TEST_F(render, tiles_of_several_threads_with_edits_between_them_are_whole)
+TEST_F(render, tiles_of_several_threads_are_complete_while_values_are_edited)
 {
     const rgba_picture in = random_picture(64, 64);
     std::atomic<bool> stop = false;
@@ -170,10 +171,9 @@ TEST_F(render, tiles_of_several_threads_with_edits_between_them_are_whole)
             {
                 for (int k = 0; k < 20; ++k)
                 {
-                    rgba_picture out;
-                    host_error said;
-                    EXPECT_TRUE(host.render(in, out, {surface_format::half, 16, 16, 2}, said));
-                    EXPECT_EQ(out.rgba[0], in.rgba[2]);
+                    const auto out = host.render(in, {.side = 16, .padding = 16});
+                    ASSERT_TRUE(out) << out.error().reason;
+                    EXPECT_EQ(out->rgba[0], in.rgba[2]);
                 }
             });
     renders.clear();

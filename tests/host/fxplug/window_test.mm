@@ -1,4 +1,4 @@
-// What needs a screen: the view with the button. Run under an X server of the tests' own.
+// Tests that need a screen: the view with the button. CTest runs them under an X server of their own.
 #include "support/bridge_fixture.h"
 
 #import <objc/runtime.h>

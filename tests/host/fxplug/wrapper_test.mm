@@ -1,4 +1,4 @@
-// The plug-in class under the simulated host: declaration, values both ways, state, documents.
+// The plug-in class in the simulated host: declarations, values in both directions, state, documents.
 #include "support/bridge_fixture.h"
 
 #include "framework/parameters/iparameter_v1.h"
@@ -15,12 +15,16 @@ struct wrapper : bridge_fixture
 {
     store_archive state_payload()
     {
-        std::string reason;
-        const auto archive = std::get<store_archive>(at_host(1, store_archive()));
-        auto* const state = static_cast<fcpx_state_param*>(unarchive_value(archive, [fcpx_state_param class], reason));
-        EXPECT_TRUE(state != nil) << reason;
-        const auto* const first = static_cast<const std::uint8_t*>([state.data bytes]);
-        return {first, first + [state.data length]};
+        const auto archive = std::get<store_archive>(at_host(1));
+        const auto unarchived = unarchive_value(archive, [fcpx_state_param class]);
+        if (!unarchived)
+        {
+            ADD_FAILURE() << unarchived.error().reason;
+            return {};
+        }
+        NSData* const data = static_cast<fcpx_state_param*>(*unarchived).data;
+        const auto* const first = static_cast<const std::uint8_t*>([data bytes]);
+        return {first, first + [data length]};
     }
 };
 
@@ -42,19 +46,21 @@ TEST_F(wrapper, declares_the_state_and_every_parameter)
     EXPECT_TRUE([plugin() classForCustomParameterID:2] == Nil);
 }
 
-TEST(wrapper_without_creation, says_code_14_and_declares_nothing)
+TEST(wrapper_without_creation, reports_code_14_and_declares_nothing)
 {
     const pool_guard pool;
     simulated_host host;
-    host_error error;
     host.refuse_interface("FxParameterCreationAPI_v5");
-    EXPECT_FALSE(host.create_instance(error));
-    EXPECT_EQ(error.code, 14);
-    EXPECT_EQ(error.description, "Unable to get the FxParameterCreationAPI_v5 in "
-                                 "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
+    const auto created = host.create_instance();
+    ASSERT_FALSE(created);
+    EXPECT_EQ(created.error().reason, "Unable to get the FxParameterCreationAPI_v5 in "
+                                      "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
     EXPECT_TRUE(host.get_parameters().copy().empty());
-    EXPECT_FALSE([static_cast<id>(host.get_plugin()) addParametersWithError:NULL])
-        << "and without a place for the error";
+    const id plugin = static_cast<id>(host.get_plugin());
+    NSError* error = nil;
+    EXPECT_FALSE([plugin addParametersWithError:&error]);
+    EXPECT_EQ([error code], 14);
+    EXPECT_FALSE([plugin addParametersWithError:NULL]) << "the host need not ask for the error";
 }
 
 TEST_F(wrapper, properties_are_eight_fixed_answers)
@@ -89,13 +95,13 @@ TEST_F(wrapper, edits_in_the_inspector_reach_the_component_as_edits)
     EXPECT_EQ(value(bridge_component::tint).as_color(), (param_argb{0.25f, 1, 0.5f, 0}));
     const auto sets = host.get_parameters().get_set_count();
     [plugin() synchronizeHostParameters];
-    EXPECT_EQ(host.get_parameters().get_set_count(), sets) << "the host knows its own edits";
+    EXPECT_EQ(host.get_parameters().get_set_count(), sets) << "the host has its own edits already";
     EXPECT_TRUE(host.undo());
     EXPECT_EQ(value(bridge_component::tint).as_color(), (param_argb{1, 0.25f, 0.5f, 0.75f}));
     EXPECT_FALSE([plugin() parameterChanged:8 atTime:kCMTimeZero error:NULL]) << "there is no such parameter";
 }
 
-TEST_F(wrapper, changes_of_the_program_reach_the_host_once_and_only_where_they_differ)
+TEST_F(wrapper, changes_of_the_effect_reach_the_host_once_and_only_if_they_differ)
 {
     set(bridge_component::amount, param_cell::of(-7.25f));
     set(bridge_component::menu, param_cell::of(4));
@@ -103,24 +109,23 @@ TEST_F(wrapper, changes_of_the_program_reach_the_host_once_and_only_where_they_d
     const auto sets = host.get_parameters().get_set_count();
     [plugin() synchronizeHostParameters];
     EXPECT_EQ(at_host(2), store_value(-7.25));
-    EXPECT_EQ(at_host(3, 0), store_value(1)) << "counted from the lower bound";
-    EXPECT_EQ(host.get_parameters().get_set_count(), sets + 2) << "the toggle was as the host had it";
+    EXPECT_EQ(at_host(3), store_value(1)) << "counted from the lower bound";
+    EXPECT_EQ(host.get_parameters().get_set_count(), sets + 2) << "the host had the toggle's value already";
     [plugin() synchronizeHostParameters];
     EXPECT_EQ(host.get_parameters().get_set_count(), sets + 2);
     EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
 }
 
-TEST_F(wrapper, an_animated_parameter_is_taken_at_the_time_of_the_call)
+TEST_F(wrapper, an_animated_parameter_is_read_at_the_time_of_the_call)
 {
     host.get_parameters().set_keyframe(2, CMTimeMake(0, 30), 0.0);
     host.get_parameters().set_keyframe(2, CMTimeMake(30, 30), 60.0);
     host.set_playhead(CMTimeMake(15, 30));
-    rgba_picture in(4, 4), out;
-    ASSERT_TRUE(host.render(in, out, {}, error));
+    ASSERT_TRUE(host.render(rgba_picture(4, 4)));
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 30.0f);
 }
 
-TEST_F(wrapper, a_disabled_parameter_is_hidden_and_no_other_bit_touched)
+TEST_F(wrapper, disabling_a_parameter_sets_its_hidden_bit_only)
 {
     host.get_parameters().set_flags(4, 0x20200);
     component()->get_parameter(bridge_component::steps)->set_enabled(false);
@@ -132,7 +137,7 @@ TEST_F(wrapper, a_disabled_parameter_is_hidden_and_no_other_bit_touched)
     EXPECT_EQ(host.get_parameters().copy().at(4).flags, 0x20200u);
 }
 
-TEST_F(wrapper, a_pushed_state_never_repeats_and_comes_back_whole)
+TEST_F(wrapper, a_pushed_state_never_repeats_and_restores_all_values)
 {
     set(bridge_component::amount, param_cell::of(33.0f));
     ASSERT_TRUE([plugin() pushState]);
@@ -142,13 +147,13 @@ TEST_F(wrapper, a_pushed_state_never_repeats_and_comes_back_whole)
     EXPECT_EQ(one.size(), component()->get_state_size() + 16);
     EXPECT_EQ(other.size(), one.size());
     EXPECT_NE(one, other);
-    EXPECT_EQ(host.get_parameters().get_undo_count(), 2u) << "two steps in the user's undo list";
+    EXPECT_EQ(host.get_parameters().get_undo_count(), 2u) << "each push is an undo step for the user";
     set(bridge_component::amount, param_cell::of(1.0f));
     [plugin() pullState];
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 33.0f);
 }
 
-TEST_F(wrapper, a_missing_or_damaged_state_leaves_the_component_alone)
+TEST_F(wrapper, a_missing_or_damaged_state_changes_nothing)
 {
     set(bridge_component::amount, param_cell::of(33.0f));
     const auto damaged = [](std::vector<std::uint8_t> payload)
@@ -168,7 +173,7 @@ TEST_F(wrapper, a_missing_or_damaged_state_leaves_the_component_alone)
     }
 }
 
-TEST_F(wrapper, a_document_with_a_former_parameter_opens_with_its_grade_at_the_host_too)
+TEST_F(wrapper, a_value_that_replaces_an_older_parameter_reaches_the_host)
 {
     param_value old = component()->get_parameter(bridge_component::amount)->get_param_value();
     old.value = param_cell::of(77.0f);
@@ -178,9 +183,8 @@ TEST_F(wrapper, a_document_with_a_former_parameter_opens_with_its_grade_at_the_h
     host.get_parameters().set(1, kCMTimeZero, archive_value(state));
     host.add_to_document();
     EXPECT_EQ(at_host(2), store_value(77.0));
-    rgba_picture in(4, 4), out;
-    ASSERT_TRUE(host.render(in, out, {}, error));
-    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 77.0f) << "and stays when the host's values are taken";
+    ASSERT_TRUE(host.render(rgba_picture(4, 4)));
+    EXPECT_EQ(value(bridge_component::amount).as_continuous(), 77.0f) << "the host's values do not undo it";
 }
 
 TEST_F(wrapper, a_document_opens_in_another_host_as_it_was)
@@ -189,47 +193,42 @@ TEST_F(wrapper, a_document_opens_in_another_host_as_it_was)
     ASSERT_TRUE([plugin() pushState]);
     [plugin() synchronizeHostParameters];
     host.get_parameters().set_keyframe(7, CMTimeMake(1001, 30000), 0.125);
-    std::vector<std::uint8_t> bytes;
-    std::string reason;
-    ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
+    const auto document = host.write_document();
+    ASSERT_TRUE(document);
 
     simulated_host other;
-    ASSERT_TRUE(other.create_instance(error) && other.read_document(bytes, reason)) << reason;
+    ASSERT_TRUE(other.create_instance());
+    ASSERT_TRUE(other.read_document(*document));
     other.add_to_document();
     auto* const opened = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(other.get_plugin());
     EXPECT_EQ([opened getComponent]->get_state(), component() -> get_state());
     const auto saved = host.get_parameters().copy();
     for (const auto& [number, p] : other.get_parameters().copy())
         EXPECT_TRUE(same_values(p, saved.at(number))) << number;
-
-    for (const std::string text : {"", "no document", "<?xml version=\"1.0\"?><plist version=\"1.0\"><array/></plist>"})
-    {
-        const std::vector<std::uint8_t> wrong(text.begin(), text.end());
-        EXPECT_FALSE(other.read_document(wrong, reason)) << text;
-    }
 }
 
-TEST_F(wrapper, missing_interfaces_make_no_operations)
+TEST_F(wrapper, without_an_interface_its_operations_do_nothing)
 {
     for (const char* name : {"FxCustomParameterActionAPI_v4", "FxParameterRetrievalAPI_v6", "FxParameterSettingAPI_v5"})
     {
         SCOPED_TRACE(name);
         const auto before = component()->get_state();
         host.refuse_interface(name);
-        const bool sets = std::string(name) == "FxParameterSettingAPI_v5";
-        EXPECT_EQ([plugin() synchronizeComponentParameter:2], sets);
-        EXPECT_EQ([plugin() pushState], std::string(name) == "FxParameterRetrievalAPI_v6");
+        const bool can_read = std::string(name) == "FxParameterSettingAPI_v5";
+        const bool can_write = std::string(name) == "FxParameterRetrievalAPI_v6";
+        EXPECT_EQ([plugin() synchronizeComponentParameter:2], can_read);
+        EXPECT_EQ([plugin() pushState], can_write);
         [plugin() pullState];
         [plugin() synchronizeHostParameters];
         [plugin() handleGUIButton];
-        host.wait_for_analysis();
+        (void)host.wait_for_analysis();
         EXPECT_EQ(component()->get_state(), before);
         host.refuse_interface(name, false);
     }
     EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
 }
 
-TEST(state_value, is_always_equal_never_blended_and_survives_a_strict_decoder)
+TEST(state_value, is_always_equal_never_blended_and_decodes_strictly)
 {
     const pool_guard pool;
     [fcpx_state_param setDefaultState:{1, 2, 3}];
@@ -242,11 +241,10 @@ TEST(state_value, is_always_equal_never_blended_and_survives_a_strict_decoder)
     EXPECT_TRUE(between != one);
     fcpx_state_param* const copy = [[one copy] autorelease];
     EXPECT_TRUE(copy.data == one.data);
-    std::string reason;
-    auto* const back =
-        static_cast<fcpx_state_param*>(unarchive_value(archive_value(one), [fcpx_state_param class], reason));
-    EXPECT_TRUE([back.data isEqualToData:one.data]) << reason;
-    EXPECT_TRUE(unarchive_value(archive_value(one), [NSData class], reason) == nil) << "it is strict";
+    const auto back = unarchive_value(archive_value(one), [fcpx_state_param class]);
+    ASSERT_TRUE(back) << back.error().reason;
+    EXPECT_TRUE([static_cast<fcpx_state_param*>(*back).data isEqualToData:one.data]);
+    EXPECT_FALSE(unarchive_value(archive_value(one), [NSData class])) << "the decoder is strict";
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// The road of an edit from end to end: button, analysed frame, editor, a drag, and back to host and document; the
-// document then rendered by a host of another process. Run under an X server of the test's own.
+// An edit from end to end: button, analysed frame, the real editor, a drag, the result at the host and in its document,
+// which a host in another process then renders. CTest runs it under an X server of its own.
 #include "editor/editor_scope.h"
 #include "editor/veridial_ui.h"
 #include "framework/icomponent_v1.h"
@@ -13,8 +13,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-/// Turns with the main run loop, also while the editor is open.
-@interface road_driver : NSObject
+/// Target of a timer on the main run loop, which also runs while the editor is open.
+@interface timer_driver : NSObject
 {
 @public
     std::function<void()> step;
@@ -22,7 +22,7 @@
 - (void)tick:(NSTimer*)timer;
 @end
 
-@implementation road_driver
+@implementation timer_driver
 - (void)tick:(NSTimer*)timer
 {
     (void)timer;
@@ -35,7 +35,7 @@ namespace ov1
 namespace
 {
 
-/// A drag across a pad of the panel.
+/// Drags the handle of a pad in the panel.
 void drag_over(veridial_ui& editor, COVColorWheelXYPad& pad)
 {
     VSTGUI::CFrame& frame = *editor.getFrame();
@@ -55,7 +55,7 @@ void press_button(inspector& window)
     [static_cast<NSButton*>([[view subviews] objectAtIndex:0]) performClick:nil];
 }
 
-TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
+TEST(simulator_editor, an_edit_reaches_the_host_its_document_and_another_process)
 {
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     [NSApplication sharedApplication];
@@ -65,30 +65,29 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
                       there = folder / "there.png";
     const auto file = read_picture(photo);
     ASSERT_TRUE(file) << file.error().reason;
-    host_error error;
     simulated_host host;
-    ASSERT_TRUE(host.create_instance(error)) << error.description;
+    ASSERT_TRUE(host.create_instance());
     host.add_to_document();
     host.set_frame(file->picture, surface_format::half);
     const auto component = [static_cast<id>(host.get_plugin()) getComponent];
     const auto before = host.get_parameters().copy();
     const std::size_t undo_steps = host.get_parameters().get_undo_count();
-    inspector window(host, "Road");
+    inspector window(host, "Inspector");
 
-    road_driver* const driver = [[[road_driver alloc] init] autorelease];
-    int turns = 0;
+    timer_driver* const driver = [[[timer_driver alloc] init] autorelease];
+    int ticks = 0;
     bool opened = false;
     driver->step = [&]
     {
         auto* const ui = dynamic_cast<veridial_ui*>(component->get_view().get());
         if (ui == nullptr || !ui->is_open() || ui->getFrame() == nullptr)
             return;
-        ++turns;
-        if (turns == 3)
+        ++ticks;
+        if (ticks == 3)
             drag_over(*ui, *ui->get_controls().pads[1]);
-        else if (turns == 5)
-            press_button(window); // a second press harms nothing
-        else if (turns == 8)
+        else if (ticks == 5)
+            press_button(window); // a second press only raises the window
+        else if (ticks == 8)
             ui->close();
         opened = true;
     };
@@ -113,16 +112,15 @@ TEST(editor_road, an_edit_goes_from_the_button_to_another_hosts_document)
     EXPECT_EQ(host.get_parameters().get_undo_count(), undo_steps + 3) << "one state, two parameters";
     EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
 
-    rgba_picture graded;
-    std::vector<std::uint8_t> bytes;
-    std::string reason;
-    ASSERT_TRUE(host.render(file->picture, graded, {}, error)) << error.description;
-    EXPECT_FALSE(graded == file->picture);
-    const auto written = write_picture(here, *file, graded, false);
+    const auto graded = host.render(file->picture);
+    ASSERT_TRUE(graded) << graded.error().reason;
+    EXPECT_FALSE(*graded == file->picture);
+    const auto written = write_picture(here, *file, *graded, false);
     ASSERT_TRUE(written) << written.error().reason;
-    ASSERT_TRUE(host.write_document(bytes, reason)) << reason;
+    const auto bytes = host.write_document();
+    ASSERT_TRUE(bytes);
     std::ofstream(document, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        .write(reinterpret_cast<const char*>(bytes->data()), static_cast<std::streamsize>(bytes->size()));
     const std::string command = std::string("'") + VERIDIAL_HOST + "' render '" + photo + "' --document '" + document +
                                 "' --tile 100 -o '" + there + "'";
     ASSERT_EQ(std::system(command.c_str()), 0);

@@ -2,11 +2,10 @@
 
 #include "framework/ccomponent_v1.h"
 #include "framework/chost_v1.h"
-#include "framework/iview_v1.h"
 #include "framework/parameters/cparameter_continuous_v1.h"
-#include "framework/preview_sink.h"
 #include "framework/window_factory.h"
 #include "support/fake_window.h"
+#include "support/scripted_view.h"
 
 #include <gtest/gtest.h>
 
@@ -17,53 +16,6 @@ namespace ov1
 
 namespace
 {
-
-/// Runs one step of a script at each idle call and closes at its end.
-class scripted_view : public iview_v1, public preview_sink
-{
-public:
-    bool query_interface(const std::string&, iobject**) override { return false; }
-    rect get_rect() const override { return {0, 0, 1024, 528}; }
-    bool open(std::shared_ptr<window> window) override
-    {
-        shown = std::move(window);
-        return true;
-    }
-    void close() override { shown->close(); }
-    bool is_open() override { return shown && shown->is_open() && step < script.size() + 1; }
-    bool is_editing() override { return false; }
-    bool idle() override
-    {
-        if (step < script.size())
-            script[step]();
-        ++step;
-        return true;
-    }
-    void init_view() override {}
-    void set_control_from_parameter(std::shared_ptr<iparameter_v1>, bool) override {}
-    void update_controls(bool) override {}
-    void register_parameter_change_listener(iparameter_change_listener_v1*) override {}
-    void unregister_parameter_change_listener(iparameter_change_listener_v1*) override {}
-
-    void set_preview_image(image& picture) override
-    {
-        graded.push_back(reinterpret_cast<argb_float*>(picture.pixels())->r);
-    }
-    void set_preview_source(const image& picture) override { source_widths.push_back(picture.get_width()); }
-    void offer_frames(int count, std::function<void(int)> chosen) override
-    {
-        frames = count;
-        choose = std::move(chosen);
-    }
-
-    std::shared_ptr<window> shown;
-    std::vector<std::function<void()>> script;
-    std::size_t step = 0;
-    std::vector<float> graded;
-    std::vector<std::uint32_t> source_widths;
-    int frames = 0;
-    std::function<void(int)> choose;
-};
 
 /// Adds its one parameter to red.
 class brightening : public ccomponent_v1
