@@ -1,6 +1,6 @@
 #include "editor_bench.h"
 
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #include "editor/scopes/scopes_panel.h"
 #include "editor/veridial_ui.h"
 #include "effect/reference/build_lut_reference.h"
@@ -164,7 +164,7 @@ private:
 void run_editor_bench(report& to, int rounds)
 {
     to.say(fmt::format("\nEditor, preview {} x {} on as many pixels", preview_width, preview_height));
-    const editor_scope scope;
+    const editor_guard editor;
     editor_bench without(false), with(true);
     to.answer("drawn pixels of a drag, in 255ths", without.largest_difference(), 1);
     const std::vector<contender> contenders = {{"drag in the editor, to drawn pixels", [&] { without.step(); }},

@@ -12,7 +12,7 @@
 #include "standalone/verbs/sheet_verb.h"
 
 #if VERIDIAL_HAS_EDITOR
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #endif
 
 #include <array>
@@ -25,7 +25,7 @@ namespace
 #if VERIDIAL_HAS_EDITOR
 ov1::exit_code run_edit_in_windows(std::span<const std::string> arguments, ov1::console& out)
 {
-    return ov1::run_edit(arguments, out, [] { return std::make_shared<ov1::editor_scope>(); });
+    return ov1::run_edit(arguments, out, [] { return std::make_shared<ov1::editor_guard>(); });
 }
 #endif
 

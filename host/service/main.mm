@@ -8,7 +8,7 @@
 #include "platform/utils_guard.h"
 
 #if VERIDIAL_HAS_EDITOR
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #ifdef __APPLE__
 #include "framework/view/cocoa/cocoa_window.h"
 #include "framework/window_factory.h"
@@ -28,7 +28,7 @@ FCPXDelegate* service_delegate = nil;
 int serve()
 {
 #if VERIDIAL_HAS_EDITOR
-    const ov1::editor_scope editor;
+    const ov1::editor_guard editor;
 #ifdef __APPLE__ // on Linux the toolkit installs the maker of X11 windows
     ov1::install_window_maker([](const std::string&, const ov1::rect& size, const std::string& title, void*)
                               { return std::make_shared<ov1::cocoa_window>(size, title); });

@@ -5,7 +5,7 @@
 #include "host/simulator/verbs/render_verb.h"
 
 #if VERIDIAL_HAS_EDITOR
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #endif
 
 #include <array>
@@ -18,7 +18,7 @@ namespace
 ov1::exit_code run_open(std::span<const std::string> arguments, ov1::console& out)
 {
 #if VERIDIAL_HAS_EDITOR
-    const ov1::editor_scope editor;
+    const ov1::editor_guard editor;
 #endif
     return ov1::run_simulator_open(arguments, out);
 }

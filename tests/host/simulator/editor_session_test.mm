@@ -1,6 +1,6 @@
 // An edit from end to end: button, analysed frame, the real editor, a drag, the result at the host and in its document,
 // which a host in another process then renders. CTest runs it under an X server of its own.
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #include "editor/veridial_ui.h"
 #include "framework/icomponent_v1.h"
 #include "host/simulator/inspector.h"
@@ -59,7 +59,7 @@ TEST(simulator_editor, an_edit_reaches_the_host_its_document_and_another_process
 {
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     [NSApplication sharedApplication];
-    const editor_scope editor;
+    const editor_guard editor;
     temp_folder folder;
     const std::string photo = PHOTO, document = folder / "grade.plist", here = folder / "here.png",
                       there = folder / "there.png";

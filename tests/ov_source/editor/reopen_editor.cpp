@@ -1,5 +1,5 @@
 // Opens and closes an editor so many times in one process, with a picture and a change of the grade each time.
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
 #include "framework/editor_session.h"
@@ -44,7 +44,7 @@ bool sit(const std::shared_ptr<icomponent_v1>& effect, int sitting)
 
 int main(int, char** arguments)
 {
-    const editor_scope scope;
+    const editor_guard editor;
     const auto effect = create_ccomponent();
     effect->initialize(std::make_shared<chost_v1>(effect));
     bool all_opened = true;

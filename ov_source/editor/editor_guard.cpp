@@ -1,4 +1,4 @@
-#include "editor/editor_scope.h"
+#include "editor/editor_guard.h"
 
 #include "editor/toolbar/editor_dialogs.h"
 #include "editor/veridial_ui.h"
@@ -29,7 +29,7 @@ bool show_alert(void*, const std::string& title, const std::string& message, con
 
 } // namespace
 
-editor_scope::editor_scope()
+editor_guard::editor_guard()
 {
     desktop_services services = *get_desktop_services();
     services.show_alert = show_alert;
@@ -38,6 +38,6 @@ editor_scope::editor_scope()
                            { return std::make_shared<veridial_ui>(std::move(component)); });
 }
 
-editor_scope::~editor_scope() { install_editor_factory({}); }
+editor_guard::~editor_guard() { install_editor_factory({}); }
 
 } // namespace ov1

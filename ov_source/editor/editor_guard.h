@@ -7,13 +7,13 @@ namespace ov1
 {
 
 /// Installs the editor, the windows and the alerts, and removes them at its end. One at a time, on the editor's thread.
-class editor_scope
+class editor_guard
 {
 public:
-    editor_scope();
-    ~editor_scope();
-    editor_scope(const editor_scope&) = delete;
-    editor_scope& operator=(const editor_scope&) = delete;
+    editor_guard();
+    ~editor_guard();
+    editor_guard(const editor_guard&) = delete;
+    editor_guard& operator=(const editor_guard&) = delete;
 
 private:
     toolkit_guard toolkit;
