@@ -38,9 +38,8 @@ void require(bool holds)
 
 void load(std::string_view text, icomponent_v1& component)
 {
-    preset_content content;
-    std::string reason;
-    require(read_preset_text(text, content, reason) && apply_preset(content, component, reason));
+    auto content = read_preset_text(text);
+    require(content && apply_preset(*std::move(content), component));
 }
 
 } // namespace
@@ -53,14 +52,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         made->initialize(std::make_shared<chost_v1>(made));
         return made;
     }();
-    preset_content content;
-    std::string reason;
-    if (!read_preset_text({reinterpret_cast<const char*>(data), size}, content, reason))
+    auto content = read_preset_text({reinterpret_cast<const char*>(data), size});
+    if (!content)
     {
-        require(!reason.empty() && reason.find('\n') == std::string::npos && content.entries.empty());
+        const std::string& reason = content.error().reason;
+        require(!reason.empty() && reason.find('\n') == std::string::npos);
         return 0;
     }
-    require(apply_preset(content, *component, reason));
+    require(static_cast<bool>(apply_preset(*std::move(content), *component)));
     const std::string saved = write_preset_text(*component);
     component->reset_to_default();
     load(saved, *component);

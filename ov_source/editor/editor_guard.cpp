@@ -24,7 +24,8 @@ bool show_alert(void*, const std::string& title, const std::string& message, con
         std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
         return false;
     }
-    return ask_and_wait(*frame, read_user_environment().language, {title, message, first_button, second_button});
+    return editor_dialogs(*frame, read_user_environment().language)
+        .ask_and_wait({title, message, first_button, second_button});
 }
 
 } // namespace

@@ -100,7 +100,7 @@ rect veridial_ui::get_rect() const
 void veridial_ui::remember()
 {
     memory.split = preview->get_split();
-    memory.last_folder = toolbar->getLastFolder();
+    memory.last_folder = toolbar->getLutExport().get_last_folder();
     memory.scopes = scope_choice_text(scopes->get_choice());
     keep_editor_memory(memory);
 }
@@ -132,7 +132,7 @@ void veridial_ui::build_frame(double width, double height)
     add_scopes(height);
     add_toolbar(width);
     add_column(width, height);
-    browser = std::make_unique<preset_browser>(*frame, *preview, *toolbar, language());
+    browser = std::make_unique<preset_browser>(*frame, *preview, toolbar->getPresets(), language());
     toolbar->setPresetChooser([this] { browser->toggle(column->getViewSize()); });
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
     lay_out(width, height);
@@ -191,7 +191,7 @@ void veridial_ui::add_toolbar(double width)
     toolbar =
         new COVPluginToolbar(to_crect(place_toolbar(static_cast<int>(width))), frame, get_component(), get_window());
     toolbar->setDiscardAction([this] { discard_and_close(); });
-    toolbar->setLastFolder(memory.last_folder);
+    toolbar->getLutExport().set_last_folder(memory.last_folder);
     register_parameter_change_listener(toolbar);
     toolbar->show_undo_redo_button(true, {}, {});
     frame->addView(toolbar);
@@ -229,9 +229,9 @@ void veridial_ui::act(key_action action)
     switch (action)
     {
     case key_action::undo:
-        return toolbar->undo();
+        return toolbar->getHistory().undo();
     case key_action::redo:
-        return toolbar->redo();
+        return toolbar->getHistory().redo();
     case key_action::bypass:
         return toolbar->toggleBypass();
     case key_action::before:
@@ -389,7 +389,7 @@ void veridial_ui::inspire()
     begin_gesture();
     inspire_randomize();
     end_gesture();
-    toolbar->labelStep(random_look_label);
+    toolbar->getHistory().label_step(iutils::translate(language(), random_look_label));
 }
 
 void veridial_ui::inspire_randomize()

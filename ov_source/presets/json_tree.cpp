@@ -5,10 +5,10 @@
 #include <utility>
 
 #ifdef __clang__
-// RapidJSON 1.1 adds an offset to its stack's null pointer to learn that it must grow.
+// RapidJSON 1.1 finds out that its stack must grow by adding an offset to a null pointer.
 #pragma clang attribute push(__attribute__((no_sanitize("pointer-overflow"))), apply_to = function)
 #endif
-// Not document.h: an assignment in that of 1.1 is refused by clang from 19 on.
+// Not document.h: clang 19 and later refuse an assignment in version 1.1 of it.
 #include <rapidjson/encodedstream.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
@@ -23,15 +23,15 @@ namespace ov1
 namespace
 {
 
-// Nesting is kept on the heap.
+// The iterative parser keeps its nesting on the heap.
 constexpr unsigned parse_flags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag;
 
-/// Takes the parser's events.
+/// Builds the tree from the parser's events. An event handler returns true to continue.
 class tree_builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, tree_builder>
 {
 public:
-    explicit tree_builder(std::size_t levels)
-        : levels(levels)
+    explicit tree_builder(const json_selection& kept)
+        : kept(kept)
     {
     }
 
@@ -45,8 +45,11 @@ public:
     bool String(const char* text, rapidjson::SizeType length, bool) { return add(std::string(text, length)); }
     bool Key(const char* text, rapidjson::SizeType length, bool)
     {
-        if (skipped == 0)
-            key.assign(text, length);
+        if (skipped > 0)
+            return true;
+        key.assign(text, length);
+        const bool is_outermost = open.size() == 1;
+        is_left_out = is_outermost && std::ranges::find(kept.members, key) == kept.members.end();
         return true;
     }
     bool StartArray() { return open_container(json_value::array()); }
@@ -60,13 +63,14 @@ private:
     template <typename T>
     bool add(T content)
     {
-        if (skipped == 0)
-            place().content = std::move(content);
+        if (skipped == 0 && !is_left_out)
+            next_value().content = std::move(content);
         return true;
     }
 
-    /// Where the next value belongs. A container does not grow while one within it is open, so that pointers hold.
-    json_value& place()
+    /// A new value in the innermost open container. The container does not grow while another is open inside it, so
+    /// the pointers in `open` stay valid.
+    json_value& next_value()
     {
         if (open.empty())
             return root;
@@ -79,17 +83,17 @@ private:
     template <typename T>
     bool open_container(T empty)
     {
-        if (skipped > 0)
+        if (skipped > 0 || is_left_out)
+        {
+            ++skipped;
+            return true;
+        }
+        json_value& container = next_value();
+        container.content = std::move(empty);
+        if (open.size() == kept.levels)
             ++skipped;
         else
-        {
-            json_value& container = place();
-            container.content = std::move(empty);
-            if (open.size() == levels)
-                ++skipped;
-            else
-                open.push_back(&container);
-        }
+            open.push_back(&container);
         return true;
     }
 
@@ -102,25 +106,26 @@ private:
         return true;
     }
 
-    const std::size_t levels;
-    std::vector<json_value*> open;
+    const json_selection& kept;
+    std::vector<json_value*> open; ///< containers, the innermost last
     std::string key;
-    std::size_t skipped = 0; ///< open containers whose content is not kept
+    bool is_left_out = false; ///< the value of the latest outermost key is not kept
+    std::size_t skipped = 0;  ///< open containers that are not kept
 };
 
-std::string reason_at(std::size_t place, const std::string& why)
+failure not_json_at(std::size_t position, const std::string& why)
 {
-    return "not valid JSON at byte " + std::to_string(place) + ": " + why;
+    return {failure_kind::invalid_grade, {}, "not valid JSON at byte " + std::to_string(position) + ": " + why};
 }
 
-std::string parse_reason(const rapidjson::ParseResult& result)
+failure failure_of(const rapidjson::ParseResult& parsed)
 {
-    if (result.Code() == rapidjson::kParseErrorDocumentEmpty)
-        return "holds no text";
-    std::string why = rapidjson::GetParseError_En(result.Code()); // "Missing a comma or ] after ... ."
+    if (parsed.Code() == rapidjson::kParseErrorDocumentEmpty)
+        return {failure_kind::invalid_grade, {}, "holds no text"};
+    std::string why = rapidjson::GetParseError_En(parsed.Code()); // "Missing a comma or ] after ... ."
     why.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(why.front())));
     why.pop_back();
-    return reason_at(result.Offset(), why);
+    return not_json_at(parsed.Offset(), why);
 }
 
 } // namespace
@@ -140,26 +145,19 @@ bool is_whole_within(const json_value& v, std::int64_t low, std::int64_t high)
     return n != nullptr && n->whole && n->value >= static_cast<double>(low) && n->value <= static_cast<double>(high);
 }
 
-bool parse_json(std::string_view text, std::size_t levels, json_value& root, std::string& reason)
+result<json_value> parse_json(std::string_view text, const json_selection& kept)
 {
-    // The parser takes a zero byte for the end and would not see what follows.
+    // The parser takes a zero byte for the end of the text and would accept anything after it.
     if (const auto zero = text.find('\0'); zero != std::string_view::npos)
-    {
-        reason = reason_at(zero, "a zero byte");
-        return false;
-    }
+        return not_json_at(zero, "a zero byte");
     rapidjson::MemoryStream bytes(text.data(), text.size());
     rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> stream(bytes);
-    tree_builder builder(levels);
+    tree_builder builder(kept);
     rapidjson::Reader reader;
-    const rapidjson::ParseResult result = reader.Parse<parse_flags>(stream, builder);
-    if (result.IsError())
-    {
-        reason = parse_reason(result);
-        return false;
-    }
-    root = std::move(builder.root);
-    return true;
+    const rapidjson::ParseResult parsed = reader.Parse<parse_flags>(stream, builder);
+    if (parsed.IsError())
+        return failure_of(parsed);
+    return std::move(builder.root);
 }
 
 } // namespace ov1

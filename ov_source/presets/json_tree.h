@@ -1,8 +1,11 @@
-// A JSON text as a tree of values.
+// A JSON text as a tree of values, of which only the members that are asked for are kept.
 #pragma once
+
+#include "shared/result.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -13,7 +16,7 @@ namespace ov1
 
 struct json_member;
 
-/// One value, with what it holds. Of a number it is known whether it was written as a whole one: 4, but not 4.0.
+/// One value. A number also says whether it was written without a fraction and exponent: 4, but not 4.0.
 class json_value
 {
 public:
@@ -25,17 +28,17 @@ public:
     using array = std::vector<json_value>;
     using object = std::vector<json_member>;
 
-    /// What it holds if it is of that kind, else null; pointers last as long as the value.
+    /// The content if it is of that kind, else null. The pointers are valid as long as the value.
     const std::string* as_text() const { return std::get_if<std::string>(&content); }
     const bool* as_boolean() const { return std::get_if<bool>(&content); }
     const number* as_number() const { return std::get_if<number>(&content); }
     const array* as_array() const { return std::get_if<array>(&content); }
     const object* as_object() const { return std::get_if<object>(&content); }
 
-    /// The first member of that name; null where there is none, and for other values than objects.
+    /// The first member of that name; null if there is none, or if the value is no object.
     const json_value* find(std::string_view name) const;
 
-    std::variant<std::monostate, bool, number, std::string, array, object> content; ///< the first stands for null
+    std::variant<std::monostate, bool, number, std::string, array, object> content; ///< std::monostate is null
 };
 
 struct json_member
@@ -47,9 +50,15 @@ struct json_member
 /// Whether a value is a whole number from low to high.
 bool is_whole_within(const json_value& v, std::int64_t low, std::int64_t high);
 
-/// Parses a text in UTF-8, with or without its byte order mark, however deeply it is nested. Arrays and objects within
-/// more than `levels` others are checked and then kept without what they hold. When the text is no JSON, the reason is
-/// one line of English with the place, and root is as it was. A number beyond the range of double is no JSON here.
-[[nodiscard]] bool parse_json(std::string_view text, std::size_t levels, json_value& root, std::string& reason);
+/// Which values parse_json keeps. It checks the others all the same.
+struct json_selection
+{
+    std::span<const std::string_view> members; ///< of the outermost object; its other members are left out
+    std::size_t levels;                        ///< arrays and objects inside this many others are kept empty
+};
+
+/// Parses UTF-8 text, with or without a byte order mark. Deep nesting is safe: it uses the heap and not the stack.
+/// A failure is of kind invalid_grade and gives the byte position. A number beyond the range of double is refused.
+result<json_value> parse_json(std::string_view text, const json_selection& kept);
 
 } // namespace ov1

@@ -7,6 +7,7 @@
 #include "presets/preset_text.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -17,15 +18,14 @@ namespace
 {
 
 constexpr std::string_view extension = ".json";
-constexpr std::size_t longest_name = 255 - extension.size(); // file systems take 255 bytes
-constexpr const char* component_gone = "the effect is gone";
+constexpr std::size_t longest_name = 255 - extension.size(); // file systems allow 255 bytes
 
 std::string joined(const std::string& folder, const std::string& leaf)
 {
     return folder + iutils::get_instance().get_path_separator() + leaf;
 }
 
-/// Makes a folder under another; that it exists already is as good.
+/// Makes a folder inside another; one that exists already is fine.
 std::string made_folder(const std::string& parent, const std::string& leaf)
 {
     const std::string folder = joined(parent, leaf);
@@ -33,30 +33,28 @@ std::string made_folder(const std::string& parent, const std::string& leaf)
     return folder;
 }
 
-std::string file_in(const std::string& folder, const std::string& name, std::string& reason)
+result<std::string> file_in(const std::string& folder, const std::string& name)
 {
-    if (!is_preset_name(name, reason))
-        return {};
+    if (auto accepted = check_preset_name(name); !accepted)
+        return accepted.error();
     return joined(folder, name + std::string(extension));
 }
 
-bool list_presets(const std::string& folder, std::vector<std::string>& names)
+std::optional<std::vector<std::string>> list_presets(const std::string& folder)
 {
-    std::vector<std::string> files, found;
+    std::vector<std::string> files, names;
     if (!iutils::get_instance().list_dir(folder, &files, nullptr, false))
-        return false;
+        return std::nullopt;
     for (const std::string& file : files)
     {
         if (!file.ends_with(extension))
             continue;
         std::string name = file.substr(0, file.size() - extension.size());
-        std::string reason;
-        if (is_preset_name(name, reason))
-            found.push_back(std::move(name));
+        if (check_preset_name(name))
+            names.push_back(std::move(name));
     }
-    std::ranges::sort(found);
-    std::ranges::move(found, std::back_inserter(names));
-    return true;
+    std::ranges::sort(names);
+    return names;
 }
 
 std::string bundled_folder()
@@ -67,23 +65,24 @@ std::string bundled_folder()
 
 bool is_control(unsigned char c) { return c < 0x20 || c == 0x7F; }
 
+failure component_gone() { return {failure_kind::invalid_grade, {}, "the effect is gone"}; }
+
 } // namespace
 
-bool is_preset_name(const std::string& name, std::string& reason)
+result<> check_preset_name(const std::string& name)
 {
+    const auto refused = [](std::string reason) { return failure{failure_kind::usage, {}, std::move(reason)}; };
     if (name.find_first_not_of(' ') == std::string::npos)
-        reason = "a preset needs a name";
-    else if (name.starts_with('.'))
-        reason = "the name begins with a dot";
-    else if (name.find(iutils::get_instance().get_path_separator()) != std::string::npos)
-        reason = "the name holds a path separator";
-    else if (std::ranges::any_of(name, is_control))
-        reason = "the name holds a control character";
-    else if (name.size() > longest_name)
-        reason = "the name is longer than " + std::to_string(longest_name) + " bytes";
-    else
-        return true;
-    return false;
+        return refused("a preset needs a name");
+    if (name.starts_with('.'))
+        return refused("the name begins with a dot");
+    if (name.find(iutils::get_instance().get_path_separator()) != std::string::npos)
+        return refused("the name holds a path separator");
+    if (std::ranges::any_of(name, is_control))
+        return refused("the name holds a control character");
+    if (name.size() > longest_name)
+        return refused("the name is longer than " + std::to_string(longest_name) + " bytes");
+    return {};
 }
 
 preset_manager::preset_manager(std::weak_ptr<icomponent_v1> component)
@@ -102,115 +101,108 @@ std::string preset_manager::get_preset_path()
     return preset_path;
 }
 
-std::string preset_manager::get_preset_file(const std::string& name, std::string& reason)
+result<std::string> preset_manager::get_preset_file(const std::string& name)
 {
+    if (component.expired())
+        return component_gone();
     const std::string folder = get_preset_path();
-    if (!folder.empty())
-        return file_in(folder, name, reason);
-    reason = component.expired() ? component_gone : "there is no home folder for presets";
-    return {};
+    if (folder.empty())
+        return failure{failure_kind::unreadable, {}, "there is no home folder for presets"};
+    return file_in(folder, name);
 }
 
-std::string preset_manager::get_bundled_preset_file(const std::string& name, std::string& reason)
+result<std::string> preset_manager::get_bundled_preset_file(const std::string& name)
 {
     const std::string folder = bundled_folder();
-    if (!folder.empty())
-        return file_in(folder, name, reason);
-    reason = "there are no resources";
-    return {};
+    if (folder.empty())
+        return failure{failure_kind::unreadable, {}, "there are no resources"};
+    return file_in(folder, name);
 }
 
-bool preset_manager::getPresets(std::vector<std::string>& names)
+std::vector<std::string> preset_manager::get_bundled_presets()
 {
-    return !component.expired() && list_presets(get_preset_path(), names);
-}
-
-bool preset_manager::get_bundled_presets(std::vector<std::string>& names)
-{
-    return !component.expired() && list_presets(bundled_folder(), names);
-}
-
-bool preset_manager::load_file(const std::string& file, std::string& reason)
-{
-    const auto effect = component.lock();
-    if (!effect)
-    {
-        reason = component_gone;
-        return false;
-    }
-    preset_content content;
-    return read_preset_file(file, content, reason) && apply_preset(content, *effect, reason);
-}
-
-bool preset_manager::load_preset(const std::string& name, std::string& reason)
-{
-    const std::string file = get_preset_file(name, reason);
-    return !file.empty() && load_file(file, reason);
-}
-
-bool preset_manager::load_bundled_preset(const std::string& name, std::string& reason)
-{
-    const std::string file = get_bundled_preset_file(name, reason);
-    return !file.empty() && load_file(file, reason);
-}
-
-bool preset_manager::save_preset(const std::string& name, bool overwrite, std::string& reason)
-{
-    const std::string file = get_preset_file(name, reason);
-    const auto effect = component.lock();
-    if (file.empty() || !effect)
-        return false;
-    const std::string text = write_preset_text(*effect);
-    const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-    const auto saved = overwrite ? replace_file(file, bytes) : create_file(file, bytes);
-    if (!saved)
-        reason = saved.error().reason;
-    return static_cast<bool>(saved);
-}
-
-bool preset_manager::delete_preset(const std::string& name, std::string& reason)
-{
-    const std::string file = get_preset_file(name, reason);
-    if (file.empty())
-        return false;
-    const auto removed = remove_file(file);
-    if (!removed)
-        reason = removed.error().reason;
-    return static_cast<bool>(removed);
-}
-
-bool preset_manager::preset_rejected(const std::string& name, std::string& message)
-{
-    message.clear();
-    const std::string file = get_preset_file(name, message);
-    const auto effect = component.lock();
-    preset_content content;
-    return file.empty() || !effect || !read_preset_file(file, content, message) ||
-           !is_preset_accepted(content, *effect, message);
+    return list_presets(bundled_folder()).value_or(std::vector<std::string>());
 }
 
 bool preset_manager::preset_exists(const std::string& name)
 {
-    std::vector<std::string> names;
-    return getPresets(names) && std::ranges::binary_search(names, name);
+    const auto names = component.expired() ? std::nullopt : list_presets(get_preset_path());
+    return names && std::ranges::binary_search(*names, name);
 }
 
-bool preset_manager::load_preset(const std::string& name)
+result<> preset_manager::list(std::vector<std::string>& names)
 {
-    std::string reason;
-    return load_preset(name, reason);
+    if (component.expired())
+        return component_gone();
+    const auto found = list_presets(get_preset_path());
+    if (!found)
+        return failure{failure_kind::unreadable, {}, "the presets cannot be listed"};
+    names.insert(names.end(), found->begin(), found->end());
+    return {};
 }
 
-bool preset_manager::save_preset(const std::string& name, bool overwrite)
+result<> preset_manager::load(const std::string& name)
 {
-    std::string reason;
-    return save_preset(name, overwrite, reason);
+    const auto effect = component.lock();
+    const auto file = get_preset_file(name);
+    if (!file)
+        return file.error();
+    auto content = read_preset_file(*file);
+    if (!content)
+        return content.error();
+    return apply_preset(*std::move(content), *effect);
 }
 
-void preset_manager::delete_preset(const std::string& name)
+result<> preset_manager::save(const std::string& name, bool overwrite)
 {
-    std::string reason;
-    (void)delete_preset(name, reason);
+    const auto effect = component.lock();
+    const auto file = get_preset_file(name);
+    if (!file)
+        return file.error();
+    const std::string text = write_preset_text(*effect);
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    return overwrite ? replace_file(*file, bytes) : create_file(*file, bytes);
+}
+
+result<> preset_manager::remove(const std::string& name)
+{
+    const auto file = get_preset_file(name);
+    if (!file)
+        return file.error();
+    return remove_file(*file);
+}
+
+result<> preset_manager::check(const std::string& name)
+{
+    const auto effect = component.lock();
+    const auto file = get_preset_file(name);
+    if (!file)
+        return file.error();
+    auto content = read_preset_file(*file);
+    if (!content)
+        return content.error();
+    return check_preset(*content, *effect);
+}
+
+bool preset_manager::keep(const result<>& outcome)
+{
+    last_failure = outcome ? std::nullopt : std::optional(outcome.error());
+    return !last_failure;
+}
+
+bool preset_manager::getPresets(std::vector<std::string>& names) { return keep(list(names)); }
+
+bool preset_manager::load_preset(const std::string& name) { return keep(load(name)); }
+
+bool preset_manager::save_preset(const std::string& name, bool overwrite) { return keep(save(name, overwrite)); }
+
+void preset_manager::delete_preset(const std::string& name) { keep(remove(name)); }
+
+bool preset_manager::preset_rejected(const std::string& name, std::string& message)
+{
+    const bool is_accepted = keep(check(name));
+    message = is_accepted ? std::string() : last_failure->reason;
+    return !is_accepted;
 }
 
 } // namespace ov1

@@ -19,9 +19,12 @@ namespace ov1
 namespace
 {
 
-constexpr std::size_t preset_levels = 4; // the text, its list, an entry, a colour
+// The colour table is for other programs: its 14,739 numbers are checked as JSON and not kept.
+constexpr std::array<std::string_view, 4> members_read{"parameter_count", "parameters", "plugin_state_size",
+                                                       "plugin_state"};
+constexpr json_selection preset_members{members_read, 4}; // the outermost object, the list, an entry, a colour
 
-/// A kind of JSON value and what to call it.
+/// A kind of JSON value and its name in a reason.
 struct json_kind
 {
     bool (*holds)(const json_value&);
@@ -35,59 +38,52 @@ constexpr json_kind an_integer{[](const json_value& v) { return is_whole_within(
 constexpr json_kind an_unsigned{[](const json_value& v) { return is_whole_within(v, 0, UINT32_MAX); },
                                 "an unsigned whole number of 32 bits"};
 
+failure invalid(std::string reason) { return {failure_kind::invalid_grade, {}, std::move(reason)}; }
+
 std::string quoted(std::string_view name) { return '"' + std::string(name) + '"'; }
 
-/// A member of the kind, or null with the reason; place says which object it should be in.
-const json_value* member(const json_value& object, const char* name, const json_kind& kind, const std::string& place,
-                         std::string& reason)
+/// A member of that kind, never null. place goes before the name in the reason.
+result<const json_value*> member(const json_value& object, const char* name, const json_kind& kind,
+                                 const std::string& place = {})
 {
     const json_value* found = object.find(name);
     if (found == nullptr)
-        reason = place + quoted(name) + " is missing";
-    else if (!kind.holds(*found))
-        reason = place + quoted(name) + " is not " + kind.name;
-    else
-        return found;
-    return nullptr;
+        return invalid(place + quoted(name) + " is missing");
+    if (!kind.holds(*found))
+        return invalid(place + quoted(name) + " is not " + kind.name);
+    return found;
 }
 
-/// An array of as many elements as another member announces, at least one; or null with the reason.
-const json_value::array* counted_array(const json_value& root, const char* count_name, const char* array_name,
-                                       std::string& reason)
+/// An array, never null, of as many elements as another member announces; at least one.
+result<const json_value::array*> counted_array(const json_value& root, const char* count_name, const char* array_name)
 {
-    const json_value* count = member(root, count_name, an_integer, "", reason);
-    if (count == nullptr)
-        return nullptr;
-    const double announced = count->as_number()->value;
+    const auto count = member(root, count_name, an_integer);
+    if (!count)
+        return count.error();
+    const double announced = (*count)->as_number()->value;
     if (announced < 1)
-    {
-        reason = quoted(count_name) + " is less than 1";
-        return nullptr;
-    }
-    const json_value* list = member(root, array_name, an_array, "", reason);
-    if (list == nullptr)
-        return nullptr;
-    const std::size_t size = list->as_array()->size();
+        return invalid(quoted(count_name) + " is less than 1");
+    const auto list = member(root, array_name, an_array);
+    if (!list)
+        return list.error();
+    const std::size_t size = (*list)->as_array()->size();
     if (static_cast<double>(size) != announced)
-    {
-        reason = quoted(array_name) + " holds " + std::to_string(size) + " elements, but " + quoted(count_name) +
-                 " is " + std::to_string(static_cast<std::int64_t>(announced));
-        return nullptr;
-    }
-    return list->as_array();
+        return invalid(quoted(array_name) + " holds " + std::to_string(size) + " elements, but " + quoted(count_name) +
+                       " is " + std::to_string(static_cast<std::int64_t>(announced)));
+    return (*list)->as_array();
 }
 
-/// A word of "param_type": the kind of value that belongs to it, and the type of parameter that takes it.
+/// A word of "param_type".
 struct type_word
 {
     std::string_view word;
-    param_type value;
-    param_type taken_as;
+    param_type value;      ///< the kind that "param_value" must have
+    param_type applied_to; ///< the type of parameter that takes the value; unset for none
 };
 
 constexpr std::array<type_word, 5> type_words{{
-    // "continuos": the format's own spelling, kept for old files. What is written says "continuous", and its values
-    // come from the state.
+    // "continuos": the format's own spelling, kept for old files. The writer says "continuous", which is not applied:
+    // those values come from the state.
     {"continuos", param_type::continuous, param_type::continuous},
     {"continuous", param_type::continuous, param_type::unset},
     {"integral", param_type::integral, param_type::integral},
@@ -134,76 +130,75 @@ bool read_cell(const json_value& v, param_type type, param_cell& cell)
     return true;
 }
 
-/// The value of an entry, whose kind follows from its word; with a word of no known kind there is nothing to check.
-bool read_value(const json_value& object, std::string_view word, const std::string& place, preset_entry& entry,
-                std::string& reason)
+/// Reads the value of an entry, whose kind follows from the word. A value with an unknown word is not checked.
+result<> read_value(const json_value& object, std::string_view word, const std::string& place, preset_entry& entry)
 {
     const auto known = std::ranges::find(type_words, word, &type_word::word);
     if (known == type_words.end())
-        return true;
+        return {};
     const json_value* value = object.find("param_value");
     if (value == nullptr)
-        reason = place + "\"param_value\" is missing";
-    else if (!read_cell(*value, known->value, entry.value))
-        reason = place + "\"param_value\" is not " + name_of_value(known->value);
-    else
-    {
-        entry.type = known->taken_as;
-        return true;
-    }
-    return false;
+        return invalid(place + "\"param_value\" is missing");
+    if (!read_cell(*value, known->value, entry.value))
+        return invalid(place + "\"param_value\" is not " + name_of_value(known->value));
+    entry.type = known->applied_to;
+    return {};
 }
 
-bool read_entry(const json_value& object, std::size_t place_in_list, preset_entry& entry, std::string& reason)
+result<preset_entry> read_entry(const json_value& object, std::size_t index)
 {
-    const std::string place = "entry " + std::to_string(place_in_list + 1) + " of \"parameters\"";
+    const std::string place = "entry " + std::to_string(index + 1) + " of \"parameters\"";
     if (object.as_object() == nullptr)
+        return invalid(place + " is not an object");
+    const auto name = member(object, "param_name", a_text, place + ": ");
+    if (!name)
+        return name.error();
+    const auto id = member(object, "param_id", an_unsigned, place + ": ");
+    if (!id)
+        return id.error();
+    const auto type = member(object, "param_type", a_text, place + ": ");
+    if (!type)
+        return type.error();
+    preset_entry entry{*(*name)->as_text(), static_cast<uid>((*id)->as_number()->value), param_type::unset, {}};
+    if (auto read = read_value(object, *(*type)->as_text(), place + ": ", entry); !read)
+        return read.error();
+    return entry;
+}
+
+result<std::vector<preset_entry>> read_entries(const json_value& root)
+{
+    const auto list = counted_array(root, "parameter_count", "parameters");
+    if (!list)
+        return list.error();
+    std::vector<preset_entry> entries;
+    entries.reserve((*list)->size());
+    for (const json_value& element : **list)
     {
-        reason = place + " is not an object";
-        return false;
+        auto entry = read_entry(element, entries.size());
+        if (!entry)
+            return entry.error();
+        entries.push_back(*std::move(entry));
     }
-    const json_value* name = member(object, "param_name", a_text, place + ": ", reason);
-    const json_value* id = name ? member(object, "param_id", an_unsigned, place + ": ", reason) : nullptr;
-    const json_value* type = id ? member(object, "param_type", a_text, place + ": ", reason) : nullptr;
-    if (type == nullptr)
-        return false;
-    entry.name = *name->as_text();
-    entry.id = static_cast<uid>(id->as_number()->value);
-    return read_value(object, *type->as_text(), place + ": ", entry, reason);
+    return entries;
 }
 
-bool read_entries(const json_value& root, std::vector<preset_entry>& entries, std::string& reason)
+result<std::vector<std::uint8_t>> read_state_bytes(const json_value& root)
 {
-    const auto* list = counted_array(root, "parameter_count", "parameters", reason);
-    if (list == nullptr)
-        return false;
-    entries.resize(list->size());
-    for (std::size_t i = 0; i < list->size(); ++i)
-        if (!read_entry((*list)[i], i, entries[i], reason))
-            return false;
-    return true;
-}
-
-bool read_state_bytes(const json_value& root, std::vector<std::uint8_t>& state, std::string& reason)
-{
-    const auto* list = counted_array(root, "plugin_state_size", "plugin_state", reason);
-    if (list == nullptr)
-        return false;
-    for (const json_value& element : *list)
+    const auto list = counted_array(root, "plugin_state_size", "plugin_state");
+    if (!list)
+        return list.error();
+    std::vector<std::uint8_t> state;
+    state.reserve((*list)->size());
+    for (const json_value& element : **list)
     {
         if (!is_whole_within(element, 0, 255))
-        {
-            reason = "element " + std::to_string(state.size() + 1) + " of \"plugin_state\" is not a byte, 0 to 255";
-            return false;
-        }
+            return invalid("element " + std::to_string(state.size() + 1) +
+                           " of \"plugin_state\" is not a byte, 0 to 255");
         state.push_back(static_cast<std::uint8_t>(element.as_number()->value));
     }
     if (const auto checked = check_state_blob(state); !checked)
-    {
-        reason = "\"plugin_state\": " + checked.error().reason;
-        return false;
-    }
-    return true;
+        return invalid("\"plugin_state\": " + checked.error().reason);
+    return state;
 }
 
 bool is_held(icomponent_v1& component)
@@ -222,64 +217,95 @@ void apply_entry(const preset_entry& entry, icomponent_v1& component)
     parameter->set_param_value(v, false);
 }
 
-} // namespace
-
-bool read_preset_text(std::string_view text, preset_content& content, std::string& reason)
+/// Whether a parameter accepts a record of the state.
+bool accepts(const param_value& present, const param_value& stored)
 {
-    json_value root;
-    preset_content found;
-    if (!parse_json(text, preset_levels, root, reason))
-        return false;
-    if (root.as_object() == nullptr)
-    {
-        reason = "not a preset: the text is not an object";
-        return false;
-    }
-    if (!read_entries(root, found.entries, reason) || !read_state_bytes(root, found.state, reason))
-        return false;
-    content = std::move(found);
-    return true;
+    param_value v = present;
+    v.type = stored.type;
+    v.value = stored.value;
+    present.bounce_and_quantize(v);
+    return present.is_valid(v);
 }
 
-bool read_preset_file(const std::string& path, preset_content& content, std::string& reason)
+/// The parameters that the state alone decides: to reset them first would only notify host and view twice. None if the
+/// state names a former parameter, whose mapping to present ones may depend on the values that they have.
+std::vector<uid> decided_by_state(const std::vector<state_record>& records, icomponent_v1& component)
+{
+    std::vector<uid> decided;
+    for (const state_record& record : records)
+    {
+        const auto parameter = component.get_parameter(record.id);
+        if (!parameter)
+            return {};
+        if (accepts(parameter->get_param_value(), record.value))
+            decided.push_back(record.id);
+    }
+    return decided;
+}
+
+void restore_preset(preset_content& content, const std::vector<state_record>& records, icomponent_v1& component)
+{
+    const restore_guard restoring(component);
+    const std::vector<uid> decided = decided_by_state(records, component);
+    const auto is_decided = [&](uid id) { return std::ranges::find(decided, id) != decided.end(); };
+    for (int i = 0; i < component.get_parameter_count(); ++i)
+        if (const auto parameter = component.get_parameter(i); !is_decided(parameter->get_uid()))
+            parameter->reset_to_default();
+    for (const preset_entry& entry : content.entries)
+        if (!is_decided(entry.id))
+            apply_entry(entry, component);
+    component.set_state(content.state, false);
+}
+
+} // namespace
+
+result<preset_content> read_preset_text(std::string_view text)
+{
+    const auto root = parse_json(text, preset_members);
+    if (!root)
+        return root.error();
+    if (root->as_object() == nullptr)
+        return invalid("not a preset: the text is not an object");
+    auto entries = read_entries(*root);
+    if (!entries)
+        return entries.error();
+    auto state = read_state_bytes(*root);
+    if (!state)
+        return state.error();
+    return preset_content{*std::move(entries), *std::move(state)};
+}
+
+result<preset_content> read_preset_file(const std::string& path)
 {
     const auto bytes = read_file(path, preset_size_limit);
     if (!bytes)
-    {
-        reason = bytes.error().reason;
-        return false;
-    }
-    return read_preset_text({reinterpret_cast<const char*>(bytes->data()), bytes->size()}, content, reason);
+        return bytes.error();
+    return read_preset_text({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
 }
 
-bool is_preset_accepted(const preset_content& content, icomponent_v1& component, std::string& reason)
+result<> check_preset(preset_content& content, icomponent_v1& component)
 {
-    std::vector<std::uint8_t> state = content.state;
     std::string message;
     if (component.get_parameter_count() == 0)
-        message = "the effect has no parameters";
-    else if (!component.is_state_rejected(state, false, message))
-        return true;
-    reason = message;
-    return false;
+        return invalid("the effect has no parameters");
+    if (component.is_state_rejected(content.state, false, message))
+        return invalid(message.empty() ? "the effect refuses the state" : message);
+    return {};
 }
 
-bool apply_preset(const preset_content& content, icomponent_v1& component, std::string& reason)
+result<> apply_preset(preset_content content, icomponent_v1& component)
 {
+    std::vector<state_record> records;
     if (is_held(component))
-    {
-        reason = "a control is being moved";
-        return false;
-    }
-    if (!is_preset_accepted(content, component, reason))
-        return false;
-    const restore_guard restoring(component);
-    for (int i = 0; i < component.get_parameter_count(); ++i)
-        component.get_parameter(i)->reset_to_default();
-    for (const preset_entry& entry : content.entries)
-        apply_entry(entry, component);
-    std::vector<std::uint8_t> state = content.state;
-    return component.set_state(state, false);
+        return invalid("a control is being moved");
+    if (auto accepted = check_preset(content, component); !accepted)
+        return accepted;
+    if (!read_state(content.state, records))
+        return invalid("not a state");
+    component.save_state(true);
+    restore_preset(content, records, component);
+    component.save_state(false);
+    return {};
 }
 
 } // namespace ov1

@@ -1,7 +1,8 @@
-// Reads presets: a text is checked whole before anything of it is applied.
+// Reads and applies presets. A text is checked whole before anything of it is applied.
 #pragma once
 
 #include "shared/param_value.h"
+#include "shared/result.h"
 #include "shared/uid.h"
 
 #include <cstddef>
@@ -15,11 +16,11 @@ namespace ov1
 
 class icomponent_v1;
 
-/// Files beyond it are no presets; one of the effect's own has about 150,000 bytes.
+/// In bytes. Larger files are refused; the effect's own presets have about 150,000.
 inline constexpr std::size_t preset_size_limit = std::size_t{4} << 20;
 
-/// An entry of the parameter list. Its type is that of the accepted word ("continuos", "integral", "boolean", "color")
-/// and unset for every other one, "continuous" among them: the value is then not taken.
+/// An entry of the parameter list. The type follows from the word in the text: "continuos", "integral", "boolean" or
+/// "color". It is unset for every other word, "continuous" among them, and the value is then not applied.
 struct preset_entry
 {
     std::string name;
@@ -28,29 +29,30 @@ struct preset_entry
     param_cell value;
 };
 
-/// What is taken from a preset: the list, then the state, which has the last word.
+/// What is applied of a preset: the entries first, then the state, which overrides them.
 struct preset_content
 {
     std::vector<preset_entry> entries;
     std::vector<std::uint8_t> state; ///< passes check_state_blob
 };
 
-/// Reads a text of JSON in UTF-8 however deeply nested it is. Refused, with content as it was, are texts that are no
-/// JSON, members that are missing or of the wrong kind, counts that do not fit, and a state that is cut short. The
-/// reason is one line of English that names the member.
-[[nodiscard]] bool read_preset_text(std::string_view text, preset_content& content, std::string& reason);
+/// Reads JSON text in UTF-8. Refused are texts that are not JSON, members that are missing or of the wrong kind, counts
+/// that do not match, and a state that is cut short; the reason names the member. Deep nesting is safe. Failures are of
+/// kind invalid_grade, without a subject.
+result<preset_content> read_preset_text(std::string_view text);
 
-/// The same for a file, pipe or device; more than preset_size_limit bytes are not read.
-[[nodiscard]] bool read_preset_file(const std::string& path, preset_content& content, std::string& reason);
+/// The same for a file, pipe or device, which may also be unreadable.
+result<preset_content> read_preset_file(const std::string& path);
 
-/// Sets all parameters to their defaults, then gives back what the preset holds, within one restore guard and with
-/// edit false, so that a host learns of it. Entries whose id or name is unknown or does not match, and those of another
-/// type than their parameter, are skipped; values are brought within the bounds and colours outside theirs are dropped.
-/// False, with nothing applied, for a component without parameters, for a state that it refuses, and while the user
-/// holds a control of its open view.
-[[nodiscard]] bool apply_preset(const preset_content& content, icomponent_v1& component, std::string& reason);
+/// Whether the effect accepts the preset. apply_preset checks the same.
+result<> check_preset(preset_content& content, icomponent_v1& component);
 
-/// What apply_preset refuses whatever the user does: the component's word on the state.
-[[nodiscard]] bool is_preset_accepted(const preset_content& content, icomponent_v1& component, std::string& reason);
+/// Replaces the grade as one undo step. Every parameter ends at the value that the state holds for it; without one, at
+/// the value of its entry; without either, at its default. Entries whose id, name or type does not match a parameter
+/// are skipped; numbers are limited to the parameter's bounds and colours outside 0..1 are skipped. All of it is one
+/// restore with edit false, so that the host is notified of each parameter.
+/// Fails, with grade and undo history unchanged, if the effect has no parameters or refuses the state, and while the
+/// user is dragging a control.
+result<> apply_preset(preset_content content, icomponent_v1& component);
 
 } // namespace ov1

@@ -74,9 +74,9 @@ result<std::vector<std::uint8_t>> read_state_file(icomponent_v1& component, cons
 result<preset_content> read_accepted_preset(preset_manager& presets, icomponent_v1& component, const std::string& name)
 {
     auto content = read_preset(presets, name);
-    failure why{failure_kind::invalid_grade, name};
-    if (content && !is_preset_accepted(*content, component, why.reason))
-        return why;
+    if (content)
+        if (const auto accepted = check_preset(*content, component); !accepted)
+            return about(name, accepted.error());
     return content;
 }
 
@@ -134,9 +134,9 @@ std::vector<failure> effect_instance::apply(const grade_request& request)
 
     if (request.state_file)
         component->set_state(state, true);
-    if (failure why{failure_kind::invalid_grade, request.presets.empty() ? "" : request.presets.back()};
-        preset && !apply_preset(*preset, *component, why.reason))
-        return {why};
+    if (preset)
+        if (const auto applied = apply_preset(*std::move(preset), *component); !applied)
+            return {about(request.presets.back(), applied.error())};
     assign(*component, assignments);
     component->notify({event_kind::render_begins});
     return {};

@@ -27,8 +27,7 @@ result<preset_listing> list_presets(preset_manager& manager)
     preset_listing found;
     if (!manager.getPresets(found.own))
         return failure{failure_kind::unreadable, manager.get_preset_path(), "the presets cannot be listed"};
-    // A build without bundled presets has none: that is no failure.
-    manager.get_bundled_presets(found.bundled);
+    found.bundled = manager.get_bundled_presets();
     return found;
 }
 
@@ -41,22 +40,20 @@ result<preset_place> find_preset(preset_manager& manager, const std::string& nam
     auto listing = list_presets(manager);
     if (!listing)
         return listing.error();
-    failure why{failure_kind::unreadable, name, "no such preset"};
-    preset_place place;
-    if (contains(listing->own, name))
-        place = {preset_origin::own, manager.get_preset_file(name, why.reason)};
-    else if (contains(listing->bundled, name))
-        place = {preset_origin::bundled, manager.get_bundled_preset_file(name, why.reason)};
-    else
+    const auto place_of = [&](preset_origin origin, result<std::string> file) -> result<preset_place>
     {
-        listing->own.insert(listing->own.end(), listing->bundled.begin(), listing->bundled.end());
-        why.hint = did_you_mean(name, listing->own);
-        if (why.hint.empty())
-            why.hint = "\"veridial preset list\" shows them";
-    }
-    if (place.file.empty())
-        return why;
-    return place;
+        if (!file)
+            return about(name, file.error());
+        return preset_place{origin, *std::move(file)};
+    };
+    if (contains(listing->own, name))
+        return place_of(preset_origin::own, manager.get_preset_file(name));
+    if (contains(listing->bundled, name))
+        return place_of(preset_origin::bundled, manager.get_bundled_preset_file(name));
+    listing->own.insert(listing->own.end(), listing->bundled.begin(), listing->bundled.end());
+    const std::string near = did_you_mean(name, listing->own);
+    return failure{failure_kind::unreadable, name, "no such preset",
+                   near.empty() ? "\"veridial preset list\" shows them" : near};
 }
 
 result<preset_content> read_preset(preset_manager& manager, const std::string& name)
@@ -64,13 +61,12 @@ result<preset_content> read_preset(preset_manager& manager, const std::string& n
     const auto place = find_preset(manager, name);
     if (!place)
         return place.error();
-    preset_content content;
-    failure why{failure_kind::invalid_grade, name};
-    if (read_preset_file(place->file, content, why.reason))
+    auto content = read_preset_file(place->file);
+    if (content)
         return content;
-    if (place->origin == preset_origin::file && access(place->file.c_str(), R_OK) != 0)
-        why.kind = failure_kind::unreadable;
-    return why;
+    const bool is_unreadable = place->origin == preset_origin::file && access(place->file.c_str(), R_OK) != 0;
+    return failure{is_unreadable ? failure_kind::unreadable : failure_kind::invalid_grade, name,
+                   content.error().reason};
 }
 
 } // namespace ov1

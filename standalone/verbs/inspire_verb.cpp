@@ -75,11 +75,10 @@ result<> keep_look(effect_instance& effect, const inspire_command& command, int 
     if (command.save_as)
     {
         const std::string name = numbered(*command.save_as, look, command.count);
-        failure why{failure_kind::cannot_write, name};
         if (!command.overwrite && effect.get_presets().preset_exists(name))
             return failure{failure_kind::cannot_write, name, "exists already", "-f replaces it"};
-        if (!effect.get_presets().save_preset(name, command.overwrite, why.reason))
-            return why;
+        if (!effect.get_presets().save_preset(name, command.overwrite))
+            return failure{failure_kind::cannot_write, name, effect.get_presets().get_failure()->reason};
         return {};
     }
     const std::string text = write_preset_text(effect.get());

@@ -121,14 +121,15 @@ exit_code save(std::span<const std::string> arguments, console& out)
     effect_instance effect;
     if (const auto failures = effect.apply(grade); !failures.empty())
         return fail(failures, out);
-    failure why{failure_kind::cannot_write, preset.names[0]};
-    if (!is_preset_name(preset.names[0], why.reason))
-        why.kind = failure_kind::usage;
-    else if (!overwrite && effect.get_presets().preset_exists(preset.names[0]))
-        why.reason = "exists already", why.hint = "-f replaces it";
-    else if (effect.get_presets().save_preset(preset.names[0], overwrite, why.reason))
-        return exit_code::done;
-    return fail(why, out);
+    const std::string& name = preset.names[0];
+    preset_manager& presets = effect.get_presets();
+    if (const auto accepted = check_preset_name(name); !accepted)
+        return fail(about(name, accepted.error()), out);
+    if (!overwrite && presets.preset_exists(name))
+        return fail({failure_kind::cannot_write, name, "exists already", "-f replaces it"}, out);
+    if (!presets.save_preset(name, overwrite))
+        return fail({failure_kind::cannot_write, name, presets.get_failure()->reason}, out);
+    return exit_code::done;
 }
 
 exit_code load_check(std::span<const std::string> arguments, console& out)
@@ -139,12 +140,11 @@ exit_code load_check(std::span<const std::string> arguments, console& out)
     if (const auto end = parse_named(parser, preset, arguments, out))
         return *end;
     effect_instance effect;
-    const auto content = read_preset(effect.get_presets(), preset.names[0]);
+    auto content = read_preset(effect.get_presets(), preset.names[0]);
     if (!content)
         return fail(content.error(), out);
-    failure why{failure_kind::invalid_grade, preset.names[0]};
-    if (!is_preset_accepted(*content, effect.get(), why.reason))
-        return fail(why, out);
+    if (const auto accepted = check_preset(*content, effect.get()); !accepted)
+        return fail(about(preset.names[0], accepted.error()), out);
     out.result(preset.names[0] + ": loads\n");
     return exit_code::done;
 }
@@ -166,8 +166,11 @@ exit_code remove(std::span<const std::string> arguments, console& out)
     failure why{failure_kind::cannot_write, name};
     if (has(listing->own))
     {
-        if (effect.get_presets().delete_preset(name, why.reason))
+        effect.get_presets().delete_preset(name);
+        const auto& failed = effect.get_presets().get_failure();
+        if (!failed)
             return exit_code::done;
+        why.reason = failed->reason;
     }
     else if (has(listing->bundled))
         why.reason = "comes with Veridial and stays";

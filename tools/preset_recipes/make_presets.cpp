@@ -48,9 +48,8 @@ bool set(icomponent_v1& effect, const recipe_value& wanted)
 
 int write_preset(icomponent_v1& effect, const preset_recipe& recipe, const std::string& folder)
 {
-    std::string reason;
-    if (!is_preset_name(recipe.name, reason))
-        return fail(bad_recipe, recipe.name, reason);
+    if (const auto accepted = check_preset_name(recipe.name); !accepted)
+        return fail(bad_recipe, recipe.name, accepted.error().reason);
     effect.reset_to_default();
     for (const recipe_value& wanted : recipe.values)
         if (!set(effect, wanted))

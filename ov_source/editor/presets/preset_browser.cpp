@@ -10,10 +10,10 @@ namespace ov1
 
 using namespace VSTGUI;
 
-preset_browser::preset_browser(CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language)
+preset_browser::preset_browser(CFrame& frame, preview_view& preview, preset_actions& presets, language_id language)
     : frame(frame)
     , preview(preview)
-    , toolbar(toolbar)
+    , presets(presets)
     , language(language)
 {
 }
@@ -31,18 +31,20 @@ void preset_browser::toggle(const CRect& place)
 void preset_browser::open(const CRect& place)
 {
     preset_panel_content content;
-    toolbar.listPresets(content.presets, content.files);
-    const auto& current = toolbar.getCurrentPreset();
+    preset_list found_presets = presets.list();
+    content.presets = std::move(found_presets.choices);
+    content.files = std::move(found_presets.files);
+    const auto& current = presets.get_session().get_current();
     const auto found = current ? std::ranges::find(content.presets, *current) : content.presets.end();
     if (found != content.presets.end())
         content.current = static_cast<std::size_t>(found - content.presets.begin());
     content.frame = preview.get_before();
     content.screen_scale = frame.getZoom();
 
-    const auto presets = content.presets;
+    const auto choices = content.presets;
     preset_panel_events events;
     events.hovered = [this](std::shared_ptr<const row_renderer> renderer) { preview.show_trial(std::move(renderer)); };
-    events.chosen = [this, presets](std::size_t chosen) { to_load = presets[chosen]; };
+    events.chosen = [this, choices](std::size_t chosen) { to_load = choices[chosen]; };
     panel = new preset_panel(place, std::move(content), std::move(events), language);
     frame.addView(panel);
     frame.registerKeyboardHook(this); // before the search field's own, which passes its keys on
@@ -73,7 +75,7 @@ void preset_browser::idle()
     if (const auto chosen = std::exchange(to_load, {}))
     {
         close();
-        toolbar.loadPreset(*chosen);
+        presets.load(*chosen);
     }
     else if (is_to_close)
         close();

@@ -3,18 +3,18 @@
 
 #include "editor/presets/preset_panel.h"
 #include "editor/preview/preview_view.h"
-#include "editor/toolbar/cov_plugin_toolbar.h"
+#include "editor/toolbar/preset_actions.h"
 
 #include "vstgui/lib/cframe.h"
 
 namespace ov1
 {
 
-/// Escape closes the panel, at the next idle. Belongs to one editor; frame, preview and toolbar outlive it.
+/// Escape closes the panel, at the next idle. Belongs to one editor; frame, preview and actions outlive it.
 class preset_browser : public VSTGUI::IKeyboardHook
 {
 public:
-    preset_browser(VSTGUI::CFrame& frame, preview_view& preview, COVPluginToolbar& toolbar, language_id language);
+    preset_browser(VSTGUI::CFrame& frame, preview_view& preview, preset_actions& presets, language_id language);
     ~preset_browser() noexcept override;
     preset_browser(const preset_browser&) = delete;
     preset_browser& operator=(const preset_browser&) = delete;
@@ -22,21 +22,21 @@ public:
     /// Opens the panel at a place of the frame, or closes it.
     void toggle(const VSTGUI::CRect& place);
     void close();
-    bool isOpen() const { return panel != nullptr; }
+    bool is_open() const { return panel != nullptr; }
     void idle();
     void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* of_frame) override;
     /// Null while closed.
-    preset_panel* getPanel() const { return panel; }
+    preset_panel* get_panel() const { return panel; }
 
 private:
     void open(const VSTGUI::CRect& place);
 
     VSTGUI::CFrame& frame;
     preview_view& preview;
-    COVPluginToolbar& toolbar;
+    preset_actions& presets;
     const language_id language;
     preset_panel* panel = nullptr; ///< owned by the frame
-    // Told in an event of the panel's, which must not end within it.
+    // Set by an event of the panel and carried out at idle: the panel must not be removed during its own event.
     std::optional<preset_choice> to_load;
     bool is_to_close = false;
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/presets/preset_thumbnails.h"
-#include "editor/toolbar/preset_menu.h"
+#include "presets/preset_session.h"
 #include "shared/language_id.h"
 
 #include "vstgui/lib/controls/ctextedit.h"

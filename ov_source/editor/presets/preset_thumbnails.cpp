@@ -31,9 +31,8 @@ void preset_thumbnails::work(std::stop_token stop)
     for (std::size_t i = 0; i < files.size() && !stop.stop_requested(); ++i)
     {
         preset_thumbnail made;
-        preset_content content;
-        std::string reason;
-        if (read_preset_file(files[i], content, reason) && apply_preset(content, *component, reason))
+        auto content = read_preset_file(files[i]);
+        if (content && apply_preset(*std::move(content), *component))
         {
             component->notify({event_kind::render_begins});
             made.renderer = component->get_row_renderer();

@@ -1,22 +1,15 @@
 #include "editor/toolbar/cov_plugin_toolbar.h"
 
 #include "editor/controls/style/editor_style.h"
-#include "editor/toolbar/editor_dialogs.h"
-#include "editor/toolbar/grade_clipboard.h"
 #include "editor/toolbar/popup_menu.h"
-#include "effect/lut/lut_argb_variable.h"
 #include "framework/ihost_v1.h"
-#include "framework/lut_exporter.h"
 #include "framework/parameters/iparameter_v1.h"
-#include "platform/iutils.h"
-#include "presets/preset_messages.h"
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/events.h"
 
-#include <cstdlib>
-#include <filesystem>
+#include <algorithm>
 #include <utility>
 
 namespace ov1
@@ -33,33 +26,44 @@ constexpr CCoord preset_height = 28;
 constexpr CCoord button_size = 28;
 constexpr CCoord gap = 1;
 constexpr CCoord group_gap = 9;
-constexpr unsigned int table_points = 17;
-constexpr unsigned int fine_table_points = 32;
-constexpr const char* no_preset = "{en:Presets}{de:Presets}";
+constexpr float least_value_of_a_press = 0.5f;
+
+struct button_row
+{
+    const char* artwork;
+    const char* tooltip;
+    int group; ///< a wider gap stands between groups
+    CTextButton::Style style = CTextButton::kKickStyle;
+};
+
+/// In the order of COVPluginToolbar::tool.
+constexpr button_row button_rows[] = {
+    {"toolbar_save.png", "{en:Save as a preset}{de:Als Preset sichern}", 0},
+    {"toolbar_delete.png", "{en:Delete this preset}{de:Dieses Preset löschen}", 0},
+    {"toolbar_export.png", "{en:Export as a LUT}{de:Als LUT exportieren}", 0},
+    {"toolbar_undo.png", "{en:Undo}{de:Rückgängig}", 1},
+    {"toolbar_redo.png", "{en:Redo}{de:Wiederholen}", 1},
+    {"toolbar_history.png", "{en:History}{de:Verlauf}", 1},
+    {"toolbar_reset.png", "{en:Reset everything}{de:Alles zurücksetzen}", 1},
+    {"toolbar_bypass.png", "{en:Bypass the effect}{de:Effekt umgehen}", 2, CTextButton::kOnOffStyle},
+    {"toolbar_manual.png", "{en:Open the manual}{de:Handbuch öffnen}", 2},
+    {"toolbar_close.png",
+     "{en:Close; with Shift, discard the changes}{de:Schließen; mit Umschalt die Änderungen verwerfen}", 2},
+};
 
 language_id language_of(const std::weak_ptr<icomponent_v1>& component)
 {
-    const auto alive = component.lock();
-    const auto host = alive ? alive->get_host() : nullptr;
+    const auto effect = component.lock();
+    const auto host = effect ? effect->get_host() : nullptr;
     return host ? host->get_language() : language_id{};
 }
 
-/// Where a table is written unless the user says otherwise: beside the last one, under the preset's name.
-std::string offered_path(const std::string& last_folder, const std::optional<preset_choice>& preset, bool as_3dl)
+void enable(COVButton& button, bool on)
 {
-    const std::string name = preset ? preset->name : "Veridial";
-    const char* const home = std::getenv("HOME");
-    const std::filesystem::path folder = !last_folder.empty() ? last_folder : home ? home : "/";
-    return (folder / (name + (as_3dl ? ".3dl" : ".cube"))).string();
-}
-
-std::vector<param_cell> look_of(icomponent_v1& component)
-{
-    std::vector<param_cell> values;
-    for (int i = 0; i < component.get_parameter_count(); ++i)
-        if (const auto parameter = component.get_parameter(i); !(parameter->get_flags() & parameter_is_bypass))
-            values.push_back(parameter->get_param_value().value);
-    return values;
+    if (button.getMouseEnabled() == on)
+        return;
+    button.setMouseEnabled(on);
+    button.invalid();
 }
 
 } // namespace
@@ -67,108 +71,78 @@ std::vector<param_cell> look_of(icomponent_v1& component)
 COVPluginToolbar::COVPluginToolbar(const CRect& size, CFrame* frame, std::weak_ptr<icomponent_v1> component,
                                    std::weak_ptr<window> window)
     : CViewContainer(size)
-    , owner_frame(frame)
     , component(component)
     , opened(std::move(window))
-    , language(language_of(component))
-    , presets(component)
-    , next_left(margin)
+    , dialogs(*frame, language_of(component))
+    , history(component, dialogs)
+    , presets(component, dialogs, history, [this] { showPresetName(); })
+    , lut_export(component, dialogs)
+    , clipboard(component, dialogs, history)
 {
-    const CCoord top = (size.getHeight() - preset_height) / 2;
-    preset_button = new COVRoundedGreyButton(CRect(CPoint(margin, top), CPoint(preset_width, preset_height)), this, -1,
-                                             nullptr, CTextButton::kKickStyle);
-    preset_button->setFont(style::text_font());
-    preset_button->setTextColor(style::text_colour);
-    preset_button->setRightIcon(load_first_frame("toolbar_presets.png"), 1);
-    preset_button->setTooltipText(translated("{en:Choose a preset}{de:Preset wählen}").c_str());
-    addView(preset_button);
-    next_left += preset_width + group_gap;
-
-    constexpr auto kick = CTextButton::kKickStyle;
-    save_button = add_button("toolbar_save.png", "{en:Save as a preset}{de:Als Preset sichern}", kick, 0);
-    delete_button = add_button("toolbar_delete.png", "{en:Delete this preset}{de:Dieses Preset löschen}", kick, 0);
-    export_button = add_button("toolbar_export.png", "{en:Export as a LUT}{de:Als LUT exportieren}", kick, 0);
-    undo_button = add_button("toolbar_undo.png", "{en:Undo}{de:Rückgängig}", kick, 1);
-    redo_button = add_button("toolbar_redo.png", "{en:Redo}{de:Wiederholen}", kick, 1);
-    history_button = add_button("toolbar_history.png", "{en:History}{de:Verlauf}", kick, 1);
-    reset_button = add_button("toolbar_reset.png", "{en:Reset everything}{de:Alles zurücksetzen}", kick, 1);
-    bypass_button =
-        add_button("toolbar_bypass.png", "{en:Bypass the effect}{de:Effekt umgehen}", CTextButton::kOnOffStyle, 2);
-    manual_button = add_button("toolbar_manual.png", "{en:Open the manual}{de:Handbuch öffnen}", kick, 2);
-    close_button = add_button("toolbar_close.png",
-                              "{en:Close; with Shift, discard the changes}"
-                              "{de:Schließen; mit Umschalt die Änderungen verwerfen}",
-                              kick, 2);
-    show_preset_name();
+    addPresetButton();
+    addButtons();
+    showPresetName();
     idle();
 }
 
-COVButton* COVPluginToolbar::add_button(const char* artwork, const char* tooltip, CTextButton::Style style, int group)
+void COVPluginToolbar::addPresetButton()
 {
-    next_left += group == std::exchange(last_group, group) ? 0 : group_gap;
-    const CCoord top = (getViewSize().getHeight() - button_size) / 2;
-    auto* const button =
-        new COVButton(CRect(CPoint(next_left, top), CPoint(button_size, button_size)), this, -1, style, nullptr);
-    button->setIcon(load_artwork(artwork));
-    button->setTooltipText(translated(tooltip).c_str());
-    addView(button);
-    next_left += button_size + gap;
-    return button;
+    const CPoint corner(margin, (getViewSize().getHeight() - preset_height) / 2);
+    preset_button = new COVRoundedGreyButton(CRect(corner, CPoint(preset_width, preset_height)), this, -1, nullptr,
+                                             CTextButton::kKickStyle);
+    preset_button->setFont(style::text_font());
+    preset_button->setTextColor(style::text_colour);
+    preset_button->setRightIcon(load_first_frame("toolbar_presets.png"), 1);
+    preset_button->setTooltipText(dialogs.translate("{en:Choose a preset}{de:Preset wählen}").c_str());
+    addView(preset_button);
 }
 
-std::string COVPluginToolbar::translated(const char* literal) const { return iutils::translate(language, literal); }
+void COVPluginToolbar::addButtons()
+{
+    static_assert(std::size(button_rows) == static_cast<std::size_t>(tool::count));
+    CPoint corner(margin + preset_width + group_gap, (getViewSize().getHeight() - button_size) / 2);
+    int last_group = button_rows[0].group;
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+    {
+        const button_row& row = button_rows[i];
+        corner.x += row.group == std::exchange(last_group, row.group) ? 0 : group_gap;
+        buttons[i] = new COVButton(CRect(corner, CPoint(button_size, button_size)), this, -1, row.style, nullptr);
+        buttons[i]->setIcon(load_artwork(row.artwork));
+        buttons[i]->setTooltipText(dialogs.translate(row.tooltip).c_str());
+        addView(buttons[i]);
+        corner.x += button_size + gap;
+    }
+}
 
 void COVPluginToolbar::show_undo_redo_button(bool show, std::function<void()> undo, std::function<void()> redo)
 {
-    undo_callback = std::move(undo);
-    redo_callback = std::move(redo);
-    undo_button->setVisible(show);
-    redo_button->setVisible(show);
+    history.set_callbacks(std::move(undo), std::move(redo));
+    button(tool::undo).setVisible(show);
+    button(tool::redo).setVisible(show);
 }
 
 void COVPluginToolbar::idle()
 {
-    const auto alive = component.lock();
-    if (!alive)
+    const auto effect = component.lock();
+    if (!effect)
         return;
-    const auto enable = [](COVButton& button, bool on)
-    {
-        if (button.getMouseEnabled() == on)
-            return;
-        button.setMouseEnabled(on);
-        button.invalid();
-    };
-    const undo_range range = alive->get_undo_range();
-    enable(*undo_button, undo_callback || range.can_undo());
-    enable(*redo_button, redo_callback || range.can_redo());
-    enable(*delete_button, current && !current->is_bundled);
-    bypass_button->setValue(alive->get_bypass() ? 1.f : 0.f);
+    enable(button(tool::undo), history.can_undo());
+    enable(button(tool::redo), history.can_redo());
+    enable(button(tool::remove), presets.get_session().get_own_current() != nullptr);
+    button(tool::bypass).setValue(effect->get_bypass() ? 1.f : 0.f);
 }
 
-void COVPluginToolbar::parameter_changed(std::shared_ptr<iparameter_v1>, bool)
+void COVPluginToolbar::parameter_changed(std::shared_ptr<iparameter_v1> parameter, bool)
 {
-    const auto alive = component.lock();
-    if (!alive || !current)
-        return;
-    const bool is_changed = look_of(*alive) != current_look;
-    if (std::exchange(preset_is_changed, is_changed) != is_changed)
-        show_preset_name();
+    if (presets.parameter_changed(*parameter))
+        showPresetName();
 }
 
-void COVPluginToolbar::set_current(const preset_choice& preset)
+void COVPluginToolbar::showPresetName()
 {
-    if (const auto alive = component.lock())
-        current_look = look_of(*alive);
-    current = preset;
-    preset_is_changed = false;
-    show_preset_name();
-}
-
-void COVPluginToolbar::show_preset_name()
-{
-    const std::string title = !current            ? translated(no_preset)
-                              : preset_is_changed ? current->name + " *"
-                                                  : current->name;
+    const preset_session& session = presets.get_session();
+    const std::string title = session.get_current() ? session.get_current()->name + (session.is_changed() ? " *" : "")
+                                                    : dialogs.translate("{en:Presets}{de:Presets}");
     preset_button->setTitle(title.c_str());
     preset_button->invalid();
 }
@@ -191,262 +165,90 @@ void COVPluginToolbar::onMouseDownEvent(MouseDownEvent& event)
 
 void COVPluginToolbar::valueChanged(CControl* control)
 {
-    if (control == bypass_button)
-        return toggleBypass();
-    if (control->getValue() <= 0.5f) // a button that springs back
+    const bool is_pressed = control->getValue() > least_value_of_a_press;
+    if (control == preset_button && is_pressed && preset_chooser)
+        return preset_chooser();
+    const auto found = std::ranges::find(buttons, control);
+    if (found == buttons.end())
         return;
-    if (control == preset_button)
-        choosePreset();
-    else if (control == save_button)
-        savePreset();
-    else if (control == delete_button)
-        deletePreset();
-    else if (control == export_button)
-        exportLut();
-    else if (control == undo_button)
-        undo();
-    else if (control == redo_button)
-        redo();
-    else if (control == history_button)
-        showHistory();
-    else if (control == reset_button)
-        resetGrade();
-    else if (control == manual_button)
-        openManual();
-    else if (control == close_button)
-        closeEditor(shift_is_held);
+    const auto which = static_cast<tool>(found - buttons.begin());
+    // The bypass button stays on or off; the others report 1 and then 0 for one press.
+    if (is_pressed || which == tool::bypass)
+        run(which);
 }
 
-void COVPluginToolbar::change_grade(const std::function<void(icomponent_v1&)>& change)
+void COVPluginToolbar::run(tool pressed)
 {
-    const auto alive = component.lock();
-    if (!alive)
-        return;
-    alive->save_state(true);
-    change(*alive);
-    alive->save_state(false);
-}
-
-void COVPluginToolbar::choosePreset()
-{
-    if (preset_chooser)
-        preset_chooser();
-}
-
-void COVPluginToolbar::listPresets(std::vector<preset_choice>& entries, std::vector<std::string>& files)
-{
-    if (!list_presets(presets, entries))
-        tell(*owner_frame, language, "Veridial", preset_messages::cannot_list);
-    files.clear();
-    std::string reason;
-    for (const preset_choice& entry : entries)
-        files.push_back(entry.is_bundled ? presets.get_bundled_preset_file(entry.name, reason)
-                                         : presets.get_preset_file(entry.name, reason));
-}
-
-std::vector<history_step> COVPluginToolbar::listHistory() const
-{
-    const auto alive = component.lock();
-    return alive ? list_history(*alive, labels, language) : std::vector<history_step>();
-}
-
-void COVPluginToolbar::showHistory()
-{
-    const auto steps = listHistory();
-    std::vector<popup_item> items;
-    for (const history_step& step : steps)
-        items.push_back({step.name, step.is_present});
-    show_popup(*owner_frame, *history_button, items,
-               [this, steps](std::size_t chosen)
-               {
-                   if (const auto still_alive = component.lock())
-                       still_alive->jump_undo_stack(steps[chosen].position);
-               });
-}
-
-void COVPluginToolbar::loadPreset(const preset_choice& entry)
-{
-    const auto alive = component.lock();
-    if (!alive)
-        return;
-    std::string reason;
-    if (!load_preset_choice(*alive, presets, entry, reason))
-        return tell(*owner_frame, language, entry.name, translated(preset_messages::cannot_load) + reason);
-    labels.remember(*alive, entry.name);
-    set_current(entry);
-}
-
-void COVPluginToolbar::labelStep(const char* name)
-{
-    if (const auto alive = component.lock())
-        labels.remember(*alive, translated(name));
-}
-
-void COVPluginToolbar::savePreset()
-{
-    const editor_question question{"{en:Save preset}{de:Preset sichern}", "{en:Name}{de:Name}",
-                                   "{en:Save}{de:Sichern}"};
-    ask_for_text(*owner_frame, language, question, current && !current->is_bundled ? current->name : std::string(),
-                 [this](const std::string& name) { save_as(name, false); });
-}
-
-void COVPluginToolbar::save_as(const std::string& name, bool overwrite)
-{
-    if (!overwrite && presets.preset_exists(name))
+    switch (pressed)
     {
-        const editor_question question{name, preset_messages::overwrite_question, "{en:Overwrite}{de:Überschreiben}"};
-        return ask(*owner_frame, language, question,
-                   [this, name](bool yes)
-                   {
-                       if (yes)
-                           save_as(name, true);
-                   });
+    case tool::save:
+        return presets.save();
+    case tool::remove:
+        return presets.remove();
+    case tool::exporting:
+        return showExportMenu();
+    case tool::undo:
+        return history.undo();
+    case tool::redo:
+        return history.redo();
+    case tool::history:
+        return history.show_menu(button(tool::history));
+    case tool::reset:
+        return resetGrade();
+    case tool::bypass:
+        return toggleBypass();
+    case tool::manual:
+        return openManual();
+    case tool::close:
+        return closeEditor(shift_is_held);
+    case tool::count:
+        return;
     }
-    std::string reason;
-    if (!presets.save_preset(name, overwrite, reason))
-        return tell(*owner_frame, language, name,
-                    translated("{en:The preset cannot be saved: }{de:Das Preset kann nicht gesichert werden: }") +
-                        reason);
-    set_current({name, false});
 }
 
-void COVPluginToolbar::deletePreset()
+void COVPluginToolbar::showExportMenu()
 {
-    if (!current || current->is_bundled)
-        return;
-    const std::string name = current->name;
-    const editor_question question{name, "{en:Delete this preset?}{de:Dieses Preset löschen?}",
-                                   "{en:Delete}{de:Löschen}"};
-    ask(*owner_frame, language, question,
-        [this, name](bool yes)
+    struct row
+    {
+        popup_item item;
+        std::function<void()> act;
+    };
+    const auto export_as = [this](lut_file kind)
+    {
+        return [this, kind]
         {
-            std::string reason;
-            if (!yes)
-                return;
-            if (!presets.delete_preset(name, reason))
-                return tell(*owner_frame, language, name,
-                            translated("{en:The preset cannot be deleted: }{de:Das Preset kann nicht gelöscht "
-                                       "werden: }") +
-                                reason);
-            current.reset();
-            show_preset_name();
-        });
-}
-
-void COVPluginToolbar::exportLut()
-{
-    const std::vector<popup_item> items = {{translated("{en:.cube, 17 points}{de:.cube, 17 Punkte}")},
-                                           {translated("{en:.cube, 32 points}{de:.cube, 32 Punkte}")},
-                                           {translated("{en:.3dl, 17 points}{de:.3dl, 17 Punkte}")},
-                                           {translated("{en:Copy the grade}{de:Grading kopieren}"), false, true},
-                                           {translated("{en:Paste a grade}{de:Grading einsetzen}")}};
-    show_popup(*owner_frame, *export_button, items,
-               [this](std::size_t chosen)
-               {
-                   if (chosen < 3)
-                       exportTable(chosen == 1 ? fine_table_points : table_points, chosen == 2);
-                   else if (chosen == 3)
-                       copyGrade();
-                   else
-                       pasteGrade();
-               });
-}
-
-void COVPluginToolbar::copyGrade()
-{
-    const auto alive = component.lock();
-    std::string reason;
-    if (alive && !copy_grade(*alive, reason))
-        tell(*owner_frame, language, "Veridial",
-             translated("{en:The grade cannot be copied: }{de:Das Grading kann nicht kopiert werden: }") + reason);
-}
-
-void COVPluginToolbar::pasteGrade()
-{
-    const auto alive = component.lock();
-    std::string reason;
-    if (!alive)
-        return;
-    if (paste_grade(*alive, reason))
-        labelStep("{en:Pasted grade}{de:Eingesetztes Grading}");
-    else
-        tell(*owner_frame, language, "Veridial",
-             translated("{en:There is no grade to paste: }{de:Es gibt kein Grading zum Einsetzen: }") + reason);
-}
-
-void COVPluginToolbar::exportTable(unsigned int points, bool as_3dl)
-{
-    const editor_question question{"{en:Export as a LUT}{de:Als LUT exportieren}", "{en:File}{de:Datei}",
-                                   "{en:Export}{de:Exportieren}"};
-    ask_for_text(*owner_frame, language, question, offered_path(last_folder, current, as_3dl),
-                 [this, points, as_3dl](const std::string& path)
-                 {
-                     if (!std::filesystem::exists(path))
-                         return write_table(path, points, as_3dl);
-                     const editor_question overwrite{
-                         path,
-                         "{en:The file exists already. Overwrite it?}{de:Die Datei existiert bereits. "
-                         "Überschreiben?}",
-                         "{en:Overwrite}{de:Überschreiben}"};
-                     ask(*owner_frame, language, overwrite,
-                         [this, path, points, as_3dl](bool yes)
-                         {
-                             if (yes)
-                                 write_table(path, points, as_3dl);
-                         });
-                 });
-}
-
-void COVPluginToolbar::write_table(const std::string& path, unsigned int points, bool as_3dl)
-{
-    const auto alive = component.lock();
-    iobject* found = nullptr;
-    lut_argb_variable table;
-    if (!alive || !alive->query_interface("lut_exporter", &found) ||
-        !static_cast<lut_exporter*>(found)->get_lut(&table))
-        return;
-    const std::string creator = alive->get_name();
-    const bool written = as_3dl ? table.save_as_3dl(path, creator, "") : table.save_as_cube(path, points, creator, "");
-    if (written)
-        last_folder = std::filesystem::path(path).parent_path().string();
-    else
-        tell(*owner_frame, language, path,
-             "{en:The file cannot be written.}{de:Die Datei kann nicht geschrieben werden.}");
-}
-
-void COVPluginToolbar::undo()
-{
-    if (undo_callback)
-        undo_callback();
-    else if (const auto alive = component.lock())
-        alive->undo();
-}
-
-void COVPluginToolbar::redo()
-{
-    if (redo_callback)
-        redo_callback();
-    else if (const auto alive = component.lock())
-        alive->redo();
+            const auto& current = presets.get_session().get_current();
+            lut_export.run(kind, current ? current->name : std::string());
+        };
+    };
+    const std::vector<row> rows = {
+        {{dialogs.translate("{en:.cube, 17 points}{de:.cube, 17 Punkte}")}, export_as(lut_file::cube_17)},
+        {{dialogs.translate("{en:.cube, 32 points}{de:.cube, 32 Punkte}")}, export_as(lut_file::cube_32)},
+        {{dialogs.translate("{en:.3dl, 17 points}{de:.3dl, 17 Punkte}")}, export_as(lut_file::threedl_17)},
+        {{dialogs.translate("{en:Copy the grade}{de:Grading kopieren}"), false, true}, [this] { clipboard.copy(); }},
+        {{dialogs.translate("{en:Paste a grade}{de:Grading einsetzen}")}, [this] { clipboard.paste(); }}};
+    std::vector<popup_item> items;
+    for (const row& each : rows)
+        items.push_back(each.item);
+    show_popup(dialogs.get_frame(), button(tool::exporting), items, [rows](std::size_t chosen) { rows[chosen].act(); });
 }
 
 void COVPluginToolbar::resetGrade()
 {
-    change_grade([](icomponent_v1& c) { c.reset_to_default(); });
-    labelStep("{en:Reset}{de:Zurückgesetzt}");
-    current.reset();
-    show_preset_name();
+    history.make_step([](icomponent_v1& effect) { effect.reset_to_default(); });
+    history.label_step(dialogs.translate("{en:Reset}{de:Zurückgesetzt}"));
+    presets.forget_current();
 }
 
 void COVPluginToolbar::toggleBypass()
 {
-    change_grade([](icomponent_v1& c) { c.set_bypass(!c.get_bypass()); });
+    history.make_step([](icomponent_v1& effect) { effect.set_bypass(!effect.get_bypass()); });
 }
 
 void COVPluginToolbar::openManual()
 {
-    if (const auto alive = component.lock())
-        alive->open_manual();
+    if (const auto effect = component.lock())
+        effect->open_manual();
 }
 
 void COVPluginToolbar::closeEditor(bool discard_changes)

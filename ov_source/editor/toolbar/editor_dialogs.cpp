@@ -6,6 +6,7 @@
 
 #include "vstgui/lib/cframe.h"
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -15,58 +16,73 @@ namespace ov1
 namespace
 {
 
-modal_question translated(language_id language, const editor_question& question)
+modal_question translated(const editor_dialogs& dialogs, const editor_question& question)
 {
-    const auto text = [&](const std::string& literal) { return iutils::translate(language, literal); };
     modal_question made;
-    made.title = text(question.title);
-    made.message = text(question.message);
-    made.confirm = text(question.yes);
-    made.cancel = text(question.no);
+    made.title = dialogs.translate(question.title);
+    made.message = dialogs.translate(question.message);
+    made.confirm = dialogs.translate(question.yes);
+    made.cancel = dialogs.translate(question.no);
     return made;
+}
+
+/// False if another panel is open, or if the frame is being closed.
+bool show_panel(VSTGUI::CFrame& frame, const modal_question& question,
+                std::function<void(const modal_answer&)> on_answer)
+{
+    return !frame.getModalView() && show_modal_panel(frame, question, std::move(on_answer));
 }
 
 } // namespace
 
-void ask(VSTGUI::CFrame& frame, language_id language, const editor_question& question,
-         std::function<void(bool yes)> answered)
+editor_dialogs::editor_dialogs(VSTGUI::CFrame& frame, language_id language)
+    : frame(frame)
+    , language(language)
 {
-    if (frame.getModalView())
-        return;
-    [[maybe_unused]] const bool shown =
-        show_modal_panel(frame, translated(language, question),
-                         [answered = std::move(answered)](const modal_answer& a) { answered(a.confirmed); });
 }
 
-void ask_for_text(VSTGUI::CFrame& frame, language_id language, const editor_question& question,
-                  const std::string& offered, std::function<void(std::string text)> answered)
+std::string editor_dialogs::translate(const std::string& literal) const { return iutils::translate(language, literal); }
+
+void editor_dialogs::ask(const editor_question& question, std::function<void()> on_yes) const
 {
-    if (frame.getModalView())
-        return;
-    modal_question made = translated(language, question);
+    show_panel(frame, translated(*this, question),
+               [on_yes = std::move(on_yes)](const modal_answer& answer)
+               {
+                   if (answer.confirmed)
+                       on_yes();
+               });
+}
+
+void editor_dialogs::ask_for_text(const editor_question& question, const std::string& offered,
+                                  std::function<void(const std::string& text)> on_text) const
+{
+    modal_question made = translated(*this, question);
     made.name = offered;
-    [[maybe_unused]] const bool shown = show_modal_panel(frame, made,
-                                                         [answered = std::move(answered)](const modal_answer& a)
-                                                         {
-                                                             if (a.confirmed)
-                                                                 answered(a.name);
-                                                         });
+    show_panel(frame, made,
+               [on_text = std::move(on_text)](const modal_answer& answer)
+               {
+                   if (answer.confirmed)
+                       on_text(answer.name);
+               });
 }
 
-void tell(VSTGUI::CFrame& frame, language_id language, const std::string& title, const std::string& message)
+void editor_dialogs::show(const std::string& title, const std::string& message) const
 {
-    ask(frame, language, {title, message, "OK", ""}, [](bool) {});
+    ask({title, message, "OK", ""}, [] {});
 }
 
-bool ask_and_wait(VSTGUI::CFrame& frame, language_id language, const editor_question& question)
+void editor_dialogs::report(const std::string& title, const std::string& lead, const failure& why) const
 {
-    if (frame.getModalView())
-        return false;
+    show(title, translate(lead) + why.reason);
+}
+
+bool editor_dialogs::ask_and_wait(const editor_question& question) const
+{
     const auto answer = std::make_shared<std::optional<bool>>();
-    const bool asked = show_modal_panel(frame, translated(language, question),
-                                        [answer](const modal_answer& a) { *answer = a.confirmed; });
-    // The panel holds the answer too: once it alone is left here, the panel has gone without one.
-    while (asked && !answer->has_value() && answer.use_count() > 1)
+    const bool is_shown = show_panel(frame, translated(*this, question),
+                                     [answer](const modal_answer& given) { *answer = given.confirmed; });
+    // The panel owns a second reference to the answer. If it goes without an answer, the frame was closed.
+    while (is_shown && !answer->has_value() && answer.use_count() > 1)
         toolkit_guard::process_events();
     return answer->value_or(false);
 }

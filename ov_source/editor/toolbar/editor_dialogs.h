@@ -1,6 +1,7 @@
-// The questions that the editor asks, as panels of its own within its frame.
+// The editor's questions and messages, as panels inside its frame.
 #pragma once
 
+#include "shared/failure.h"
 #include "shared/language_id.h"
 
 #include "vstgui/lib/vstguifwd.h"
@@ -11,27 +12,45 @@
 namespace ov1
 {
 
-/// Texts are localised literals or plain text. The answer arrives later, on the editor's thread, and never when the
-/// frame goes away first. A question that comes while another one stands is not asked.
+/// Localised literals or plain text.
 struct editor_question
 {
     std::string title;
     std::string message;
     std::string yes;
-    std::string no = "{en:Cancel}{de:Abbrechen}"; ///< none where it is empty
+    std::string no = "{en:Cancel}{de:Abbrechen}"; ///< empty for no second button
 };
 
-void ask(VSTGUI::CFrame& frame, language_id language, const editor_question& question,
-         std::function<void(bool yes)> answered);
+/// One panel at a time: while one is open, further questions are dropped. Answers arrive later, on the editor's thread,
+/// and not at all if the frame is closed first. The frame outlives this object.
+class editor_dialogs
+{
+public:
+    editor_dialogs(VSTGUI::CFrame& frame, language_id language);
 
-/// Asks for one line of text, offering one. Without an answer, nothing is called.
-void ask_for_text(VSTGUI::CFrame& frame, language_id language, const editor_question& question,
-                  const std::string& offered, std::function<void(std::string text)> answered);
+    /// The text of a localised literal in the user's language.
+    std::string translate(const std::string& literal) const;
 
-/// Says something.
-void tell(VSTGUI::CFrame& frame, language_id language, const std::string& title, const std::string& message);
+    /// Calls on_yes if the user agrees.
+    void ask(const editor_question& question, std::function<void()> on_yes) const;
 
-/// The same as a call that returns with the answer; the frame goes on working meanwhile. False when it goes away.
-bool ask_and_wait(VSTGUI::CFrame& frame, language_id language, const editor_question& question);
+    /// Asks for one line of text that begins as `offered`; calls on_text if the user confirms.
+    void ask_for_text(const editor_question& question, const std::string& offered,
+                      std::function<void(const std::string& text)> on_text) const;
+
+    /// Shows a message: the lead, a localised literal, and the reason of the failure after it.
+    void report(const std::string& title, const std::string& lead, const failure& why) const;
+    void show(const std::string& title, const std::string& message) const;
+
+    /// Runs the toolkit's loop until the question is answered. False if the frame is closed first.
+    bool ask_and_wait(const editor_question& question) const;
+
+    VSTGUI::CFrame& get_frame() const { return frame; }
+    language_id get_language() const { return language; }
+
+private:
+    VSTGUI::CFrame& frame;
+    const language_id language;
+};
 
 } // namespace ov1

@@ -37,7 +37,7 @@ TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
     stage.click_bar("Scopes");
     stage.click_scope("Histo");
     stage.click_scope("Wave");
-    stage.toolbar().exportTable(17, false);
+    stage.toolbar().getLutExport().run(lut_file::cube_17, "Preset");
     std::filesystem::create_directory(stage.home / "tables");
     child_of<VSTGUI::CTextEdit>(*stage.frame->getModalView()->asViewContainer())
         .setText((stage.home / "tables/a.cube").c_str());
@@ -50,7 +50,7 @@ TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
         EXPECT_NEAR(stage.split(), 140 / 706., 1e-9);
         EXPECT_TRUE(stage.ui->get_scopes().isVisible());
         EXPECT_EQ(stage.ui->get_scopes().get_choice(), (scope_choice{{.vectorscope = true, .histogram = true}}));
-        EXPECT_EQ(stage.toolbar().getLastFolder(), stage.home / "tables");
+        EXPECT_EQ(stage.toolbar().getLutExport().get_last_folder(), stage.home / "tables");
     }
 }
 

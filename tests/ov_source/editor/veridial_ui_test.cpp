@@ -143,12 +143,12 @@ TEST(veridial_ui, undo_and_redo_wait_for_the_end_of_a_gesture)
     stage.press_on(stage.pad(panel_slot::greenery), -30, -30);
     const auto held = stage.state();
     stage.effect->undo();
-    stage.toolbar().undo();
+    stage.toolbar().getHistory().undo();
     stage.effect->jump_undo_stack(0);
     EXPECT_TRUE(stage.state() == held);
     EXPECT_EQ(stage.undo_position(), 2);
     stage.release(0, 0);
-    stage.toolbar().undo();
+    stage.toolbar().getHistory().undo();
     EXPECT_EQ(stage.undo_position(), 1);
     EXPECT_EQ(stage.value("Greenery Strength"), 0);
     EXPECT_NE(stage.value("Sky Strength"), 0);
@@ -228,10 +228,12 @@ TEST(veridial_ui, without_its_component_every_control_is_harmless)
     stage.drag_over(stage.pad(panel_slot::master), -30, -30);
     stage.drag_over(stage.control("Shadows Smoothness"), 0, 14);
     stage.click_on(*stage.ui->get_controls().inspire);
-    for (const auto act : {&COVPluginToolbar::undo, &COVPluginToolbar::redo, &COVPluginToolbar::resetGrade,
-                           &COVPluginToolbar::toggleBypass, &COVPluginToolbar::openManual, &COVPluginToolbar::idle})
+    for (const auto act : {&COVPluginToolbar::resetGrade, &COVPluginToolbar::toggleBypass,
+                           &COVPluginToolbar::openManual, &COVPluginToolbar::idle})
         (stage.toolbar().*act)();
-    stage.toolbar().loadPreset({"a", false});
+    stage.toolbar().getHistory().undo();
+    stage.toolbar().getHistory().redo();
+    stage.toolbar().getPresets().load({"a", false});
     EXPECT_TRUE(stage.ui->idle());
     stage.ui->discard_and_close();
     EXPECT_FALSE(stage.shown->open);

@@ -2,12 +2,14 @@
 
 #include "platform/cutils_linux.h"
 #include "platform/utils_guard.h"
+#include "presets/preset_session.h"
 #include "presets/preset_text.h"
 #include "support/effect_stage.h"
 #include "support/size_limit.h"
 #include "support/temp_folder.h"
 #include "support/test_component.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -19,7 +21,7 @@ namespace
 namespace fs = std::filesystem;
 using names = std::vector<std::string>;
 
-/// Refuses every state once it is told to.
+/// Refuses every state as long as a refusal is set.
 struct choosy_component : test_component
 {
     bool is_state_rejected(std::vector<std::uint8_t>&, bool, std::string& message) override
@@ -41,8 +43,14 @@ struct preset_manager_test : testing::Test
     utils_guard in_place{utils};
     std::shared_ptr<choosy_component> component = std::make_shared<choosy_component>();
     preset_manager manager{component};
-    std::string reason;
+    std::string message;
 };
+
+/// Why the last operation failed; empty if it succeeded.
+std::string reason_of(const preset_manager& manager)
+{
+    return manager.get_failure() ? manager.get_failure()->reason : std::string();
+}
 
 TEST_F(preset_manager_test, lists_the_presets_of_its_own_folder_and_nothing_else)
 {
@@ -57,15 +65,15 @@ TEST_F(preset_manager_test, lists_the_presets_of_its_own_folder_and_nothing_else
     EXPECT_FALSE(manager.preset_exists("folder"));
 }
 
-TEST_F(preset_manager_test, saves_loads_and_deletes_by_name_and_replaces_only_when_told_to)
+TEST_F(preset_manager_test, saves_loads_and_deletes_by_name_and_replaces_only_with_overwrite)
 {
     const std::string name = "Gr\xC3\xBCn {en:1} & 2";
     component->amount->set_value(12, false);
     ASSERT_TRUE(manager.save_preset(name, false));
     const std::string saved = write_preset_text(*component);
     component->amount->set_value(99, false);
-    EXPECT_FALSE(manager.save_preset(name, false, reason));
-    EXPECT_EQ(reason, "exists already");
+    EXPECT_FALSE(manager.save_preset(name, false));
+    EXPECT_EQ(reason_of(manager), "exists already");
     EXPECT_EQ(text_of_file(own(name + ".json")), saved);
     ASSERT_TRUE(manager.load_preset(name));
     EXPECT_EQ(component->amount->get_value(), 12);
@@ -74,10 +82,11 @@ TEST_F(preset_manager_test, saves_loads_and_deletes_by_name_and_replaces_only_wh
     EXPECT_EQ(component->amount->get_value(), 99);
     manager.delete_preset(name);
     EXPECT_FALSE(fs::exists(own(name + ".json")));
-    EXPECT_FALSE(manager.delete_preset(name, reason));
-    EXPECT_EQ(std::exchange(reason, ""), "no such file");
-    EXPECT_FALSE(manager.load_preset(name, reason));
-    EXPECT_EQ(reason, "no such file");
+    EXPECT_EQ(reason_of(manager), "");
+    manager.delete_preset(name);
+    EXPECT_EQ(reason_of(manager), "no such file");
+    EXPECT_FALSE(manager.load_preset(name));
+    EXPECT_EQ(reason_of(manager), "no such file");
 }
 
 TEST_F(preset_manager_test, a_save_that_fails_half_way_leaves_the_old_preset)
@@ -87,15 +96,15 @@ TEST_F(preset_manager_test, a_save_that_fails_half_way_leaves_the_old_preset)
     component->amount->set_value(12, false);
     {
         const size_limit tight(700);
-        EXPECT_FALSE(manager.save_preset("a", true, reason));
         EXPECT_FALSE(manager.save_preset("b", false));
+        EXPECT_FALSE(manager.save_preset("a", true));
     }
-    EXPECT_EQ(reason, "the file would be larger than the system allows");
+    EXPECT_EQ(reason_of(manager), "the file would be larger than the system allows");
     EXPECT_EQ(text_of_file(own("a.json")), old);
     EXPECT_EQ(std::distance(fs::directory_iterator(own("")), {}), 1) << "nothing half done stays behind";
 }
 
-TEST_F(preset_manager_test, names_that_are_no_plain_file_names_are_refused)
+TEST_F(preset_manager_test, names_that_are_not_plain_file_names_are_refused)
 {
     const std::pair<std::string, const char*> rows[] = {{"", "a preset needs a name"},
                                                         {"../x", "the name begins with a dot"},
@@ -109,86 +118,105 @@ TEST_F(preset_manager_test, names_that_are_no_plain_file_names_are_refused)
     for (const auto& [name, expected] : rows)
     {
         SCOPED_TRACE(name);
-        EXPECT_FALSE(manager.save_preset(name, true, reason));
-        EXPECT_EQ(reason, expected);
-        EXPECT_FALSE(manager.load_preset(name) || manager.delete_preset(name, reason));
-        EXPECT_TRUE(manager.preset_rejected(name, reason));
-        EXPECT_EQ(reason, expected);
+        EXPECT_FALSE(manager.save_preset(name, true));
+        EXPECT_EQ(reason_of(manager), expected);
+        EXPECT_FALSE(manager.load_preset(name));
+        EXPECT_EQ(reason_of(manager), expected);
+        manager.delete_preset(name);
+        EXPECT_EQ(reason_of(manager), expected);
+        EXPECT_TRUE(manager.preset_rejected(name, message));
+        EXPECT_EQ(message, expected);
     }
-    EXPECT_EQ(fs::is_empty(own("")), true);
-    EXPECT_TRUE(manager.save_preset(std::string(250, 'n'), false, reason)) << reason;
+    EXPECT_TRUE(fs::is_empty(own("")));
+    EXPECT_TRUE(manager.save_preset(std::string(250, 'n'), false)) << reason_of(manager);
 }
 
-TEST_F(preset_manager_test, says_before_a_load_that_it_would_refuse)
+TEST_F(preset_manager_test, reports_before_a_load_that_it_would_be_refused)
 {
     ASSERT_TRUE(manager.save_preset("a", false));
-    EXPECT_FALSE(manager.preset_rejected("a", reason));
-    EXPECT_EQ(reason, "");
+    EXPECT_FALSE(manager.preset_rejected("a", message));
+    EXPECT_EQ(message, "");
     component->refusal = "made by a later version";
-    EXPECT_TRUE(manager.preset_rejected("a", reason));
-    EXPECT_EQ(reason, "made by a later version");
-    EXPECT_FALSE(manager.load_preset("a", reason));
+    EXPECT_TRUE(manager.preset_rejected("a", message));
+    EXPECT_EQ(message, "made by a later version");
+    EXPECT_FALSE(manager.load_preset("a"));
+    EXPECT_EQ(reason_of(manager), "made by a later version");
     component->refusal.clear();
     home.with_file("Plugin Presets/Veridial/b.json", R"({"parameter_count":0})");
-    EXPECT_TRUE(manager.preset_rejected("b", reason));
-    EXPECT_EQ(reason, "\"parameter_count\" is less than 1");
+    EXPECT_TRUE(manager.preset_rejected("b", message));
+    EXPECT_EQ(message, "\"parameter_count\" is less than 1");
 }
 
-TEST_F(preset_manager_test, bundled_looks_are_listed_apart_and_never_touched)
+TEST_F(preset_manager_test, bundled_presets_are_listed_apart_and_never_changed)
 {
     shared.with_file("presets/Look.json", write_preset_text(*component));
-    names own_names, bundled;
-    EXPECT_TRUE(manager.get_bundled_presets(bundled));
-    EXPECT_EQ(bundled, names{"Look"});
+    const std::string bundled_text = text_of_file(shared / "presets/Look.json");
+    EXPECT_EQ(manager.get_bundled_presets(), names{"Look"});
+    EXPECT_EQ(*manager.get_bundled_preset_file("Look"), shared / "presets/Look.json");
+    EXPECT_FALSE(manager.get_bundled_preset_file("../Look"));
     component->amount->set_value(12, false);
-    EXPECT_FALSE(manager.load_preset("Look", reason));
-    EXPECT_TRUE(manager.save_preset("Look", true, reason));
+    EXPECT_FALSE(manager.load_preset("Look")) << "not one of the user's own";
+    EXPECT_TRUE(manager.save_preset("Look", true));
+    names own_names;
     EXPECT_TRUE(manager.getPresets(own_names));
     EXPECT_EQ(own_names, names{"Look"});
-    EXPECT_TRUE(manager.load_bundled_preset("Look", reason)) << reason;
-    EXPECT_EQ(component->amount->get_value(), 50);
-    EXPECT_TRUE(manager.delete_preset("Look", reason));
-    EXPECT_FALSE(manager.delete_preset("Look", reason));
-    EXPECT_TRUE(manager.load_bundled_preset("Look", reason)) << reason;
-    EXPECT_FALSE(manager.load_bundled_preset("../Look", reason));
+    manager.delete_preset("Look");
+    EXPECT_FALSE(manager.get_failure());
+    manager.delete_preset("Look");
+    EXPECT_TRUE(manager.get_failure());
+    EXPECT_EQ(text_of_file(shared / "presets/Look.json"), bundled_text);
 }
 
-TEST(bundled_presets, all_load_and_no_two_are_one_look)
+TEST(bundled_presets, all_load_and_no_two_are_the_same_grade)
 {
     cutils_linux utils("", "", {{}, "/nowhere", SHARE_DIR, 0.0, language_id::english});
     const utils_guard in_place(utils);
     const effect_stage on;
-    preset_manager manager(on.effect);
-    names found;
-    EXPECT_TRUE(manager.get_bundled_presets(found));
+    preset_session session(on.effect);
+    const auto found = session.list().choices;
     EXPECT_GE(found.size(), 10u);
-    std::set<std::string> looks{write_preset_text(*on.effect)};
-    std::string reason;
-    for (const std::string& name : found)
+    std::set<std::string> grades{write_preset_text(*on.effect)};
+    for (const preset_choice& bundled : found)
     {
-        EXPECT_TRUE(manager.load_bundled_preset(name, reason)) << name << ": " << reason;
-        EXPECT_TRUE(looks.insert(write_preset_text(*on.effect)).second) << name;
+        const auto loaded = session.load(bundled);
+        EXPECT_TRUE(loaded) << bundled.name << ": " << loaded.error().reason;
+        EXPECT_TRUE(grades.insert(write_preset_text(*on.effect)).second) << bundled.name;
     }
 }
 
-TEST_F(preset_manager_test, without_component_or_home_everything_fails_and_nothing_is_made)
+TEST_F(preset_manager_test, without_component_or_home_every_operation_fails_with_a_reason)
 {
+    ASSERT_TRUE(manager.save_preset("kept", false)) << "the folder is known from now on";
+    const std::string kept = text_of_file(own("kept.json"));
     cutils_linux homeless("", "", {});
     const utils_guard no_home(homeless);
-    preset_manager lost(component);
+    preset_manager without_home(component);
     names found;
-    for (preset_manager* each : {&lost, &manager})
+    for (preset_manager* each : {&without_home, &manager})
     {
-        EXPECT_EQ(each->get_preset_path(), "");
-        EXPECT_FALSE(each->getPresets(found) || each->get_bundled_presets(found));
-        EXPECT_FALSE(each->save_preset("a", true, reason) || each->load_preset("a") ||
-                     each->delete_preset("a", reason));
-        EXPECT_TRUE(each->preset_rejected("a", reason));
-        EXPECT_EQ(reason, each == &lost ? "there is no home folder for presets" : "the effect is gone");
-        EXPECT_FALSE(each->load_bundled_preset("a", reason));
-        component.reset();
+        const bool is_lost = each == &manager;
+        if (is_lost)
+            component.reset();
+        SCOPED_TRACE(is_lost ? "no component" : "no home");
+        const std::string expected = is_lost ? "the effect is gone" : "there is no home folder for presets";
+        const std::function<bool()> operations[] = {[&] { return each->save_preset("a", true); },
+                                                    [&] { return each->load_preset("kept"); },
+                                                    [&] { return !each->preset_rejected("kept", message); },
+                                                    [&]
+                                                    {
+                                                        each->delete_preset("kept");
+                                                        return false;
+                                                    }};
+        for (const auto& operation : operations)
+        {
+            EXPECT_FALSE(operation());
+            EXPECT_EQ(reason_of(*each), expected);
+        }
+        EXPECT_EQ(message, expected);
+        EXPECT_FALSE(each->getPresets(found) || each->preset_exists("kept"));
     }
-    EXPECT_EQ(home.count(), 0);
+    EXPECT_EQ(text_of_file(own("kept.json")), kept);
+    EXPECT_EQ(std::distance(fs::directory_iterator(own("")), {}), 1);
 }
 
 } // namespace

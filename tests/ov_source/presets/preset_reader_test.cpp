@@ -1,13 +1,16 @@
 #include "presets/preset_reader.h"
 
+#include "framework/restore_guard.h"
 #include "presets/preset_text.h"
 #include "presets/random_look.h"
 #include "support/effect_stage.h"
 #include "support/temp_folder.h"
 #include "support/test_component.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 namespace ov1
 {
@@ -38,15 +41,17 @@ class preset_reader : public testing::Test
 protected:
     bool load(const std::string& text)
     {
-        preset_content content;
-        return read_preset_text(text, content, reason) && apply_preset(content, *on.component, reason);
+        auto content = read_preset_text(text);
+        const result<> applied = content ? apply_preset(*std::move(content), *on.component) : result<>(content.error());
+        reason = applied ? "" : applied.error().reason;
+        return static_cast<bool>(applied);
     }
     void expect_refused(const std::string& text, const std::string& expected_reason)
     {
-        preset_content content{{preset_entry()}, {7}};
-        EXPECT_FALSE(read_preset_text(text, content, reason));
-        EXPECT_EQ(reason, expected_reason);
-        EXPECT_EQ(content.entries.size() + content.state.size(), 2u) << "what was read before is kept";
+        const auto refused = read_preset_text(text);
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().reason, expected_reason);
+        EXPECT_EQ(refused.error().kind, failure_kind::invalid_grade);
     }
 
     stage on;
@@ -106,7 +111,7 @@ TEST_F(preset_reader, a_file_damaged_in_one_field_is_refused_with_the_fields_nam
     EXPECT_TRUE(load("\xEF\xBB\xBF" + good)) << "behind a byte order mark: " << reason;
 }
 
-TEST_F(preset_reader, what_is_no_json_or_no_preset_is_refused_with_the_place)
+TEST_F(preset_reader, text_that_is_not_json_or_not_a_preset_is_refused_with_the_position)
 {
     const std::size_t value_at = good.find("50.000000");
     const auto at = [](std::size_t place) { return "not valid JSON at byte " + std::to_string(place) + ": "; };
@@ -132,7 +137,7 @@ TEST_F(preset_reader, what_is_no_json_or_no_preset_is_refused_with_the_place)
     EXPECT_TRUE(load(replaced(good, "{\n", "{\"x\":" + deep + ","))) << reason;
 }
 
-TEST_F(preset_reader, files_that_hold_no_preset_are_refused_in_plain_words)
+TEST_F(preset_reader, files_without_a_preset_are_refused_with_a_reason)
 {
     const temp_folder folder;
     folder.with_file("huge", "");
@@ -145,9 +150,10 @@ TEST_F(preset_reader, files_that_hold_no_preset_are_refused_in_plain_words)
                                                         {folder / "huge", "is larger than 4194304 bytes"}};
     for (const auto& [path, expected] : rows)
     {
-        preset_content content;
-        EXPECT_FALSE(read_preset_file(path, content, reason)) << path;
-        EXPECT_EQ(reason, expected) << path;
+        SCOPED_TRACE(path);
+        const auto refused = read_preset_file(path);
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().reason, expected);
     }
 }
 
@@ -180,28 +186,38 @@ TEST_F(preset_reader, an_entry_that_does_not_match_is_skipped_and_the_rest_loads
     }
 }
 
-TEST_F(preset_reader, a_load_is_one_restore_that_the_host_learns_of)
+TEST_F(preset_reader, a_load_is_one_restore_that_sets_each_parameter_once)
 {
     on.component->amount->set_value(80, true);
     on.host->events.take();
+    on.view->controls.take();
     ASSERT_TRUE(load(good)) << reason;
     EXPECT_EQ(on.component->amount->get_value(), 50);
     EXPECT_EQ(on.component->restores, 1);
-    EXPECT_EQ(on.host->events.take().size(), 4u + 3u + 4u) << "defaults, entries with an accepted word, state";
-    EXPECT_EQ(on.component->set_while_restoring, 11) << "all told as changed, none as edited";
+    EXPECT_EQ(on.host->events.take().size(), 4u) << "the state decides all four";
+    EXPECT_EQ(on.component->set_while_restoring, 4) << "reported as changed, not as edited";
+    EXPECT_EQ(on.view->controls.take().size(), 1u) << "only the amount moves";
+}
 
-    on.view->editing = true;
+TEST_F(preset_reader, a_load_is_one_undo_step_and_none_while_a_control_is_dragged)
+{
     on.component->amount->set_value(80, false);
+    ASSERT_TRUE(load(good)) << reason;
+    EXPECT_EQ(on.component->get_undo_range(), (undo_range{0, 1, 1}));
+    on.component->undo();
+    EXPECT_EQ(on.component->amount->get_value(), 80);
+    on.view->editing = true;
     EXPECT_FALSE(load(good));
     EXPECT_EQ(reason, "a control is being moved");
     EXPECT_EQ(on.component->amount->get_value(), 80);
+    EXPECT_EQ(on.component->get_undo_range(), (undo_range{0, 0, 1})) << "what can be redone is kept";
 }
 
 TEST_F(preset_reader, a_state_without_a_number_leaves_the_default)
 {
     const state_record damaged = continuous_record("Amount", std::numeric_limits<float>::quiet_NaN());
     on.component->amount->set_value(80, false);
-    ASSERT_TRUE(apply_preset({{}, write_state({&damaged, 1})}, *on.component, reason));
+    ASSERT_TRUE(apply_preset({{}, write_state({&damaged, 1})}, *on.component));
     EXPECT_EQ(on.component->amount->get_value(), 50);
 }
 
@@ -212,9 +228,9 @@ struct preset_round_trip : testing::Test, effect_stage
         const std::string saved = write_preset_text(*effect);
         const auto state = effect->get_state();
         randomize_look(*effect, engine);
-        preset_content content;
-        std::string reason;
-        ASSERT_TRUE(read_preset_text(saved, content, reason) && apply_preset(content, *effect, reason)) << reason;
+        auto content = read_preset_text(saved);
+        ASSERT_TRUE(content) << content.error().reason;
+        ASSERT_TRUE(apply_preset(*std::move(content), *effect));
         EXPECT_EQ(effect->get_state(), state);
         EXPECT_TRUE(write_preset_text(*effect) == saved);
     }
@@ -240,13 +256,67 @@ TEST_F(preset_round_trip, save_load_save_gives_the_same_bytes)
     }
 }
 
+/// Random presets: some parameters are only in the list, some only in the state, some values are no numbers or of
+/// another type, and some records name former parameters.
+preset_content random_content(icomponent_v1& effect, std::mt19937& engine)
+{
+    preset_content content;
+    std::vector<state_record> records;
+    const auto one_in = [&](unsigned n) { return engine() % n == 0; };
+    const auto number = [&] { return one_in(8) ? std::numeric_limits<float>::quiet_NaN() : engine() % 300 - 150.0f; };
+    for (int i = 0; i < effect.get_parameter_count(); ++i)
+    {
+        const auto parameter = effect.get_parameter(i);
+        const auto type = parameter->get_type();
+        if (one_in(2) && type == param_type::continuous)
+            content.entries.push_back({parameter->get_name(), parameter->get_uid(), type, param_cell::of(12.5f)});
+        if (one_in(2))
+            records.push_back({{one_in(9) ? param_type::integral : type, param_cell::of(number()), {}, {}, {}},
+                               parameter->get_uid()});
+    }
+    std::ranges::shuffle(records, engine);
+    for (const char* former : {"Greenery Kind", "Sky", "Boost Skin Tones"})
+        if (one_in(6))
+            records.insert(records.begin() + static_cast<int>(engine() % (records.size() + 1)),
+                           continuous_record(former, number()));
+    content.state = write_state(records);
+    return content;
+}
+
+TEST_F(preset_round_trip, a_load_ends_as_if_everything_were_reset_then_listed_then_restored)
+{
+    effect_stage plain;
+    for (int i = 0; i < 400; ++i)
+    {
+        SCOPED_TRACE(i);
+        randomize_look(*effect, engine);
+        auto state = effect->get_state();
+        plain.effect->set_state(state, false);
+        const preset_content content = random_content(*effect, engine);
+        ASSERT_TRUE(apply_preset(content, *effect));
+        {
+            const restore_guard restoring(*plain.effect);
+            for (int p = 0; p < plain.effect->get_parameter_count(); ++p)
+                plain.effect->get_parameter(p)->reset_to_default();
+            for (const preset_entry& entry : content.entries)
+            {
+                param_value v = plain.effect->get_parameter(entry.id)->get_param_value();
+                v.value = entry.value;
+                plain.effect->get_parameter(entry.id)->set_param_value(v, false);
+            }
+            state = content.state;
+            plain.effect->set_state(state, false);
+        }
+        ASSERT_TRUE(effect->get_state() == plain.effect->get_state());
+    }
+}
+
 TEST_F(preset_round_trip, former_parameters_in_the_state_arrive_as_present_ones)
 {
     const std::vector<state_record> records{
         continuous_record("Sky", -40), continuous_record("Film Contrast", -40), continuous_record("Greenery Kind", 2),
         continuous_record("Boost Skin Tones", 30), continuous_record("Skin Tone Hue", 40)};
-    std::string reason;
-    ASSERT_TRUE(apply_preset({{}, write_state(records)}, *effect, reason)) << reason;
+    ASSERT_TRUE(apply_preset({{}, write_state(records)}, *effect));
     EXPECT_EQ(value("Sky Angle") + value("Sky Strength"), 270 + 40);
     EXPECT_EQ(value("Film Contrast Angle") + value("Film Contrast Strength"), 90 + 40);
     EXPECT_EQ(value("Greenery Angle"), 270);

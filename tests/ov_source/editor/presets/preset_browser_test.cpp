@@ -18,9 +18,8 @@ struct preset_stage : editor_stage
     {
         for (const auto& [name, chroma] : {std::pair("Zinc Morning", 60.f), {"zinc noon", -80.f}})
         {
-            std::string reason;
             set("Global Chroma", chroma);
-            EXPECT_TRUE(preset_manager(effect).save_preset(name, false, reason)) << reason;
+            EXPECT_TRUE(preset_manager(effect).save_preset(name, false)) << name;
         }
         set("Global Chroma", 0);
         drag_over(pad(panel_slot::mids), -30, -30);
@@ -56,10 +55,8 @@ struct preset_stage : editor_stage
     {
         const auto loaded = create_ccomponent();
         loaded->initialize(std::make_shared<chost_v1>(loaded));
-        preset_manager manager(loaded);
-        std::string reason;
         const preset_choice choice{cells()[preset]->getName(), preset >= own_presets};
-        EXPECT_TRUE(load_preset_choice(*loaded, manager, choice, reason)) << choice.name << reason;
+        EXPECT_TRUE(preset_session(loaded).load(choice)) << choice.name;
         return loaded;
     }
     /// The frame through an effect's grade, around a place on the screen; the middles of its halves are apart.
@@ -108,7 +105,8 @@ TEST(preset_browser, a_search_leaves_the_names_that_hold_all_of_its_words)
     }
     stage.press(first.x, first.y);
     stage.ui->idle();
-    EXPECT_EQ(stage.toolbar().getCurrentPreset(), (preset_choice{"zinc noon", false})) << "it has moved up";
+    EXPECT_EQ(stage.toolbar().getPresets().get_session().get_current(), (preset_choice{"zinc noon", false}))
+        << "it has moved up";
 }
 
 TEST(preset_browser, pointing_tries_a_preset_and_a_click_loads_it_as_one_step)

@@ -12,7 +12,7 @@ namespace
 class toolbar_test : public testing::Test
 {
 protected:
-    /// Ends the question that stands, after writing into its field where there is a text.
+    /// Closes the open question with a key, after writing the text, if any, into its field.
     void answer(VSTGUI::VirtualKey key, const std::string& text = {})
     {
         ASSERT_TRUE(is_asking());
@@ -27,9 +27,11 @@ protected:
     {
         return stage.home / "Plugin Presets/Veridial/" + preset + ".json";
     }
+    const std::optional<preset_choice>& current() { return toolbar.getPresets().get_session().get_current(); }
+    void export_table(lut_file kind) { toolbar.getLutExport().run(kind, "Preset"); }
     void save(const std::string& name)
     {
-        toolbar.savePreset();
+        toolbar.getPresets().save();
         yes(name);
     }
 
@@ -43,17 +45,17 @@ TEST_F(toolbar_test, a_saved_preset_comes_back_as_one_step_of_the_history)
     const auto saved = stage.state();
     save("Warm evening");
     ASSERT_FALSE(is_asking());
-    EXPECT_EQ(toolbar.getCurrentPreset(), (preset_choice{"Warm evening", false}));
+    EXPECT_EQ(current(), (preset_choice{"Warm evening", false}));
     stage.set("Sky Strength", 70);
     const auto changed = stage.state();
-    toolbar.loadPreset({"Warm evening", false});
+    toolbar.getPresets().load({"Warm evening", false});
     EXPECT_TRUE(stage.state() == saved);
     EXPECT_EQ(stage.undo_position(), 1);
     stage.effect->undo();
     EXPECT_TRUE(stage.state() == changed);
 }
 
-TEST_F(toolbar_test, a_star_marks_a_preset_for_as_long_as_the_grade_is_another)
+TEST_F(toolbar_test, a_star_marks_a_preset_as_long_as_the_grade_differs)
 {
     const auto title = [&] { return child_of<COVRoundedGreyButton>(toolbar).getTitle().getString(); };
     stage.set("Sky Strength", 40);
@@ -75,38 +77,36 @@ TEST_F(toolbar_test, a_star_marks_a_preset_for_as_long_as_the_grade_is_another)
 
 TEST_F(toolbar_test, a_bundled_preset_is_loaded_and_never_deleted)
 {
-    preset_manager manager(stage.effect);
-    std::vector<preset_choice> choices;
     stage.home.with_file("Plugin Presets/Veridial/Zebra.json", "x");
-    ASSERT_TRUE(list_presets(manager, choices));
+    const auto choices = toolbar.getPresets().list().choices;
     ASSERT_GT(choices.size(), 1u);
     EXPECT_EQ(choices[0], (preset_choice{"Zebra", false}));
     EXPECT_TRUE(choices[1].is_bundled);
     const auto before = stage.state();
-    toolbar.loadPreset(choices[1]);
+    toolbar.getPresets().load(choices[1]);
     EXPECT_TRUE(stage.state() != before);
-    EXPECT_EQ(toolbar.getCurrentPreset(), choices[1]);
-    toolbar.deletePreset();
+    EXPECT_EQ(current(), choices[1]);
+    toolbar.getPresets().remove();
     EXPECT_FALSE(is_asking());
 }
 
-TEST_F(toolbar_test, a_preset_that_is_refused_is_told_and_leaves_grade_and_history)
+TEST_F(toolbar_test, a_refused_preset_is_reported_and_leaves_grade_and_history)
 {
     stage.home.with_file("Plugin Presets/Veridial/Broken.json", "{\"parameters\":");
     toolbar.resetGrade();
     stage.set("Sky Strength", 40);
     toolbar.toggleBypass();
-    toolbar.undo();
+    toolbar.getHistory().undo();
     const auto before = stage.state();
     const undo_range history = stage.effect->get_undo_range();
     ASSERT_TRUE(history.can_redo());
     for (const char* name : {"Broken", "Missing"})
     {
-        toolbar.loadPreset({name, false});
+        toolbar.getPresets().load({name, false});
         yes();
         EXPECT_TRUE(stage.state() == before);
         EXPECT_EQ(stage.effect->get_undo_range(), history);
-        EXPECT_FALSE(toolbar.getCurrentPreset());
+        EXPECT_FALSE(current());
     }
 }
 
@@ -124,17 +124,17 @@ TEST_F(toolbar_test, saving_over_a_preset_and_deleting_one_need_a_yes)
     yes();
     EXPECT_FALSE(text_of_file(file("Mine")) == first);
 
-    toolbar.deletePreset();
+    toolbar.getPresets().remove();
     no();
     EXPECT_TRUE(std::filesystem::exists(file("Mine")));
-    toolbar.deletePreset();
+    toolbar.getPresets().remove();
     yes();
     EXPECT_FALSE(std::filesystem::exists(file("Mine")));
-    EXPECT_FALSE(toolbar.getCurrentPreset());
+    EXPECT_FALSE(current());
     save("a/b");
-    yes(); // is told why not
+    yes(); // closes the report
     EXPECT_FALSE(is_asking());
-    EXPECT_FALSE(toolbar.getCurrentPreset());
+    EXPECT_FALSE(current());
 }
 
 TEST_F(toolbar_test, an_exported_table_is_the_one_of_the_grade_as_it_is_now)
@@ -146,26 +146,27 @@ TEST_F(toolbar_test, an_exported_table_is_the_one_of_the_grade_as_it_is_now)
     lut_argb_variable table;
     ASSERT_TRUE(static_cast<lut_exporter*>(found)->get_lut(&table));
     std::filesystem::create_directory(stage.home / "expected"); // a table bears its file's name
-    const std::tuple<unsigned int, bool, const char*> cases[] = {
-        {17, false, "a.cube"}, {32, false, "b.cube"}, {17, true, "c.3dl"}};
-    for (const auto& [points, as_3dl, leaf] : cases)
+    const std::pair<lut_file, const char*> cases[] = {
+        {lut_file::cube_17, "a.cube"}, {lut_file::cube_32, "b.cube"}, {lut_file::threedl_17, "c.3dl"}};
+    for (const auto& [kind, leaf] : cases)
     {
         const std::string expected = stage.home / ("expected/" + std::string(leaf)), path = stage.home / leaf;
-        ASSERT_TRUE(as_3dl ? table.save_as_3dl(expected, "Veridial", "")
-                           : table.save_as_cube(expected, points, "Veridial", ""));
-        toolbar.exportTable(points, as_3dl);
+        ASSERT_TRUE(kind == lut_file::threedl_17
+                        ? table.save_as_3dl(expected, "Veridial", "")
+                        : table.save_as_cube(expected, kind == lut_file::cube_32 ? 32 : 17, "Veridial", ""));
+        export_table(kind);
         yes(path);
         ASSERT_FALSE(text_of_file(path).empty());
         EXPECT_TRUE(text_of_file(path) == text_of_file(expected)) << leaf;
     }
     const std::string kept = stage.home.with_file("kept.cube", "mine");
-    toolbar.exportTable(17, false);
+    export_table(lut_file::cube_17);
     yes(kept);
     no();
     EXPECT_EQ(text_of_file(kept), "mine");
-    toolbar.exportTable(17, false);
+    export_table(lut_file::cube_17);
     yes(stage.home / "nowhere/a.cube");
-    EXPECT_TRUE(is_asking()) << "the failure is told";
+    EXPECT_TRUE(is_asking()) << "the failure is reported";
     yes();
 }
 
@@ -179,10 +180,10 @@ TEST_F(toolbar_test, bypass_and_reset_are_one_step_each)
     toolbar.resetGrade();
     EXPECT_TRUE(stage.state() == at_opening);
     EXPECT_EQ(stage.undo_position(), 2);
-    toolbar.undo();
-    toolbar.undo();
+    toolbar.getHistory().undo();
+    toolbar.getHistory().undo();
     EXPECT_TRUE(stage.state() == graded);
-    toolbar.redo();
+    toolbar.getHistory().redo();
     EXPECT_TRUE(stage.effect->get_bypass());
 }
 
