@@ -1,4 +1,4 @@
-// The values that a table is built from, as they stood at one moment.
+// The values of all parameters at one moment: what a table is built from.
 #pragma once
 
 #include "effect/parameter_table.h"
@@ -9,13 +9,13 @@
 namespace ov1
 {
 
-/// A plain copy of all parameters. A new one holds the defaults.
+/// A plain copy. A new one holds the defaults.
 struct grade_settings
 {
     struct setting
     {
-        float value; ///< in the parameter's own unit; the bypass is 0 or 1
-        float max;   ///< the record's upper bound, to which the wheels' units refer
+        float value; ///< in the parameter's own unit (parameter_table.h); the bypass is 0 or 1
+        float max;   ///< the record's upper bound; the wheels' values are shares of it
     };
 
     std::array<setting, parameter_count> settings = []

@@ -10,7 +10,7 @@ namespace ov1
 namespace
 {
 
-/// The number in a record, read as its own kind; a NaN where the kind holds none.
+/// The number in a record, read as the type of the record; a NaN for types without one.
 double number_in(const param_value& value)
 {
     switch (value.type)
@@ -47,16 +47,19 @@ std::vector<parameter_change> legacy_parameters::map(uid id, const param_value& 
         return {};
     const auto strength = static_cast<float>(std::abs(v));
 
-    if (id == make_uid("Greenery Kind"))
+    constexpr uid greenery_kind = make_uid("Greenery Kind"), sky = make_uid("Sky"),
+                  film_contrast = make_uid("Film Contrast"), boost_skin_tones = make_uid("Boost Skin Tones"),
+                  skin_tone_hue = make_uid("Skin Tone Hue");
+    if (id == greenery_kind)
         return {{parameter_index::greenery_angle, greenery_angle_of(v, greenery_angle)}};
-    if (id == make_uid("Sky"))
+    if (id == sky)
         return {{parameter_index::sky_angle, v >= 0.0 ? 90.0f : 270.0f}, {parameter_index::sky_strength, strength}};
-    if (id == make_uid("Film Contrast")) // the opposite sense of "Sky": meant, as is 90 at 0
+    if (id == film_contrast) // the opposite direction of "Sky", and 90 at 0: both intended
         return {{parameter_index::film_contrast_angle, v > 0.0 ? 270.0f : 90.0f},
                 {parameter_index::film_contrast_strength, strength}};
-    if (id == make_uid("Boost Skin Tones"))
+    if (id == boost_skin_tones)
         boost = v;
-    else if (id == make_uid("Skin Tone Hue"))
+    else if (id == skin_tone_hue)
         hue = v;
     else
         return {};

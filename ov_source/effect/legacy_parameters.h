@@ -1,4 +1,4 @@
-// Parameters of former versions, and what has become of them.
+// Parameters of earlier versions of the effect, and the present parameters that replace them.
 #pragma once
 
 #include "effect/parameter_table.h"
@@ -20,17 +20,17 @@ struct parameter_change
     float value;
 };
 
-/// Maps the values of former parameters as they arrive. The two skin values act together, so the first is kept until
-/// its partner comes. Not for several threads at once.
+/// Maps the values of earlier parameters as they arrive. The two skin values act together, so the first one is kept
+/// until the other arrives. Not thread-safe: the caller locks.
 class legacy_parameters
 {
 public:
-    /// Forgets a skin value whose partner has not come.
+    /// Forgets a skin value that still waits for the other.
     void forget() { boost = hue = not_received; }
 
-    /// What a stored value stands for now, in the order in which it is to be set; nothing for an id that no former
-    /// parameter had, for a value that is not finite, and for the first of the two skin values.
-    /// greenery_angle is the present value of "Greenery Angle", which an unknown kind of greenery leaves as it is.
+    /// The changes that a stored value stands for now, in the order in which they are to be set. None for an id that no
+    /// earlier parameter had, for a value that is not finite, and for the first of the two skin values.
+    /// greenery_angle is the present value of "Greenery Angle", which an unknown kind of greenery leaves unchanged.
     std::vector<parameter_change> map(uid id, const param_value& value, float greenery_angle);
 
 private:

@@ -7,7 +7,7 @@
 namespace ov1
 {
 
-/// Places in registration order, which hosts, documents and presets see.
+/// Positions in the order of registration. Hosts, documents and presets know this order: new ones are only appended.
 enum class parameter_index : std::size_t
 {
     global_bypass,
@@ -47,8 +47,9 @@ enum class parameter_index : std::size_t
 
 inline constexpr std::size_t parameter_count = 33;
 
-/// A continuous parameter's name and bounds; every default is 0. Hues and angles are in degrees, everything else is in
-/// percent of the control's reach. The bypass, first, is a boolean: its bounds are those of its two states.
+/// A continuous parameter's name and bounds; every default is 0. Hues and angles are in degrees, all else is in percent
+/// of the control's range. The first, the bypass, is a boolean: its bounds are those of its two states. A name is the
+/// parameter's identity (make_uid): it never changes.
 struct parameter_row
 {
     const char* name;

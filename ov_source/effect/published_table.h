@@ -1,4 +1,4 @@
-// A table with the values it was built from, as renderers take it.
+// A finished table together with the values that it was built from.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -11,11 +11,12 @@
 namespace ov1
 {
 
-/// Published whole and never changed; whoever holds it renders all its pixels alike.
+/// Never changed once it is published: whoever holds it renders all pixels of a picture with one state of the effect.
+/// render_row gives the bits of lut_argb::lookup; the row's number is ignored.
 class published_table : public row_renderer
 {
 public:
-    /// Without settings the table stands for no values: it is out of date from the start.
+    /// Without settings the table is out of date from the start.
     published_table(lut_argb<lut_edge> table, std::optional<grade_settings> built_from)
         : table(std::move(table))
         , built_from(built_from)

@@ -1,4 +1,5 @@
-// The skin tables and masks that are compiled into the engine. Their values are computed when the project is built.
+// The skin tables and masks that are compiled into the engine. make_looks computes their values during the build of the
+// project and writes the source file.
 #pragma once
 
 #include "effect/lut/lut_argb.h"

@@ -6,7 +6,7 @@
 namespace ov1
 {
 
-/// What a skin push mixes in, made from the compiled-in data.
+/// The tables that skin is pushed towards, made from the compiled-in data (skin_data.h).
 struct skin_tables
 {
     skin_tables();

@@ -9,7 +9,7 @@
 #include "framework/parameters/cparameter_continuous_v1.h"
 #include "framework/preview_sink.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace ov1
@@ -20,7 +20,7 @@ namespace
 
 constexpr uid lut_exporter_id = make_uid("lut_exporter");
 
-/// Read by the first instance, shared by all until the process ends.
+/// Read when the first instance is initialized, then shared by all until the process ends.
 struct shared_tables
 {
     veridial_luts looks;
@@ -33,21 +33,25 @@ const shared_tables& get_shared_tables()
     return *tables;
 }
 
-struct wheel_place
+struct coupled_control
 {
+    uid id;
     zone z;
     zone_control control;
 };
 
-/// Which wheel's control a parameter is, if any.
-std::optional<wheel_place> wheel_place_of(uid id)
+/// The controls of the three wheels that take part in the coupling. Their uids are hashed by the compiler: every event
+/// of a drag asks for them.
+constexpr std::array<coupled_control, 9> coupled_controls = []
 {
+    std::array<coupled_control, 9> rows{};
+    std::size_t i = 0;
     for (const zone z : all_zones)
         for (const auto control : {zone_control::chroma, zone_control::range, zone_control::lightness})
-            if (make_uid(parameter_table[static_cast<std::size_t>(zone_parameter(z, control))].name) == id)
-                return wheel_place{z, control};
-    return std::nullopt;
-}
+            rows[i++] = {make_uid(parameter_table[static_cast<std::size_t>(zone_parameter(z, control))].name), z,
+                         control};
+    return rows;
+}();
 
 } // namespace
 
@@ -134,7 +138,7 @@ grade_settings veridial::read_settings() const
         {
             for (std::size_t i = 0; i < parameter_count; ++i)
             {
-                if (parameters[i] == nullptr) // not initialized yet: the defaults
+                if (parameters[i] == nullptr) // before init_component: the defaults
                     continue;
                 const param_value& record = parameters[i]->record_under_lock();
                 if (record.type == param_type::boolean)
@@ -167,7 +171,7 @@ void veridial::publish_identity()
 void veridial::publish(lut_argb<lut_edge> table, std::optional<grade_settings> built_from)
 {
     auto next = std::make_shared<const published_table>(std::move(table), built_from);
-    // Declared before the lock: if this frees the old table, it does so after the mutex is unlocked.
+    // Declared before the lock, so that the old table is freed after the mutex is unlocked.
     const std::scoped_lock guard(publish_mutex);
     published.swap(next);
 }
@@ -218,31 +222,32 @@ void veridial::set_parameter(parameter_index i, float value, bool edit)
 
 void veridial::parameter_was_set(uid id, bool edit)
 {
-    const auto place = wheel_place_of(id);
-    if (!place)
+    const auto found = std::ranges::find(coupled_controls, id, &coupled_control::id);
+    if (found == coupled_controls.end())
         return;
-    const auto [z, control] = *place;
+    const auto [_, z, control] = *found;
     const bool is_chroma = control == zone_control::chroma;
     if (!edit && (is_chroma ? updating_lightness : updating_chroma))
-        return; // the coupling's own set
+        return; // set by the coupling itself
+    const grade_settings settings = read_settings();
     if (!edit && !is_restoring())
-        is_chroma ? couple_lightness(z) : couple_chroma(z);
-    wheels.note(z, control, static_cast<float>(read_settings().value(zone_parameter(z, control))));
+        is_chroma ? couple_lightness(z, settings) : couple_chroma(z, settings);
+    wheels.note(z, control, static_cast<float>(settings.value(zone_parameter(z, control))));
 }
 
-void veridial::couple_chroma(zone z)
+void veridial::couple_chroma(zone z, const grade_settings& settings)
 {
     updating_lightness = true;
     set_parameter(zone_parameter(z, zone_control::chroma),
-                  static_cast<float>(coupled_chroma(read_settings(), z, wheels.last_chroma(z))), false);
+                  static_cast<float>(coupled_chroma(settings, z, wheels.last_chroma(z))), false);
     updating_lightness = false;
 }
 
-void veridial::couple_lightness(zone z)
+void veridial::couple_lightness(zone z, const grade_settings& settings)
 {
     updating_chroma = true;
     set_parameter(zone_parameter(z, zone_control::lightness),
-                  static_cast<float>(coupled_lightness(read_settings(), z, wheels.last_lightness(z))), false);
+                  static_cast<float>(coupled_lightness(settings, z, wheels.last_lightness(z))), false);
     updating_chroma = false;
 }
 

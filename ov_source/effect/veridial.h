@@ -1,4 +1,4 @@
-// The effect: its parameters, and the table that follows from them.
+// The effect: its parameters, and the table that is built from them.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -19,8 +19,9 @@
 namespace ov1
 {
 
-/// Parameters may be set and tables rendered and rebuilt from any thread. A table is built from one copy of all values,
-/// under a mutex that renderers never take, and published whole: a renderer in use keeps the table it was taken with.
+/// Parameters may be set, and tables built and rendered, from any thread. A build works on one copy of all values,
+/// under a mutex that renderers never take, and publishes the finished table. A renderer keeps the table that was
+/// published when it was taken.
 class veridial : public ccomponent_v1, public lut_exporter
 {
 public:
@@ -28,20 +29,21 @@ public:
 
     /// Answers "lut_exporter" and the component's own name.
     bool query_interface(const std::string& name, iobject** out) override;
-    /// Makes the editor through the installed factory; null where none is installed.
+    /// The editor, made by the installed factory; null if none is installed.
     std::shared_ptr<iview_v1> create_view() override;
     void init_component() override;
     void notify(event e) override;
     void handle_unknown_parameter(uid id, const param_value& value, bool edit) override;
 
-    /// With the table published now. Loops over pixels take get_row_renderer instead: this fetches it for every pixel.
+    /// With the table published now, which is fetched for every pixel: loops use get_row_renderer instead.
     void render_pixel(std::size_t x, std::size_t y, const argb_float& in, argb_float& out) override;
     void render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count) override;
     std::shared_ptr<const row_renderer> get_row_renderer() override;
 
+    /// Brings the table up to date first. False when out is null.
     [[nodiscard]] bool get_lut(lut_argb_variable* out) override;
 
-    /// What the zone's wheel asks for, in percent.
+    /// What the zone's wheel asks for (chroma_luma_of), in percent. zone_index is 0, 1 or 2.
     void get_chroma_luma(int zone_index, double& chroma, double& luma);
 
 protected:
@@ -57,14 +59,14 @@ private:
     void publish_identity();
 
     void parameter_was_set(uid id, bool edit);
-    void couple_chroma(zone z);
-    void couple_lightness(zone z);
+    void couple_chroma(zone z, const grade_settings& settings);
+    void couple_lightness(zone z, const grade_settings& settings);
     void hand_preview_over(const event& e);
 
     std::array<std::shared_ptr<cparameter_v1>, parameter_count> parameters;
 
     std::mutex build_mutex;           ///< serialises builds
-    mutable std::mutex publish_mutex; ///< guards the pointer for the length of a copy
+    mutable std::mutex publish_mutex; ///< held only to copy or exchange the pointer
     std::shared_ptr<const published_table> published;
 
     wheel_memory wheels;

@@ -9,13 +9,13 @@
 namespace ov1
 {
 
-/// Read once from the product's resources; a table that cannot be read is the identity, and its look does nothing.
-/// Never changed afterwards, so it is read from any thread.
+/// Read from the product's resources by the constructor and never changed, so any thread may read it. A table that
+/// cannot be read is the identity: its look does nothing.
 class veridial_luts
 {
 public:
     using table = lut_argb<lut_edge>;
-    /// Directions 1 to 4 of a pad: up, left, down, right.
+    /// The tables of a pad's directions 1 to 4: up, left, down, right (angle_weights.h).
     using directions = std::array<const table*, 4>;
 
     veridial_luts();
@@ -23,7 +23,7 @@ public:
     directions film_contrast() const;
     directions sky() const;
     directions greenery() const;
-    /// The zone's table for more or for less saturation.
+    /// The table for more or for less saturation of a zone.
     const table& saturation(zone z, bool more) const;
 
 private:

@@ -14,7 +14,7 @@ public:
     std::uint32_t get_flags() const override { return parameter_is_hidden | parameter_is_bypass; }
 };
 
-/// A switch that hosts keep out of their inspector; none of the present parameters is of this class.
+/// A switch that hosts keep out of their inspector. No present parameter is of this class.
 class veridial_hidden_boolean_param : public cparameter_boolean_v1
 {
 public:

@@ -1,4 +1,4 @@
-// Keeps a wheel's chroma and lightness within each other's reach while a user moves them.
+// Remembers the chroma and the lightness that a user chose for each wheel.
 #pragma once
 
 #include "effect/zone.h"
@@ -9,12 +9,12 @@
 namespace ov1
 {
 
-/// What the coupling remembers: the last chroma and lightness of every zone that it did not set itself. So a value that
-/// it had to draw back returns when there is room again. May be told from several threads.
+/// The last chroma and lightness of every zone that the coupling (zone_colour.h) did not set itself. A value that the
+/// coupling had to reduce returns when there is room for it again. Safe from several threads.
 class wheel_memory
 {
 public:
-    /// Takes note of an accepted set; other parameters than chroma and lightness are none of its business.
+    /// Records a value that was set; controls other than chroma and lightness are ignored.
     void note(zone z, zone_control control, float value)
     {
         if (control == zone_control::chroma)

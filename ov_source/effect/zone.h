@@ -1,4 +1,4 @@
-// The three zones of lightness that a wheel grades, and their constants.
+// The three zones of lightness, each graded by a wheel, and their constants.
 #pragma once
 
 #include "effect/parameter_table.h"
@@ -31,9 +31,9 @@ enum class zone_control : std::size_t
 
 struct zone_constants
 {
-    double lightness_percent; ///< the zone's place on the grey axis
-    double reach;             ///< the radius of its lut_point, 1..256
-    double chroma_scale;      ///< chroma in percent at the wheel's rim
+    double lightness_percent; ///< of the grey that the zone is centred on
+    double radius;            ///< of its lut_point, 1..256
+    double chroma_scale;      ///< percent of chroma at the wheel's rim
 };
 
 constexpr zone_constants constants_of(zone z)

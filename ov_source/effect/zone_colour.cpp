@@ -8,10 +8,10 @@ namespace ov1
 namespace
 {
 
-constexpr double range_reach = 10.0;     ///< percent of lightness that Range moves the zone by, either way
-constexpr double lightness_reach = 20.0; ///< percent of lightness that Lightness moves the colour by, either way
+constexpr double range_reach = 10.0;     ///< percent of lightness that Range moves the zone by, up or down
+constexpr double lightness_reach = 20.0; ///< percent of lightness that Lightness moves the colour by, up or down
 
-/// The control's value times reach over its maximum.
+/// The control's value as a share of its maximum, times reach.
 double scaled(const grade_settings& settings, zone z, zone_control control, double reach)
 {
     const parameter_index i = zone_parameter(z, control);

@@ -1,4 +1,5 @@
-// The colour that a zone's wheel asks for, and how the wheel's chroma and lightness hold each other.
+// The colour that a zone's wheel asks for, and how the wheel's chroma and lightness constrain each other: a colour far
+// from middle lightness has room for little chroma.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -7,25 +8,25 @@
 namespace ov1
 {
 
-/// In percent.
+/// Both in percent.
 struct chroma_luma
 {
     double chroma;
     double luma;
 };
 
-/// The zone's lightness before the wheel's own Lightness: its place moved by Range.
+/// In percent: the zone's lightness moved by its Range, without its Lightness.
 double base_luma(const grade_settings& settings, zone z);
 
 /// What the zone's Chroma, Range and Lightness ask for. The luma can leave 0..100.
 chroma_luma chroma_luma_of(const grade_settings& settings, zone z);
 
 /// The zone's Chroma, in the parameter's unit, after its Lightness or Range changed: last_chroma, which the user chose,
-/// as far as the lightness that settings ask for allows.
+/// or the most that the present lightness allows.
 double coupled_chroma(const grade_settings& settings, zone z, double last_chroma);
 
 /// The zone's Lightness, in the parameter's unit, after its Chroma changed: last_lightness, which the user chose, moved
-/// as little as leaves room for the chroma that settings ask for.
+/// only as far as the present chroma requires.
 double coupled_lightness(const grade_settings& settings, zone z, double last_lightness);
 
 } // namespace ov1

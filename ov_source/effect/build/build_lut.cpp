@@ -12,7 +12,8 @@ namespace ov1
 namespace
 {
 
-/// The identity after the integer conversion, which alone lifts every entry by 256 / 255. The same for all builds.
+/// The identity after the integer conversion, which by itself scales every entry by 256 / 255. A chroma push is
+/// compared with this table, so that only what the push does is added and nothing outside the mask moves.
 const lut_argb<lut_edge>& table_of_no_push()
 {
     static const lut_argb<lut_edge> converted = []

@@ -1,4 +1,4 @@
-// The build: from the parameters' values to the one table that every pixel goes through.
+// The build: turns the parameters' values into the one table that every pixel goes through.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -9,10 +9,12 @@
 namespace ov1
 {
 
-/// Rewrites table. Depends on nothing but its arguments, which are finite; the same values give the same bits on every
-/// processor. Intermediate colours are computed in double precision and whole thousandths, entries are kept as floats.
-/// Builds in this order: wheels as points on the grid, sky and greenery, skin, global chroma and luminance, saturation
-/// of the zones, film contrast. With the bypass on the table is the exact identity.
+/// Rewrites every entry of table, alpha 1. Depends only on its arguments, whose values are finite; the same values give
+/// the same bits on every processor. Intermediate colours are computed in double precision and whole thousandths,
+/// entries are kept as floats.
+///
+/// The order of the steps: wheels as points that bend the grid, sky and greenery, skin, global chroma and luminance,
+/// saturation of the zones, film contrast. With the bypass on, the table is the exact identity.
 void build_lut(const grade_settings& settings, const veridial_luts& looks, const skin_tables& skin,
                lut_argb<lut_edge>& table);
 

@@ -29,31 +29,31 @@ argb_float point_grey(double lightness_percent)
 
 lut_point master_point(const grade_settings& settings)
 {
-    constexpr double chroma_reach = 50.0; // percent of saturation at the wheel's rim
-    constexpr float reach = 140.0f;
+    constexpr double chroma_at_rim = 50.0; // percent
+    constexpr float radius = 140.0f;       // of the point, 1..256
     constexpr std::int32_t half_lightness = 50'000;
 
-    const double saturation = settings.value(parameter_index::master_chroma) * chroma_reach /
+    const double saturation = settings.value(parameter_index::master_chroma) * chroma_at_rim /
                               settings.max(parameter_index::master_chroma) * 1000.0;
     const hsl_milli wanted{hue_milli_of(settings.value(parameter_index::master_hue)), limited_milli(saturation) / 2,
                            half_lightness};
-    return {point_grey(50.0), point_colour(rgb_of(wanted)), reach, 0.0f};
+    return {point_grey(50.0), point_colour(rgb_of(wanted)), radius, 0.0f};
 }
 
 lut_point zone_point(const grade_settings& settings, zone z)
 {
-    constexpr double smoothness_reach = 20.0;
+    constexpr double smoothness_range = 20.0; // of the radius, to both sides
     const parameter_index smoothness = zone_parameter(z, zone_control::smoothness);
-    const double reach =
-        constants_of(z).reach + settings.value(smoothness) * smoothness_reach / settings.max(smoothness);
+    const double radius =
+        constants_of(z).radius + settings.value(smoothness) * smoothness_range / settings.max(smoothness);
 
     const auto [chroma, luma] = chroma_luma_of(settings, z);
     const hsl_milli wanted{hue_milli_of(settings.value(zone_parameter(z, zone_control::hue))),
                            limited_milli(chroma * 1000.0), limited_milli(luma * 1000.0)};
-    return {point_grey(base_luma(settings, z)), point_colour(rgb_of(wanted)), static_cast<float>(reach), 0.0f};
+    return {point_grey(base_luma(settings, z)), point_colour(rgb_of(wanted)), static_cast<float>(radius), 0.0f};
 }
 
-/// A pad's directions, each by its weight at the angle.
+/// Appends the tables of a pad's directions that have a weight at the angle.
 void add_look(const veridial_luts::directions& looks, double strength_percent, double angle,
               std::vector<table_share>& shares)
 {
@@ -67,6 +67,7 @@ skin_push skin_push_of(const grade_settings& settings)
 {
     const skin_square place = skin_square_of(settings.value(parameter_index::skin_angle));
     const double strength = settings.value(parameter_index::skin_tone_strength);
+    // Truncated to tenths, so the amounts move in steps: stored grades depend on it.
     const auto tenths = [](double v) { return static_cast<double>(static_cast<int>(v * 10.0)); };
     return {settings.value(parameter_index::protect_skin_tones) * 0.01, strength * tenths(place.u) * 0.001 * 0.01,
             strength * tenths(place.v) * -0.001 * 0.01, settings.value(parameter_index::skin_tone_brightness) * 0.01};

@@ -1,4 +1,4 @@
-// The numbers of one build of the table, in the order of its steps.
+// What one build of the table does: the amounts and tables of each step, in the order of the steps.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -11,7 +11,7 @@
 namespace ov1
 {
 
-/// A table and how much of it acts, 1 being all.
+/// A table and how much of it acts; 1 is all of it.
 struct table_share
 {
     const lut_argb<lut_edge>* table;
@@ -30,19 +30,20 @@ struct skin_push
 inline constexpr double least_skin_push = 0.001; ///< a push or brightness of smaller magnitude does nothing
 inline constexpr double most_skin_chroma_percent = 40.0;
 
+/// Everything that a build needs to know of the parameters.
 struct build_plan
 {
-    bool bypass = false;                       ///< the identity; the rest is of no account
+    bool bypass = false;                       ///< the table is the identity; the rest is ignored
     std::vector<lut_point> wheels;             ///< bend the identity: master, shadows, mids, highlights
-    std::vector<table_share> sky_and_greenery; ///< their sum is added, then limited
+    std::vector<table_share> sky_and_greenery; ///< added together, then to the table, then limited to 0..1
     skin_push skin{};
-    double chroma_percent = 0.0;            ///< global: of the chroma there is
-    double luminance_percent = 0.0;         ///< global: of white
-    std::vector<table_share> saturation;    ///< each follows the table, by its amount
-    std::vector<table_share> film_contrast; ///< each added and limited
+    double chroma_percent = 0.0;            ///< added, of the chroma of each entry
+    double luminance_percent = 0.0;         ///< added, of white
+    std::vector<table_share> saturation;    ///< the entries are looked up in each, by its amount
+    std::vector<table_share> film_contrast; ///< each added and limited to 0..1
 };
 
-/// The looks are pointed to, not copied.
+/// The plan of a grade. It points into looks, which must outlive it.
 build_plan plan_build(const grade_settings& settings, const veridial_luts& looks);
 
 } // namespace ov1
