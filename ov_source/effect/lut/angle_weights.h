@@ -1,4 +1,4 @@
-// The share of each of a pad's four directions at an angle.
+// The weights of a pad's four directions at an angle.
 #pragma once
 
 #include <array>
@@ -6,8 +6,8 @@
 namespace ov1
 {
 
-/// Weights of directions 1 to 4, which sit at 0, 90, 180 and 270 degrees: linear between neighbours, summing to 1.
-/// The angle is in degrees, 0..360; 360 is 0 again.
+/// Weights of the directions 1 to 4 at 0, 90, 180 and 270 degrees. At most two neighbours have a weight; weights are
+/// linear between them and sum to 1. The angle is in degrees, 0..360, where 360 is 0 again.
 constexpr std::array<double, 4> angle_weights(double angle)
 {
     if (angle < 90.0)

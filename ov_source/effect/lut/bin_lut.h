@@ -3,7 +3,7 @@
 //   offset 0  u16        edge length
 //   offset 2  f32 x 3    red, green, blue of every grid point; red outermost, blue innermost
 //
-// Little-endian, nothing in between; 58,958 bytes at edge length 17. Alpha is not stored.
+// Little-endian, without padding; 58,958 bytes at edge length 17. Alpha is not stored.
 #pragma once
 
 #include "shared/argb_float.h"
@@ -16,7 +16,7 @@
 namespace ov1
 {
 
-/// Bytes of a table of an edge length.
+/// Size in bytes of a file with an edge length.
 constexpr std::size_t bin_lut_size(std::size_t edge) { return 2 + edge * edge * edge * 12; }
 
 /// The edge^3 entries in the order of the file, alpha 1, values as they are stored: not clamped, NaN included. Bytes of

@@ -15,7 +15,7 @@ namespace
 
 constexpr std::string_view blanks = " \t\r\v\f";
 
-/// Takes the next word off a line; empty at its end.
+/// Removes the next word from a line and returns it; empty at the end.
 std::string_view take_word(std::string_view& line)
 {
     line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
@@ -114,7 +114,7 @@ private:
         {
             made.size = size;
             made.three_dimensional = is_3d;
-            made.entries.reserve(std::min(wanted(), most_entries)); // a size may lie
+            made.entries.reserve(std::min(wanted(), most_entries)); // the size can be wrong
         }
     }
 
@@ -150,7 +150,7 @@ private:
         made.entries.push_back({1.0f, entry[0], entry[1], entry[2]});
     }
 
-    /// Minimum and maximum come in any order: what matters is what holds when the entries begin.
+    /// Minimum and maximum can come in any order, so they are compared at the first entry.
     void check_domain()
     {
         for (std::size_t i = 0; i < 3 && made.entries.size() == 1 && reason.empty(); ++i)
@@ -160,7 +160,7 @@ private:
 
     cube_table made;
     std::size_t line_number = 0;
-    std::size_t most_entries = 0; ///< that the text has room for
+    std::size_t most_entries = 0; ///< that a text of this length can hold
     std::string reason;           ///< of the first failure
 };
 

@@ -1,11 +1,11 @@
-// Reads .cube tables of other programs, and looks colours up in them.
+// Reads .cube tables of other programs and looks up colours in them.
 //
 //   # a comment
 //   TITLE "log to display"
 //   LUT_3D_SIZE 33                or LUT_1D_SIZE 1024
-//   DOMAIN_MIN 0.0 0.0 0.0        the inputs that the first and the last entry stand for; 0 and 1 if left out
+//   DOMAIN_MIN 0.0 0.0 0.0        the inputs of the first and the last entry; 0 and 1 by default
 //   DOMAIN_MAX 1.0 1.0 1.0        or LUT_3D_INPUT_RANGE 0.0 1.0, the same for all channels
-//   0.0 0.0 0.0                   three numbers an entry; in 3D red varies fastest, blue slowest
+//   0.0 0.0 0.0                   three numbers per entry; in 3D red varies fastest, blue slowest
 //   ...
 #pragma once
 
@@ -22,7 +22,7 @@
 namespace ov1
 {
 
-/// A table of any size. Never changed once it is read, so any number of threads may look up.
+/// A table of any size. Never changed after reading, so any number of threads may look up.
 class cube_table
 {
 public:
@@ -37,11 +37,11 @@ public:
     std::size_t get_size() const { return size; }
     const std::string& get_title() const { return title; }
 
-    /// Interpolated linearly along each axis. Inputs outside the domain take its ends, a NaN its lower one; results are
-    /// not limited. The alpha passes.
+    /// Interpolates linearly along each axis. Inputs outside the domain are limited to it, a NaN counts as its lower
+    /// end. Results are not limited; the alpha of c is returned unchanged.
     argb_float lookup(const argb_float& c) const;
 
-    /// The same in place on a row.
+    /// lookup on count pixels, in place.
     void apply(const rgb_planes<float>& row, std::size_t count) const;
 
 private:

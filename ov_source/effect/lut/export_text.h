@@ -1,4 +1,4 @@
-// What the texts of the exported formats share.
+// Parts that the exported text formats have in common.
 #pragma once
 
 #include <string>
@@ -9,10 +9,10 @@ namespace ov1
 /// The first line of every exported file, line feed included. Creator and author may be empty.
 std::string generated_by_line(const std::string& creator, const std::string& author);
 
-/// The title in a file: its name without folder and without what follows the last dot.
+/// The title for a file: its name without the folder and without the part from the last dot on.
 std::string export_title(const std::string& path);
 
-/// The text with control characters and double quotes as blanks, so that a name cannot end its line or its quotes.
+/// Replaces control characters and double quotes by blanks, so that a name cannot end its line or its quotes.
 std::string one_line(std::string text);
 
 } // namespace ov1

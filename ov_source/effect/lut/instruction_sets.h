@@ -1,4 +1,4 @@
-// Which instruction sets the vector loops can run on here, and which one they do run on.
+// The instruction sets that the vector loops can use on this processor, and the choice of one for tests.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,15 @@ namespace ov1
 
 struct instruction_set
 {
-    std::string name; ///< "AVX2", say
-    std::int64_t bit; ///< as Highway numbers them
+    std::string name; ///< such as "AVX2"
+    std::int64_t bit; ///< Highway's number
 };
 
-/// What the loops were compiled for and this processor has, the best first.
+/// Those that the loops were compiled for and that this processor has, the best first. The loops use the first.
 std::vector<instruction_set> present_instruction_sets();
 
-/// The loops run on this one while the object lives. For tests and benchmarks, one at a time, while nothing renders.
+/// The loops use this one while the object lives. For tests and benchmarks: one object at a time, and neither builds
+/// nor renders on other threads while it is made or destroyed.
 class forced_instruction_set
 {
 public:

@@ -1,4 +1,4 @@
-// Conversion between RGB and a hexcone of hue, chroma and lightness in thousandths.
+// Conversion between RGB and the hexcone model (hue, chroma, lightness) in whole thousandths.
 //
 //   hue        0..359,999   1/1000 degree, red at 0, green at 120,000
 //   chroma     0..100,000   1/1000 percent, largest minus smallest channel
@@ -35,12 +35,12 @@ std::int32_t limited_milli(double v);
 /// Degrees as thousandths, wrapped into 0..359,999.
 std::int32_t hue_milli_of(double degrees);
 
-/// The code value, 0..1, of a channel of v thousandths: v scaled by 256 / 100, over 255, capped at 1. So half lightness
-/// comes back as 128 / 255.
+/// The code value, 0..1, of a channel of v thousandths of a percent: v scaled by 256 / 100, divided by 255, at most 1.
+/// So half lightness comes back as 128 / 255: the scale of the format, kept for old grades.
 double channel_of_milli(std::int32_t v);
 
 /// Converts to code values 0..1. A hue outside its range is wrapped, chroma and lightness are limited to theirs, and
-/// the chroma to what the lightness allows.
+/// the chroma to the most that the lightness allows.
 rgb_double rgb_of(const hsl_milli& colour);
 
 /// Hue in thousandths of a degree by the hexcone rule, 0 <= hue < 360,000; 0 for greys. Channels in any unit.
@@ -57,7 +57,7 @@ struct hexcone
 /// Of an entry whose channels are code values; its alpha is ignored.
 hexcone hexcone_of(const argb_float& entry);
 
-/// The entry of a hexcone, by way of whole thousandths (rgb_of): so hexcone_of and entry_of do not undo each other.
+/// The entry of a hexcone, rounded to whole thousandths and scaled by rgb_of: entry_of(hexcone_of(c)) is not c.
 argb_float entry_of(const hexcone& colour, float alpha);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// A colour look-up table of fixed edge length and its trilinear lookup.
+// A colour table of fixed edge length and its trilinear lookup.
 #pragma once
 
 #include "effect/lut/trilinear.h"
@@ -23,9 +23,9 @@ constexpr grid_position grid_position_of(float channel)
     return grid_position_at(channel * static_cast<float>(edge - 1), edge);
 }
 
-/// edge x edge x edge colours. Grid point (r, g, b), each 0..edge-1, stands for the input r / (edge - 1) and so on; it
-/// is kept at index (r * edge + g) * edge + b, red outermost, blue innermost. Values are display-referred code values,
-/// nominally 0..1, never clamped by the container. A plain value: copied, moved, no locks.
+/// edge x edge x edge colours. Grid point (r, g, b), each 0..edge-1, stands for the input r / (edge - 1) and so on, and
+/// is stored at index (r * edge + g) * edge + b: red outermost, blue innermost. Values are display-referred code
+/// values, nominally 0..1; the container never limits them. A plain value without locks.
 template <std::size_t edge>
 class lut_argb
 {
@@ -46,12 +46,11 @@ public:
     /// Rewrites the whole table as the identity, alpha 1.
     void init();
 
-    /// The entry at a grid point. Throws std::out_of_range when an index is edge or more.
+    /// The entry at a grid point. Throws std::out_of_range if an index is edge or more.
     const argb_float& get_direct(std::size_t r, std::size_t g, std::size_t b) const;
 
-    /// The trilinear interpolation of the eight entries around a colour, red first, then green, then blue.
-    /// Channels outside 0..1 are clamped and a NaN counts as 0; the alpha of c is ignored; the result is not clamped
-    /// and its alpha is the table's. Safe from several threads.
+    /// The trilinear interpolation of the eight entries around a colour. Channels outside 0..1 are limited, a NaN
+    /// counts as 0, and the alpha of c is ignored. The result is not limited; its alpha is the table's. Any thread.
     argb_float lookup(const argb_float& c) const
     {
         return trilinear(grid_position_of<edge>(c.r), grid_position_of<edge>(c.g), grid_position_of<edge>(c.b),

@@ -14,7 +14,7 @@ namespace ov1
 namespace
 {
 
-/// The position of a grid index of a grid of size points on an axis of edge points.
+/// Where point `index` of an axis of size points falls on an axis of edge points.
 template <std::size_t size>
 grid_position resampled_position(std::size_t index, std::size_t edge)
 {

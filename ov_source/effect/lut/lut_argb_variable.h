@@ -1,4 +1,4 @@
-// A table of any edge length, as export and presets take it.
+// A table of any edge length, for export and presets.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
@@ -22,8 +22,8 @@ public:
         return {edge, table.get_entries(), {}};
     }
 
-    /// The colour at grid point (i, j, k) = (red, green, blue), each 0..size-1, of a grid of size points per axis,
-    /// resampled trilinearly where the table's own edge length differs. size is 17 or 32, edge_length at least 2.
+    /// The colour at grid point (i, j, k) = (red, green, blue), each 0..size-1, of a grid with size points per axis,
+    /// resampled trilinearly if the table's own edge length differs. size is 17 or 32, edge_length at least 2.
     template <std::size_t size>
     argb_float get_integer(std::size_t i, std::size_t j, std::size_t k) const;
 
@@ -43,7 +43,7 @@ public:
 
     std::uint64_t edge_length = 0;
     std::vector<argb_float> values;
-    std::string text; ///< empty in every table that the effect makes
+    std::string text; ///< part of the format; empty in every table that the effect makes
 };
 
 extern template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;

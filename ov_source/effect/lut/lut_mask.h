@@ -1,4 +1,4 @@
-// A weight for every grid point, and the mixing of tables through it.
+// A weight for every grid point, and the mixing of two tables by these weights.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
@@ -21,7 +21,7 @@ struct lut_mask
 {
     std::array<float, lut_argb<edge>::entry_count> weights{};
 
-    /// The weight of the entry at an index of the table.
+    /// The weight of the entry with an index of the table.
     float weight(std::size_t i, mask_mode mode) const
     {
         return mode == mask_mode::complement ? 1.0f - weights[i] : weights[i];

@@ -11,10 +11,10 @@ struct skin_square
     double v; ///< -100 at angle 90: yellowish; 100 at 270: reddened
 };
 
-/// The border point of an angle in degrees, 0..360. The corners lie at 45, 135, 225 and 315 degrees.
+/// The border point at an angle in degrees, 0..360. The corners are at 45, 135, 225 and 315 degrees.
 constexpr skin_square skin_square_of(double angle)
 {
-    constexpr double slope = 2.2222223; // 100 over 45 degrees, rounded up: the corners are reached, never missed
+    constexpr double slope = 2.2222223; // 100 / 45 rounded up, so that the corners are always reached
     if (angle <= 45.0)
         return {100.0, -slope * angle};
     if (angle <= 90.0)

@@ -1,4 +1,5 @@
-// The build of the table, step by step and entry by entry: what a build means, and what every faster one is held to.
+// The build of the table in plain code, one step after another on the whole table: it defines what a build means. Tests
+// compare the vector kernel with it to the bit.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -9,7 +10,7 @@
 namespace ov1
 {
 
-/// As build_lut, to the bit, at some three times the cost and more.
+/// As build_lut, with the same bits and several times its cost. Writes every entry of table.
 void build_lut_reference(const grade_settings& settings, const veridial_luts& looks, const skin_tables& skin,
                          lut<lut_edge>& table);
 

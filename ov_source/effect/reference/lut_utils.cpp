@@ -16,7 +16,7 @@ float within_unit(float v)
     return v < 1.0f ? v : 1.0f;
 }
 
-/// The share of a chroma push that a colour of so many percent of chroma takes.
+/// The share of a chroma push that a colour gets, by its own chroma.
 double push_share(double chroma_percent)
 {
     if (chroma_percent <= 1.0)

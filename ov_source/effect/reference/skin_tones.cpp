@@ -22,22 +22,22 @@ void protect_skin(lut_argb<edge>& table, double amount)
                           static_cast<float>(lut_masks::select_skintones.weights[i] * amount));
 }
 
-/// The conversion of add_chroma lifts every entry by 256 / 255. Against the table that a push of 0 gives, only what the
-/// push itself does is left, and nothing outside the mask moves.
+/// The conversion of add_chroma scales every entry by 256 / 255. Compared with the table that a push of 0 gives, only
+/// the effect of the push itself is left, and nothing outside the mask moves.
 template <std::size_t edge>
 void push_chroma(lut_argb<edge>& table, int percent)
 {
     if (percent == 0)
         return;
     lut_argb<edge> working;
-    lut_argb<edge> still;
+    lut_argb<edge> no_push;
     add_chroma(working, percent, lut_masks::select_skintones_extreme, mask_mode::complement);
-    add_chroma(still, 0, lut_masks::select_skintones_extreme, mask_mode::complement);
-    add(working, still, -1.0f, false);
+    add_chroma(no_push, 0, lut_masks::select_skintones_extreme, mask_mode::complement);
+    add(working, no_push, -1.0f, false);
     add(table, working, 1.0f, true);
 }
 
-/// Adds what a reference table does to skin.
+/// Adds the change that a reference table makes to skin.
 template <std::size_t edge>
 void push_towards(lut_argb<edge>& table, const lut_argb<edge>& reference, double amount)
 {

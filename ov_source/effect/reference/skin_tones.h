@@ -1,4 +1,4 @@
-// What the skin pad and its two arcs do to a table.
+// The skin pad and its two arcs: how they change a table.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
