@@ -19,9 +19,11 @@ extract_command read_extract_command(std::span<const std::string> arguments)
 {
     if (arguments.empty())
         return {};
+    // Whatever the one argument is; the usage line is no error.
     if (arguments.size() == 1)
         return refusal("Usage: --extractXML path-to-template-xml-folder", 0);
 
+    // Stops before a last argument without a partner.
     std::string folder;
     for (std::size_t at = 0; at + 1 < arguments.size(); at += 2)
     {

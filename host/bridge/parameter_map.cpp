@@ -16,6 +16,7 @@ constexpr int entry_precision = 2; // decimals of a popup's texts
 
 bool is_popup(const param_value& record)
 {
+    // In 64 bits: the bounds may span all integers.
     const std::int64_t count = std::int64_t{record.max.as_integral()} - record.min.as_integral() + 1;
     return std::abs(count) < least_slider_values;
 }
@@ -103,7 +104,7 @@ std::vector<host_declaration> declare_parameters(icomponent_v1& component)
     {
         const auto parameter = component.get_parameter(index);
         if (!parameter)
-            continue;
+            continue; // a gap in the registry keeps the ids of the parameters after it
         host_declaration declaration = declare_parameter(*parameter, index);
         if (declaration.control != host_control::none)
             declarations.push_back(std::move(declaration));
@@ -154,6 +155,7 @@ void take_host_value(const host_value& value, param_value& record)
 
 bool host_differs(const host_value& at_host, const param_value& record)
 {
+    // Comparing narrowed values keeps a value that only went to the host and back from being written again.
     const host_value wanted = host_value_of(record);
     if (at_host.index() != wanted.index())
         return true;

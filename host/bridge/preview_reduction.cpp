@@ -20,6 +20,7 @@ struct span
 
 span span_of(std::uint32_t i, float step, std::size_t limit)
 {
+    // Truncated in single precision, as existing previews were: neighbouring spans share no pixel and leave none out.
     const auto at = [&](std::uint32_t k)
     { return std::min(static_cast<std::size_t>(step * static_cast<float>(k)), limit); };
     return {at(i), at(i + 1)};
@@ -27,6 +28,7 @@ span span_of(std::uint32_t i, float step, std::size_t limit)
 
 argb_float pixel_at(const host_frame& frame, const std::byte* row, std::size_t x)
 {
+    // Copied bytewise: nothing guarantees that a frame's rows are aligned for floats.
     const std::byte* const at = row + x * frame.layout.bytes_per_element;
     float rgba[4];
     if (frame.format == tile_format::rgba_half)

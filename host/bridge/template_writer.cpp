@@ -40,9 +40,11 @@ bool copy_file(const std::string& from, const std::string& to)
 {
     std::ifstream in(from, std::ios::binary);
     std::ofstream out(to, std::ios::binary);
+    // An empty file is no picture, so it is a failure too.
     return in && out && in.peek() != std::ifstream::traits_type::eof() && out << in.rdbuf() && out.flush();
 }
 
+/// The reasons are whole sentences, unlike those of other failures: they are printed as they are.
 failure not_written(const char* reason) { return {failure_kind::cannot_write, {}, reason, {}}; }
 
 result<> check_listing(bundle_facts::listing plugin)

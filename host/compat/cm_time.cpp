@@ -7,6 +7,7 @@ static_assert(sizeof(CMTime) == 24 && sizeof(CMTimeRange) == 48);
 namespace
 {
 
+/// In the order in which times compare.
 enum class rank
 {
     negative_infinity,
@@ -57,6 +58,7 @@ extern "C"
             return compared(rank_of(a), rank_of(b));
         if (a.epoch != b.epoch)
             return compared(a.epoch, b.epoch);
+        // Cross products, not seconds: 1001/30000 and its neighbours are too close for a double at large values.
         return compared(wide{a.value} * b.timescale, wide{b.value} * a.timescale);
     }
 

@@ -2,6 +2,7 @@
 
 #include "platform/rows.h"
 
+// Queues only name a priority here.
 struct dispatch_queue_s
 {
     std::intptr_t priority;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+// On macOS the call never returns. Here it must not return either: callers have nothing to do afterwards.
 @implementation FxPrincipal
 
 + (void)startServicePrincipal

@@ -40,6 +40,7 @@
 
 - (kern_return_t)lockWithOptions:(IOSurfaceLockOptions)options
 {
+    // Counted only: nothing is protected, since tests want to find a missing unlock, not a data race.
     if (refused)
         return -1;
     ++(options & kIOSurfaceLockReadOnly ? readers : writers);

@@ -40,6 +40,7 @@ extern "C" const int suite_defaults_are_linked = 1;
 - (void)setObject:(id)value forKey:(NSString*)key
 {
     NSUserDefaults* const all = [NSUserDefaults standardUserDefaults];
+    // Reading and writing back the whole domain is one step: two threads may set different keys.
     @synchronized(all)
     {
         NSMutableDictionary* const values = [[[self dictionaryRepresentation] mutableCopy] autorelease];

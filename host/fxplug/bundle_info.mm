@@ -10,6 +10,7 @@ namespace
 
 bundle_facts::listing read_listing(NSDictionary* properties, std::string& uuid)
 {
+    // Every class is checked: the file belongs to whoever installed the bundle.
     if (properties == nil)
         return bundle_facts::listing::no_properties;
     NSArray* const list = [properties objectForKey:@"ProPlugPlugInList"];
@@ -29,6 +30,7 @@ bundle_facts::listing read_listing(NSDictionary* properties, std::string& uuid)
 
 std::string cfstring_to_string(NSString* text, NSStringEncoding encoding)
 {
+    // Not -UTF8String, which would end at a zero byte and knows one encoding only.
     NSData* const bytes = [text dataUsingEncoding:encoding];
     return bytes == nil ? std::string() : std::string(static_cast<const char*>([bytes bytes]), [bytes length]);
 }

@@ -91,7 +91,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 {
     if (!(self = [super init]))
         return nil;
-    _apiManager = apiManager;
+    _apiManager = apiManager; // not retained, as the host's interface demands
     component = create_ccomponent();
     if (!component)
     {
@@ -99,6 +99,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         return nil;
     }
     component->initialize(std::make_shared<fcpx_host_interface>(component, apiManager));
+    // The value objects that the host creates itself start with the state of an effect nobody has edited.
     [fcpx_state_param setDefaultState:component->get_state()];
     state = [[fcpx_state_param alloc] init];
     initialized = false;
@@ -113,6 +114,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     [idleTimer invalidate];
     [state release];
     _apiManager = nil;
+    // Another thread may hold the component a little longer; its events must not reach the host through this instance.
     if (const auto host = bridge_host_of(component))
         host->detach();
     if (component)
@@ -144,6 +146,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         store_error(error, no_creation_api, "-[fcp_wrapper_veridialfcpx_3_7_0_0 addParametersWithError:]");
         return NO;
     }
+    // The host calls this for a new instance, not for one that it loads with a document: there it has the parameters.
     [creation addCustomParameterWithName:key_text(state_parameter_name)
                              parameterID:state_host_id
                             defaultValue:state
@@ -162,6 +165,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     const CMTime now = [action currentTime];
     for (int index = host->pop_dirty_param(); index >= 0; index = host->pop_dirty_param())
     {
+        // One action per parameter: the host makes each an undo step of its own.
         [action startAction:self];
         id<FxParameterSettingAPI_v5> const setting = setting_api(_apiManager);
         id<FxParameterRetrievalAPI_v6> const retrieval = retrieval_api(_apiManager);
@@ -179,6 +183,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         return YES;
     if (![self synchronizeComponentParameter:paramID])
         return NO;
+    // An edit can change other parameters of the effect, such as the lightness of a wheel along with its chroma.
     [self synchronizeHostParameters];
     return YES;
 }
@@ -208,6 +213,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     (void)renderTime;
     (void)qualityLevel;
     (void)error;
+    // The values go into the component itself; the render that follows needs no state object.
     if (pluginState != nullptr)
         *pluginState = nil;
     if (!gui_is_open())
@@ -218,6 +224,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (void)pluginInstanceAddedToDocument
 {
+    // The host calls this on a background queue, and a restore notifies the editor, which belongs to the main thread.
     [self performSelectorOnMainThread:@selector(pullState) withObject:nil waitUntilDone:YES];
 }
 
@@ -242,6 +249,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
             restore_payload(*component, bridge_host_of(component).get(), payload);
     }
     [action endAction:self];
+    // Now, before the next render reads the host's values: see restore_payload.
     [self synchronizeHostParameters];
 }
 
@@ -345,6 +353,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         store_error(error, no_timing_api);
         return NO;
     }
+    // A frame lasts denominator / numerator seconds: 1001/30000 for 29.97 frames a second.
     const CMTime frame = CMTimeMake(static_cast<std::int64_t>([timing timelineFpsDenominatorForEffect:self]),
                                     static_cast<std::int32_t>([timing timelineFpsNumeratorForEffect:self]));
     const std::scoped_lock guard(time_mutex);
@@ -365,12 +374,14 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     const std::scoped_lock guard(analyze_mutex);
     {
         const std::scoped_lock time_guard(time_mutex);
+        // A host may analyse more frames than the requested one. NO would cancel the analysis.
         if (!preview_render_requested || CMTimeCompare(frameTime, preview_time) != 0)
             return YES;
     }
     const auto source = capture_preview(frame, error);
     if (!source)
         return NO;
+    // The host's frame is valid only during this call, so the editor gets a copy and renders into a second image.
     preview_image_source = source;
     preview_image_dest = std::make_shared<image>(source->get_width(), source->get_height(), source->get_pixel_type(),
                                                  source->get_origin());

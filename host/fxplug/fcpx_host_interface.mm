@@ -31,6 +31,7 @@ language_id fcpx_host_interface::get_language() const
 
 void fcpx_host_interface::notify(event e)
 {
+    // `changed` reports sets by the program alone (edit false): what the host itself set does not come back to it.
     if (e.type == event_kind::changed)
     {
         if (const int index = index_of(e.id); index >= 0)
@@ -69,6 +70,7 @@ void fcpx_host_interface::show_enabled_state(uid changed)
     id<FxParameterRetrievalAPI_v6> retrieval = nil;
     id<FxParameterSettingAPI_v6> setting = nil;
     {
+        // Held only to fetch the interfaces: the host may call the effect back from within the calls below.
         const std::scoped_lock guard(manager_mutex);
         retrieval = retrieval_api(manager);
         setting = flag_setting_api(manager);

@@ -77,6 +77,7 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
 {
     (void)rightValue;
     (void)weight;
+    // A mean of two states would be no state.
     return [[self copy] autorelease];
 }
 

@@ -3,6 +3,7 @@
 namespace ov1
 {
 
+// The portable half of the bridge has numbers of its own; here they meet the host's.
 static_assert(host_flag::not_animatable == kFxParameterFlag_NOT_ANIMATABLE);
 static_assert(host_flag::hidden == kFxParameterFlag_HIDDEN);
 static_assert(host_flag::custom_ui == kFxParameterFlag_CUSTOM_UI);
@@ -93,6 +94,7 @@ std::optional<host_value> read_host_value(id<FxParameterRetrievalAPI_v6> api, ho
                                           CMTime time)
 {
     const auto id = static_cast<UInt32>(host_id);
+    // A popup is read as an integer: the interface has no method for it.
     double number = 0.0;
     int whole = 0;
     BOOL on = NO;

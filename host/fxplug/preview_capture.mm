@@ -27,6 +27,7 @@ std::shared_ptr<image> capture_preview(FxImageTile* frame, NSError** error)
     const IOSurfaceRef surface = surface_of(frame);
     if (surface == nullptr || IOSurfaceLock(surface, kIOSurfaceLockReadOnly, nullptr) != 0)
         return nullptr;
+    // No early return below: the surface must be unlocked on every path.
     const surface_layout layout = layout_of(surface);
     const auto format = tile_format_of(layout);
     std::shared_ptr<image> preview;

@@ -52,12 +52,14 @@ bool render_tile(icomponent_v1& component, FxImageTile* destination, NSArray* so
     const IOSurfaceRef to = surface_of(destination);
     if (to == nullptr || IOSurfaceLock(to, lock_for_writing, nullptr) != 0)
         return false;
+    // After render_begins, which brings the table up to date, and once: all rows of the tile use the same table even if
+    // the user edits meanwhile.
     const auto renderer = component.get_row_renderer();
     for (FxImageTile* source in sources)
     {
         const IOSurfaceRef from = surface_of(source);
         if (from == nullptr || IOSurfaceLock(from, kIOSurfaceLockReadOnly, nullptr) != 0)
-            continue;
+            continue; // the tile keeps what the host put there
         // Both surfaces stay locked and no end event is sent. This is meant: the host abandons such a tile together
         // with its surfaces.
         if (!render_source(*renderer, from, to, error))

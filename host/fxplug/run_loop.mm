@@ -9,6 +9,7 @@ void run_main_loop_once()
 {
     @autoreleasepool
     {
+        // A date in the past: fires what is due and returns.
         [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
         // Nil in a process that has not created an application object.
         NSApplication* const application = NSApp;

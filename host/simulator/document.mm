@@ -75,6 +75,7 @@ bool read_parameter(NSDictionary* entry, stored_parameter& p)
 /// The document's root; nil when the bytes are not a property list with a dictionary.
 NSDictionary* parsed(const std::vector<std::uint8_t>& bytes)
 {
+    // GNUstep raises for some damaged files where it could return nil.
     @try
     {
         NSData* const data = [NSData dataWithBytes:bytes.data() length:bytes.size()];
@@ -120,6 +121,7 @@ result<> simulated_host::read_document(const std::vector<std::uint8_t>& bytes)
         NSDictionary* const entries = [root objectForKey:@"parameters"];
         if (![[root objectForKey:@"format"] isEqual:format_name] || ![entries isKindOfClass:[NSDictionary class]])
             return failure{failure_kind::invalid_grade, {}, "is not a document of this program", {}};
+        // Parsed completely before anything is restored: a damaged document changes nothing.
         parameters_by_id parameters;
         for (NSString* key in entries)
         {

@@ -119,7 +119,7 @@ inspector::inspector(simulated_host& host, const std::string& title)
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
         [held->window setTitle:[NSString stringWithUTF8String:title.c_str()]];
-        [held->window setReleasedWhenClosed:NO];
+        [held->window setReleasedWhenClosed:NO]; // the user may close it before the inspector is destroyed
         const double top = window_height - [held->effect_view frame].size.height - margin;
         [held->effect_view setFrameOrigin:NSMakePoint(margin, top)];
         [[held->window contentView] addSubview:held->effect_view];

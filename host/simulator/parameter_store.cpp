@@ -31,6 +31,7 @@ store_value value_at(const stored_parameter& p, CMTime time)
 {
     if (p.keyframes.empty())
         return p.value;
+    // The first keyframe after the time, and the one before it; outside all keyframes the nearest one holds.
     const auto next = p.keyframes.upper_bound(time);
     if (next == p.keyframes.begin())
         return next->second;
@@ -93,6 +94,7 @@ bool parameter_store::set(std::uint32_t id, CMTime time, store_value value)
         return false;
     begin_action();
     limit(*p, value);
+    // A value that stays the same changes nothing for the user, so it makes no undo step.
     store_value& place = p->keyframes.empty() ? p->value : p->keyframes[time];
     changed_in_action |= place != value;
     place = std::move(value);
@@ -137,6 +139,7 @@ bool parameter_store::set_flags(std::uint32_t id, std::uint32_t flags)
 void parameter_store::begin_action()
 {
     const std::scoped_lock guard(lock);
+    // Only the outermost action remembers what was before it.
     if (open_actions++ > 0)
         return;
     before_action = parameters;
@@ -146,6 +149,7 @@ void parameter_store::begin_action()
 void parameter_store::end_action()
 {
     const std::scoped_lock guard(lock);
+    // An end without a begin is the effect's mistake; it must not wrap the count.
     if (open_actions == 0 || --open_actions > 0 || !changed_in_action)
         return;
     undo_steps.push_back(std::move(before_action));
@@ -199,6 +203,7 @@ parameters_by_id parameter_store::copy() const
 void parameter_store::restore(const parameters_by_id& saved)
 {
     const std::scoped_lock guard(lock);
+    // A document of another version may have parameters that this one lacks, or other ones under the same id.
     for (const auto& [id, from] : saved)
         if (stored_parameter* const to = find(id, from.value); to != nullptr && to->name == from.name)
         {

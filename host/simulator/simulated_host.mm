@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+// Of the innermost call into the effect on this thread: the interfaces are called back on the thread of the call.
 thread_local std::optional<CMTime> call_time;
 
 using effect = NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>;
@@ -95,6 +96,7 @@ CMTime simulated_host::core::frames_later(CMTime time, int frames) const
     const std::scoped_lock guard(lock);
     if (frames == 0)
         return time;
+    // time + frames * denominator / numerator as one fraction, reduced so that the timescale fits 32 bits again.
     const std::int64_t value = time.value * rate_numerator + std::int64_t{frames} * rate_denominator * time.timescale;
     const std::int64_t scale = std::int64_t{time.timescale} * rate_numerator;
     const std::int64_t common = std::gcd(value, scale);
@@ -228,6 +230,7 @@ void simulated_host::send_changes(const parameters_by_id& before)
     const call_time_guard guard(time);
     @autoreleasepool
     {
+        // A copy: the effect answers a change by setting parameters.
         for (const auto& [number, now] : impl->store.copy())
             if (!same_values(before.at(number), now))
             {
@@ -266,6 +269,7 @@ result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_o
             last_failed = std::move(rendered);
         }
     };
+    // Tiles are taken in order by whichever thread is free; the caller's thread renders too.
     std::vector<std::jthread> others;
     for (unsigned i = 1; i < options.threads; ++i)
         others.emplace_back(work);
@@ -286,6 +290,7 @@ void simulated_host::set_frame(rgba_picture frame, surface_format format)
 bool simulated_host::core::start_analysis()
 {
     const std::scoped_lock guard(lock);
+    // Not joined while it runs: the effect may ask for another analysis from within this one.
     if (analysis_state == kFxAnalysisState_AnalysisStarted)
         return false;
     if (analysis.joinable())

@@ -110,7 +110,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
     stored_parameter p = described(name, flags, static_cast<int>(defaultValue));
     for (NSString* entry in entries)
         p.entries.push_back(text_of(entry));
-    p.max = static_cast<double>(p.entries.size()) - 1;
+    p.max = static_cast<double>(p.entries.size()) - 1; // bounds the index
     return defaultValue < p.entries.size() && core->store.declare(parameterID, std::move(p));
 }
 
@@ -165,6 +165,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
     store_color c;
     if (!get<store_color>(core->store, parameterID, time, &c))
         return NO;
+    // All four or none: a refused read leaves the effect's variables unchanged.
     *red = c.red;
     *green = c.green;
     *blue = c.blue;
@@ -358,6 +359,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 - (id)apiForProtocol:(Protocol*)apiProtocol
 {
     NSString* const name = NSStringFromProtocol(apiProtocol);
+    // Looked up by name, not by the protocol object: gcc's runtime has one such object per object file.
     return core->is_refused(name) ? nil : [interfaces objectForKey:name];
 }
 

@@ -11,6 +11,7 @@ namespace ov1
 namespace
 {
 
+// The format's own numbers, not the bridge's constants: a wrong constant there must not cancel out here.
 constexpr OSType half_code = 0x52476841;  // "RGhA"
 constexpr OSType float_code = 0x52476641; // "RGfA"
 

@@ -63,6 +63,7 @@ result<archived_object*> unarchive_value(const std::vector<std::uint8_t>& archiv
             NSData* const data = [NSData dataWithBytes:archive.data() length:archive.size()];
             strict_unarchiver* const decoder = [[[strict_unarchiver alloc] initForReadingWithData:data] autorelease];
             [decoder setRequiresSecureCoding:YES];
+            // Retained, to outlive the pool that also frees the decoder's temporary objects.
             value = [[decoder decodeObjectOfClass:expected forKey:root_key] retain];
         }
         @catch (NSException* exception)

@@ -29,6 +29,7 @@ bool take_number(std::string_view& text, T& v)
     return true;
 }
 
+// from_chars reads "inf" and "nan" too.
 bool take_finite(std::string_view& text, double& v) { return take_number(text, v) && std::isfinite(v); }
 
 bool take_word(std::string_view& text, std::string_view word)
@@ -86,7 +87,7 @@ std::string text_of_time(CMTime time)
 
 std::optional<CMTime> time_of_text(std::string_view text)
 {
-    const std::string spaced = ' ' + std::string(text);
+    const std::string spaced = ' ' + std::string(text); // as take_number expects each number
     std::string_view rest = spaced;
     CMTime read;
     if (!take_number(rest, read.value) || !take_number(rest, read.timescale) || !take_number(rest, read.flags) ||

@@ -6,6 +6,7 @@
 #import <FxPlug/protocol_records.h>
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <set>
@@ -24,6 +25,7 @@ struct effect_log
     std::vector<CMTime> analysed;                           ///< times of analysed frames
     std::set<std::int64_t> render_times;                    ///< values of currentTime during renders
     CMTimeRange wanted{{5, 30, kCMTimeFlags_Valid, 0}, {}}; ///< answer to the analysis
+    std::function<void()> on_tile;                          ///< called for each tile, with the lock held
     SInt32 refused_left = -1;                               ///< tiles that begin in this column fail
 };
 
@@ -131,6 +133,8 @@ effect_log* current_log = nullptr;
     id<FxCustomParameterActionAPI_v4> const action = [manager apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
     const std::scoped_lock guard(ov1::current_log->lock);
     ov1::current_log->tiles.push_back(tile);
+    if (ov1::current_log->on_tile)
+        ov1::current_log->on_tile();
     ov1::current_log->render_times.insert([action currentTime].value);
     if (tile.left == ov1::current_log->refused_left)
     {
@@ -264,12 +268,13 @@ TEST_F(simulated, an_unknown_class_is_a_failure) { EXPECT_FALSE(simulated_host("
 TEST_F(simulated, current_time_is_the_calls_time_on_every_thread_else_the_playhead)
 {
     host.set_playhead(CMTimeMake(7, 30));
+    log.on_tile = [&] { host.set_playhead(CMTimeMake(8, 30)); }; // the user plays on during the render
     ASSERT_TRUE(host.render(rgba_picture(8, 8), {.format = surface_format::full_float, .side = 1, .padding = 0}));
     EXPECT_EQ(log.render_times, std::set<std::int64_t>{7});
-    EXPECT_EQ(host.get_playhead().value, 7);
+    EXPECT_EQ(host.get_playhead().value, 8);
     EXPECT_TRUE(host.edit(1, 3.0));
     ASSERT_EQ(log.changed.size(), 1u);
-    EXPECT_EQ(CMTimeCompare(log.changed[0].second, CMTimeMake(7, 30)), 0);
+    EXPECT_EQ(CMTimeCompare(log.changed[0].second, CMTimeMake(8, 30)), 0);
 }
 
 TEST_F(simulated, undo_and_redo_report_the_changed_parameters_only)

@@ -78,7 +78,7 @@ TEST(veridial_host, mistakes_are_one_line_and_a_code)
         {"render PHOTO -o OUT -s 'Sky Strength=101'", 2, "101"},
         {"render PHOTO -o OUT --pixels int", 2, "half or float"},
         {"render PHOTO", 2, "-o"},
-        {"render PHOTO -o OUT --document PHOTO", 5, "no document"},
+        {"render PHOTO -o OUT --document PHOTO", 5, "is not a document"},
         {"open", 2, "one picture"},
     };
     for (const auto& row : rows)
