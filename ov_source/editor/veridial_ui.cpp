@@ -2,6 +2,7 @@
 
 #include "editor/controls/modal/tooltip_layer.h"
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/view_area.h"
 #include "editor/controls/widgets/reset_click.h"
 #include "editor/discard_keys.h"
 #include "editor/editor_hand.h"
@@ -40,8 +41,6 @@ constexpr const char* random_look_label = "{en:Random look}{de:Zufälliger Look}
 /// A drag is followed by scopes of every second row; its end brings those of all.
 constexpr std::size_t scope_rows_while_dragging = 2;
 constexpr float least_value_of_a_press = 0.5f;
-
-CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
 
 void colour_scrollbar(CScrollbar* bar, const CColor& back)
 {
@@ -265,21 +264,16 @@ void veridial_ui::lay_out(double new_width, double new_height)
 {
     width = new_width;
     height = new_height;
-    const auto move = [](CView& view, const CRect& place)
-    {
-        view.setViewSize(place);
-        view.setMouseableArea(place);
-    };
     CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
     if (memory.shows_scopes)
     {
-        move(*scopes, CRect(0, 0, scopes_width, height));
+        place_view(*scopes, CRect(0, 0, scopes_width, height));
         place.left = scopes_width;
     }
-    move(*preview_scroller, place);
-    move(*bar, CRect(place.left, place.bottom - preview_bar_height, place.right, place.bottom));
-    move(*toolbar, to_crect(place_toolbar(static_cast<int>(width))));
-    move(*column, to_crect(place_column(static_cast<int>(width), static_cast<int>(height))));
+    place_view(*preview_scroller, place);
+    place_view(*bar, CRect(place.left, place.bottom - preview_bar_height, place.right, place.bottom));
+    place_view(*toolbar, to_crect(place_toolbar(static_cast<int>(width))));
+    place_view(*column, to_crect(place_column(static_cast<int>(width), static_cast<int>(height))));
     frame->invalid();
 }
 

@@ -60,7 +60,7 @@ bool write_parameters(std::span<const panel_stop> stops, CControl& control)
     const panel_stop* const stop = find_stop(stops, &control);
     if (!stop)
         return false;
-    if (stop->pad) // first: a pad's own tag is its angle's
+    if (stop->pad)
     {
         write_pad(*stop);
         return true;

@@ -4,11 +4,11 @@
 #include "editor/controls/style/cov_bitmap.h"
 #include "editor/controls/style/editor_style.h"
 #include "editor/controls/widgets/ccached_nine_part_tiled_bitmap.h"
+#include "editor/controls/widgets/text_label.h"
 #include "editor/panel/panel_layout.h"
 #include "platform/iutils.h"
 #include "shared/uid.h"
 
-#include "vstgui/lib/controls/ctextlabel.h"
 #include "vstgui/lib/cviewcontainer.h"
 
 namespace ov1
@@ -19,18 +19,17 @@ using namespace VSTGUI;
 namespace
 {
 
-/// Under it a smoothness slider carries its panel's range arc, as a pointer that is not owned.
+/// A smoothness slider carries its panel's range arc under this attribute, as a pointer that it does not own.
 constexpr CViewAttributeID spread_arc_attribute = 'r' << 24 | 's' << 16 | 'a' << 8 | 't';
 constexpr float slider_reach = 100;
-constexpr std::int32_t least_value_on_the_left = 4; ///< as the slider's constructor takes it
-constexpr CCoord panel_margin = 3;                  ///< of the panel's picture, the part that is not stretched
-
-CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
+constexpr std::int32_t least_value_on_the_left = 4; ///< the toolkit's style bit
+constexpr CCoord panel_margin = 3;                  ///< the edge of the panel's picture that is not stretched
 
 control_size size_of(const CBitmap& picture) { return {picture.getWidth(), picture.getHeight()}; }
 
 std::int32_t tag_of(const char* parameter) { return static_cast<std::int32_t>(make_uid(parameter)); }
 
+/// Creates the controls. Within a panel arcs come first and the pad last, so that it lies above them.
 class panel_maker
 {
 public:
@@ -122,13 +121,7 @@ private:
 
     void add_label(const rect& place, const char* text)
     {
-        auto* const label = new CTextLabel(to_crect(place), text);
-        label->setFont(style::panel_label_font());
-        label->setFontColor(style::label_colour);
-        label->setTransparency(true);
-        label->setStyle(CParamDisplay::kNoFrame);
-        label->setMouseEnabled(false);
-        container.addView(label);
+        container.addView(make_text_label(to_crect(place), text, style::panel_label_font(), style::label_colour));
     }
 
     void keep(CControl& control, const char* tooltip)
@@ -152,6 +145,8 @@ private:
 };
 
 } // namespace
+
+CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
 
 panel_controls add_panel_controls(CViewContainer& container, IControlListener& listener, language_id language)
 {

@@ -1,4 +1,4 @@
-// The controls of the panel, made and laid out from its table.
+// The controls of the panel, created and placed as its table says.
 #pragma once
 
 #include "editor/controls/widgets/cov_arrow_arc_slider.h"
@@ -7,6 +7,7 @@
 #include "editor/controls/widgets/cov_color_wheel_xy_pad.h"
 #include "editor/panel/panel_table.h"
 #include "shared/language_id.h"
+#include "shared/rect.h"
 
 #include <array>
 #include <vector>
@@ -14,24 +15,28 @@
 namespace ov1
 {
 
-/// All owned by the container that they were added to.
+/// Owned by the container that they were added to.
 struct panel_controls
 {
     std::array<COVColorWheelXYPad*, panel_count> pads{}; ///< by panel_slot
-    std::vector<VSTGUI::CControl*> others;               ///< arcs and sliders in the order of their making
+    std::vector<VSTGUI::CControl*> others;               ///< arcs and sliders, in the order of creation
     COVButton* inspire = nullptr;
 };
 
-/// Fills the container, which is panel_width x panel_height. The listener hears of every control.
+/// A rectangle of the layout, for the toolkit.
+VSTGUI::CRect to_crect(const rect& r);
+
+/// Creates all controls and labels in a container of panel_width x panel_height. The listener, which outlives them, is
+/// called for every control; tooltips are in this language.
 panel_controls add_panel_controls(VSTGUI::CViewContainer& container, VSTGUI::IControlListener& listener,
                                   language_id language);
 
-/// What lies beneath them, panel_width x panel_height, rendered once for a frame.
+/// The background of the panel, panel_width x panel_height, rendered once.
 VSTGUI::SharedPointer<VSTGUI::CBitmap> draw_panel_background(VSTGUI::CFrame* frame);
 
-/// The arc whose arrows a smoothness slider spreads; null for other controls.
+/// The arc whose spread a smoothness slider sets; null for other controls.
 COVArrowArcSlider* find_spread_arc(const VSTGUI::CControl& control);
-/// Sets the spread that belongs to a smoothness slider's normalised value.
+/// Sets the spread for a smoothness slider's normalised value: 0 at 0, full_spread_degrees at 1.
 void spread_arc(COVArrowArcSlider& arc, float normalized);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// What stands on the editor's panel: eight wheels with their arcs and sliders, the parameters behind them, their texts.
+// The contents of the editor's panel: eight wheels with their arcs and sliders, their parameters, pictures and texts.
 #pragma once
 
 #include <array>
@@ -8,16 +8,19 @@
 namespace ov1
 {
 
-/// A control beside or beneath a wheel. Texts are localised literals, parameters exact names.
+// Tooltips are localised literals, parameters exact names, pictures file names of the resources.
+
+/// An arc beside a wheel.
 struct panel_arc
 {
     const char* parameter;
     const char* picture;
-    bool is_left; ///< its pivot is its right edge
-    int inset;    ///< points at either end that the arrow does not reach
+    bool is_left; ///< of the wheel: the pivot is the view's right edge
+    int inset;    ///< points; see arc_inset_points
     const char* tooltip;
 };
 
+/// A slider below a wheel.
 struct panel_slider
 {
     const char* parameter;
@@ -25,7 +28,7 @@ struct panel_slider
     const char* tooltip;
 };
 
-/// The order of the wheels' fixed slots.
+/// The wheels, in the order of panel_controls::pads.
 enum class panel_slot
 {
     master,
@@ -39,6 +42,7 @@ enum class panel_slot
 };
 inline constexpr std::size_t panel_count = 8;
 
+/// One wheel with everything around it.
 struct panel
 {
     panel_slot slot;
@@ -50,10 +54,10 @@ struct panel
     int x_offset; ///< points from the middle of the panel to the middle of the wheel
     int top;      ///< points
     std::span<const panel_arc> arcs;
-    std::span<const panel_slider> sliders; ///< smoothness, whose value spreads the first arc's arrows, and saturation
+    std::span<const panel_slider> sliders; ///< smoothness, which sets the first arc's spread, then saturation
 };
 
-/// In the order in which the controls are made.
+/// In the order of creation.
 std::span<const panel, panel_count> get_panels();
 
 inline constexpr const char* inspire_tooltip = "{en:Generate random look}{de:Zufälligen Look generieren}";

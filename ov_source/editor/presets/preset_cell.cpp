@@ -1,5 +1,6 @@
 #include "editor/presets/preset_cell.h"
 
+#include "editor/controls/style/bitmap_pixels.h"
 #include "editor/controls/style/editor_style.h"
 
 #include "vstgui/lib/cdrawcontext.h"
@@ -7,7 +8,6 @@
 #include "vstgui/lib/events.h"
 #include "vstgui/lib/platform/iplatformbitmap.h"
 
-#include <cstring>
 #include <utility>
 
 namespace ov1
@@ -26,10 +26,7 @@ SharedPointer<CBitmap> to_bitmap(const display_picture& picture, double scale)
         return nullptr;
     auto bitmap = makeOwned<CBitmap>(picture.width, picture.height);
     bitmap->getPlatformBitmap()->setScaleFactor(scale);
-    if (const auto pixels = bitmap->getPlatformBitmap()->lockPixels(true))
-        for (std::uint32_t y = 0; y < picture.height; ++y)
-            std::memcpy(pixels->getAddress() + std::size_t{y} * pixels->getBytesPerRow(), picture.row(y),
-                        std::size_t{picture.width} * 4);
+    set_pixels(*bitmap, picture.pixels);
     return bitmap;
 }
 

@@ -1,6 +1,7 @@
 #include "editor/presets/preset_panel.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/view_area.h"
 #include "editor/presets/preset_cell.h"
 #include "platform/iutils.h"
 
@@ -134,9 +135,7 @@ void preset_panel::lay_out_cells()
             continue;
         const CCoord left = margin + (shown % columns) * (preset_picture_width + column_gap);
         const CCoord top = (shown / columns) * (preset_cell_height + cell_gap);
-        const CRect place(CPoint(left, top), CPoint(preset_picture_width, preset_cell_height));
-        cell->setViewSize(place);
-        cell->setMouseableArea(place);
+        place_view(*cell, CRect(CPoint(left, top), CPoint(preset_picture_width, preset_cell_height)));
         ++shown;
     }
     const int rows = (shown + columns - 1) / columns;
@@ -144,8 +143,7 @@ void preset_panel::lay_out_cells()
                       std::max(scroller->getViewSize().getHeight(), rows * (preset_cell_height + cell_gap) + margin));
     scroller->resetScrollOffset();
     scroller->setContainerSize(whole);
-    grid->setViewSize(whole);
-    grid->setMouseableArea(whole);
+    place_view(*grid, whole);
     invalid();
 }
 
@@ -177,10 +175,7 @@ std::size_t preset_panel::countPictures() const
 
 void preset_panel::drawBackgroundRect(CDrawContext* context, const CRect&)
 {
-    CRect whole = getViewSize();
-    whole.originize();
-    context->setFillColor(style::background);
-    context->drawRect(whole, kDrawFilled);
+    fill_background(*context, *this, style::background);
 }
 
 bool preset_panel::attached(CView* parent)

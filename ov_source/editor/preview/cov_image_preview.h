@@ -1,4 +1,4 @@
-// The preview of one editor: its picture, and the component whose grade it shows.
+// The preview of one editor, and the component whose grade it shows.
 #pragma once
 
 #include "editor/preview/preview_view.h"
@@ -9,7 +9,8 @@
 namespace ov1
 {
 
-/// Owner hears `colour_picked(const std::optional<picked_colour>&)`: what the pointer is over.
+/// owner_type has `colour_picked(const std::optional<picked_colour>&)`, called with the colour under the mouse and with
+/// nothing when the mouse leaves the picture.
 template <class owner_type>
 class COVImagePreview : public preview_view
 {
@@ -20,7 +21,7 @@ public:
     {
     }
 
-    /// Not owned, and it outlives the view.
+    /// Not owned; the owner outlives the view.
     void setOwner(owner_type& owner)
     {
         set_colour_listener([&owner](const std::optional<picked_colour>& colour) { owner.colour_picked(colour); });

@@ -1,5 +1,7 @@
 #include "editor/preview/cov_scroll_view.h"
 
+#include "editor/controls/style/view_area.h"
+
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/events.h"
 
@@ -11,7 +13,7 @@ using namespace VSTGUI;
 namespace
 {
 
-constexpr CCoord usual_scrollbar_width = 16;
+constexpr CCoord default_scrollbar_width = 16;
 
 } // namespace
 
@@ -19,7 +21,7 @@ COVScrollView::COVScrollView(const CRect& size, const CRect& container_size, int
     : CScrollView(size, container_size,
                   style | kHorizontalScrollbar | kVerticalScrollbar | kOverlayScrollbars | kAutoHideScrollbars |
                       kDontDrawFrame,
-                  usual_scrollbar_width)
+                  default_scrollbar_width)
 {
     geometry.view_width = size.getWidth();
     geometry.view_height = size.getHeight();
@@ -78,10 +80,7 @@ void COVScrollView::layOut(const preview_point& in_picture, const preview_point&
     resetScrollOffset();
     setContainerSize(size);
     if (CView* shown = getNbViews() > 0 ? getView(0) : nullptr)
-    {
-        shown->setViewSize(size);
-        shown->setMouseableArea(size);
-    }
+        place_view(*shown, size);
     setScrollOffset(CPoint(offset.x, offset.y));
     invalid();
     if (zoom_listener)

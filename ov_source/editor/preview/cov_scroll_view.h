@@ -1,4 +1,4 @@
-// The preview's frame: scroll bars, zoom and panning around one content view.
+// Scroll bars, zoom and panning for the preview.
 #pragma once
 
 #include "editor/preview/preview_geometry.h"
@@ -10,32 +10,35 @@
 namespace ov1
 {
 
-/// Holds one view, as large as the zoomed picture. A zoom of 1 shows one picture pixel on one pixel of the screen. The
-/// mouse wheel zooms about the pointer.
+/// Contains one view, as large as the zoomed picture. A zoom of 1 shows one picture pixel on one pixel of the screen.
+/// The mouse wheel zooms, and the point under the mouse stays where it is.
 class COVScrollView : public VSTGUI::CScrollView
 {
 public:
-    /// style as CScrollView takes it; both scroll bars are there in any case, over the content, and hide where there is
-    /// nothing to scroll.
+    /// style takes CScrollView's bits. Both scroll bars always exist; they lie over the content, and hide while there
+    /// is nothing to scroll.
     COVScrollView(const VSTGUI::CRect& size, const VSTGUI::CRect& container_size, int32_t style);
 
-    /// In pixels. The first picture is fitted; later ones of the same size keep zoom and place.
+    /// In pixels. A picture of another size than the one before is fitted; the same size keeps zoom and position.
     void setPictureSize(double width, double height);
 
-    /// In points; see preview_geometry.
+    /// In points; see preview_geometry::covered_bottom.
     void setCoveredBottom(double height);
 
     void zoomToFit();
-    /// Keeps the point of the view (in points from its upper left corner) where it is; without one, the middle.
+    /// The point at, in points from the view's upper left corner, keeps showing the same place of the picture; by
+    /// default the view's middle. The zoom is limited to fitting .. largest_zoom.
     void setZoom(double zoom, const preview_point& at);
     void setZoom(double zoom);
+    /// To the next step; see preview_geometry::next_zoom.
     void zoomInOrOut(bool in);
     double getZoom() const { return zoom; }
     bool isFitted() const { return fitted; }
+    /// Moves the picture right and down, in points, as far as it can be scrolled.
     void panBy(double x, double y);
-    /// In points: sizes divided by the frame's scale.
+    /// In points: the picture's size is divided by the frame's zoom.
     const preview_geometry& getGeometry() const { return geometry; }
-    /// Called when zoom or fit has changed.
+    /// Called after zoom, fit or size has changed.
     void setZoomListener(std::function<void()> listener) { zoom_listener = std::move(listener); }
 
     void onMouseWheelEvent(VSTGUI::MouseWheelEvent& event) override;

@@ -11,6 +11,7 @@ namespace ov1
 namespace
 {
 
+/// row is scratch memory.
 void grade_row(const std::uint32_t* from, std::uint32_t* to, std::uint32_t width, std::size_t y,
                const row_renderer& renderer, std::vector<argb_float>& row)
 {

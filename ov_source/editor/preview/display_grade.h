@@ -1,4 +1,4 @@
-// A picture of the screen through a grade: for small pictures and for trying a look.
+// A picture of the screen after a grade: for thumbnails, and for the trial of a preset.
 #pragma once
 
 #include "editor/preview/display_picture.h"
@@ -7,7 +7,8 @@
 namespace ov1
 {
 
-/// On all cores. The eight bits of the picture limit it: what the user keeps is rendered from the frame itself.
+/// Runs on all cores. Input and output have 8 bits a channel: good enough to look at, while results that the user keeps
+/// are rendered from the frame itself.
 display_picture grade_display(const display_picture& picture, const row_renderer& renderer);
 
 } // namespace ov1

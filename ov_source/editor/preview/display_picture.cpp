@@ -15,11 +15,11 @@ namespace
 {
 
 constexpr std::uint32_t opaque = 0xff000000u;
-/// From here on a picture's pixels show as squares.
+/// From this zoom on, a picture's pixels are drawn as squares.
 constexpr double least_zoom_of_squares = 2;
 
-/// What one screen row or column takes of the picture: weights of count neighbours from first on; they add up to
-/// weight_one.
+/// What contributes to one screen row or column: count neighbouring rows or columns of the picture from first on. Their
+/// weights add up to weight_one.
 struct tap_list
 {
     std::uint32_t first = 0;
@@ -27,43 +27,49 @@ struct tap_list
     std::uint32_t offset = 0; ///< into resample_axis::weights
 };
 
+// 14 bits of weight times 8 of code, twice, would overflow 32 bits: between the passes only kept_bits remain.
 constexpr int weight_bits = 14;
 constexpr std::int32_t weight_one = 1 << weight_bits;
+constexpr int kept_bits = 6;
 
+/// All screen columns, or all screen rows, of a window.
 struct resample_axis
 {
     std::vector<tap_list> taps;
     std::vector<std::int32_t> weights;
 };
 
-/// How much of a picture's pixel i, which reaches from i to i + 1, is covered by begin..end.
+/// The part of picture pixel i, which extends from i to i + 1, that begin..end covers.
 double covered(std::int64_t i, double begin, double end)
 {
     return std::max(0.0, std::min(end, i + 1.0) - std::max(begin, static_cast<double>(i)));
 }
 
-/// Whole weights whose sum is exact: what rounding leaves over goes to the largest.
+/// Appends integer weights that add up to weight_one exactly, so that a uniform area keeps its value: the largest
+/// weight takes the rounding error.
 void append_weights(resample_axis& axis, const std::vector<double>& exact)
 {
     double sum = 0;
     for (const double w : exact)
         sum += w;
-    std::int32_t left_over = weight_one;
+    std::int32_t remainder = weight_one;
     std::size_t largest = axis.weights.size();
     const std::size_t begin = axis.weights.size();
     for (const double w : exact)
     {
         axis.weights.push_back(static_cast<std::int32_t>(std::lround(w / sum * weight_one)));
-        left_over -= axis.weights.back();
+        remainder -= axis.weights.back();
     }
     for (std::size_t i = begin; i < axis.weights.size(); ++i)
         if (axis.weights[i] > axis.weights[largest])
             largest = i;
-    axis.weights[largest] += left_over;
+    axis.weights[largest] += remainder;
 }
 
-/// The picture's pixels beneath screen pixel s: averaged by area below zoom 1, interpolated up to 2, the nearest above.
-void append_taps(resample_axis& axis, double s, double zoom, std::uint32_t size, std::vector<double>& exact)
+/// Appends the taps of screen pixel s. Below zoom 1 they are the picture pixels under it, weighted by area; up to 2 the
+/// interval is one picture pixel wide, which is linear interpolation; above that it is the single pixel under s.
+/// exact is scratch memory.
+void appfinal_taps(resample_axis& axis, double s, double zoom, std::uint32_t size, std::vector<double>& exact)
 {
     double begin = s / zoom, end = (s + 1) / zoom;
     if (zoom >= least_zoom_of_squares)
@@ -78,13 +84,14 @@ void append_taps(resample_axis& axis, double s, double zoom, std::uint32_t size,
         end = middle + 0.5;
     }
     const std::int64_t last = static_cast<std::int64_t>(size) - 1;
+    // The tolerance drops neighbours that rounding errors alone would bring in.
     const auto lowest = static_cast<std::int64_t>(std::floor(begin + 1e-9));
     const auto highest = std::max(lowest, static_cast<std::int64_t>(std::ceil(end - 1e-9)) - 1);
     const std::int64_t first = std::clamp<std::int64_t>(lowest, 0, last);
-    const std::int64_t end_tap = std::clamp<std::int64_t>(highest, 0, last);
-    exact.assign(static_cast<std::size_t>(end_tap - first + 1), 0.0);
+    const std::int64_t final_tap = std::clamp<std::int64_t>(highest, 0, last);
+    exact.assign(static_cast<std::size_t>(final_tap - first + 1), 0.0);
     for (std::int64_t i = lowest; i <= highest; ++i)
-        exact[static_cast<std::size_t>(std::clamp(i, first, end_tap) - first)] += covered(i, begin, end);
+        exact[static_cast<std::size_t>(std::clamp(i, first, final_tap) - first)] += covered(i, begin, end);
     axis.taps.push_back({static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(exact.size()),
                          static_cast<std::uint32_t>(axis.weights.size())});
     append_weights(axis, exact);
@@ -96,16 +103,14 @@ resample_axis make_axis(double origin, std::uint32_t count, double zoom, std::ui
     axis.taps.reserve(count);
     std::vector<double> exact;
     for (std::uint32_t i = 0; i < count; ++i)
-        append_taps(axis, origin + i, zoom, size, exact);
+        appfinal_taps(axis, origin + i, zoom, size, exact);
     return axis;
 }
 
-/// One column for each byte of the picture's rows that the window shows.
+/// A picture row's bytes, of the columns that the window shows, with kept_bits fractional bits.
 using sum_row = std::vector<std::uint16_t>;
 
-/// The rows of one screen row, weighted: bytes first_column * 4 .. of the picture, with 6 more bits.
-constexpr int kept_bits = 6;
-
+/// First pass: the weighted mean of the picture rows that contribute to one screen row. sums is scratch memory.
 void sum_rows(const display_picture& picture, const resample_axis& rows, const tap_list& tap,
               std::uint32_t first_column, std::uint32_t columns, std::vector<std::uint32_t>& sums, sum_row& out)
 {
@@ -122,6 +127,7 @@ void sum_rows(const display_picture& picture, const resample_axis& rows, const t
         out[i] = static_cast<std::uint16_t>(sums[i] >> (weight_bits - kept_bits));
 }
 
+/// Second pass: the weighted mean of the columns, for each pixel of the screen row.
 void sum_columns(const sum_row& row, const resample_axis& columns, std::uint32_t first_column, std::uint32_t* target)
 {
     constexpr int shift = weight_bits + kept_bits;
@@ -140,6 +146,7 @@ void sum_columns(const sum_row& row, const resample_axis& columns, std::uint32_t
     }
 }
 
+/// One screen row where every tap is a single pixel: at zoom 1, and where pixels are squares.
 void copy_nearest(const display_picture& picture, const resample_axis& rows, const resample_axis& columns,
                   std::size_t y, std::uint32_t* target)
 {
@@ -152,7 +159,7 @@ void copy_nearest(const display_picture& picture, const resample_axis& rows, con
 
 void convert_row_to_display(const argb_float* from, std::uint32_t* to, std::size_t count)
 {
-    // Written so that the compiler does several at once; a NaN fails both comparisons and gives 0.
+    // Conditional moves, so that the compiler converts several pixels at once. A NaN fails the first comparison: 0.
     const auto code = [](float v)
     {
         const float above = v > 0.f ? v : 0.f;
@@ -191,7 +198,7 @@ void draw_zoomed(const display_picture& picture, const display_window& shown, st
     const resample_axis rows = make_axis(shown.top, shown.height, shown.zoom, picture.height);
     const std::uint32_t first_column = columns.taps.front().first;
     const std::uint32_t used = columns.taps.back().first + columns.taps.back().count - first_column;
-    const bool is_plain = shown.zoom >= least_zoom_of_squares || shown.zoom == 1;
+    const bool is_copy = shown.zoom >= least_zoom_of_squares || shown.zoom == 1;
     const auto draw_rows = [&](std::size_t first, std::size_t end)
     {
         std::vector<std::uint32_t> sums(std::size_t{used} * 4);
@@ -199,7 +206,7 @@ void draw_zoomed(const display_picture& picture, const display_window& shown, st
         for (std::size_t y = first; y < end; ++y)
         {
             auto* to = reinterpret_cast<std::uint32_t*>(target + y * row_bytes);
-            if (is_plain)
+            if (is_copy)
             {
                 copy_nearest(picture, rows, columns, y, to);
                 continue;

@@ -1,4 +1,4 @@
-// A preview frame as the screen takes it: 8 bits a channel, and reduced or enlarged to the size that is shown.
+// A frame as the screen shows it: 8 bits a channel, and scaled to the zoom.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace ov1
 class image;
 struct argb_float;
 
-/// Opaque pixels in rows from the top, without padding; in memory blue, green, red, 255.
+/// Opaque pixels in rows from the top, without padding. A pixel is 0xffRRGGBB: blue, green, red, 255 in memory.
 struct display_picture
 {
     std::uint32_t width = 0;
@@ -27,26 +27,27 @@ inline std::uint8_t red_of(std::uint32_t pixel) { return static_cast<std::uint8_
 inline std::uint8_t green_of(std::uint32_t pixel) { return static_cast<std::uint8_t>(pixel >> 8); }
 inline std::uint8_t blue_of(std::uint32_t pixel) { return static_cast<std::uint8_t>(pixel); }
 
-/// A row of pixels. Channels are limited to 0..1 and rounded to the nearest of 256 values, a NaN gives 0; alpha is
-/// ignored.
+/// Converts a row of count pixels. Channels are limited to 0..1 and rounded to the nearest of 256 codes; a NaN gives 0;
+/// alpha is ignored.
 void convert_row_to_display(const argb_float* from, std::uint32_t* to, std::size_t count);
 
-/// Replaces target by the frame, on all cores, row by row as above. Storage of the same size is used again.
+/// Converts a whole frame on all cores, its rows from the top whatever its origin. target's storage is reused where it
+/// is large enough. The frame's pixels are argb_float.
 void convert_to_display(const image& frame, display_picture& target);
 
-/// A part of the picture as it looks at one zoom, in screen pixels.
+/// A part of the zoomed picture, in screen pixels.
 struct display_window
 {
-    double left = 0; ///< the first column shown, in screen pixels from the left edge of the zoomed picture
-    double top = 0;
-    std::uint32_t width = 0; ///< what is shown, in screen pixels
+    double left = 0; ///< the first visible column, counted from the zoomed picture's left edge
+    double top = 0;  ///< the first visible row, from its upper edge
+    std::uint32_t width = 0;
     std::uint32_t height = 0;
-    double zoom = 1; ///< screen pixels for each of the picture's; above 0
+    double zoom = 1; ///< screen pixels for each picture pixel; above 0
 };
 
-/// Writes the window's pixels to target, row by row, each row_bytes after the one before, on all cores. A zoom below 1
-/// averages all that falls on a pixel, between 1 and 2 it interpolates, and from 2 on the picture's pixels show as
-/// squares. Beyond the picture its edge continues.
+/// Writes the window's pixels to target, rows row_bytes apart, on all cores. Below a zoom of 1 a screen pixel is the
+/// mean of the area under it, between 1 and 2 it is interpolated linearly, and from 2 on each picture pixel is a
+/// square. Outside the picture the nearest edge pixel is used.
 void draw_zoomed(const display_picture& picture, const display_window& shown, std::uint8_t* target,
                  std::size_t row_bytes);
 

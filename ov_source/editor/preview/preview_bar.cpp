@@ -1,7 +1,10 @@
 #include "editor/preview/preview_bar.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/view_area.h"
 #include "editor/controls/widgets/csimple_slider.h"
+#include "editor/controls/widgets/icon_button.h"
+#include "editor/controls/widgets/text_label.h"
 #include "platform/iutils.h"
 
 #include "vstgui/lib/cdrawcontext.h"
@@ -20,7 +23,8 @@ namespace
 {
 
 constexpr CCoord margin = 8;
-constexpr CCoord button_size = 28;
+constexpr CCoord button_gap = 2;
+constexpr CCoord label_gap = 4;
 constexpr CCoord zoom_width = 48;
 constexpr CCoord colour_width = 268;
 constexpr CCoord frame_label_width = 84;
@@ -59,28 +63,22 @@ preview_bar::preview_bar(const CRect& size, preview_view& preview, COVScrollView
 COVButton* preview_bar::add_button(const char* artwork, CTextButton::Style style, const char* tooltip,
                                    language_id language)
 {
-    const CCoord top = std::floor((getViewSize().getHeight() - button_size) / 2);
+    const CCoord top = std::floor((getViewSize().getHeight() - icon_button_size) / 2);
     auto* const button =
-        new COVButton(CRect(CPoint(next_left, top), CPoint(button_size, button_size)), this, -1, style, nullptr);
-    button->setIcon(load_artwork(artwork));
-    button->setTooltipText(iutils::translate(language, tooltip).c_str());
+        make_icon_button(CPoint(next_left, top), *this, style, artwork, iutils::translate(language, tooltip));
     addView(button);
-    next_left += button_size + 2;
+    next_left += icon_button_size + button_gap;
     return button;
 }
 
 CTextLabel* preview_bar::add_label(CCoord width, CHoriTxtAlign alignment)
 {
     const CCoord top = std::floor((getViewSize().getHeight() - label_height) / 2);
-    auto* const label = new CTextLabel(CRect(CPoint(next_left, top), CPoint(width, label_height)));
-    label->setFont(style::small_font());
-    label->setFontColor(style::text_colour);
+    auto* const label = make_text_label(CRect(CPoint(next_left, top), CPoint(width, label_height)), nullptr,
+                                        style::small_font(), style::text_colour);
     label->setHoriAlign(alignment);
-    label->setTransparency(true);
-    label->setStyle(CParamDisplay::kNoFrame);
-    label->setMouseEnabled(false);
     addView(label);
-    next_left += width + 4;
+    next_left += width + label_gap;
     return label;
 }
 
@@ -145,15 +143,15 @@ void preview_bar::lay_out_frames()
     frame_label->setViewSize(label);
     const CCoord left = (scopes ? scopes : eyedropper)->getViewSize().right + margin;
     CRect place(std::min(left, label.left - least_slider_width), 0, label.left - margin, whole.getHeight());
-    // Beside a clip's slider the read-out has only what is left over.
+    // The colour read-out keeps its place only where the slider still has twice its least width.
     const bool is_wide = label.left - left > colour_width + 2 * least_slider_width;
     if (is_wide)
         place.left += colour_width;
-    // A slider's travel is fixed when it is made.
+    // A slider's range is fixed when it is created, so a new size needs a new slider.
     if (frames)
         removeView(frames);
     const auto handle = load_artwork("slider_handle.png");
-    // The handle stands at the slider's top, so the slider is as high as the handle.
+    // The toolkit draws the handle at the slider's top: a slider as high as its handle is centred in the bar.
     place.inset(0, std::floor((place.getHeight() - handle->getHeight()) / 2));
     auto* const slider = new CSimpleSlider(place, this, -1, static_cast<std::int32_t>(place.left),
                                            static_cast<std::int32_t>(place.right - handle->getWidth()), handle,
@@ -201,10 +199,7 @@ void preview_bar::setViewSize(const CRect& rect, bool invalid)
 
 void preview_bar::drawBackgroundRect(CDrawContext* context, const CRect&)
 {
-    CRect whole = getViewSize();
-    whole.originize();
-    context->setFillColor(style::bar);
-    context->drawRect(whole, kDrawFilled);
+    fill_background(*context, *this, style::bar);
 }
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The strip beneath the preview: zoom, comparison, the colour under the pointer, and the frame of a clip.
+// The bar below the preview: zoom, comparison, the colour under the mouse, and the frame of a clip.
 #pragma once
 
 #include "editor/controls/widgets/cov_button.h"
@@ -15,20 +15,21 @@
 namespace ov1
 {
 
-/// Lives no longer than the preview and its scroller, which it steers.
+/// Controls a preview and its scroll view, which outlive it.
 class preview_bar : public VSTGUI::CViewContainer, public VSTGUI::IControlListener
 {
 public:
     preview_bar(const VSTGUI::CRect& size, preview_view& preview, COVScrollView& scroller, language_id language);
 
-    /// Adds a button that shows and hides the scopes.
+    /// Adds a button for the scopes; shown is its initial state, and toggled is called with each new one.
     void offer_scopes(bool shown, std::function<void(bool shown)> toggled, language_id language);
-    /// The colour under the pointer, while the eyedropper is on.
+    /// Writes the colour under the mouse, while the eyedropper is on.
     void show_colour(const std::optional<picked_colour>& colour);
-    /// Adds a slider for the frames 0..count - 1; none for a count of 1 or less.
+    /// Adds a slider for the frames 0..count - 1, whose every new frame is passed to chosen. Does nothing for a count
+    /// of 1 or less, and on a second call.
     void offer_frames(int count, std::function<void(int frame)> chosen);
 
-    /// Shows the comparison, or, where it is shown already, the graded picture.
+    /// Switches to a comparison, or, where it is active, back to the graded picture.
     void toggle_comparison(comparison mode);
 
     void valueChanged(VSTGUI::CControl* control) override;

@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr std::array<double, 11> zoom_steps = {0.25, 1. / 3, 0.5, 2. / 3, 1, 1.5, 2, 3, 4, 6, 8};
-/// Zooms that differ by less are one step.
+/// Zooms that differ by less count as equal.
 constexpr double same_zoom = 1e-3;
 
 } // namespace

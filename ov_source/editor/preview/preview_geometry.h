@@ -1,4 +1,4 @@
-// Where a zoomed picture lies in the preview, as arithmetic.
+// The arithmetic of zoom and scrolling: where a zoomed picture lies in the preview.
 #pragma once
 
 namespace ov1
@@ -12,7 +12,8 @@ struct preview_point
     bool operator==(const preview_point&) const = default;
 };
 
-/// Sizes of the picture in its own pixels, of the view in points; zoom is points for each pixel.
+/// The picture's size is in picture pixels, the view's in points; a zoom is points for each pixel. Content is what is
+/// scrolled: coordinates in it are points from its upper left corner.
 struct preview_geometry
 {
     static constexpr double largest_zoom = 8;
@@ -21,26 +22,26 @@ struct preview_geometry
     double picture_height = 0;
     double view_width = 0;
     double view_height = 0;
-    /// Of the view's height, what something else covers at the bottom: the picture is fitted above it, and can be
-    /// scrolled out from beneath it.
+    /// Points at the view's bottom that the bar covers. The picture is fitted above them, and its last rows can be
+    /// scrolled out from under them.
     double covered_bottom = 0;
 
-    /// The zoom at which the whole picture is seen and fills the view, at most largest_zoom; 1 without a picture.
+    /// The largest zoom at which the whole picture is visible, at most largest_zoom; 1 without a picture.
     double fit_zoom() const;
     /// Limited to fit_zoom .. largest_zoom.
     double limit_zoom(double zoom) const;
-    /// The next of the steps 25, 33, 50, 67, 100, 150, 200, 300, 400, 600, 800 % above or below, with fit_zoom as the
-    /// lowest.
+    /// The next larger or smaller of the steps 25, 33, 50, 67, 100, 150, 200, 300, 400, 600 and 800 %, within
+    /// fit_zoom .. largest_zoom.
     double next_zoom(double zoom, bool larger) const;
 
-    /// What is scrolled over: the zoomed picture, or the view where that is larger.
+    /// The size of the content: in each direction the zoomed picture's or the view's, whichever is larger.
     preview_point content_size(double zoom) const;
-    /// The picture's upper left corner within the content: centred where the view is larger.
+    /// The picture's upper left corner in the content. The picture is centred where the view is larger.
     preview_point picture_corner(double zoom) const;
-    /// In picture pixels, for a point of the content.
+    /// From content to picture pixels, and back.
     preview_point to_picture(double zoom, const preview_point& in_content) const;
     preview_point to_content(double zoom, const preview_point& in_picture) const;
-    /// The scroll offset at which the picture's point in_picture lies at in_view, limited to what can be scrolled.
+    /// The scroll offset that puts the picture's point in_picture at the view's point in_view, limited to the content.
     preview_point offset_for(double zoom, const preview_point& in_picture, const preview_point& in_view) const;
 
 private:

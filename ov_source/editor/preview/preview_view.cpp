@@ -22,8 +22,9 @@ namespace
 {
 
 constexpr CCoord line_grip_radius = 7;
-constexpr CCoord line_reach = 6; ///< how far from the line a press still takes it
+constexpr CCoord line_reach = 6; // a press at this distance still takes the line
 
+/// The smallest rectangle of whole screen pixels around r, in points.
 CRect whole_pixels(const CRect& r, double scale)
 {
     return {std::floor(r.left * scale) / scale, std::floor(r.top * scale) / scale, std::ceil(r.right * scale) / scale,
@@ -56,7 +57,7 @@ bool preview_view::take_arrived(layer& taken)
     const std::scoped_lock guard(arrival_mutex);
     if (!std::exchange(taken.has_arrived, false))
         return false;
-    std::swap(taken.picture, taken.arrived); // the old storage is filled by the next frame
+    std::swap(taken.picture, taken.arrived); // the next frame reuses the old storage
     taken.drawn_zoom = 0;
     return true;
 }
@@ -145,6 +146,7 @@ void preview_view::draw(CDrawContext* context)
 
 void preview_view::draw_split(CDrawContext* context, layer& graded, const CRect& area)
 {
+    // Both layers are drawn for the whole area and clipped, so that moving the line computes no pixel again.
     CRect left = area, right = area;
     left.right = right.left = std::clamp(line_x(), area.left, area.right);
     {
@@ -221,6 +223,7 @@ std::optional<picked_colour> preview_view::pick_colour(const CPoint& where) cons
     };
     const std::uint32_t x = place(where.x - area.left, area.getWidth(), after.picture.width);
     const std::uint32_t y = place(where.y - area.top, area.getHeight(), after.picture.height);
+    // While frames of two sizes are on their way, before and after do not match.
     const bool has_before =
         before.picture.width == after.picture.width && before.picture.height == after.picture.height;
     const std::uint32_t graded = after.picture.row(y)[x];

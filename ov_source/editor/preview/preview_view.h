@@ -1,4 +1,4 @@
-// The preview's picture: the frame before and after the grade, side by side if wanted, at any zoom.
+// The preview: the frame before or after the grade, or both with a split line, at any zoom.
 #pragma once
 
 #include "editor/preview/cov_scroll_view.h"
@@ -21,45 +21,47 @@ class image;
 enum class comparison
 {
     after,  ///< the graded picture
-    before, ///< the picture as it came
-    split,  ///< before on the left of a line that can be dragged, after on its right
+    before, ///< the picture as it was received
+    split,  ///< left of a line that can be dragged before, right of it after
 };
 
-/// What lies beneath the pointer.
+/// The pixel under the mouse.
 struct picked_colour
 {
-    int x = 0;                ///< pixels from the left
-    int y = 0;                ///< pixels from the top
+    int x = 0;                ///< picture pixels from the left
+    int y = 0;                ///< picture pixels from the top
     std::uint32_t before = 0; ///< as in display_picture
     std::uint32_t after = 0;
 };
 
-/// Lives within a COVScrollView. A drag pans, or moves the line of the split.
+/// The content of a COVScrollView. A drag pans the picture or moves the split line. For the editor's thread, except for
+/// the two updates.
 class preview_view : public VSTGUI::CView
 {
 public:
     explicit preview_view(const VSTGUI::CRect& size);
 
-    /// The view that scrolls this one; not owned, and it outlives the view.
+    /// The scroll view around this one; not owned, and it outlives this view.
     void set_scroller(COVScrollView* view) { scroller = view; }
 
-    /// Takes a frame; it is shown at the next idle. Any thread.
+    /// Copies the frame after the grade, to be shown at the next idle. Any thread.
     void update(const image& frame);
+    /// The same for the frame before the grade.
     void update_source(const image& frame);
-    /// Shows what has arrived.
+    /// Shows the frames that were copied since the last call.
     void idle();
 
-    /// The frame before the grade; empty until one has come.
+    /// The frame before the grade; empty until the first one is shown.
     const display_picture& get_before() const { return before.picture; }
-    /// Shows the frame through another grade in the graded picture's place; null ends that.
+    /// Shows the frame with another grade instead of its own; null ends the trial.
     void show_trial(std::shared_ptr<const row_renderer> renderer);
 
     void set_comparison(comparison mode);
     comparison get_comparison() const { return mode; }
-    /// Place of the split's line, 0 at the left edge of the picture, 1 at its right.
+    /// Position of the split line: 0 at the picture's left edge, 1 at its right edge; limited to that.
     void set_split(double place);
     double get_split() const { return split; }
-    /// Called with what the pointer is over, and with nothing when it leaves the picture.
+    /// Called with the pixel under the mouse, and with nothing when the mouse leaves the picture.
     void set_colour_listener(std::function<void(const std::optional<picked_colour>&)> listener);
     std::optional<picked_colour> pick_colour(const VSTGUI::CPoint& where) const;
 
@@ -71,7 +73,7 @@ public:
     void onMouseExitEvent(VSTGUI::MouseExitEvent& event) override;
 
 private:
-    /// One of the two pictures, and its part on the screen as it was drawn last.
+    /// One of the pictures, and its visible part as it was drawn last.
     struct layer
     {
         display_picture arrived; ///< guarded by arrival_mutex, with has_arrived

@@ -10,7 +10,7 @@ namespace ov1
 namespace
 {
 
-bool holds(const scope_selection& all, const scope_selection& some)
+bool includes(const scope_selection& all, const scope_selection& some)
 {
     for (std::size_t i = 0; i < scope_type_count; ++i)
         if (is_chosen(some, scope_type{i}) && !is_chosen(all, scope_type{i}))
@@ -39,13 +39,13 @@ bool scope_pictures::order(const scope_order& wanted)
     if (!present.is_visible)
         return true;
     draw_all();
-    return holds(counted, present.choice.shown);
+    return includes(counted, present.choice.shown);
 }
 
-bool scope_pictures::take_news()
+bool scope_pictures::take_change()
 {
     const std::scoped_lock guard(mutex);
-    return std::exchange(has_news, false);
+    return std::exchange(has_changed, false);
 }
 
 void scope_pictures::draw_all()
@@ -64,7 +64,7 @@ void scope_pictures::draw_all()
         }
     };
     for_each_row_piece(scope_type_count, 1, 0, draw);
-    has_news = true;
+    has_changed = true;
 }
 
 } // namespace ov1

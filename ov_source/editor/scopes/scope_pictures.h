@@ -1,4 +1,4 @@
-// The scopes of the graded frame, counted and drawn apart from the toolkit.
+// The scopes' pictures of the graded frame, counted and drawn without the toolkit.
 #pragma once
 
 #include "scopes/scope_type.h"
@@ -9,46 +9,46 @@
 namespace ov1
 {
 
-/// Which scopes are shown and how.
+/// The user's choice of scopes.
 struct scope_choice
 {
     scope_selection shown{.waveform = true, .vectorscope = true};
-    bool skin_line = false; ///< on the vectorscope
+    bool skin_line = false; ///< drawn on the vectorscope
 
     bool operator==(const scope_choice&) const = default;
 };
 
-/// What is to be drawn.
+/// What to draw.
 struct scope_order
 {
     scope_choice choice;
-    bool is_visible = false; ///< while not, nothing is counted and nothing drawn
+    bool is_visible = false; ///< while false, nothing is counted or drawn
     int width = 0;           ///< of each picture, in pixels
     int height = 0;
     int line_width = 1;       ///< in pixels
-    std::size_t row_step = 1; ///< of the frame's rows, counts one of so many
+    std::size_t row_step = 1; ///< of the frame's rows, every row_step-th is counted
 };
 
-/// Safe from any thread: frames may come from another than the one that shows the pictures.
+/// May be used from any thread: frames may arrive on another thread than the one that shows the pictures.
 class scope_pictures
 {
 public:
-    /// Counts a frame and draws what was ordered, on all cores.
+    /// Counts a frame and draws what the last order says, on all cores.
     void update(const image& graded);
 
-    /// Changes what is drawn, at once, from the last frame's counts. False where a scope is now shown that was not
-    /// counted in it: its picture is empty until the next update.
+    /// Replaces the order and draws it at once, from the counts of the last frame. False where the order shows a scope
+    /// that was not counted: its picture is empty until the next update.
     [[nodiscard]] bool order(const scope_order& wanted);
 
     /// Whether pictures were drawn since the last call.
-    bool take_news();
+    bool take_change();
 
-    /// Calls look(picture) while the picture does not change.
+    /// Calls read(picture) under the lock, so that the picture does not change meanwhile.
     template <class function>
-    void look_at(scope_type type, const function& look) const
+    void read_picture(scope_type type, const function& read) const
     {
         const std::scoped_lock guard(mutex);
-        look(pictures[static_cast<std::size_t>(type)]);
+        read(pictures[static_cast<std::size_t>(type)]);
     }
 
 private:
@@ -59,7 +59,7 @@ private:
     scope_selection counted; ///< in the last frame
     scope_counter counter;
     std::array<scope_picture, scope_type_count> pictures;
-    bool has_news = false;
+    bool has_changed = false;
 };
 
 } // namespace ov1

@@ -1,12 +1,11 @@
 #include "editor/scopes/scope_view.h"
 
-#include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/bitmap_pixels.h"
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/platform/iplatformbitmap.h"
 
 #include <cmath>
-#include <cstring>
 #include <utility>
 
 namespace ov1
@@ -19,7 +18,7 @@ namespace
 
 constexpr CCoord title_indent = 8;
 constexpr CPoint label_size(32, 14);
-constexpr CPoint label_reach(24, 11); ///< nearer than that two labels touch
+constexpr CPoint label_reach(24, 11); ///< two labels that are closer than this touch
 
 } // namespace
 
@@ -32,9 +31,9 @@ scope_view::scope_view(const CRect& size, const scope_pictures& pictures, scope_
     setMouseEnabled(false);
 }
 
-void scope_view::show_news()
+void scope_view::mark_outdated()
 {
-    has_news = true;
+    is_outdated = true;
     invalid();
 }
 
@@ -45,17 +44,10 @@ void scope_view::copy_picture()
         const CPoint size(picture.width, picture.height);
         if (!drawn || drawn->getPlatformBitmap()->getSize() != size)
             drawn = picture.pixels.empty() ? nullptr : makeOwned<CBitmap>(size.x, size.y);
-        if (!drawn)
-            return;
-        const auto pixels = drawn->getPlatformBitmap()->lockPixels(true);
-        if (!pixels)
-            return;
-        const auto row_bytes = static_cast<std::size_t>(picture.width) * sizeof(std::uint32_t);
-        for (int y = 0; y < picture.height; ++y)
-            std::memcpy(pixels->getAddress() + static_cast<std::size_t>(y) * pixels->getBytesPerRow(), picture.row(y),
-                        row_bytes);
+        if (drawn)
+            set_pixels(*drawn, picture.pixels);
     };
-    pictures.look_at(type, copy);
+    pictures.read_picture(type, copy);
 }
 
 void scope_view::draw(CDrawContext* context)
@@ -64,10 +56,10 @@ void scope_view::draw(CDrawContext* context)
     CRect heading = area;
     heading.bottom = area.top += title_height;
     heading.left += title_indent;
-    context->setFont(style::small_font());
+    context->setFont(title_font);
     context->setFontColor(style::text_colour);
     context->drawString(title.c_str(), heading, kLeftText);
-    if (std::exchange(has_news, false))
+    if (std::exchange(is_outdated, false))
         copy_picture();
     if (drawn && area.getWidth() > 0)
     {
@@ -82,14 +74,14 @@ void scope_view::draw(CDrawContext* context)
 void scope_view::draw_labels(CDrawContext* context, const CRect& area) const
 {
     const rect points{0, 0, static_cast<int>(area.getWidth()), static_cast<int>(area.getHeight())};
-    context->setFont(style::tiny_font());
+    context->setFont(label_font);
     context->setFontColor(style::scale_text);
     CPoint last(-label_size.x, 0);
     for (const scope_label& label : scope_labels_of(type, points, 1))
     {
         const CPoint place(label.x, label.y);
         if (std::abs(place.x - last.x) < label_reach.x && std::abs(place.y - last.y) < label_reach.y)
-            continue; // in a low view the words would run into one another
+            continue; // in a low view the labels would overlap
         last = place;
         CRect box(CPoint(), label_size);
         box.offset(area.left + label.x - label_size.x / 2, area.top + label.y - label_size.y / 2);

@@ -1,6 +1,7 @@
-// One scope of the scopes panel: its title, its picture and the words of its scale.
+// One scope of the panel: title, picture and the labels of its scale.
 #pragma once
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/scopes/scope_pictures.h"
 
 #include "vstgui/lib/cbitmap.h"
@@ -11,7 +12,7 @@
 namespace ov1
 {
 
-/// Takes no mouse events. The pictures outlive it.
+/// Takes no mouse events. pictures outlives this view; title is UTF-8 in the user's language.
 class scope_view : public VSTGUI::CView
 {
 public:
@@ -19,8 +20,8 @@ public:
 
     scope_view(const VSTGUI::CRect& size, const scope_pictures& pictures, scope_type type, std::string title);
 
-    /// What came with the last update is to be shown.
-    void show_news();
+    /// Copies the picture before the next drawing.
+    void mark_outdated();
 
     void draw(VSTGUI::CDrawContext* context) override;
 
@@ -31,8 +32,10 @@ private:
     const scope_pictures& pictures;
     const scope_type type;
     const std::string title;
+    const style::font_pointer title_font = style::small_font();
+    const style::font_pointer label_font = style::tiny_font();
     VSTGUI::SharedPointer<VSTGUI::CBitmap> drawn;
-    bool has_news = true;
+    bool is_outdated = true; ///< the bitmap, against the picture
 };
 
 } // namespace ov1

@@ -1,6 +1,7 @@
 #include "editor/scopes/scopes_panel.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/view_area.h"
 #include "platform/iutils.h"
 
 #include "vstgui/lib/cdrawcontext.h"
@@ -43,12 +44,6 @@ std::size_t count_of(const scope_selection& selection)
     return count;
 }
 
-void move(CView& view, const CRect& place)
-{
-    view.setViewSize(place);
-    view.setMouseableArea(place);
-}
-
 } // namespace
 
 scopes_panel::scopes_panel(const CRect& size, language_id language)
@@ -82,10 +77,10 @@ void scopes_panel::idle()
 {
     if (ordered_zoom != zoom())
         place_order();
-    if (pictures.take_news())
+    if (pictures.take_change())
         for (scope_view* view : views)
             if (view->isVisible())
-                view->show_news();
+                view->mark_outdated();
 }
 
 void scopes_panel::set_choice(const scope_choice& wanted)
@@ -139,7 +134,7 @@ void scopes_panel::lay_out_buttons()
     {
         const CCoord left = margin + std::round(step * static_cast<CCoord>(i));
         const CCoord right = margin + std::round(step * static_cast<CCoord>(i + 1)) - gap;
-        move(*buttons[i], CRect(left, margin, right, margin + button_height));
+        place_view(*buttons[i], CRect(left, margin, right, margin + button_height));
     }
 }
 
@@ -153,13 +148,13 @@ void scopes_panel::lay_out()
     for (scope_view* view : views)
         if (view->isVisible())
         {
-            move(*view, place);
+            place_view(*view, place);
             place.offset(0, step);
         }
     const CRect beneath = views[static_cast<std::size_t>(scope_type::vectorscope)]->getViewSize();
     const CCoord right = getViewSize().getWidth() - margin;
-    move(*skin_button,
-         CRect(CPoint(right - skin_button_width, beneath.top + 2), CPoint(skin_button_width, skin_button_height)));
+    place_view(*skin_button, CRect(CPoint(right - skin_button_width, beneath.top + 2),
+                                   CPoint(skin_button_width, skin_button_height)));
     place_order();
     invalid();
 }
@@ -196,10 +191,7 @@ void scopes_panel::setViewSize(const CRect& rect, bool invalid)
 
 void scopes_panel::drawBackgroundRect(CDrawContext* context, const CRect&)
 {
-    CRect whole = getViewSize();
-    whole.originize();
-    context->setFillColor(style::background);
-    context->drawRect(whole, kDrawFilled);
+    fill_background(*context, *this, style::background);
 }
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The scopes beside the preview: buttons that choose them, and the chosen ones stacked beneath.
+// The scopes beside the preview: buttons that choose them, and below the chosen ones, one above the other.
 #pragma once
 
 #include "editor/controls/widgets/cov_rounded_grey_button.h"
@@ -16,26 +16,26 @@ namespace ov1
 
 class image;
 
-/// One to four scopes, each as wide as the panel and all equally high; the last one that is shown stays. Hidden with
-/// setVisible, it computes nothing. Belongs to the editor's thread, but for update.
+/// One to four scopes, as wide as the panel and equally high; the last one cannot be hidden. While the panel is hidden
+/// with setVisible, it computes nothing. For the editor's thread, except for update.
 class scopes_panel : public VSTGUI::CViewContainer, public VSTGUI::IControlListener
 {
 public:
     scopes_panel(const VSTGUI::CRect& size, language_id language);
 
-    /// Counts and draws a frame, on all cores; it is shown at the next idle. Any thread.
+    /// Counts and draws a frame, on all cores, to be shown at the next idle. Any thread.
     void update(const image& graded) { pictures.update(graded); }
-    /// Shows what has arrived, and follows the frame's zoom.
+    /// Shows new pictures, and draws them again when the frame's zoom has changed.
     void idle();
 
-    /// A choice without any scope is ignored.
+    /// A choice without a scope is ignored.
     void set_choice(const scope_choice& wanted);
     const scope_choice& get_choice() const { return choice; }
-    /// Counts one of so many rows, 1 or more: a step above 1 keeps a large frame's drag quick.
+    /// Counts every step-th row, step being 1 or more: a larger step keeps drags on a large frame fast.
     void set_row_step(std::size_t step);
     /// Called after the user has chosen.
     void set_choice_listener(std::function<void()> listener) { choice_listener = std::move(listener); }
-    /// Called when a scope comes to be shown that the last frame was not counted for: the owner updates once more.
+    /// Called when a scope is shown for which the last frame was not counted: the owner should call update again.
     void set_frame_listener(std::function<void()> listener) { frame_listener = std::move(listener); }
 
     void valueChanged(VSTGUI::CControl* control) override;
@@ -48,7 +48,7 @@ private:
     void show_choice();
     void lay_out();
     void lay_out_buttons();
-    /// Asks for the pictures that belong to choice, size and zoom.
+    /// Orders the pictures for the present choice, size and zoom.
     void place_order();
     double zoom() const;
 

@@ -8,10 +8,10 @@
 namespace ov1
 {
 
-/// The chosen scopes' names and "skin", apart by blanks: "waveform vectorscope skin".
+/// The names of the chosen scopes, and "skin" for the skin line, separated by blanks: "waveform vectorscope skin".
 std::string scope_choice_text(const scope_choice& choice);
 
-/// Unknown words are passed over; a text that names no scope gives the usual choice.
+/// Reads such a text. Unknown words are ignored; a text without a scope gives the default choice.
 scope_choice scope_choice_from_text(const std::string& text);
 
 } // namespace ov1

@@ -1,6 +1,7 @@
 #include "editor/toolbar/cov_plugin_toolbar.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/widgets/icon_button.h"
 #include "editor/toolbar/popup_menu.h"
 #include "framework/ihost_v1.h"
 #include "framework/parameters/iparameter_v1.h"
@@ -23,7 +24,6 @@ namespace
 constexpr CCoord margin = 12;
 constexpr CCoord preset_width = 156;
 constexpr CCoord preset_height = 28;
-constexpr CCoord button_size = 28;
 constexpr CCoord gap = 1;
 constexpr CCoord group_gap = 9;
 constexpr float least_value_of_a_press = 0.5f;
@@ -100,17 +100,15 @@ void COVPluginToolbar::addPresetButton()
 void COVPluginToolbar::addButtons()
 {
     static_assert(std::size(button_rows) == static_cast<std::size_t>(tool::count));
-    CPoint corner(margin + preset_width + group_gap, (getViewSize().getHeight() - button_size) / 2);
+    CPoint corner(margin + preset_width + group_gap, (getViewSize().getHeight() - icon_button_size) / 2);
     int last_group = button_rows[0].group;
     for (std::size_t i = 0; i < buttons.size(); ++i)
     {
         const button_row& row = button_rows[i];
         corner.x += row.group == std::exchange(last_group, row.group) ? 0 : group_gap;
-        buttons[i] = new COVButton(CRect(corner, CPoint(button_size, button_size)), this, -1, row.style, nullptr);
-        buttons[i]->setIcon(load_artwork(row.artwork));
-        buttons[i]->setTooltipText(dialogs.translate(row.tooltip).c_str());
+        buttons[i] = make_icon_button(corner, *this, row.style, row.artwork, dialogs.translate(row.tooltip));
         addView(buttons[i]);
-        corner.x += button_size + gap;
+        corner.x += icon_button_size + gap;
     }
 }
 

@@ -71,7 +71,7 @@ public:
             end();
     }
 
-    // With the release, or the release would go to what lies beneath.
+    // On the release: after closing on the press, the view beneath would receive the release.
     void onMouseUpEvent(VSTGUI::MouseUpEvent& event) override
     {
         event.consumed = true;
@@ -81,7 +81,7 @@ public:
 private:
     double group_width() const { return keys_width + column_gap + text_width; }
 
-    /// In a low window, where they do not fit beneath one another.
+    /// Groups are side by side where they do not fit one below the other.
     bool are_side_by_side() const { return title_height + height + 2.0 * margin > getHeight(); }
 
     VSTGUI::CPoint box_size() const
@@ -91,14 +91,14 @@ private:
                 title_height + (are_side_by_side() ? highest : height) + 2.0 * margin};
     }
 
-    /// Less than 1 where even so the window is too small.
+    /// Below 1 where the window is too small for both arrangements.
     double scale() const
     {
         const VSTGUI::CPoint size = box_size();
         return std::min({1.0, getWidth() / size.x, getHeight() / size.y});
     }
 
-    /// In points of that scale.
+    /// The box in the middle of the window, in points of that scale.
     VSTGUI::CRect box() const
     {
         const VSTGUI::CPoint size = box_size();
@@ -131,8 +131,8 @@ private:
     const std::vector<std::vector<help_row>> groups;
     const style::font_pointer title_font = style::title_font();
     const style::font_pointer font = style::text_font();
-    double height = 0.0; // of the groups beneath one another
-    double highest = 0.0;
+    double height = 0.0;  // of all groups, one below the other
+    double highest = 0.0; // of the groups
     double keys_width = 0.0;
     double text_width = 0.0;
 };

@@ -42,14 +42,14 @@ constexpr key_row key_table[] = {
     {key_action::nudge, nudge_keys, "{en:Arrow keys}{de:Pfeiltasten}",
      "{en:Move the control a little}{de:Regler ein wenig bewegen}"},
     {key_action::nudge_finely, fine_keys, "{en:Shift + arrow keys}{de:Umschalt + Pfeiltasten}",
-     "{en:Move it a tenth of that}{de:Um ein Zehntel davon bewegen}"},
+     "{en:Move it a tenth as far}{de:Um ein Zehntel davon bewegen}"},
     {key_action::reset_control, reset_keys, "{en:Delete, Backspace}{de:Entf, Rücktaste}",
      "{en:Reset the control}{de:Regler zurücksetzen}"},
     {key_action::undo, undo_keys, "{en:Ctrl + Z}{de:Strg + Z}", "{en:Undo}{de:Rückgängig}"},
     {key_action::redo, redo_keys, "{en:Ctrl + Shift + Z, Ctrl + Y}{de:Strg + Umschalt + Z, Strg + Y}",
      "{en:Redo}{de:Wiederholen}"},
     {key_action::bypass, bypass_keys, "{en:B}{de:B}", "{en:Bypass the effect}{de:Effekt umgehen}"},
-    {key_action::before, before_keys, "{en:C}{de:C}", "{en:Before, and back}{de:Vorher und zurück}"},
+    {key_action::before, before_keys, "{en:C}{de:C}", "{en:Before or after}{de:Vorher oder nachher}"},
     {key_action::split, split_keys, "{en:S}{de:S}",
      "{en:Before and after, side by side}{de:Vorher und nachher geteilt}"},
     {key_action::fit, fit_keys, "{en:F}{de:F}", "{en:Fit the picture}{de:Bild einpassen}"},
@@ -59,16 +59,16 @@ constexpr key_row key_table[] = {
 };
 
 constexpr mouse_row mouse_table[] = {
-    {"{en:Shift + drag}{de:Umschalt + Ziehen}", "{en:Ten times as fine}{de:Zehnmal so fein}"},
+    {"{en:Shift + drag}{de:Umschalt + Ziehen}", "{en:Ten times finer}{de:Zehnmal so fein}"},
     {"{en:Ctrl + drag a wheel}{de:Strg + Rad ziehen}",
-     "{en:Across or up and down only}{de:Nur quer oder nur senkrecht}"},
+     "{en:Horizontally or vertically only}{de:Nur waagerecht oder senkrecht}"},
     {"{en:Right click, Alt + click}{de:Rechtsklick, Alt + Klick}", "{en:Reset}{de:Zurücksetzen}"},
     {"{en:Double click an arc, a slider}{de:Doppelklick auf Bogen, Regler}", "{en:Reset}{de:Zurücksetzen}"},
     {"{en:Click a value}{de:Klick auf einen Wert}", "{en:Type it}{de:Eintippen}"},
     {"{en:Esc twice}{de:Esc zweimal}", "{en:Close and discard}{de:Schließen und verwerfen}"},
 };
 
-/// With Control X11 gives the control characters 1 to 26 in place of letters.
+/// The lower-case letter of a key. X11 reports a letter with Control as the control character 1 to 26.
 char32_t plain_character(const VSTGUI::KeyboardEvent& event)
 {
     const char32_t character = event.character;

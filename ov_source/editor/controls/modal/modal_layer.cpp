@@ -1,7 +1,7 @@
 #include "editor/controls/modal/modal_layer.h"
 
 #include "editor/controls/style/editor_style.h"
-#include "editor/controls/style/tip_box.h"
+#include "editor/controls/style/view_area.h"
 
 #include <utility>
 

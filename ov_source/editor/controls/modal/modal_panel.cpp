@@ -5,6 +5,7 @@
 #include "editor/controls/style/round_box.h"
 #include "editor/controls/style/text_lines.h"
 #include "editor/controls/style/text_measure.h"
+#include "editor/controls/style/view_area.h"
 #include "editor/controls/widgets/cov_rounded_grey_button.h"
 
 #include <algorithm>
@@ -107,7 +108,7 @@ void modal_panel::add_field(const std::string& name)
     field->setTextInset({8.0, 0.0});
     field->setStyle(VSTGUI::CTextEdit::kRoundRectStyle);
     field->setRoundRectRadius(field_corner_radius);
-    field->setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
+    field->setImmediateTextChange(true); // Return confirms what is typed while the field has the focus
     addView(field);
 }
 
@@ -129,17 +130,14 @@ void modal_panel::place_children()
     {
         const VSTGUI::CPoint corner(place.left + margin, right_bottom.y - button_height - margin - field_height);
         const VSTGUI::CRect row(corner, VSTGUI::CPoint(box_width - 2.0 * margin, field_height));
-        field->setViewSize(row);
-        field->setMouseableArea(row);
+        place_view(*field, row);
     }
     for (auto* button : {confirm, cancel})
     {
         if (!button)
             continue;
         const VSTGUI::CPoint size = button->getViewSize().getSize();
-        const VSTGUI::CRect row(right_bottom - size, size);
-        button->setViewSize(row);
-        button->setMouseableArea(row);
+        place_view(*button, {right_bottom - size, size});
         right_bottom.x -= size.x + gap;
     }
 }
@@ -187,7 +185,7 @@ void modal_panel::take_key(VSTGUI::KeyboardEvent& event)
         if (event.type == VSTGUI::EventType::KeyDown)
             answer(confirms);
     }
-    else if (!field) // whose keys come through here too
+    else if (!field) // a field's keys pass through here as well
         event.consumed = true;
 }
 
@@ -202,7 +200,7 @@ void modal_panel::answer(bool confirmed)
     const modal_answer given = {confirmed, field ? without_outer_blanks(field->getText().getString()) : std::string()};
     if (!is_shown() || (confirmed && field && given.name.empty()))
         return;
-    const auto alive = VSTGUI::shared(this);
+    const auto alive = VSTGUI::shared(this); // closing releases the frame's reference
     const auto report = std::exchange(on_answer, {});
     if (end() && report)
         report(given);

@@ -1,12 +1,13 @@
 #include "editor/controls/modal/tooltip_layer.h"
 
-#include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/text_lines.h"
+#include "editor/controls/style/text_measure.h"
 #include "editor/controls/style/tip_box.h"
+#include "editor/controls/style/view_area.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
-#include <vector>
 
 namespace ov1
 {
@@ -15,7 +16,6 @@ namespace
 {
 
 constexpr VSTGUI::CCoord widest_text = 300.0;
-constexpr VSTGUI::CCoord line_height = 16.0;
 const VSTGUI::CPoint padding(9.0, 6.0);
 const VSTGUI::CPoint below_pointer(12.0, 20.0);
 constexpr VSTGUI::CCoord above_pointer = 8.0;
@@ -28,48 +28,7 @@ std::string tooltip_of(const VSTGUI::CView& view)
     std::string text(size, '\0');
     if (!view.getAttribute(VSTGUI::kCViewTooltipAttribute, size, text.data(), size))
         return {};
-    return text.c_str(); // without what follows its terminating 0
-}
-
-class tip_view : public VSTGUI::CView
-{
-public:
-    tip_view(const VSTGUI::CRect& size, std::vector<std::string> lines, VSTGUI::CFontRef font)
-        : CView(size)
-        , lines(std::move(lines))
-        , font(font)
-    {
-        setTransparency(true);
-        setMouseEnabled(false);
-    }
-
-    void draw(VSTGUI::CDrawContext* context) override
-    {
-        draw_tip_box(*context, getViewSize());
-        VSTGUI::CRect row = getViewSize();
-        row.inset(padding.x, padding.y);
-        row.setHeight(line_height);
-        context->setFont(font);
-        context->setFontColor(style::tip_text);
-        for (const std::string& line : lines)
-        {
-            context->drawString(line.c_str(), row, VSTGUI::kLeftText);
-            row.offset(0.0, line_height);
-        }
-        setDirty(false);
-    }
-
-private:
-    std::vector<std::string> lines;
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
-};
-
-VSTGUI::CPoint size_of(const std::vector<std::string>& lines, const line_width& width)
-{
-    double widest = 0.0;
-    for (const std::string& line : lines)
-        widest = std::max(widest, width(line));
-    return {std::ceil(widest) + 2.0 * padding.x, static_cast<double>(lines.size()) * line_height + 2.0 * padding.y};
+    return text.c_str(); // the attribute includes the terminating 0
 }
 
 } // namespace
@@ -87,7 +46,6 @@ VSTGUI::CRect tooltip_place(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& s
 tooltip_layer::tooltip_layer(VSTGUI::CFrame& frame, std::uint32_t delay_ms)
     : frame(frame)
     , delay_ms(delay_ms)
-    , font(style::text_font())
 {
     frame.registerMouseObserver(this);
 }
@@ -108,7 +66,7 @@ void tooltip_layer::idle(std::uint64_t now_ms)
 
 void tooltip_layer::onMouseEntered(VSTGUI::CView* view, VSTGUI::CFrame*)
 {
-    // Entering a control is told after entering what holds it: the innermost text counts.
+    // A control's enter event follows that of its container: the innermost view with a text wins.
     if (tooltip_of(*view).empty())
         return;
     hide();
@@ -133,7 +91,7 @@ void tooltip_layer::onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame*)
         return;
     hide();
     mouse = event.mousePosition;
-    // After a press the user knows what the control does, until the mouse moves freely again.
+    // No tooltip after a press or during a drag, until the mouse moves without a button.
     may_show = !pressed && event.buttonState.empty();
     rests_since.reset();
 }
@@ -144,10 +102,9 @@ void tooltip_layer::show()
     const std::string text = tooltip_of(*owner);
     if (text.empty() || frame.getModalView())
         return;
-    const line_width width = measure_of(font);
-    std::vector<std::string> lines = text_lines(text, widest_text, width);
-    const VSTGUI::CRect place = tooltip_place(mouse, size_of(lines, width), area_of(frame));
-    tip = VSTGUI::makeOwned<tip_view>(place, std::move(lines), font);
+    tip =
+        VSTGUI::makeOwned<tip_view>(text_lines(text, widest_text, measure_of(font)), font, padding, VSTGUI::kLeftText);
+    tip->setViewSize(tooltip_place(mouse, tip->getViewSize().getSize(), area_of(frame)));
     tip->remember(); // for the frame, which takes over a reference
     frame.addView(tip);
 }

@@ -1,7 +1,7 @@
 // Tooltips drawn within the frame, where the desktop offers none.
 #pragma once
 
-#include "editor/controls/style/text_measure.h"
+#include "editor/controls/style/tip_box.h"
 #include "vstgui/vstgui.h"
 
 #include <cstdint>
@@ -42,9 +42,9 @@ private:
 
     VSTGUI::CFrame& frame;
     std::uint32_t delay_ms;
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
+    const style::font_pointer font = style::text_font();
     VSTGUI::SharedPointer<VSTGUI::CView> owner; // the view under the mouse, whose text is shown
-    VSTGUI::SharedPointer<VSTGUI::CView> tip;
+    VSTGUI::SharedPointer<tip_view> tip;
     VSTGUI::CPoint mouse;
     std::optional<std::uint64_t> rests_since;
     bool may_show = false;

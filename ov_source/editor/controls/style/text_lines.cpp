@@ -18,7 +18,7 @@ std::size_t next_character(std::string_view text, std::size_t at)
     return at;
 }
 
-/// How many bytes of a word fit, at least those of one character.
+/// The number of bytes of a word that fit into the limit, at least those of one character.
 std::size_t fitting_bytes(std::string_view word, double limit, const line_width& width)
 {
     std::size_t fits = next_character(word, 0);
@@ -32,7 +32,7 @@ std::size_t fitting_bytes(std::string_view word, double limit, const line_width&
     return fits;
 }
 
-/// What stands before the separator; the rest keeps what stands after it.
+/// Removes everything up to the first separator from rest, and returns it without the separator.
 std::string_view take_until(std::string_view& rest, char separator)
 {
     const std::size_t end = rest.find(separator);

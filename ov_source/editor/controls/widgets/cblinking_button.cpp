@@ -33,8 +33,7 @@ void CBlinkingButton::onIdle()
     if (!(remaining_ms < 0.0))
         return;
     phase_on = !phase_on;
-    remaining_ms =
-        std::max(remaining_ms + period_ms, -period_ms); // a short period blinks no faster than idle calls come
+    remaining_ms = std::max(remaining_ms + period_ms, -period_ms); // at most one change per idle call
     invalid();
 }
 

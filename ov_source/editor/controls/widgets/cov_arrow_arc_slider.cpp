@@ -24,7 +24,8 @@ COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControl
 {
     setTransparency(true);
     setSliderMode(VSTGUI::CSliderMode::FreeClick);
-    // The toolkit counts a drag from the view's edge, and half the size, 1, of the handle that is not there.
+    // The toolkit computes a drag from the view's top and from half the height of the handle. Without a handle it uses
+    // a height of 1.
     setOffsetHandle({0.0, min_pos - size.top + 0.5});
     setFrameColor(VSTGUI::kBlackCColor);
     setBackColor(style::arrow);
@@ -50,8 +51,8 @@ void COVArrowArcSlider::setSpreadAngle(double degrees)
 
 void COVArrowArcSlider::draw(VSTGUI::CDrawContext* context)
 {
-    if (auto* picture = getDrawBackground())
-        picture->draw(context, getViewSize());
+    if (auto* bitmap = getDrawBackground())
+        bitmap->draw(context, getViewSize());
     context->setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
     context->setLineStyle(VSTGUI::kLineSolid);
     context->setLineWidth(getFrameWidth());
@@ -105,7 +106,7 @@ void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
     }
     const drag_hold hold{hold_of(event.modifiers).is_fine};
     const redirected_event redirected(event, path.press(event.mousePosition, placeOfValue(), hold));
-    if (hold.is_fine) // the toolkit then leaves the value alone until the mouse moves
+    if (hold.is_fine) // in its fine mode the toolkit keeps the value until the mouse moves
         event.modifiers.add(VSTGUI::ModifierKey::Shift);
     CVerticalSlider::onMouseDownEvent(event);
 }

@@ -12,14 +12,16 @@ namespace
 
 constexpr float disabled_opacity = 0.35F;
 
-void draw_half(VSTGUI::CDrawContext* context, VSTGUI::CBitmap& picture, const VSTGUI::CRect& view, bool lower,
+/// Draws the upper or the lower half of a bitmap.
+void draw_half(VSTGUI::CDrawContext* context, VSTGUI::CBitmap& bitmap, const VSTGUI::CRect& view, bool lower,
                float alpha)
 {
-    const VSTGUI::CPoint half(picture.getWidth(), picture.getHeight() / 2.0);
+    const VSTGUI::CPoint half(bitmap.getWidth(), bitmap.getHeight() / 2.0);
     const VSTGUI::CPoint from(0.0, lower ? half.y : 0.0);
-    picture.draw(context, VSTGUI::CRect(view.getTopLeft(), half), from, alpha);
+    bitmap.draw(context, VSTGUI::CRect(view.getTopLeft(), half), from, alpha);
 }
 
+/// Draws one frame of a sheet of 2 x 2, centred in the view on whole points.
 void draw_frame(VSTGUI::CDrawContext* context, VSTGUI::CBitmap& sheet, const VSTGUI::CRect& view, int column, int row,
                 float alpha)
 {
@@ -36,7 +38,7 @@ COVButton::COVButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listen
     : CTextButton(size, listener, tag, title, style)
 {
     setTransparency(true);
-    setWantsFocus(false); // or Return would press again what was clicked last
+    setWantsFocus(false); // otherwise Return would press the button that was clicked last
     setGradient(nullptr);
     setGradientHighlighted(nullptr);
     CTextButton::setTextColor(style::button_text);
@@ -63,8 +65,8 @@ float COVButton::opacity() const { return getMouseEnabled() ? 1.0F : disabled_op
 void COVButton::draw(VSTGUI::CDrawContext* context)
 {
     CTextButton::draw(context);
-    if (auto* picture = getDrawBackground())
-        draw_half(context, *picture, getViewSize(), pressed, opacity());
+    if (auto* bitmap = getDrawBackground())
+        draw_half(context, *bitmap, getViewSize(), pressed, opacity());
     if (auto* sheet = iconToDraw())
         draw_frame(context, *sheet, getViewSize(), hovered ? 1 : 0, on ? 1 : 0, opacity());
     setDirty(false);

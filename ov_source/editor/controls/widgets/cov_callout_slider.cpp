@@ -53,8 +53,8 @@ void COVCalloutSlider::getValueString(std::string& out) const { out = callout_te
 
 void COVCalloutSlider::draw(VSTGUI::CDrawContext* context)
 {
-    if (auto* picture = getDrawBackground())
-        picture->draw(context, getViewSize());
+    if (auto* bitmap = getDrawBackground())
+        bitmap->draw(context, getViewSize());
     if (auto* handle = getHandle())
     {
         const VSTGUI::CRect place = calculateHandleRect(getValueNormalized());
@@ -80,7 +80,7 @@ void COVCalloutSlider::drawValue(VSTGUI::CDrawContext& context, const VSTGUI::CR
     VSTGUI::CRect place = handle;
     if (room_above >= line_height)
     {
-        // Centred on the handle, and pushed in at both ends of the track.
+        // Centred on the handle, and moved inwards at both ends of the track.
         place.left = std::clamp(handle.getCenter().x - width / 2.0, view.left, std::max(view.left, view.right - width));
         place.top = handle.top - line_height;
         place.setHeight(line_height);

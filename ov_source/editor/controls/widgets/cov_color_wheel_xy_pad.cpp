@@ -67,11 +67,11 @@ void COVColorWheelXYPad::setValue(float packed)
 
 void COVColorWheelXYPad::draw(VSTGUI::CDrawContext* context)
 {
-    if (auto* picture = getDrawBackground())
+    if (auto* bitmap = getDrawBackground())
     {
-        const VSTGUI::CPoint margin = getViewSize().getSize() - picture->getSize();
+        const VSTGUI::CPoint margin = getViewSize().getSize() - bitmap->getSize();
         const VSTGUI::CPoint corner = getViewSize().getTopLeft() + VSTGUI::CPoint(margin.x / 2.0, margin.y / 2.0);
-        picture->draw(context, VSTGUI::CRect(corner, picture->getSize()));
+        bitmap->draw(context, VSTGUI::CRect(corner, bitmap->getSize()));
     }
     drawHandle(*context);
     setDirty(false);
@@ -126,7 +126,7 @@ void COVColorWheelXYPad::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 void COVColorWheelXYPad::beginDrag(VSTGUI::MouseDownEvent& event)
 {
     at_press = {getValue(), polar};
-    // A handle beyond the rim stays there until the mouse moves.
+    // The unlimited place: a handle beyond the rim does not move before the mouse does.
     const redirected_event redirected(
         event, path.press(event.mousePosition, pointOf(unpack_pad_value(getValue())), hold_of(event.modifiers)));
     CXYPad::onMouseDownEvent(event);
@@ -143,7 +143,7 @@ void COVColorWheelXYPad::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
 
 void COVColorWheelXYPad::reset()
 {
-    // A handle that was led to the very centre stands at the default value with the angle and radius of before.
+    // A handle that was dragged to the exact centre has the default value, but still its former angle and radius.
     const bool is_reset = getValue() == getDefaultValue() && polar.angle == 0.0F && polar.radius == 0.0F;
     if (is_reset || isEditing())
         return;

@@ -75,11 +75,11 @@ void CSimpleSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 void CSimpleSlider::pressHandle(VSTGUI::MouseDownEvent& event)
 {
     grip = event.mousePosition.x - placeOfValue();
-    // The toolkit drags from the whole point that the handle is drawn at.
+    // The toolkit rounds the handle's position to whole points and drags from there; the exact value is kept here.
     beyond_whole_point = placeOfValue() - calculateHandleRect(getValueNormalized()).left;
     path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
     const redirected_event redirected(event, event.mousePosition);
-    event.modifiers.add(VSTGUI::ModifierKey::Shift); // so that the value stays until the mouse moves
+    event.modifiers.add(VSTGUI::ModifierKey::Shift); // in its fine mode the toolkit keeps the value until a move
     CHorizontalSlider::onMouseDownEvent(event);
 }
 
@@ -92,6 +92,7 @@ void CSimpleSlider::dragHandle(VSTGUI::MouseMoveEvent& event)
     CHorizontalSlider::onMouseMoveEvent(event);
 }
 
+/// The handle's left edge, exact where the toolkit's own is rounded.
 VSTGUI::CCoord CSimpleSlider::placeOfValue() const
 {
     const VSTGUI::CCoord least = calculateHandleRect(0.0F).left, most = calculateHandleRect(1.0F).left;
@@ -153,7 +154,7 @@ void CSimpleSlider::onMouseWheelEvent(VSTGUI::MouseWheelEvent& event)
 {
     if (!accepts_wheel)
         return;
-    // The toolkit's horizontal sliders know the sideways axis alone, on which positive lowers the value.
+    // The toolkit's horizontal sliders use deltaX only, and a positive one lowers the value.
     const auto sideways = event.deltaX;
     if (sideways == 0.0)
         event.deltaX = -event.deltaY;

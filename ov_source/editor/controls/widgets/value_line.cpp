@@ -27,12 +27,12 @@ public:
         setFrameColor(style::value_field_frame);
         setStyle(kRoundRectStyle);
         setRoundRectRadius(field_corner_radius);
-        setImmediateTextChange(true); // what is typed counts, whether or not the field has lost the keyboard
+        setImmediateTextChange(true); // Return confirms what is typed while the field has the focus
     }
 
     bool removed(CView* parent) override
     {
-        on_done = {};
+        on_done = {}; // the container is being destroyed, or finish has taken it
         return with_keys::removed(parent);
     }
 
@@ -59,7 +59,7 @@ private:
         auto* const parent = getParentView() ? getParentView()->asViewContainer() : nullptr;
         if (!report || !parent)
             return;
-        const auto alive = VSTGUI::shared(this);
+        const auto alive = VSTGUI::shared(this); // removeView releases the container's reference
         const std::string typed = getText().getString();
         if (getFrame()->getFocusView() == this)
             getFrame()->setFocusView(nullptr);

@@ -1,11 +1,12 @@
 #include "editor/controls/widgets/value_readout.h"
 
-#include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/tip_box.h"
+#include "editor/controls/style/view_area.h"
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace ov1
 {
@@ -13,35 +14,8 @@ namespace ov1
 namespace
 {
 
-constexpr VSTGUI::CCoord line_height = 16.0;
 const VSTGUI::CPoint padding(8.0, 3.0);
-constexpr VSTGUI::CCoord gap = 13.0; ///< from the handle's middle
-
-class bubble_view : public VSTGUI::CView
-{
-public:
-    bubble_view(const VSTGUI::CRect& size, const std::string& text, VSTGUI::CFontRef font)
-        : CView(size)
-        , text(text)
-        , font(font)
-    {
-        setTransparency(true);
-        setMouseEnabled(false);
-    }
-
-    void draw(VSTGUI::CDrawContext* context) override
-    {
-        draw_tip_box(*context, getViewSize());
-        context->setFont(font);
-        context->setFontColor(style::tip_text);
-        context->drawString(text.c_str(), getViewSize(), VSTGUI::kCenterText);
-        setDirty(false);
-    }
-
-private:
-    std::string text;
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
-};
+constexpr VSTGUI::CCoord gap = 13.0; // from the handle's middle
 
 } // namespace
 
@@ -57,7 +31,6 @@ VSTGUI::CRect readout_place(const VSTGUI::CPoint& handle, const VSTGUI::CPoint& 
 
 value_readout::value_readout(VSTGUI::CFrame& frame)
     : frame(frame)
-    , font(style::text_font())
 {
 }
 
@@ -65,13 +38,14 @@ value_readout::~value_readout() { hide(); }
 
 void value_readout::show(const std::string& new_text, const VSTGUI::CPoint& handle)
 {
-    const VSTGUI::CPoint size(std::ceil(measure_of(font)(new_text)) + 2.0 * padding.x, line_height + 2.0 * padding.y);
-    const VSTGUI::CRect place = readout_place(handle, size, area_of(frame));
+    auto made = VSTGUI::makeOwned<tip_view>(std::vector{new_text}, font, padding, VSTGUI::kCenterText);
+    const VSTGUI::CRect place = readout_place(handle, made->getViewSize().getSize(), area_of(frame));
     if (bubble && text == new_text && place == get_place())
         return;
     hide();
     text = new_text;
-    bubble = VSTGUI::makeOwned<bubble_view>(place, text, font);
+    made->setViewSize(place);
+    bubble = made;
     bubble->remember(); // for the frame, which takes over a reference
     frame.addView(bubble);
 }

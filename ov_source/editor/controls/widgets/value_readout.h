@@ -1,7 +1,7 @@
 // A bubble with a control's values beside its handle, visible during a change.
 #pragma once
 
-#include "editor/controls/style/text_measure.h"
+#include "editor/controls/style/editor_style.h"
 #include "vstgui/vstgui.h"
 
 #include <string>
@@ -33,7 +33,7 @@ public:
 
 private:
     VSTGUI::CFrame& frame;
-    VSTGUI::SharedPointer<VSTGUI::CFontDesc> font;
+    const style::font_pointer font = style::text_font();
     VSTGUI::SharedPointer<VSTGUI::CView> bubble;
     std::string text;
 };

@@ -15,11 +15,11 @@ namespace
 
 void skip_blanks(std::string_view& text) { text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size())); }
 
-/// Takes a number from the front.
+/// Reads a finite number at the front and removes it.
 bool take_number(std::string_view& text, float& value)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1); // from_chars knows no plus
+        text.remove_prefix(1); // from_chars accepts no plus sign
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc{} || !std::isfinite(value))
         return false;
@@ -27,7 +27,7 @@ bool take_number(std::string_view& text, float& value)
     return true;
 }
 
-/// Takes what stands between two numbers.
+/// Removes the separator between two numbers; false where there is none.
 bool take_separator(std::string_view& text)
 {
     const std::size_t before = text.size();
