@@ -39,6 +39,7 @@ void COVScrollView::setPictureSize(double width, double height)
         return;
     picture_width = width;
     picture_height = height;
+    // At zoom 1 a picture pixel is a screen pixel, and a point is screenScale of them.
     geometry.picture_width = width / screenScale();
     geometry.picture_height = height / screenScale();
     zoomToFit();
@@ -62,7 +63,7 @@ void COVScrollView::setZoom(double wanted, const preview_point& at)
     const preview_point offset = scrolledTo();
     const preview_point in_picture = geometry.to_picture(zoom, {at.x + offset.x, at.y + offset.y});
     zoom = geometry.limit_zoom(wanted);
-    fitted = zoom == geometry.fit_zoom();
+    fitted = zoom == geometry.fit_zoom(); // limit_zoom returns it exactly
     layOut(in_picture, at);
 }
 
@@ -70,10 +71,12 @@ void COVScrollView::setZoom(double wanted) { setZoom(wanted, {geometry.view_widt
 
 void COVScrollView::zoomInOrOut(bool in) { setZoom(geometry.next_zoom(zoom, in)); }
 
-preview_point COVScrollView::scrolledTo() const { return {-getScrollOffset().x, -getScrollOffset().y}; }
+/// The toolkit reports a horizontal offset as a negative number and a vertical one as a positive number.
+preview_point COVScrollView::scrolledTo() const { return {-getScrollOffset().x, getScrollOffset().y}; }
 
 void COVScrollView::layOut(const preview_point& in_picture, const preview_point& in_view)
 {
+    // The child is as large as the content: it draws the picture and the margin around it.
     const preview_point content = geometry.content_size(zoom);
     const preview_point offset = geometry.offset_for(zoom, in_picture, in_view);
     const CRect size(0, 0, content.x, content.y);
@@ -103,7 +106,7 @@ void COVScrollView::onMouseWheelEvent(MouseWheelEvent& event)
         where.offset(-getViewSize().left, -getViewSize().top);
         setZoom(geometry.next_zoom(zoom, event.deltaY > 0), {where.x, where.y});
     }
-    event.consumed = true;
+    event.consumed = true; // the wheel only zooms; CScrollView would scroll
 }
 
 void COVScrollView::setViewSize(const CRect& rect, bool invalid)
