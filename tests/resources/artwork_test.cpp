@@ -1,4 +1,4 @@
-// The drawings, as the build wrote them, are held against the panel that they must fit.
+// Compares the drawings, as the build wrote them, with the panel that they must fit.
 #include "support/picture_file.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ TEST(artwork, fits_the_panel_at_two_pixels_to_a_point)
         EXPECT_EQ(std::pair(even(name).width, even(name).height), std::pair(width, height));
 }
 
-TEST(artwork, sprites_brighten_when_hovered_and_warm_when_on)
+TEST(artwork, sprites_are_brighter_when_hovered_and_orange_when_on)
 {
     std::vector<std::string> names{"inspire_dice.png"};
     for (const char* icon : toolbar_icons)
@@ -68,7 +68,7 @@ TEST(artwork, sprites_brighten_when_hovered_and_warm_when_on)
         EXPECT_GT(hovered.r, off.r + 0.1f);
         EXPECT_GT(on.r, on.b + 0.2f);
         EXPECT_GT(both.b, on.b + 0.1f);
-        for (int x = 0; x < sheet.width; ++x) // nothing bleeds into the next frame
+        for (int x = 0; x < sheet.width; ++x) // frames do not touch
         {
             EXPECT_EQ(sheet.at_pixel(x, frame).a + sheet.at_pixel(x, frame - 1).a, 0.0f) << x;
             EXPECT_EQ(sheet.at_pixel(frame, x).a + sheet.at_pixel(frame - 1, x).a, 0.0f) << x;

@@ -1,4 +1,4 @@
-// The pads' pictures, as the build wrote them, are held against the engine's own output.
+// Compares the pads' pictures, as the build wrote them, with the engine's output.
 #include "effect/build/build_lut.h"
 #include "effect/zone.h"
 #include "support/picture_file.h"
@@ -18,7 +18,7 @@ namespace
 
 using index = parameter_index;
 
-/// A pad's file, asked by the place of the handle.
+/// A pad's picture, read at positions of the handle.
 class pad_file : public picture_file
 {
 public:
@@ -80,13 +80,13 @@ TEST(pad_pictures, a_look_pad_shows_what_the_engine_does_with_the_handle_there)
                 EXPECT_LT(difference(file.at(angle, strength), wanted), 2.5 / 255.0);
             }
         for (const double angle : {0.0, 90.0, 180.0, 270.0})
-            EXPECT_GT(difference(file.at(angle, 100), file.at(angle, 0)), 5.0 / 255.0) << "dead at " << angle;
-        // Beyond the handle's reach the rim goes on as at full strength.
+            EXPECT_GT(difference(file.at(angle, 100), file.at(angle, 0)), 5.0 / 255.0) << "no effect at " << angle;
+        // Outside the handle's reach the rim continues as at full strength.
         EXPECT_LT(difference(file.at_pixel(1, pad_pixels / 2), file.at(90, 100)), 1.5 / 255.0);
     }
 }
 
-TEST(pad_pictures, film_contrast_shows_a_ramp_after_the_engine)
+TEST(pad_pictures, film_contrast_shows_a_graded_ramp)
 {
     const pad_file file("film_contrast_xy_background.png");
     for (const double angle : {0.0, 90.0, 180.0, 270.0})
@@ -118,7 +118,7 @@ TEST(pad_pictures, film_contrast_shows_a_ramp_after_the_engine)
     EXPECT_LT(reach(90) + 0.05, reach(270)); // flat to the left, contrast to the right
 }
 
-TEST(pad_pictures, wheels_begin_with_red_on_top_and_turn_counter_clockwise)
+TEST(pad_pictures, wheels_have_red_on_top_and_hues_grow_counter_clockwise)
 {
     const struct
     {

@@ -16,7 +16,7 @@ namespace
 
 constexpr preview_geometry wide{1000, 500, 500, 400, 34};
 
-TEST(preview_geometry, fits_above_what_is_covered_up_to_the_largest_zoom)
+TEST(preview_geometry, fits_above_the_covered_part_up_to_the_largest_zoom)
 {
     const std::pair<preview_geometry, double> cases[] = {
         {wide, 0.5},
@@ -35,7 +35,7 @@ TEST(preview_geometry, fits_above_what_is_covered_up_to_the_largest_zoom)
     EXPECT_EQ(centred, (preview_point{200, 158}));
 }
 
-TEST(preview_geometry, steps_lead_from_fitting_to_the_largest_and_back)
+TEST(preview_geometry, steps_go_from_fitting_to_the_largest_and_back)
 {
     const preview_geometry geometry{1000, 1000, 400, 400, 0};
     const double steps[] = {0.4, 0.5, 2. / 3, 1, 1.5, 2, 3, 4, 6, 8, 8};
@@ -48,7 +48,7 @@ TEST(preview_geometry, steps_lead_from_fitting_to_the_largest_and_back)
     EXPECT_EQ(geometry.next_zoom(0.7, true), 1);
 }
 
-TEST(preview_geometry, what_the_pointer_is_over_stays_there_where_scrolling_allows_it)
+TEST(preview_geometry, the_point_under_the_mouse_stays_there_where_scrolling_allows_it)
 {
     EXPECT_EQ(wide.content_size(2), (preview_point{2000, 1034}));
     EXPECT_EQ(wide.content_size(0.5), (preview_point{500, 400}));
@@ -64,7 +64,7 @@ TEST(preview_geometry, what_the_pointer_is_over_stays_there_where_scrolling_allo
     EXPECT_EQ(wide.to_content(0.5, {0, 0}), (preview_point{0, 58})) << "(366 - 250) / 2";
 }
 
-TEST(convert_to_display, takes_rows_from_either_end_and_limits_and_rounds_channels)
+TEST(convert_to_display, reads_rows_of_either_origin_and_limits_and_rounds_channels)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN(), huge = std::numeric_limits<float>::infinity();
     const argb_float rows[2][2] = {{{nan, 0.2f, 0.5f, 1.f}, {0, -1.f, nan, 7.f}},
@@ -114,7 +114,7 @@ double plain_mean(const display_picture& p, double x, double y, double zoom, std
     return sum / (right - left) / (bottom - top);
 }
 
-TEST(draw_zoomed, below_2_each_pixel_is_the_mean_of_what_lies_beneath_it)
+TEST(draw_zoomed, below_2_each_pixel_is_the_mean_of_the_area_under_it)
 {
     const display_picture picture = noise(11, 7);
     const display_window windows[] = {
@@ -138,7 +138,7 @@ TEST(draw_zoomed, below_2_each_pixel_is_the_mean_of_what_lies_beneath_it)
     }
 }
 
-TEST(draw_zoomed, from_2_on_pixels_are_squares_and_at_1_they_are_copied)
+TEST(draw_zoomed, from_2_on_pixels_are_squares_and_at_1_they_are_copies)
 {
     const display_picture picture = noise(5, 4);
     for (const auto& [zoom, left, top] : {std::tuple(1.0, 2.0, 1.0), {2.0, 3.0, 0.0}, {3.0, 1.0, 5.0}})

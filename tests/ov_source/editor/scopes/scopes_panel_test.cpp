@@ -50,7 +50,7 @@ protected:
 
 constexpr VSTGUI::CRect lower_scope(0, 186, 300, 300);
 
-TEST_F(panel_of_scopes, hidden_it_computes_nothing_and_asks_for_a_frame_when_it_shows)
+TEST_F(panel_of_scopes, while_hidden_it_computes_nothing_and_asks_for_a_frame_when_shown)
 {
     panel.update(frame);
     EXPECT_TRUE(shows_red(lower_scope)) << "the vectorscope beneath the waveform";
@@ -64,7 +64,7 @@ TEST_F(panel_of_scopes, hidden_it_computes_nothing_and_asks_for_a_frame_when_it_
     EXPECT_FALSE(shows_red(lower_scope)) << "an old frame's trace";
 }
 
-TEST_F(panel_of_scopes, clicks_choose_scopes_but_never_none)
+TEST_F(panel_of_scopes, clicks_choose_scopes_and_cannot_hide_the_last_one)
 {
     panel.update(frame);
     panel.set_frame_listener(

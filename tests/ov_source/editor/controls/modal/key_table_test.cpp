@@ -36,10 +36,10 @@ TEST(key_table, every_stroke_has_one_action_and_every_row_a_text_in_both_languag
     }
     VSTGUI::KeyboardEvent up(VSTGUI::EventType::KeyUp);
     up.character = 'b';
-    EXPECT_EQ(find_key_action(up), std::nullopt) << "a key does its work as it goes down";
+    EXPECT_EQ(find_key_action(up), std::nullopt) << "a release is no action";
 }
 
-TEST(value_text, writes_a_digit_where_there_is_one_and_reads_numbers_between_blanks_or_a_comma)
+TEST(value_text, writes_at_most_one_decimal_and_reads_numbers_separated_by_blanks_or_a_comma)
 {
     EXPECT_EQ(pad_value_text(212.44f, 34.96f), "212.4\u00B0, 35 %");
     EXPECT_EQ(plain_value_text(-0.04f), "0");

@@ -79,7 +79,7 @@ TEST(modal_panel, answers_once_to_buttons_return_and_escape_and_to_nothing_else)
     }
 }
 
-TEST(tooltip_layer, comes_after_rest_and_goes_with_the_next_move_or_press)
+TEST(tooltip_layer, appears_after_a_rest_and_disappears_at_the_next_move_or_press)
 {
     control_stage stage;
     auto& button = stage.add(new VSTGUI::CTextButton({0.0, 0.0, 300.0, 200.0}, &stage.log, 1, ""));

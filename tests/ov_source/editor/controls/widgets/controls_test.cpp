@@ -86,7 +86,7 @@ TEST(cov_color_wheel_xy_pad, the_handle_jumps_to_the_press_and_follows_the_mouse
     EXPECT_FALSE(stage.press_place(0.0, 0.0)) << "a corner is no part of the wheel";
 }
 
-TEST(cov_color_wheel_xy_pad, an_angle_and_a_radius_place_the_handle_and_outlive_the_axes)
+TEST(cov_color_wheel_xy_pad, angle_and_radius_place_the_handle_and_are_kept_on_the_axes)
 {
     pad_stage stage;
     stage.pad.setAngle(90.0F);
@@ -99,7 +99,7 @@ TEST(cov_color_wheel_xy_pad, an_angle_and_a_radius_place_the_handle_and_outlive_
     stage.type(VSTGUI::VirtualKey::Escape);
     EXPECT_EQ(stage.log.take(), "value end ");
     EXPECT_EQ(stage.pad.getValue(), value);
-    EXPECT_TRUE(stage.pad.getAngle() == 90.0F && stage.pad.getRadius() == 100.0F) << "as the press found them";
+    EXPECT_TRUE(stage.pad.getAngle() == 90.0F && stage.pad.getRadius() == 100.0F) << "as before the press";
 }
 
 TEST(cov_color_wheel_xy_pad, a_reset_is_one_edit_that_ends_at_angle_and_radius_0)
@@ -115,7 +115,7 @@ TEST(cov_color_wheel_xy_pad, a_reset_is_one_edit_that_ends_at_angle_and_radius_0
             stage.log.take();
             EXPECT_TRUE(stage.press_place(0.6, 0.6, button, modifiers));
             EXPECT_EQ(stage.log.take(), "begin value end ");
-            EXPECT_EQ(stage.log.angle_heard, 0.0F) << "set before the listener hears of it";
+            EXPECT_EQ(stage.log.angle_heard, 0.0F) << "set before the listener is called";
             EXPECT_TRUE(stage.pad.getRadius() == 0.0F && stage.pad.getValue() == pad_centre_value);
             stage.press_place(0.6, 0.6, button, modifiers);
             EXPECT_EQ(stage.log.take(), "") << "once";
@@ -209,7 +209,7 @@ TEST(csimple_slider, is_dragged_by_its_handle_and_with_control_moves_its_partner
     }
 }
 
-TEST(csimple_slider, resets_and_turns_only_as_told)
+TEST(csimple_slider, resets_and_follows_the_wheel_only_where_enabled)
 {
     const std::tuple<MouseButton, VSTGUI::Modifiers, bool, float> cases[] = {
         {MouseButton::Left, alt, false, 10.0F},
@@ -230,7 +230,7 @@ TEST(csimple_slider, resets_and_turns_only_as_told)
     EXPECT_GT(stage.first.getValue(), 0.0F) << "away from the user is more";
 }
 
-TEST(wheel_events, pass_all_controls_that_did_not_ask_for_them)
+TEST(wheel_events, reach_the_parent_of_every_control_that_does_not_accept_them)
 {
     control_stage stage;
     VSTGUI::CControl* const controls[] = {
@@ -265,7 +265,7 @@ VSTGUI::SharedPointer<VSTGUI::CBitmap> sheet(double frame)
                    });
 }
 
-TEST(cov_button, tells_of_a_press_once_and_shows_the_lower_half_meanwhile)
+TEST(cov_button, reports_a_press_once_and_shows_the_lower_half_while_pressed)
 {
     control_stage stage;
     auto& button = stage.add(new COVButton({0.0, 0.0, 40.0, 20.0}, &stage.log, 1, COVButton::kKickStyle, ""));
@@ -283,7 +283,7 @@ TEST(cov_button, tells_of_a_press_once_and_shows_the_lower_half_meanwhile)
     }
 }
 
-TEST(cblinking_button, keeps_its_rhythm_over_many_idle_calls)
+TEST(cblinking_button, does_not_drift_over_many_idle_calls)
 {
     ASSERT_EQ(VSTGUI::CView::idleRate, 30U);
     const auto button = VSTGUI::owned(new CBlinkingButton({0.0, 0.0, 9.0, 9.0}, nullptr, 1, COVButton::kKickStyle, ""));

@@ -13,7 +13,7 @@ namespace
 using VSTGUI::CPoint;
 const VSTGUI::Modifiers none, shift(VSTGUI::ModifierKey::Shift), control_key(VSTGUI::ModifierKey::Control);
 
-TEST(fine_drag, goes_on_from_the_handle_when_a_key_is_pressed_and_from_the_drag_when_it_is_let_go)
+TEST(fine_drag, continues_from_the_handle_when_a_key_is_pressed_and_from_the_drag_when_it_is_released)
 {
     const drag_hold plain, fine{true}, locked{false, true}, both{true, true};
     struct step
@@ -26,11 +26,11 @@ TEST(fine_drag, goes_on_from_the_handle_when_a_key_is_pressed_and_from_the_drag_
     const std::pair<const char*, std::vector<step>> cases[] = {
         {"plain", {{{50, 50}, {10, 10}, plain, {50, 50}}, {{60, 40}, {50, 50}, plain, {60, 40}}}},
         {"fine from the press", {{{50, 50}, {10, 12}, fine, {10, 12}}, {{70, 40}, {10, 12}, fine, {12, 11}}}},
-        {"let go on the way",
+        {"released during the drag",
          {{{50, 50}, {10, 10}, fine, {10, 10}},
           {{60, 50}, {10, 10}, fine, {11, 10}},
           {{61, 52}, {11, 10}, plain, {12, 12}}}},
-        {"pressed beyond the reach",
+        {"pressed with the mouse outside the range",
          {{{50, 50}, {10, 10}, plain, {50, 50}},
           {{500, 50}, {50, 50}, plain, {500, 50}},
           {{490, 50}, {100, 50}, fine, {99, 50}}}},
@@ -56,7 +56,7 @@ TEST(fine_drag, goes_on_from_the_handle_when_a_key_is_pressed_and_from_the_drag_
     }
 }
 
-TEST(fine_drag, moves_controls_by_a_tenth_from_where_they_stand)
+TEST(fine_drag, moves_controls_by_a_tenth_from_where_they_are)
 {
     control_stage stage;
     const auto handle = painted(10.0, 10.0, [](auto&) {});
