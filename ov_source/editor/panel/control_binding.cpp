@@ -28,6 +28,7 @@ void write_pad(const panel_stop& stop)
         parameter->set_value(radius, false);
 }
 
+/// Redraws only for another value: a restored state calls this for every parameter.
 void show_in_slider(CControl& control, float normalized)
 {
     if (control.getValueNormalized() != normalized)
@@ -68,6 +69,7 @@ bool write_parameters(std::span<const panel_stop> stops, CControl& control)
     const auto parameter = stop->parameters[0].lock();
     if (!parameter)
         return false;
+    // edit is false: the component keeps chroma and lightness of a wheel within each other's limits then.
     parameter->set_value_normalized(control.getValueNormalized(), false);
     spread_arc_of(control, control.getValueNormalized());
     return true;

@@ -21,7 +21,7 @@ namespace
 
 /// A smoothness slider carries its panel's range arc under this attribute, as a pointer that it does not own.
 constexpr CViewAttributeID spread_arc_attribute = 'r' << 24 | 's' << 16 | 'a' << 8 | 't';
-constexpr float slider_reach = 100;
+constexpr float slider_reach = 100;                 ///< percent, to either side of 0
 constexpr std::int32_t least_value_on_the_left = 4; ///< the toolkit's style bit
 constexpr CCoord panel_margin = 3;                  ///< the edge of the panel's picture that is not stretched
 
@@ -65,7 +65,7 @@ private:
         for (std::size_t i = 0; i < p.sliders.size(); ++i)
         {
             auto* const slider = make_slider(p.sliders[i], place, static_cast<int>(i));
-            if (i == 0)
+            if (i == 0) // smoothness
                 slider->setAttribute(spread_arc_attribute, first_arc);
         }
         make_pad(p, place, *picture);
@@ -157,6 +157,7 @@ SharedPointer<CBitmap> draw_panel_background(CFrame* frame)
 {
     const CNinePartTiledDescription margins(panel_margin, panel_margin, panel_margin, panel_margin);
     const auto tiles = makeOwned<CNinePartTiledBitmap>(CResourceDescription("panel_first.png"), margins);
+    // Not through load_artwork: the tiles need a class of their own.
     if (const auto pixels = tiles->getPlatformBitmap())
         pixels->setScaleFactor(artwork_scale);
     auto panel = makeOwned<CCachedNinePartTiledBitmap>(tiles);

@@ -12,6 +12,7 @@ constexpr int label_height = 12;
 constexpr int gap_above_pad = 7;
 constexpr int gap_beside_pad = 2;
 
+/// Half up. For positions within the panel, which are not negative.
 int rounded(double v) { return static_cast<int>(v + 0.5); }
 
 double middle_x(const rect& r) { return r.x + r.width / 2.0; }

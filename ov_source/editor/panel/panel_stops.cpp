@@ -11,14 +11,16 @@ namespace ov1
 namespace
 {
 
+/// By rows, each from left to right.
 constexpr std::array focus_order = {panel_slot::master,     panel_slot::shadows,      panel_slot::mids,
                                     panel_slot::highlights, panel_slot::greenery,     panel_slot::sky,
                                     panel_slot::skin,       panel_slot::film_contrast};
-constexpr float step_percent = 1;
+constexpr float step_percent = 1; // of the wheel's radius, or of half a range
 constexpr float fine_factor = 0.1f;
 
 using continuous = std::shared_ptr<cparameter_continuous_v1>;
 
+/// A tag is the parameter's uid, as the toolkit's signed number.
 continuous find_continuous(icomponent_v1& component, std::int32_t tag)
 {
     return std::dynamic_pointer_cast<cparameter_continuous_v1>(component.get_parameter(static_cast<uid>(tag)));
@@ -59,6 +61,7 @@ float default_of(cparameter_continuous_v1& parameter)
     return parameter.get_param_value().default_value.as_continuous();
 }
 
+/// Both languages in one literal.
 failure not_accepted(const std::string& english, const std::string& german)
 {
     return {.kind = failure_kind::usage,
@@ -81,6 +84,7 @@ std::vector<panel_stop> order_panel_stops(icomponent_v1& component, const panel_
         };
         if (auto* const pad = controls.pads[static_cast<std::size_t>(slot)])
             stops.push_back(stop_of_pad(component, slot, *pad));
+        // get_panels is in the order of creation, which is another.
         const panel& row = *std::ranges::find(get_panels(), slot, &panel::slot);
         for (const panel_arc& arc : row.arcs)
             add_slider(arc.parameter);
@@ -160,7 +164,7 @@ result<std::vector<float>> read_entry(const panel_stop& stop, const std::string&
     for (std::size_t i = 0; i < values.size(); ++i)
     {
         const float low = min_of(*parameters[i]), high = max_of(*parameters[i]);
-        if (values[i] >= low && values[i] <= high)
+        if (values[i] >= low && values[i] <= high) // a drag stops at the bounds, a typed value is refused
             continue;
         const std::string from = plain_value_text(low), to = plain_value_text(high), bad = plain_value_text(values[i]);
         return not_accepted(bad + " is not within " + from + " to " + to,

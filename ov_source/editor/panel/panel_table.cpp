@@ -8,11 +8,13 @@ namespace ov1
 namespace
 {
 
+// The neutral ramp on either side of a wheel.
 constexpr const char* grey_left = "gray_slider_background_left.png";
 constexpr const char* grey_right = "gray_slider_background_right.png";
 constexpr const char* range_tooltip = "{en:Shift the effect range towards the shadows or the highlights}"
                                       "{de:Effektbereich in Richtung Schatten oder Glanzpunkte verschieben}";
 
+/// A range has two arrows, which need room to move apart.
 constexpr panel_arc range_arc(const char* parameter)
 {
     return {parameter, grey_left, true, spread_arc_inset_points, range_tooltip};
@@ -22,6 +24,8 @@ constexpr panel_arc lightness_arc(const char* parameter, const char* tooltip)
 {
     return {parameter, grey_right, false, arc_inset_points, tooltip};
 }
+
+// In each list of arcs the left one comes first, and of two sliders smoothness.
 
 constexpr panel_arc master_arcs[] = {
     {"Global Chroma", "global_saturation_background.png", true, arc_inset_points,
@@ -72,6 +76,7 @@ constexpr panel_arc skin_arcs[] = {
      "{en:Brighten up or darken the skin tones}{de:Hauttöne aufhellen oder abdunkeln}"},
 };
 
+/// In the order of creation. The x offsets make three columns 150 points apart; the last row has two wheels.
 constexpr std::array<panel, panel_count> panels = {{
     {panel_slot::master,
      "MASTER",

@@ -26,7 +26,7 @@ constexpr const char* line_tooltip = "{en:Click to type a value}{de:Klicken, um 
 
 CRect line_above_pad(const CRect& pad)
 {
-    const CCoord bottom = pad.top - label_room - gap;
+    const CCoord bottom = pad.top - label_room - gap; // the panel's label lies between
     return {pad.left, bottom - line_height, pad.right, bottom};
 }
 
@@ -90,6 +90,7 @@ void panel_values::point_at(const std::optional<CPoint>& in_frame)
 {
     if (has_open_field)
         return;
+    // Areas of panels may overlap; the first in the order of focus wins.
     std::optional<panel_slot> found;
     if (in_frame)
     {
@@ -151,7 +152,7 @@ void panel_values::idle(std::uint64_t now_ms)
     show_lines();
     if (!is_message)
         return;
-    if (!message_since)
+    if (!message_since) // show_message has no clock
         message_since = now_ms;
     else if (now_ms - *message_since >= message_ms)
         hide_bubble();
@@ -165,7 +166,7 @@ void panel_values::type_over(const panel_stop& stop)
     has_open_field = true;
     CRect place = line_place(stop);
     place.extend(std::max(0.0, (least_entry_width - place.getWidth()) / 2), (entry_height - place.getHeight()) / 2);
-    place.offset(std::max(0.0, -place.left), 0);
+    place.offset(std::max(0.0, -place.left), 0); // the field is wider than the line, and stays in the panel
     open_value_entry(panel, place, present,
                      [this, &stop](const std::optional<std::string>& text) { take_typed(stop, text); });
 }
@@ -173,6 +174,7 @@ void panel_values::type_over(const panel_stop& stop)
 void panel_values::take_typed(const panel_stop& stop, const std::optional<std::string>& text)
 {
     has_open_field = false;
+    // An unchanged text would set a value that was rounded for display.
     const std::string present = entry_text_of(stop);
     if (present.empty() || !text || *text == present)
         return;

@@ -22,6 +22,7 @@ using namespace VSTGUI;
 namespace
 {
 
+// In points.
 constexpr CCoord margin = 8;
 constexpr CCoord button_gap = 2;
 constexpr CCoord label_gap = 4;
@@ -32,6 +33,7 @@ constexpr CCoord least_slider_width = 80;
 constexpr CCoord label_height = 16;
 constexpr std::int32_t least_value_on_the_left = 4;
 
+/// Place, and the codes 0..255 before and after: "12, 40    10  20  30  →   11  22  33".
 std::string describe(const picked_colour& c)
 {
     const auto triple = [](std::uint32_t pixel)
@@ -87,7 +89,7 @@ void preview_bar::offer_scopes(bool shown, std::function<void(bool shown)> toggl
     scopes = add_button("toolbar_scopes.png", CTextButton::kOnOffStyle, "{en:Scopes}{de:Messgeräte}", language);
     scopes->setValue(shown ? 1.f : 0.f);
     scopes_toggled = std::move(toggled);
-    colour_label = add_label(colour_width, kLeftText);
+    colour_label = add_label(colour_width, kLeftText); // the last but the clip's slider: it may be covered
 }
 
 void preview_bar::show_zoom()
@@ -170,7 +172,7 @@ void preview_bar::valueChanged(CControl* control)
     {
         const int frame = static_cast<int>(std::lround(control->getValue()));
         if (frame == std::exchange(shown_frame, frame))
-            return;
+            return; // the slider has moved within one frame
         frame_label->setText(fmt::format("{} / {}", frame + 1, frame_count).c_str());
         frame_label->invalid();
         if (frame_chosen)
@@ -188,7 +190,7 @@ void preview_bar::valueChanged(CControl* control)
         scopes_toggled(is_on);
     else if (control == eyedropper && !is_on)
         show_colour({});
-    show_comparison();
+    show_comparison(); // of the two toggles at most one is on
 }
 
 void preview_bar::setViewSize(const CRect& rect, bool invalid)

@@ -31,6 +31,7 @@ double preview_geometry::next_zoom(double zoom, bool larger) const
         const auto above = std::ranges::find_if(zoom_steps, [&](double step) { return step > zoom + same_zoom; });
         return limit_zoom(above == zoom_steps.end() ? largest_zoom : *above);
     }
+    // Fitting is a step of its own, between the fixed ones.
     double below = fit_zoom();
     for (const double step : zoom_steps)
         if (step < zoom - same_zoom)

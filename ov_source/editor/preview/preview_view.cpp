@@ -21,6 +21,7 @@ using namespace VSTGUI;
 namespace
 {
 
+// In points.
 constexpr CCoord line_grip_radius = 7;
 constexpr CCoord line_reach = 6; // a press at this distance still takes the line
 
@@ -40,6 +41,7 @@ preview_view::preview_view(const CRect& size)
 
 void preview_view::update(const image& frame)
 {
+    // Converted here, on the caller's thread: the frame is only valid during the call.
     const std::scoped_lock guard(arrival_mutex);
     convert_to_display(frame, after.arrived);
     after.has_arrived = true;
@@ -58,7 +60,7 @@ bool preview_view::take_arrived(layer& taken)
     if (!std::exchange(taken.has_arrived, false))
         return false;
     std::swap(taken.picture, taken.arrived); // the next frame reuses the old storage
-    taken.drawn_zoom = 0;
+    taken.drawn_zoom = 0;                    // no zoom: the bitmap is outdated
     return true;
 }
 
@@ -67,6 +69,7 @@ void preview_view::idle()
     const bool before_came = take_arrived(before), after_came = take_arrived(after);
     if (!before_came && !after_came)
         return;
+    // The source may arrive first; both have the same size once both are there.
     const display_picture& picture = after.picture.is_empty() ? before.picture : after.picture;
     if (scroller)
         scroller->setPictureSize(picture.width, picture.height);
@@ -113,6 +116,7 @@ CRect preview_view::picture_area() const
 double preview_view::line_x() const
 {
     const CRect area = picture_area();
+    // On whole points, so that the line is equally sharp everywhere.
     return std::round(area.left + area.getWidth() * split);
 }
 
@@ -164,6 +168,7 @@ void preview_view::draw_layer(CDrawContext* context, layer& shown, const CRect& 
 {
     const double scale = getFrame() ? getFrame()->getZoom() : 1;
     const CRect aligned = whole_pixels(area, scale);
+    // Only the visible part is scaled, and only once for a zoom and a scroll position.
     if (shown.drawn_zoom != scroller->getZoom() || shown.drawn_area != aligned)
         render_layer(shown, aligned, scale);
     if (shown.drawn)

@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// Whether every scope of some is one of all.
 bool includes(const scope_selection& all, const scope_selection& some)
 {
     for (std::size_t i = 0; i < scope_type_count; ++i)
@@ -23,6 +24,7 @@ bool includes(const scope_selection& all, const scope_selection& some)
 void scope_pictures::update(const image& graded)
 {
     const std::scoped_lock guard(mutex);
+    // Hidden scopes are not counted, and what was counted before belongs to an old frame.
     counted = present.is_visible ? present.choice.shown : scope_selection{};
     if (!present.is_visible)
         return;
@@ -57,12 +59,13 @@ void scope_pictures::draw_all()
             const scope_type type{i};
             if (!is_chosen(present.choice.shown, type))
                 continue;
-            pictures[i].reset(present.width, present.height);
+            pictures[i].reset(present.width, present.height); // an empty scope, until it is counted
             if (is_chosen(counted, type))
                 draw_scope(type, counter.get_counts(), present.choice.skin_line, {0, 0, present.width, present.height},
                            present.line_width, pictures[i]);
         }
     };
+    // One scope for each core; drawing one is not divided further.
     for_each_row_piece(scope_type_count, 1, 0, draw);
     has_changed = true;
 }

@@ -16,6 +16,7 @@ using namespace VSTGUI;
 namespace
 {
 
+// In points.
 constexpr CCoord title_indent = 8;
 constexpr CPoint label_size(32, 14);
 constexpr CPoint label_reach(24, 11); ///< two labels that are closer than this touch
@@ -64,6 +65,7 @@ void scope_view::draw(CDrawContext* context)
     if (drawn && area.getWidth() > 0)
     {
         const auto pixels = drawn->getPlatformBitmap();
+        // The picture may still have the size of another zoom: it is stretched until the next one arrives.
         pixels->setScaleFactor(pixels->getSize().x / area.getWidth());
         drawn->draw(context, area);
         draw_labels(context, area);

@@ -18,18 +18,21 @@ using namespace VSTGUI;
 namespace
 {
 
+// In points.
 constexpr CCoord margin = 6;
 constexpr CCoord gap = 4;
 constexpr CCoord button_height = 22;
 constexpr CCoord skin_button_width = 46;
 constexpr CCoord skin_button_height = 16;
 
+/// Localised literals; the title is the button's tooltip as well.
 struct scope_text
 {
     const char* button;
     const char* title;
 };
 
+/// By scope_type.
 constexpr std::array<scope_text, scope_type_count> texts{
     {{"{en:Wave}{de:Welle}", "{en:Waveform, luma}{de:Wellenform, Luma}"},
      {"{en:Parade}{de:Parade}", "{en:RGB parade}{de:RGB-Parade}"},
@@ -75,7 +78,7 @@ double scopes_panel::zoom() const { return getFrame() ? getFrame()->getZoom() : 
 
 void scopes_panel::idle()
 {
-    if (ordered_zoom != zoom())
+    if (ordered_zoom != zoom()) // the pictures have as many pixels as the screen shows
         place_order();
     if (pictures.take_change())
         for (scope_view* view : views)
@@ -107,7 +110,7 @@ void scopes_panel::valueChanged(CControl* control)
         chosen(wanted.shown,
                scope_type{static_cast<std::size_t>(std::ranges::find(buttons, control) - buttons.begin())}) = is_on;
     if (count_of(wanted.shown) == 0)
-        return control->setValue(1);
+        return control->setValue(1); // the last scope stays
     set_choice(wanted);
     if (choice_listener)
         choice_listener();
@@ -126,6 +129,7 @@ void scopes_panel::show_choice()
     lay_out();
 }
 
+/// Equally wide but for rounding, which is done on both edges so that no gap grows.
 void scopes_panel::lay_out_buttons()
 {
     const CCoord width = getViewSize().getWidth() - 2 * margin;
@@ -151,9 +155,10 @@ void scopes_panel::lay_out()
             place_view(*view, place);
             place.offset(0, step);
         }
-    const CRect beneath = views[static_cast<std::size_t>(scope_type::vectorscope)]->getViewSize();
+    // In the title row of the vectorscope, which alone has a skin line.
+    const CRect vectorscope_place = views[static_cast<std::size_t>(scope_type::vectorscope)]->getViewSize();
     const CCoord right = getViewSize().getWidth() - margin;
-    place_view(*skin_button, CRect(CPoint(right - skin_button_width, beneath.top + 2),
+    place_view(*skin_button, CRect(CPoint(right - skin_button_width, vectorscope_place.top + 2),
                                    CPoint(skin_button_width, skin_button_height)));
     place_order();
     invalid();
@@ -163,12 +168,14 @@ void scopes_panel::place_order()
 {
     ordered_zoom = zoom();
     scope_order wanted{choice, isVisible()};
+    // All scopes have the size of the first visible one.
     const auto shown = std::ranges::find_if(views, [](const scope_view* view) { return view->isVisible(); });
     const CRect place = (*shown)->getViewSize();
     const auto in_pixels = [&](CCoord points)
     { return std::max(0, static_cast<int>(std::lround(points * ordered_zoom))); };
     wanted.width = in_pixels(place.getWidth());
     wanted.height = in_pixels(place.getHeight() - scope_view::title_height);
+    // Lines keep their width in points, and at least one pixel.
     wanted.line_width = std::max(1, static_cast<int>(ordered_zoom));
     wanted.row_step = row_step;
     if (!pictures.order(wanted) && frame_listener)

@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+// The words are kept in users' settings: they are never renamed.
 constexpr const char* skin_line = "skin";
 constexpr std::array<std::pair<const char*, scope_type>, scope_type_count> names = {{
     {"waveform", scope_type::waveform},

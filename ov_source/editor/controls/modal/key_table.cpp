@@ -10,6 +10,7 @@ namespace
 
 using VSTGUI::VirtualKey;
 
+// What the strokes below are made of: a key alone, with Shift, a character, a character with Control.
 constexpr key_stroke plain(VirtualKey key) { return {key}; }
 constexpr key_stroke shifted(VirtualKey key) { return {key, 0, true}; }
 constexpr key_stroke letter(char32_t character) { return {VirtualKey::None, character}; }
@@ -33,6 +34,7 @@ constexpr key_stroke split_keys[] = {letter('s')};
 constexpr key_stroke fit_keys[] = {letter('f')};
 constexpr key_stroke actual_size_keys[] = {letter('1')};
 constexpr key_stroke inspire_keys[] = {letter('r')};
+/// On some keyboards the question mark needs Shift, on others not.
 constexpr key_stroke help_keys[] = {plain(VirtualKey::F1), letter('?'), {VirtualKey::None, '?', true}};
 
 constexpr key_row key_table[] = {

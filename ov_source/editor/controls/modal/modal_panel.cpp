@@ -19,6 +19,7 @@ namespace ov1
 namespace
 {
 
+// In points.
 constexpr VSTGUI::CCoord box_width = 380.0;
 constexpr VSTGUI::CCoord margin = 22.0;
 constexpr VSTGUI::CCoord title_height = 20.0;
@@ -37,6 +38,7 @@ enum button_tag : std::int32_t
     cancel_tag = 2,
 };
 
+/// A preset's name starts and ends with a visible character.
 std::string without_outer_blanks(const std::string& text)
 {
     const std::size_t first = text.find_first_not_of(' ');
@@ -82,7 +84,7 @@ modal_panel::modal_panel(const VSTGUI::CFrame& frame, const modal_question& ques
     if (question.name)
         add_field(*question.name);
     confirm = add_button(question.confirm, confirm_tag);
-    confirm->setTextColor(VSTGUI::kWhiteCColor);
+    confirm->setTextColor(VSTGUI::kWhiteCColor); // what Return does
     if (!question.cancel.empty())
         cancel = add_button(question.cancel, cancel_tag);
     place_children();
@@ -122,6 +124,7 @@ VSTGUI::CRect modal_panel::box() const
     return {corner, VSTGUI::CPoint(box_width, height)};
 }
 
+/// The field above the buttons; the buttons from right to left, the first one rightmost.
 void modal_panel::place_children()
 {
     const VSTGUI::CRect place = box();
@@ -145,7 +148,7 @@ void modal_panel::place_children()
 void modal_panel::setViewSize(const VSTGUI::CRect& rect, bool redraw)
 {
     CViewContainer::setViewSize(rect, redraw);
-    if (confirm)
+    if (confirm) // not before the children exist
         place_children();
 }
 
@@ -198,6 +201,7 @@ void modal_panel::valueChanged(VSTGUI::CControl* control)
 void modal_panel::answer(bool confirmed)
 {
     const modal_answer given = {confirmed, field ? without_outer_blanks(field->getText().getString()) : std::string()};
+    // A button's release may follow the key that has closed the panel.
     if (!is_shown() || (confirmed && field && given.name.empty()))
         return;
     const auto alive = VSTGUI::shared(this); // closing releases the frame's reference

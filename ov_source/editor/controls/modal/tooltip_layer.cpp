@@ -15,6 +15,7 @@ namespace ov1
 namespace
 {
 
+// In points. The gaps keep the text clear of the mouse pointer's arrow.
 constexpr VSTGUI::CCoord widest_text = 300.0;
 const VSTGUI::CPoint padding(9.0, 6.0);
 const VSTGUI::CPoint below_pointer(12.0, 20.0);
@@ -98,7 +99,7 @@ void tooltip_layer::onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame*)
 
 void tooltip_layer::show()
 {
-    may_show = false;
+    may_show = false; // once for each rest
     const std::string text = tooltip_of(*owner);
     if (text.empty() || frame.getModalView())
         return;

@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+// In points.
 constexpr VSTGUI::CCoord corner_radius = 4.0;
 constexpr VSTGUI::CCoord line_height = 16.0;
 

@@ -12,7 +12,8 @@ namespace ov1
 namespace
 {
 
-constexpr float wheel_increment = 0.03F;
+constexpr float wheel_increment = 0.03F; // of the range, for each notch
+// In points.
 constexpr VSTGUI::CCoord line_spacing = 2.0;
 constexpr VSTGUI::CCoord gap_beside_handle = 4.0;
 

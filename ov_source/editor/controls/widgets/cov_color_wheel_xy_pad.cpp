@@ -9,7 +9,7 @@ namespace ov1
 namespace
 {
 
-constexpr float wheel_increment = 0.04F;
+constexpr float wheel_increment = 0.04F; // unused while the pad passes wheel events on
 
 } // namespace
 
@@ -24,7 +24,7 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     setTransparency(true);
     setWantsFocus(true);
     setFrameWidth(pad_handle_frame_points);
-    COVColorWheelXYPad::setRoundRectRadius(pad_handle_points);
+    COVColorWheelXYPad::setRoundRectRadius(pad_handle_points); // after the frame width, which it uses
     setDefaultValues(0.5F, 0.5F);
     COVColorWheelXYPad::setValue(pad_centre_value);
     setFontColor(style::handle_filling);
@@ -62,13 +62,14 @@ void COVColorWheelXYPad::placeHandle()
 void COVColorWheelXYPad::setValue(float packed)
 {
     CXYPad::setValue(packed);
-    polar = polar_of(unpack_pad_value(packed), max_radius).value_or(polar);
+    polar = polar_of(unpack_pad_value(packed), max_radius).value_or(polar); // on an axis angle and radius are kept
 }
 
 void COVColorWheelXYPad::draw(VSTGUI::CDrawContext* context)
 {
     if (auto* bitmap = getDrawBackground())
     {
+        // The view is a point larger than its picture.
         const VSTGUI::CPoint margin = getViewSize().getSize() - bitmap->getSize();
         const VSTGUI::CPoint corner = getViewSize().getTopLeft() + VSTGUI::CPoint(margin.x / 2.0, margin.y / 2.0);
         bitmap->draw(context, VSTGUI::CRect(corner, bitmap->getSize()));
@@ -96,7 +97,7 @@ void COVColorWheelXYPad::drawHandle(VSTGUI::CDrawContext& context) const
     const auto path = VSTGUI::owned(context.createGraphicsPath());
     if (!path)
         return;
-    path->addEllipse(circle);
+    path->addEllipse(circle); // drawEllipse draws a dot on Linux
     context.setDrawMode(VSTGUI::kAntiAliasing | VSTGUI::kNonIntegralMode);
     context.setLineStyle(VSTGUI::kLineSolid);
     context.setLineWidth(getFrameWidth());
@@ -154,7 +155,7 @@ void COVColorWheelXYPad::reset()
 
 void COVColorWheelXYPad::restore(const pad_state& state)
 {
-    setValue(state.value);
+    setValue(state.value); // rounds angle and radius, so they are set after it
     polar = state.polar;
     valueChanged();
     invalid();

@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+// In points.
 constexpr VSTGUI::CCoord corner_radius = 4.0;
 constexpr VSTGUI::CCoord margin = 8.0;
 constexpr VSTGUI::CCoord icon_gap = 6.0;
@@ -46,18 +47,20 @@ void COVRoundedGreyButton::setRightIcon(VSTGUI::SharedPointer<VSTGUI::CBitmap> i
 void COVRoundedGreyButton::setTextColor(const VSTGUI::CColor& color)
 {
     COVButton::setTextColor(color);
-    setTextColorHighlighted(color);
+    setTextColorHighlighted(color); // the box shows the press, not the text
 }
 
 void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
 {
     context->saveGlobalState();
+    // Box, icons and title are dimmed alike.
     context->setGlobalAlpha(context->getGlobalAlpha() * opacity());
     draw_round_box(*context, getViewSize(), corner_radius,
                    isPressed()   ? style::button_pressed
                    : isHovered() ? style::button_hovered
                                  : style::button,
                    isOn() ? style::button_on_frame : style::button_frame);
+    // What remains between the icons is the title's.
     VSTGUI::CRect room = getViewSize();
     room.inset(margin, 0.0);
     if (left_icon.bitmap)

@@ -13,7 +13,7 @@ namespace
 
 constexpr VSTGUI::CCoord center_line_width = 2.0;
 constexpr VSTGUI::CCoord center_line_overhang = 2.0;
-const VSTGUI::CPoint track_inset(8.0, 5.0);
+const VSTGUI::CPoint track_inset(8.0, 5.0); // points, horizontally and vertically
 
 bool is_ganged(const VSTGUI::MouseEvent& event)
 {
@@ -103,7 +103,7 @@ void CSimpleSlider::beginGang(float value_before)
 {
     if (!partner || partner->isEditing())
         return;
-    ganged = partner;
+    ganged = partner; // for this drag, even if another partner is set meanwhile
     ganged_value_at_press = ganged->getValue();
     ganged->beginEdit();
     dragPartner(getValue() - value_before);
