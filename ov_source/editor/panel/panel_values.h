@@ -45,6 +45,7 @@ public:
     const value_readout& get_bubble() const { return bubble; }
 
 private:
+    /// In points of the panel: a wheel with its arcs, sliders and lines; and a single line.
     VSTGUI::CRect panel_area(panel_slot slot) const;
     VSTGUI::CRect line_place(const panel_stop& stop) const;
     void show_lines();
@@ -57,8 +58,8 @@ private:
     const value_sink on_typed;
     std::vector<value_line*> lines; ///< by stop; owned by the panel
     value_readout bubble;
-    std::optional<panel_slot> pointed_at;
-    std::optional<panel_slot> kept;
+    std::optional<panel_slot> pointed_at; ///< by the mouse
+    std::optional<panel_slot> kept;       ///< by keep_shown
     bool has_open_field = false;
     bool is_message = false; ///< the bubble shows a message, not a value
     std::optional<std::uint64_t> message_since;

@@ -45,12 +45,15 @@ public:
     void setViewSize(const VSTGUI::CRect& rect, bool invalid = true) override;
 
 private:
+    /// Screen pixels to a point.
     double screenScale() const;
+    /// The point of the content in the view's upper left corner.
     preview_point scrolledTo() const;
+    /// Resizes the content for the zoom and scrolls it; see preview_geometry::offset_for.
     void layOut(const preview_point& in_picture, const preview_point& in_view);
 
     preview_geometry geometry;
-    double picture_width = 0;
+    double picture_width = 0; ///< in pixels
     double picture_height = 0;
     double zoom = 1;
     bool fitted = true;

@@ -37,16 +37,19 @@ public:
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;
 
 private:
+    /// Both add to the right of what is there; tooltip is a localised literal.
     COVButton* add_button(const char* artwork, VSTGUI::CTextButton::Style style, const char* tooltip,
                           language_id language);
     VSTGUI::CTextLabel* add_label(VSTGUI::CCoord width, VSTGUI::CHoriTxtAlign alignment);
     void show_zoom();
     void show_comparison();
+    /// Places the slider and its label at the right end; nothing without frames.
     void lay_out_frames();
 
     preview_view& preview;
     COVScrollView& scroller;
-    VSTGUI::CCoord next_left;
+    VSTGUI::CCoord next_left; ///< of the next button or label, in points
+    // Owned by this container; null until they are added.
     COVButton* fit = nullptr;
     COVButton* actual_size = nullptr;
     COVButton* before = nullptr;
@@ -55,10 +58,10 @@ private:
     COVButton* scopes = nullptr;
     VSTGUI::CTextLabel* zoom_label = nullptr;
     VSTGUI::CTextLabel* colour_label = nullptr;
-    VSTGUI::CSliderBase* frames = nullptr;
+    VSTGUI::CSliderBase* frames = nullptr; ///< a new one for each width of the bar
     VSTGUI::CTextLabel* frame_label = nullptr;
     int frame_count = 1;
-    int shown_frame = 0;
+    int shown_frame = 0; ///< counted from 0; the label counts from 1
     std::function<void(int frame)> frame_chosen;
     std::function<void(bool shown)> scopes_toggled;
 };

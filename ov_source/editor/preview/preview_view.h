@@ -79,10 +79,11 @@ private:
         display_picture arrived; ///< guarded by arrival_mutex, with has_arrived
         bool has_arrived = false;
         display_picture picture;
-        VSTGUI::SharedPointer<VSTGUI::CBitmap> drawn;
-        VSTGUI::CRect drawn_area;
-        double drawn_zoom = 0;
+        VSTGUI::SharedPointer<VSTGUI::CBitmap> drawn; ///< the visible part, in screen pixels
+        VSTGUI::CRect drawn_area;                     ///< in points, on whole screen pixels
+        double drawn_zoom = 0;                        ///< 0 for an outdated bitmap
     };
+    /// What the mouse drags.
     enum class dragging
     {
         nothing,
@@ -90,7 +91,9 @@ private:
         line,
     };
 
+    /// Whether a frame had arrived, which is now the layer's picture.
     bool take_arrived(layer& taken);
+    /// In points of the parent, scrolled parts included; so is line_x.
     VSTGUI::CRect picture_area() const;
     double line_x() const;
     bool is_on_line(const VSTGUI::CPoint& where) const;
@@ -107,7 +110,7 @@ private:
     layer after;
     layer trial; ///< its picture is empty while there is none
     comparison mode = comparison::after;
-    double split = 0.5;
+    double split = 0.5; ///< 0..1 of the picture's width
     dragging drag = dragging::nothing;
     VSTGUI::CPoint last_position;
     std::function<void(const std::optional<picked_colour>&)> colour_listener;

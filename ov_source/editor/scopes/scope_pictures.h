@@ -52,13 +52,14 @@ public:
     }
 
 private:
+    /// Under the lock. What was not counted is drawn empty.
     void draw_all();
 
     mutable std::mutex mutex; ///< guards all below
     scope_order present;
     scope_selection counted; ///< in the last frame
     scope_counter counter;
-    std::array<scope_picture, scope_type_count> pictures;
+    std::array<scope_picture, scope_type_count> pictures; ///< by scope_type
     bool has_changed = false;
 };
 

@@ -27,6 +27,7 @@ public:
 
 private:
     void copy_picture();
+    /// Labels that would touch the one before are left out.
     void draw_labels(VSTGUI::CDrawContext* context, const VSTGUI::CRect& area) const;
 
     const scope_pictures& pictures;

@@ -44,7 +44,9 @@ public:
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;
 
 private:
+    /// Texts are UTF-8 in the user's language.
     COVRoundedGreyButton* add_button(const std::string& title, const std::string& tooltip);
+    /// Updates buttons and views, and lays them out.
     void show_choice();
     void lay_out();
     void lay_out_buttons();
@@ -55,7 +57,8 @@ private:
     scope_pictures pictures;
     scope_choice choice;
     std::size_t row_step = 1;
-    double ordered_zoom = 0;
+    double ordered_zoom = 0; ///< the frame's zoom at the last order
+    // By scope_type; owned by this container.
     std::array<COVRoundedGreyButton*, scope_type_count> buttons{};
     std::array<scope_view*, scope_type_count> views{};
     COVRoundedGreyButton* skin_button = nullptr;
