@@ -27,15 +27,15 @@ struct argument_parser::implementation
         return names;
     }
 
-    /// What the user wrote and no option takes.
+    /// The first argument that no option takes.
     failure unexpected() const
     {
         const std::vector<std::string> left = app.remaining();
         const std::string first = left.empty() ? std::string() : left.front();
         const std::string name = first.substr(0, first.find('='));
-        const std::string all_help = "\"" + command + " --help\" lists what there is";
+        const std::string all_help = "\"" + command + " --help\" lists the options";
         if (!name.starts_with('-'))
-            return {failure_kind::usage, first, "nothing is expected here", all_help};
+            return {failure_kind::usage, first, "unexpected argument", all_help};
         const std::string near = did_you_mean(name, option_names());
         return {failure_kind::usage, name, "no such option", near.empty() ? all_help : near};
     }
@@ -48,7 +48,8 @@ argument_parser::argument_parser(const std::string& command, const std::string& 
     impl->app.name(command);
     impl->app.description(summary);
     impl->app.footer("Examples:\n" + examples);
-    impl->app.set_help_flag(); // declared last, so that its heading is the last too
+    impl->app.set_help_flag(); // parse() declares it, so that its group comes last in the help
+    impl->app.get_formatter()->label("Positionals", "Arguments");
 }
 
 argument_parser::~argument_parser() = default;
@@ -85,7 +86,7 @@ void argument_parser::positionals(const std::string& placeholder, std::vector<st
 
 result<argument_parser::outcome> argument_parser::parse(std::span<const std::string> arguments)
 {
-    impl->app.set_help_flag("-h,--help", "show this and do nothing else")->group("Run");
+    impl->app.set_help_flag("-h,--help", "show this help and exit")->group("Run");
     try
     {
         impl->app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -103,10 +104,10 @@ result<argument_parser::outcome> argument_parser::parse(std::span<const std::str
     {
         const std::string text = error.what();
         std::string name = text.substr(0, text.find_first_of(": "));
-        if (!name.starts_with('-')) // as it is told for flags
+        if (!name.starts_with('-')) // the library names flags without their dashes
             name.insert(0, "--");
         const bool is_flag = text.find("flag override") != std::string::npos;
-        return failure{failure_kind::usage, name, is_flag ? "takes no value" : "its value is missing", {}};
+        return failure{failure_kind::usage, name, is_flag ? "takes no value" : "needs a value", {}};
     }
     catch (const CLI::Error& error)
     {
@@ -117,7 +118,7 @@ result<argument_parser::outcome> argument_parser::parse(std::span<const std::str
 std::string argument_parser::help_text() const
 {
     std::string text = impl->app.help();
-    // The library sets groups two lines apart.
+    // The library puts two blank lines between groups.
     for (auto at = text.find("\n\n\n"); at != std::string::npos; at = text.find("\n\n\n", at))
         text.erase(at, 1);
     return text;

@@ -1,4 +1,4 @@
-// The arguments of one command: what it takes, its help, and one plain line for each mistake.
+// The arguments of one command: its options, its help, and a clear failure for each mistake.
 #pragma once
 
 #include "shared/result.h"
@@ -12,35 +12,35 @@
 namespace ov1
 {
 
-/// Options are declared first and filled by parse(); what they fill must outlive it. Names are "-s,--set". An option
-/// takes exactly one text; given again, the last one holds. Texts are checked by who uses them.
+/// Options are declared first and filled by parse(); the variables must outlive it. Names are written "-s,--set". An
+/// option takes exactly one text; of several, the last one counts. The caller checks the texts.
 class argument_parser
 {
 public:
     enum class outcome
     {
-        run,  ///< everything is filled
-        help, ///< the help was asked for
+        run,  ///< all variables are filled
+        help, ///< the user asked for the help
     };
 
-    /// The command is "veridial grade"; the examples stand at the end of its help.
+    /// The command is written "veridial grade"; the examples end its help.
     argument_parser(const std::string& command, const std::string& summary, const std::string& examples);
     ~argument_parser();
     argument_parser(const argument_parser&) = delete;
     argument_parser& operator=(const argument_parser&) = delete;
 
-    /// The heading in the help for what is declared from now on.
+    /// The heading in the help for the options declared after it.
     void group(const std::string& title);
     void flag(const std::string& names, bool& value, const std::string& help);
     void text(const std::string& names, std::optional<std::string>& value, const std::string& placeholder,
               const std::string& help);
-    /// An option that is collected each time it is given.
+    /// An option that may be repeated; all its texts are kept, in order.
     void texts(const std::string& names, std::vector<std::string>& values, const std::string& placeholder,
                const std::string& help);
-    /// What stands without an option, and everything behind "--".
+    /// The arguments that belong to no option, and everything after "--".
     void positionals(const std::string& placeholder, std::vector<std::string>& values, const std::string& help);
 
-    /// Arguments behind the command's name. Called once.
+    /// Takes the arguments after the command's name. Called once.
     result<outcome> parse(std::span<const std::string> arguments);
 
     std::string help_text() const;

@@ -36,7 +36,7 @@ result<std::size_t> find_choice(std::string_view text, const std::vector<std::st
         const std::string near = did_you_mean(text, names);
         return failure{failure_kind::usage,
                        {},
-                       text.empty() ? "a word is missing" : in_quotes(text) + " is no choice",
+                       text.empty() ? "a value is missing" : "unknown value " + in_quotes(text),
                        near.empty() ? all_names(names) : near};
     }
     return static_cast<std::size_t>(found - names.begin());

@@ -1,4 +1,4 @@
-// One word out of a few.
+// An option whose value is one of a few words.
 #pragma once
 
 #include "shared/result.h"
@@ -35,7 +35,7 @@ result<T> read_choice(std::string_view text, const std::array<choice<T>, count>&
     return choices[*index].value;
 }
 
-/// "auto|none|linear", as help shows it.
+/// "auto|none|linear", for the help.
 template <typename T, std::size_t count>
 std::string choice_names(const std::array<choice<T>, count>& choices)
 {

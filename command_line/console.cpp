@@ -70,7 +70,7 @@ exit_code console::finish(exit_code code)
     status({});
     if (std::fflush(out) != 0)
         write_error = errno;
-    // A reader that has seen enough, as in a pipe to head, is nothing to speak of.
+    // A closed pipe is no error to report: its reader, such as head, has read enough.
     if (write_error != 0 && write_error != EPIPE)
         error({failure_kind::cannot_write, "standard output", plain_reason(write_error), {}});
     return write_error == 0 || code != exit_code::done ? code : exit_code::cannot_write;

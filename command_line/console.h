@@ -1,4 +1,4 @@
-// The two streams of the program: results on one, everything else on the other.
+// Output of the program: results on stdout, everything else on stderr.
 #pragma once
 
 #include "command_line/exit_code.h"
@@ -10,7 +10,7 @@
 namespace ov1
 {
 
-/// Lines come out whole, from any thread. Every line but a result begins with the program's name.
+/// Lines are written whole, from any thread. Every line except a result begins with the program's name.
 class console
 {
 public:
@@ -21,25 +21,25 @@ public:
     {
     }
 
-    /// Quiet leaves errors and results alone; verbose adds notes. Set before other threads speak.
+    /// Quiet suppresses all but errors and results; verbose adds notes. Set before other threads write.
     void set_quiet(bool on) { quiet = on; }
     void set_verbose(bool on) { verbose = on; }
     bool is_quiet() const { return quiet; }
 
-    /// Text for the result stream, line feeds included.
+    /// Writes to stdout; the text brings its own line feeds.
     void result(const std::string& text);
     void error(const failure& why);
-    /// Something that the user should know although the work goes on; its kind is ignored.
+    /// Something that the user should know although the work continues; its kind is ignored.
     void warning(const failure& what);
-    /// What is being done, for those who asked.
+    /// What the program does, with --verbose only.
     void note(const std::string& text);
-    /// A line of a machine's protocol, without the program's name.
+    /// A line for other programs to read, without the program's name.
     void raw_line(const std::string& line);
-    /// Shows a text below all lines until the next one replaces it; an empty one clears it. For terminals.
+    /// Shows a text below all lines until the next call replaces it; an empty text clears it. For terminals.
     void status(const std::string& text);
 
-    /// Writes what is left of the results. Returns the code that the program ends with: its own, or cannot_write where
-    /// it is done but its results were lost.
+    /// Flushes the results. Returns the code that the program ends with: the given one, or cannot_write where the work
+    /// is done but its results were lost.
     [[nodiscard]] exit_code finish(exit_code code);
 
 private:

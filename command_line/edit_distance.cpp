@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr std::size_t most_names = 3;
-constexpr std::size_t shortest_part = 3; // letters of a name that tell something
+constexpr std::size_t shortest_part = 3; // fewer letters occur in too many names
 
 std::vector<std::string> nearest(const std::string& typed, std::span<const std::string> names)
 {
@@ -21,7 +21,7 @@ std::vector<std::string> nearest(const std::string& typed, std::span<const std::
     {
         const std::string plain = plain_name(name);
         const std::size_t distance = edit_distance(typed, plain);
-        // A distance as long as the name itself would turn anything into it.
+        // With as many edits as it has letters, a name can be made from any text.
         if (distance > limit || distance >= plain.size())
             continue;
         if (distance < limit)

@@ -19,7 +19,7 @@ constexpr std::size_t most_digits = 9;
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
-/// The number in a name that the pattern could have made.
+/// The frame number in a file name; empty where the pattern does not produce this name.
 std::optional<int> frame_in(std::string_view leaf, std::string_view before, std::string_view after, std::size_t digits)
 {
     if (leaf.size() < before.size() + after.size() + digits || !leaf.starts_with(before) || !leaf.ends_with(after))

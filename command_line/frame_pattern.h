@@ -1,4 +1,4 @@
-// Names of numbered pictures: "shot.%04d.exr", and which of them are meant.
+// Names of numbered frames, such as "shot.%04d.exr", and ranges of frames.
 #pragma once
 
 #include "shared/result.h"
@@ -11,30 +11,30 @@
 namespace ov1
 {
 
-/// A path with a number in its last part, as printf writes it: %d, or %04d for four digits at least.
+/// A path with a frame number in its last part, written as for printf: %d, or %04d for at least four digits.
 struct frame_pattern
 {
-    std::string before; ///< of the whole path
+    std::string before; ///< the number, with the folder
     std::string after;
     std::size_t digits = 1;
 
     std::string name_of(int frame) const;
 };
 
-/// Nothing if there is no "%d" in the last part of the path, or more than one.
+/// Empty where the last part of the path holds no "%d", or more than one.
 std::optional<frame_pattern> find_frame_pattern(std::string_view path);
 
-/// The frames that exist as files, in order.
+/// The numbers of the frames that exist as files, in ascending order.
 std::vector<int> existing_frames(const frame_pattern& pattern);
 
-/// Both included.
+/// First and last frame, both included.
 struct frame_range
 {
     int first = 0;
     int last = 0;
 };
 
-/// "101-200" or "7".
+/// "101-200", or "7" for a single frame.
 result<frame_range> read_frame_range(std::string_view text);
 
 } // namespace ov1

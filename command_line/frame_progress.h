@@ -1,4 +1,4 @@
-// How far a clip has come: frames, rate and time left.
+// Progress within a clip: frames, rate and time left.
 #pragma once
 
 #include "command_line/progress.h"
@@ -12,25 +12,25 @@ namespace ov1
 
 class console;
 
-/// "[====>   ] 120 of 500, 24.5 fps, 0:15 left"; without a total "120 frames, 24.5 fps". Rates before the first frame
-/// and the time left of a clip whose length is unknown are left out.
+/// "[====>   ] 120 of 500, 24.5 fps, 0:15 left", with a bar of `cells` characters; "120 frames, 24.5 fps" where the
+/// total is 0, that is, unknown. Before the first frame there is no rate.
 std::string frame_progress_text(std::uint64_t done, std::uint64_t total, double elapsed_s, std::size_t cells);
 
-/// "1:02:03", "2:03".
+/// Hours, minutes and seconds: "1:02:03", "2:03".
 std::string duration_text(double seconds);
 
-/// Reports the frames of one clip from time to time: on a terminal some times a second, on lines of their own now and
-/// then. One thread.
+/// Reports the frames of one clip: ten times a second as a bar on a terminal, every 0.5 s as JSON, every 2 s as plain
+/// lines. One thread.
 class frame_progress
 {
 public:
-    /// Of so many frames, 0 if that is unknown. Whether stderr is a terminal is the caller's to know.
+    /// total is 0 where the number of frames is unknown; is_terminal says whether stderr is a terminal.
     frame_progress(console& out, progress_style style, bool is_terminal, const std::string& input, std::uint64_t total);
     ~frame_progress();
     frame_progress(const frame_progress&) = delete;
     frame_progress& operator=(const frame_progress&) = delete;
 
-    /// So many frames are done.
+    /// The number of frames done so far.
     void step(std::uint64_t done);
 
 private:

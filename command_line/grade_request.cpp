@@ -51,8 +51,8 @@ public:
     {
         const std::size_t comma = text.find(',');
         if (comma == std::string_view::npos || text.find(',', comma + 1) != std::string_view::npos)
-            return refuse({failure_kind::usage, subject, "needs two numbers with one comma between them",
-                           "write " + std::string(form) + ", decimals with a point"});
+            return refuse({failure_kind::usage, subject, "needs two numbers separated by a comma",
+                           "write " + std::string(form) + ", with decimal points"});
         set(names.first, text.substr(0, comma));
         set(names.second, text.substr(comma + 1));
     }
@@ -62,7 +62,7 @@ public:
         const std::size_t equals = text.find('=');
         const std::string subject = "--wheel " + text;
         if (equals == std::string::npos)
-            return refuse({failure_kind::usage, subject, "no \"=\" in it", "write shadows=HUE,CHROMA"});
+            return refuse({failure_kind::usage, subject, "has no \"=\"", "write shadows=HUE,CHROMA"});
         const auto names = read_choice(text.substr(0, equals), wheel_names);
         if (!names)
             return refuse(about(subject, names.error()));
@@ -73,7 +73,7 @@ public:
     {
         const std::size_t equals = text.find('=');
         if (equals == std::string::npos)
-            refuse({failure_kind::usage, "--set " + text, "no \"=\" in it", "write \"Name=value\""});
+            refuse({failure_kind::usage, "--set " + text, "has no \"=\"", "write \"Name=value\""});
         else
             set(text.substr(0, equals), text.substr(equals + 1));
     }
@@ -98,16 +98,18 @@ bool asks_for_values(const grade_request& request)
 void add_grade_options(argument_parser& parser, grade_request& request)
 {
     parser.group("Grade");
-    parser.texts("-p,--preset", request.presets, "NAME|FILE|-", "begin with a preset, before the options below");
+    parser.texts("-p,--preset", request.presets, "NAME|FILE|-", "start from a preset; \"-\" reads it from stdin");
     parser.texts("-s,--set", request.settings, "NAME=VALUE",
-                 "set a parameter, as in \"Sky Strength=60\"; repeatable, the last one wins");
-    parser.texts("--wheel", request.wheels, "ZONE=HUE,CHROMA", "shadows, mids, highlights or master; repeatable");
-    parser.text("--sky", request.sky, "ANGLE,STRENGTH", "the sky's pad");
-    parser.text("--greenery", request.greenery, "ANGLE,STRENGTH", "the greenery's pad");
-    parser.text("--skin", request.skin, "ANGLE,STRENGTH", "the skin tones' pad");
-    parser.text("--film", request.film, "ANGLE,STRENGTH", "the film contrast's pad");
-    parser.text("--state", request.state_file, "FILE", "begin with a saved state, before all other options");
-    parser.flag("--bypass", request.bypass, "switch the effect off");
+                 "set a parameter, such as \"Sky Strength=60\"; repeatable, the last value wins");
+    parser.texts("--wheel", request.wheels, "ZONE=HUE,CHROMA",
+                 "set a wheel: shadows, mids, highlights or master; repeatable");
+    parser.text("--sky", request.sky, "ANGLE,STRENGTH", "set the sky pad; ANGLE 0 to 360, STRENGTH 0 to 100");
+    parser.text("--greenery", request.greenery, "ANGLE,STRENGTH", "set the greenery pad");
+    parser.text("--skin", request.skin, "ANGLE,STRENGTH", "set the skin tone pad");
+    parser.text("--film", request.film, "ANGLE,STRENGTH", "set the film contrast pad");
+    parser.text("--state", request.state_file, "FILE",
+                "start from a saved state; a preset and other options are applied after it");
+    parser.flag("--bypass", request.bypass, "turn the effect off");
 }
 
 resolved_grade resolve_grade(const grade_request& request, std::span<const parameter_info> table)

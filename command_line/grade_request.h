@@ -1,4 +1,4 @@
-// The grade that a command line asks for.
+// The grade options of a command line.
 #pragma once
 
 #include "command_line/parameter_info.h"
@@ -15,13 +15,13 @@ namespace ov1
 
 class argument_parser;
 
-/// The options as they were written.
+/// The texts of the options, as the user wrote them.
 struct grade_request
 {
     std::optional<std::string> state_file;
-    std::vector<std::string> presets; ///< a name, a file, or "-" for the standard input; the last one holds
+    std::vector<std::string> presets; ///< a name, a file, or "-" for stdin; the last one counts
     std::vector<std::string> wheels;  ///< "shadows=HUE,CHROMA"
-    std::optional<std::string> sky;   ///< "ANGLE,STRENGTH", and the next three
+    std::optional<std::string> sky;   ///< "ANGLE,STRENGTH", as are the next three
     std::optional<std::string> greenery;
     std::optional<std::string> skin;
     std::optional<std::string> film;
@@ -29,10 +29,10 @@ struct grade_request
     bool bypass = false;
 };
 
-/// Whether anything is asked for besides presets and the bypass.
+/// Whether any option other than presets and the bypass is given.
 bool asks_for_values(const grade_request& request);
 
-/// Declares the options under the heading "Grade". The request must outlive the parsing.
+/// Declares the options under the heading "Grade". The request must outlive the parser.
 void add_grade_options(argument_parser& parser, grade_request& request);
 
 struct resolved_grade
@@ -41,9 +41,8 @@ struct resolved_grade
     std::vector<failure> failures; ///< one for each option that is wrong, which then gives no assignment
 };
 
-/// The values to set, in the order in which they are to be set: wheels, pads, the bypass, then the settings as they
-/// stand on the command line, so that a later one wins. The state file and the preset come before all of them and are
-/// applied by the caller.
+/// The values in the order in which they must be set: wheels, pads, the bypass, then the settings in the order of the
+/// command line, so that a later one wins. The caller applies the state file and the preset before them.
 [[nodiscard]] resolved_grade resolve_grade(const grade_request& request, std::span<const parameter_info> table);
 
 } // namespace ov1

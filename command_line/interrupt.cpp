@@ -30,7 +30,8 @@ void watch_interrupts()
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         if (!is_ignored(signal))
             sigaddset(&watched, signal);
-    // Blocked here and so in every thread to come; only the watcher takes them, on which any call is allowed.
+    // Blocked here, and so in every later thread: only the thread below receives them, and outside a signal handler it
+    // may make any call.
     pthread_sigmask(SIG_BLOCK, &watched, nullptr);
     std::thread(
         [watched]

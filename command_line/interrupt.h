@@ -1,12 +1,12 @@
-// Ends the program on a signal without leaving anything half done.
+// Ends the program on a signal without leaving unfinished files.
 #pragma once
 
 namespace ov1
 {
 
-/// From now on SIGINT, SIGTERM and SIGHUP remove every temporary file and end the process with exit_code::interrupted;
-/// one that was ignored at the start stays so. A full disk or a gone reader no longer kills: writes fail instead.
-/// Called once, before any other thread starts.
+/// From now on SIGINT, SIGTERM and SIGHUP remove all temporary files and end the process with exit_code::interrupted.
+/// Signals that were ignored at the start stay ignored. A file size limit or a closed pipe no longer ends the process:
+/// the write fails instead. Called once, before any other thread starts.
 void watch_interrupts();
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// Writes JSON, piece by piece.
+// Writes JSON.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +9,9 @@
 namespace ov1
 {
 
-/// Compact JSON (RFC 8259) in the order of the calls; commas and colons come by themselves. The caller opens and closes
-/// in pairs, and gives a key before every value within an object. Bytes that are no UTF-8 become U+FFFD, numbers that
-/// are not finite null.
+/// Compact JSON (RFC 8259) in the order of the calls, with commas and colons added. The caller closes what it opens,
+/// and gives a key before every value within an object. Bytes that are not UTF-8 become U+FFFD; numbers that are not
+/// finite become null.
 class json_text
 {
 public:

@@ -17,12 +17,12 @@ namespace
 bool parse(std::string_view text, double& value)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
-        text.remove_prefix(1); // from_chars knows no plus
+        text.remove_prefix(1); // from_chars refuses a plus sign
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     return error == std::errc{} && end == text.data() + text.size() && std::isfinite(value);
 }
 
-/// How a near miss should have been written; empty if the text is none.
+/// The text as it was probably meant: "60,5", "60%" and "60°" are near misses. Empty where it is not one.
 std::string corrected(std::string_view text)
 {
     std::string better(text);
@@ -34,6 +34,7 @@ std::string corrected(std::string_view text)
     return better != text && parse(better, value) ? better : std::string();
 }
 
+/// 64 characters hold the shortest text of every finite number.
 template <typename T>
 std::string shortest_text(T value)
 {
@@ -65,7 +66,7 @@ result<double> read_number(std::string_view text)
     if (text.empty())
         return unusable("a number is missing");
     const std::string better = corrected(text);
-    return unusable(in_quotes(text) + " is no number", better.empty() ? "" : "write " + better);
+    return unusable(in_quotes(text) + " is not a number", better.empty() ? "" : "write " + better);
 }
 
 result<double> read_number_within(std::string_view text, double min, double max)
@@ -82,7 +83,7 @@ result<int> read_whole_number_within(std::string_view text, int min, int max)
     if (!number)
         return number.error();
     if (*number != std::trunc(*number))
-        return unusable(in_quotes(trimmed(text)) + " is no whole number");
+        return unusable(in_quotes(trimmed(text)) + " is not a whole number");
     return static_cast<int>(*number);
 }
 

@@ -15,8 +15,8 @@ namespace ov1
 class option_reader
 {
 public:
-    /// The text is read by a function that returns a result, such as read_number. The value keeps what it holds where
-    /// the option was not given or its text is wrong. The option is the failure's subject.
+    /// Converts the text with a function that returns a result, such as read_number. Leaves the value unchanged where
+    /// the option is not given or its text is wrong. The option is the subject of the failure.
     template <typename T, typename Read>
     void read(const char* option, const std::optional<std::string>& text, T& value, const Read& read_text)
     {

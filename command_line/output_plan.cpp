@@ -35,7 +35,7 @@ bool is_regular(const std::string& path)
     return fs::is_regular_file(path, error);
 }
 
-/// Whether something has the name, a link that leads nowhere included.
+/// Whether the name exists, dangling links included.
 bool is_taken(const std::string& path)
 {
     std::error_code error;
@@ -48,7 +48,7 @@ bool is_dangling_link(const std::string& path)
     return is_taken(path) && !fs::exists(path, error);
 }
 
-/// A file on the disk, whatever its names.
+/// Identifies a file on the disk under all its names.
 using file_identity = std::pair<dev_t, ino_t>;
 
 std::optional<file_identity> identity_of(const std::string& path)
@@ -72,7 +72,7 @@ std::string without_end_slash(std::string path)
     return path;
 }
 
-/// The name of an output that no other spelling changes.
+/// One spelling for all paths of an output.
 std::string canonical(const std::string& path)
 {
     std::error_code error;
@@ -89,7 +89,7 @@ result<> takes_files(const std::string& folder, bool dry_run)
     return failure{failure_kind::cannot_write, {}, plain_reason(errno)};
 }
 
-/// Collects what is wrong with a set of outputs.
+/// Collects the reasons against a set of outputs.
 class planner
 {
 public:
@@ -104,7 +104,7 @@ public:
         failures.push_back({kind, subject, reason, hint});
     }
 
-    /// The folder that the outputs go to; empty where the one output is a file.
+    /// The output folder; empty where the output is a file.
     std::string find_folder(std::size_t input_count, const std::string& output, output_plan& plan)
     {
         const std::string folder = without_end_slash(output);
@@ -116,8 +116,8 @@ public:
         const bool is_new_name = !is_taken(output) && fs::path(output).extension().empty();
         if (!is_named_folder && !is_new_name)
         {
-            refuse(output, is_taken(folder) ? "is no folder" : "several inputs need a folder",
-                   "end the name of a new folder with \"/\"", failure_kind::usage);
+            refuse(output, is_taken(folder) ? "is not a folder" : "several inputs need an output folder",
+                   "to make a new folder, end its name with \"/\"", failure_kind::usage);
             return {};
         }
         plan.new_folder = folder;
@@ -129,7 +129,7 @@ public:
         const auto input = identity_of(job.input);
         const bool is_own_input = input && input == identity_of(job.output);
         if (is_own_input && !rules.overwrite)
-            refuse(job.output, "is the input itself", "-f replaces it");
+            refuse(job.output, "is also the input", "use -f to replace it");
         else if (is_folder(job.output))
             refuse(job.output, "is a folder");
         else if ((is_regular(job.output) || is_dangling_link(job.output)) && !rules.overwrite)
@@ -137,8 +137,8 @@ public:
             if (rules.no_clobber)
                 job.skipped = true;
             else
-                refuse(job.output, "exists already",
-                       rules.can_skip ? "-f replaces it, -n leaves it" : "-f replaces it");
+                refuse(job.output, "already exists",
+                       rules.can_skip ? "use -f to replace it, -n to keep it" : "use -f to replace it");
         }
     }
 
@@ -153,7 +153,7 @@ public:
             const auto identity = identity_of(job.output);
             const auto found = identity ? inputs.find(*identity) : inputs.end();
             if (found != inputs.end() && found->second != &job)
-                refuse(job.output, "is an input as well", "choose another folder");
+                refuse(job.output, "is also an input", "choose another folder");
         }
     }
 
@@ -165,8 +165,8 @@ public:
             const auto [place, is_new] = seen.emplace(canonical(job.output), &job);
             if (!is_new)
                 refuse(job.output,
-                       "would hold both " + in_quotes(place->second->input) + " and " + in_quotes(job.input),
-                       "grade them into two folders", failure_kind::usage);
+                       "is the output of both " + in_quotes(place->second->input) + " and " + in_quotes(job.input),
+                       "use two output folders", failure_kind::usage);
         }
     }
 
@@ -184,7 +184,7 @@ private:
     std::vector<failure> failures;
 };
 
-/// Whether the output's own folder matters: pipes and devices are written where they stand.
+/// Whether a new file is made in the output's folder: pipes and devices are opened in place.
 bool needs_folder(const output_job& job) { return !job.skipped && (is_regular(job.output) || !is_taken(job.output)); }
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the command line needs to know of a parameter.
+// Parameters by name, and their values as text.
 #pragma once
 
 #include "shared/param_value.h"
@@ -12,7 +12,7 @@
 namespace ov1
 {
 
-/// Booleans go from 0 to 1.
+/// A parameter as the command line sees it; booleans range from 0 to 1.
 struct parameter_info
 {
     std::string name;
@@ -37,7 +37,7 @@ result<std::size_t> find_parameter(std::string_view name, std::span<const parame
 /// 0. Colours cannot be given as text. The failure's subject is the parameter's name.
 result<double> read_parameter_value(std::string_view text, const parameter_info& parameter);
 
-/// Both of them: a parameter's name and the text of its value.
+/// A parameter by its name, with a value for it.
 result<assignment> read_assignment(std::string_view name, std::string_view text, std::span<const parameter_info> table);
 
 } // namespace ov1

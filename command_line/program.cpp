@@ -24,7 +24,7 @@ std::string verbs_help(const std::string& command, const std::string& summary, s
         name.resize(std::max(summary_column, name.size() + 1), ' ');
         text += "  " + name + v.summary + '\n';
     }
-    return text += "\n\"" + command + " COMMAND --help\" tells what a command takes.\n";
+    return text += "\n\"" + command + " COMMAND --help\" shows the options of a command.\n";
 }
 
 std::string version_line()
@@ -40,7 +40,7 @@ failure no_such_verb(const std::string& command, const std::string& name, std::s
         names.emplace_back(v.name);
     const std::string near = did_you_mean(name, names);
     const bool is_option = name.starts_with('-');
-    return {failure_kind::usage, name, is_option ? "a command comes first" : "no such command",
+    return {failure_kind::usage, name, is_option ? "a command must come first" : "no such command",
             near.empty() || is_option ? "\"" + command + " --help\" lists them" : near};
 }
 
@@ -50,7 +50,7 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
                     std::span<const verb> verbs, console& out)
 {
     if (arguments.empty())
-        return fail(failure{failure_kind::usage, {}, "no command", "\"" + command + " --help\" lists them"}, out);
+        return fail(failure{failure_kind::usage, {}, "no command given", "\"" + command + " --help\" lists them"}, out);
     const std::string& name = arguments[0];
     if (name == "--help" || name == "-h" || name == "help")
     {
@@ -69,7 +69,7 @@ exit_code run_program(std::span<const std::string> arguments, std::span<const ve
     if (!arguments.empty() && arguments[0] == "--version")
         out.result(version_line());
     else
-        code = run_verbs("veridial", "Veridial grades pictures.", arguments, verbs, out);
+        code = run_verbs("veridial", "Veridial: colour grading for pictures and clips.", arguments, verbs, out);
     return out.finish(code);
 }
 

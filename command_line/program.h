@@ -1,4 +1,4 @@
-// The program around its commands.
+// Runs the commands of a program.
 #pragma once
 
 #include "command_line/exit_code.h"
@@ -13,24 +13,23 @@ namespace ov1
 class argument_parser;
 class console;
 
-/// A command such as "grade". Each has a file of its own, with one function that gives it.
+/// A command, such as "grade".
 struct verb
 {
     const char* name;
     const char* summary; ///< one line for the program's help
-    /// Gets the arguments behind the name.
+    /// Receives the arguments after the name.
     exit_code (*run)(std::span<const std::string> arguments, console& out);
 };
 
-/// Finds the verb and runs it, or answers --help and --version. The first argument is the verb's name.
+/// Runs the verb that the first argument names, or answers --help and --version.
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out);
 
-/// A verb that has verbs of its own: runs the one that the first argument names, or shows all of them.
+/// The same for a verb with verbs of its own, without --version.
 exit_code run_verbs(const std::string& command, const std::string& summary, std::span<const std::string> arguments,
                     std::span<const verb> verbs, console& out);
 
-/// Parses a verb's arguments. Where there is nothing to run, prints the help or the mistake and returns the code that
-/// the verb ends with.
+/// Parses a verb's arguments. Where there is nothing to run, prints the help or the failure and returns the exit code.
 [[nodiscard]] std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments,
                                                         console& out);
 

@@ -1,4 +1,4 @@
-// How far a run over several inputs has come.
+// Progress of a run over several inputs.
 #pragma once
 
 #include <cstddef>
@@ -12,23 +12,23 @@ class console;
 
 enum class progress_style
 {
-    automatic, ///< a bar on a terminal, else nothing
+    automatic, ///< a bar on a terminal, otherwise nothing
     plain,     ///< a line for each input
     json,      ///< a JSON object on a line for each input
     none,
 };
 
-/// Reports each input that is done. Any thread. A bar is gone when the report ends.
+/// Reports each finished input, from any thread. The destructor erases the bar.
 class progress
 {
 public:
-    /// For so many inputs. Whether stderr is a terminal is the caller's to know.
+    /// total is the number of inputs; is_terminal says whether stderr is a terminal.
     progress(console& out, progress_style style, bool is_terminal, std::size_t total);
     ~progress();
     progress(const progress&) = delete;
     progress& operator=(const progress&) = delete;
 
-    /// Another input is done, well or not.
+    /// One more input is finished.
     void step(const std::string& input, bool succeeded);
 
 private:
@@ -47,7 +47,7 @@ private:
     std::size_t done = 0;
 };
 
-/// "[=====>    ] 3 of 6", so many cells wide between its brackets.
+/// "[=====>    ] 3 of 6", with `cells` characters between the brackets.
 std::string progress_bar(std::size_t done, std::size_t total, std::size_t cells);
 
 } // namespace ov1

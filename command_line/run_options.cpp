@@ -26,13 +26,13 @@ void add_run_options(argument_parser& parser, run_options& options)
 {
     parser.group("Run");
     parser.flag("-f,--overwrite", options.overwrite, "replace existing outputs");
-    parser.flag("-n,--no-clobber", options.no_clobber, "leave existing outputs as they are and go on");
-    parser.text("-j,--threads", options.threads_text, "N", "how many threads work; 0, the default, for all");
-    parser.flag("--dry-run", options.dry_run, "say what would be done, and write nothing");
-    parser.flag("--json", options.json, "results as JSON");
-    parser.text("--progress", options.progress_text, choice_names(progress_styles), "how to tell what is done so far");
-    parser.flag("-q,--quiet", options.quiet, "errors only");
-    parser.flag("-v,--verbose", options.verbose, "say more");
+    parser.flag("-n,--no-clobber", options.no_clobber, "keep existing outputs and skip their inputs");
+    parser.text("-j,--threads", options.threads_text, "N", "number of threads; 0, the default, uses all processors");
+    parser.flag("--dry-run", options.dry_run, "show what would be done, and write nothing");
+    parser.flag("--json", options.json, "print results as JSON");
+    parser.text("--progress", options.progress_text, choice_names(progress_styles), "how to report progress");
+    parser.flag("-q,--quiet", options.quiet, "print errors only");
+    parser.flag("-v,--verbose", options.verbose, "print more");
 }
 
 void settle_run_options(run_options& options, console& out, option_reader& reader)
@@ -42,9 +42,9 @@ void settle_run_options(run_options& options, console& out, option_reader& reade
     reader.read("--progress", options.progress_text, options.progress,
                 [](const std::string& text) { return read_choice(text, progress_styles); });
     if (options.overwrite && options.no_clobber)
-        reader.refuse("--overwrite", "cannot go with --no-clobber", "leave one out");
+        reader.refuse("--overwrite", "cannot be combined with --no-clobber");
     if (options.quiet && options.verbose)
-        reader.refuse("--quiet", "cannot go with --verbose", "leave one out");
+        reader.refuse("--quiet", "cannot be combined with --verbose");
     out.set_quiet(options.quiet);
     out.set_verbose(options.verbose);
 }

@@ -36,16 +36,16 @@ int main(int argc, char** argv)
     using namespace ov1;
     watch_interrupts();
     constexpr std::array verbs{
-        verb{"grade", "sends pictures through a grade", run_grade},
+        verb{"grade", "applies a grade to pictures and clips", run_grade},
 #if VERIDIAL_HAS_EDITOR
-        verb{"edit", "opens the editor over a picture or a clip", run_edit_in_windows},
+        verb{"edit", "opens the editor on a picture or a clip", run_edit_in_windows},
 #endif
-        verb{"lut", "writes a grade as a table for other software", run_lut},
-        verb{"sheet", "shows a picture through many grades", run_sheet},
-        verb{"scope", "shows a picture's values as waveform, parade, vectorscope or histogram", run_scope},
-        verb{"preset", "keeps grades", run_preset},
+        verb{"lut", "exports a grade as a LUT for other software", run_lut},
+        verb{"sheet", "draws a contact sheet: one picture, many grades", run_sheet},
+        verb{"scope", "draws a waveform, parade, vectorscope or histogram of a picture", run_scope},
+        verb{"preset", "lists, shows, saves, checks and deletes presets", run_preset},
         verb{"inspire", "makes random looks", run_inspire},
-        verb{"params", "lists the parameters", run_params},
+        verb{"params", "lists the parameters, their ranges and defaults", run_params},
     };
     console out;
     const std::vector<std::string> arguments(argv + 1, argv + argc);

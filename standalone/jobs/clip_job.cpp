@@ -15,7 +15,7 @@ namespace ov1
 namespace
 {
 
-constexpr std::size_t most_damages_told = 20;
+constexpr std::size_t most_damages_listed = 20;
 
 clip_result failed(clip_result result, failure why)
 {
@@ -31,24 +31,25 @@ std::string time_text(double seconds)
     return duration_text(static_cast<double>(milliseconds / 1000)) + '.' + part.substr(1);
 }
 
-class damage_teller
+/// Prints the first damaged parts of a clip, and counts all of them.
+class damage_reporter
 {
 public:
-    damage_teller(const std::string& input, console& out)
+    damage_reporter(const std::string& input, console& out)
         : input(input)
         , out(out)
     {
     }
-    ~damage_teller()
+    ~damage_reporter()
     {
-        if (count > most_damages_told)
+        if (count > most_damages_listed)
             out.error({.subject = input,
-                       .reason = std::to_string(count - most_damages_told) + " more damaged frames are not listed"});
+                       .reason = std::to_string(count - most_damages_listed) + " more damaged frames are not listed"});
     }
 
-    void tell(const media::clip_damage& damage)
+    void report(const media::clip_damage& damage)
     {
-        if (++count <= most_damages_told)
+        if (++count <= most_damages_listed)
             out.error({.subject = input, .reason = "at " + time_text(damage.time_s) + ": " + damage.reason});
     }
 
@@ -69,7 +70,7 @@ void run_pieces(std::size_t pieces, unsigned int threads, const std::function<vo
                        });
 }
 
-/// Sets the frames and damages of the clip_result.
+/// Also sets the frames and damages of the result.
 result<> write_clip(media::clip_source& source, media::clip_target& target, const output_job& job,
                     const clip_settings& settings, console& out, clip_result& written)
 {
@@ -78,13 +79,13 @@ result<> write_clip(media::clip_source& source, media::clip_target& target, cons
     if (const auto opened = file.open(job.output, rule); !opened)
         return about(job.output, opened.error());
     frame_progress progress(out, settings.progress, settings.is_terminal, job.input, source.get_info().frames);
-    damage_teller damages(job.input, out);
+    damage_reporter damages(job.input, out);
     media::clip_hooks hooks;
     hooks.grade = settings.grade;
     hooks.run = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
     { run_pieces(pieces, settings.threads, work); };
     hooks.on_frame = [&](std::uint64_t frames) { progress.step(written.frames = frames); };
-    hooks.on_damage = [&](const media::clip_damage& damage) { damages.tell(damage); };
+    hooks.on_damage = [&](const media::clip_damage& damage) { damages.report(damage); };
     const auto graded = media::grade_clip(source, target, file.get_descriptor(), hooks);
     written.damages = damages.count;
     if (!graded)

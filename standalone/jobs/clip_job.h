@@ -1,4 +1,4 @@
-// One clip of a run: decoded, graded, encoded, with everything else that its file holds.
+// Grades one clip of a run, with its sound and the other streams of its file.
 #pragma once
 
 #include "command_line/console.h"
@@ -17,19 +17,19 @@
 namespace ov1
 {
 
-/// How all clips of a run are treated.
+/// The settings that all clips of a run share.
 struct clip_settings
 {
-    media::plane_grade grade; ///< empty passes samples untouched
+    media::plane_grade grade; ///< empty to leave samples unchanged
     media::clip_request format;
     bool overwrite = false;
     bool dry_run = false;
     unsigned int threads = 0; ///< 0 for all processors
     progress_style progress = progress_style::automatic;
-    bool is_terminal = false; ///< what progress is told on
+    bool is_terminal = false; ///< whether stderr, where progress goes, is one
 };
 
-/// What became of a clip.
+/// The outcome of one clip.
 struct clip_result
 {
     std::optional<failure> failed; ///< where there is no output
@@ -37,7 +37,7 @@ struct clip_result
     media::clip_info written;
     std::vector<media::clip_stream> streams; ///< of the source
     std::uint64_t frames = 0;                ///< written
-    std::size_t damages = 0;                 ///< of the source, that the output had to do without
+    std::size_t damages = 0;                 ///< number of damaged parts of the source
     bool is_written = false;
 
     exit_code code() const
@@ -46,8 +46,8 @@ struct clip_result
     }
 };
 
-/// Takes a clip from its input to its output, which is written whole or not at all. Progress and damage are told as
-/// they come. A dry run decodes one frame, settles the format and writes nothing.
+/// Reads, grades and writes one clip; the output is written completely or not at all. Progress and damage are printed
+/// as they occur. A dry run decodes one frame, determines the format and writes nothing.
 clip_result grade_clip_file(const output_job& job, const clip_settings& settings, console& out);
 
 } // namespace ov1

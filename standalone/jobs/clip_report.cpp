@@ -46,14 +46,14 @@ std::string stream_lines(const clip_result& result)
 
 } // namespace
 
-void tell_clip(const output_job& job, const clip_result& result, bool is_dry_run, bool as_json, console& out)
+void report_clip(const output_job& job, const clip_result& result, bool is_dry_run, bool as_json, console& out)
 {
     for (const failure& warning : result.warnings)
         out.warning(warning);
     if (result.failed)
         out.error(*result.failed);
     else if (job.skipped)
-        out.note(job.output + " exists and is left");
+        out.note(job.output + " already exists, skipped");
     else if (is_dry_run && !as_json)
         out.result("would write " + job.output + ": " + clip_text(result.written) + '\n' + stream_lines(result));
     else if (!is_dry_run)

@@ -1,4 +1,4 @@
-// What the editor shows: a picture, a clip frame by frame, or the chart where there is neither.
+// What the editor shows: a picture, a frame of a clip, or a colour chart where there is neither.
 #pragma once
 
 #include "media/clips/clip_reader.h"
@@ -15,19 +15,20 @@ namespace ov1
 class edit_picture
 {
 public:
-    /// The chart.
+    /// Begins with the chart.
     edit_picture();
 
-    /// Reads a picture, or a clip's first frame, in the chart's place; on failure it stays.
+    /// Replaces the chart by a picture, or by a clip's first frame; a failure keeps it.
     result<> open(const std::string& path);
 
     bool is_clip() const { return clip.has_value(); }
-    /// 1 for a still picture, and for a clip that does not say.
+    /// 1 for a still picture, and for a clip whose length is unknown.
     int get_frame_count() const;
-    /// Shows another frame of the clip, 0..count - 1; on failure the one before stays.
+    /// Replaces the frame of the clip by another, 0..count - 1; a failure keeps it.
     result<> read_frame(int frame);
 
-    /// The picture before the grade, and an image alike for the graded one. Others after every open and read_frame.
+    /// The picture before the grade, and an image of the same size for the graded one. open and read_frame replace
+    /// both.
     std::shared_ptr<image> get_source() const { return source; }
     std::shared_ptr<image> get_destination() const { return destination; }
 

@@ -1,4 +1,4 @@
-// An effect of the program's own, and the grade of a command line on it.
+// An instance of the effect, with the grade of a command line.
 #pragma once
 
 #include "command_line/grade_request.h"
@@ -15,7 +15,8 @@
 namespace ov1
 {
 
-/// A component under the framework's default host or one of the caller's, from its making to its end.
+/// Owns a component under the framework's default host, or under a host that the caller makes; initializes it and
+/// terminates it.
 class effect_instance
 {
 public:
@@ -33,12 +34,11 @@ public:
     /// All parameters in registration order.
     std::vector<parameter_info> describe_parameters();
 
-    /// Sets what the request asks for, and brings the table up to date. What was asked for is what is used: values are
-    /// set as a host sets them, so the wheels do not adjust one another. Where anything fails, nothing is set, and
-    /// there is one failure for each thing that is wrong.
+    /// Applies the request and brings the table up to date. Values are set as a host sets them, so that the wheels do
+    /// not adjust one another. Where anything fails, nothing is set; there is one failure for each mistake.
     [[nodiscard]] std::vector<failure> apply(const grade_request& request);
 
-    /// The table as it is now, for any number of rows and threads.
+    /// Renders with the current table, from any number of threads.
     std::shared_ptr<const row_renderer> get_renderer() { return component->get_row_renderer(); }
 
 private:

@@ -1,4 +1,4 @@
-// The last step of every output: bytes into the file that the user named.
+// Writes output files.
 #pragma once
 
 #include "shared/result.h"
@@ -10,7 +10,8 @@
 namespace ov1
 {
 
-/// Writes a file whole or not at all. Unless it may be replaced, a file that exists by now is left, and a failure.
+/// Writes a file completely or not at all. Unless it may be replaced, an existing file is kept and is a failure. The
+/// path is the subject of the failure.
 result<> write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace);
 
 } // namespace ov1

@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-/// One frame; false where it could not be written.
+/// Grades one frame; false where it could not be written, which the result then says.
 bool grade_frame(const media::still_reader& frame, const output_job& job, const picture_settings& settings,
                  clip_result& result)
 {
@@ -69,7 +69,7 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
     }
     result.is_written = result.frames != 0;
     if (plan.last_frame != 0 && result.frames == 0 && !no_clobber)
-        result.failed = failure{failure_kind::unreadable, job.input, "the clip has no such frames"};
+        result.failed = failure{failure_kind::unreadable, job.input, "the clip has no frames in this range"};
     return result;
 }
 

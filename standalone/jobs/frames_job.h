@@ -1,4 +1,4 @@
-// A clip of a run that becomes numbered pictures.
+// Grades a clip and writes its frames as numbered pictures.
 #pragma once
 
 #include "command_line/console.h"
@@ -12,8 +12,8 @@
 namespace ov1
 {
 
-/// Grades the plan's frames of its one clip, each as a picture of its own. Damage and failures are told as they come. A
-/// dry run settles the format of the first frame and writes nothing.
+/// Grades the frames of the plan's only clip, and writes each as a picture. Damage is printed as it occurs. A dry run
+/// determines the format of the first frame and writes nothing.
 clip_result grade_clip_into_frames(const grade_plan& plan, const picture_settings& settings, const clip_settings& clip,
                                    bool no_clobber, console& out);
 

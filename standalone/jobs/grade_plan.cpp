@@ -21,14 +21,14 @@ bool is_folder(const std::string& path)
     return fs::is_directory(path, error);
 }
 
-/// A name that exists as it is written is no pattern.
+/// The pattern of a name, unless a file has exactly this name.
 std::optional<frame_pattern> pattern_in(const std::string& path)
 {
     std::error_code error;
     return fs::exists(path, error) ? std::nullopt : find_frame_pattern(path);
 }
 
-/// Pictures and clips of a folder, by name; files whose names begin with a dot are left.
+/// The pictures and clips in a folder, sorted by name; files whose names begin with a dot are ignored.
 std::vector<std::string> files_of(const std::string& folder)
 {
     std::vector<std::string> files;
@@ -47,7 +47,7 @@ std::vector<std::string> files_of(const std::string& folder)
 using failures = std::vector<failure>;
 using chosen_range = std::optional<frame_range>;
 
-/// Numbered frames under their own names into a folder, or to numbered frames.
+/// Writes numbered frames under their own names into a folder, or to other numbered frames.
 failures plan_sequence(const frame_pattern& from, const grade_request_paths& paths, const chosen_range& range,
                        const output_rules& rules, output_plan& plan)
 {
@@ -63,8 +63,8 @@ failures plan_sequence(const frame_pattern& from, const grade_request_paths& pat
     const auto to = find_frame_pattern(paths.output);
     const bool is_into_folder = !to && (is_folder(paths.output) || paths.output.ends_with('/'));
     if (!to && !is_into_folder)
-        return {{failure_kind::unsupported, paths.output, "numbered frames do not become one file",
-                 "number the outputs, as in out.%04d.png, or name a folder"}};
+        return {{failure_kind::unsupported, paths.output, "numbered frames cannot be written to one file",
+                 "use a numbered name such as out.%04d.png, or a folder"}};
     if (is_into_folder)
     {
         std::vector<std::string> names;
@@ -108,7 +108,7 @@ failures plan_files(const grade_request_paths& paths, const output_rules& rules,
         }
         const std::vector<std::string> files = files_of(input);
         if (files.empty())
-            return {{failure_kind::unreadable, input, "there is no picture and no clip in this folder"}};
+            return {{failure_kind::unreadable, input, "the folder contains no pictures or clips"}};
         inputs.insert(inputs.end(), files.begin(), files.end());
         if (!output.ends_with('/') && fs::path(output).extension().empty())
             output += '/';
@@ -125,8 +125,8 @@ std::vector<failure> plan_grade(const grade_request_paths& paths, const output_r
     {
         const auto read = read_frame_range(*paths.frames);
         if (!read)
-            return {
-                {read.error().kind, "--frames", read.error().reason, "write a first and a last frame, as in 101-200"}};
+            return {{read.error().kind, "--frames", read.error().reason,
+                     "write the first and the last frame, as in 101-200"}};
         range = *read;
     }
     const std::string& input = paths.inputs.front();
@@ -137,8 +137,7 @@ std::vector<failure> plan_grade(const grade_request_paths& paths, const output_r
     if (to && is_one_input && media::input_kind_of(input) == media::input_kind::clip)
         return plan_frames_of_clip(*to, paths, range, rules, plan);
     if (range)
-        return {{failure_kind::usage, "--frames", "goes with numbered frames",
-                 "name them with their number as in shot.%04d.exr"}};
+        return {{failure_kind::usage, "--frames", "is for numbered frames", "write their number as in shot.%04d.exr"}};
     return plan_files(paths, rules, plan.outputs);
 }
 

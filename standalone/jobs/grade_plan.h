@@ -1,4 +1,4 @@
-// What a run of `grade` does: files, folders, numbered frames, and where each goes.
+// Plans a run of "grade": files, folders and numbered frames, and the output of each.
 #pragma once
 
 #include "command_line/output_plan.h"
@@ -26,9 +26,9 @@ struct grade_plan
     int last_frame = 0; ///< 0 for all there are
 };
 
-/// Numbered frames go to numbered frames or under their own names into a folder; a clip goes to numbered frames,
-/// counted from 1; of a folder every picture and clip is taken, by name. All else as plan_outputs has it. The plan is
-/// set only where nothing is refused.
+/// Numbered frames are written to numbered frames, or under their own names into a folder; a clip can be written to
+/// frames numbered from 1; a folder stands for all its pictures and clips, in the order of their names. All else is
+/// planned by plan_outputs. The plan is set only where there is no failure.
 [[nodiscard]] std::vector<failure> plan_grade(const grade_request_paths& paths, const output_rules& rules,
                                               grade_plan& plan);
 

@@ -46,7 +46,7 @@ result<std::shared_ptr<const cube_table>> read_input_table(const std::string& pa
         return about(path, bytes.error());
     auto table = cube_table::read({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
     if (!table)
-        return failure{failure_kind::invalid_grade, path, "is no .cube table: " + table.error().reason};
+        return failure{failure_kind::invalid_grade, path, "is not a valid .cube file: " + table.error().reason};
     return std::make_shared<const cube_table>(*std::move(table));
 }
 

@@ -1,4 +1,4 @@
-// What pixels go through: the input's table, then the effect.
+// The steps of a grade: the input LUT, then the effect.
 #pragma once
 
 #include "effect/lut/cube_reader.h"
@@ -13,13 +13,13 @@
 namespace ov1
 {
 
-/// Either may be missing. Shared by all rows and threads.
+/// Either may be null, and is then left out. Shared by all rows and threads.
 struct grade_steps
 {
     std::shared_ptr<const cube_table> input;
-    std::shared_ptr<const row_renderer> effect; ///< null where it is switched off
+    std::shared_ptr<const row_renderer> effect; ///< null where it is bypassed
 
-    /// Empty where there is nothing to do, so that samples pass untouched.
+    /// Empty where both are null, so that samples stay unchanged.
     media::row_grade for_stills() const;
     media::plane_grade for_clips() const;
 };

@@ -1,4 +1,4 @@
-// A table as a picture: a HaldCLUT, which photo software reads.
+// Writes a table as a HaldCLUT picture, which photo software reads.
 #pragma once
 
 #include "framework/row_renderer.h"

@@ -1,4 +1,4 @@
-// One picture of a run: read, graded, written.
+// Grades one picture of a run.
 #pragma once
 
 #include "command_line/exit_code.h"
@@ -15,17 +15,17 @@
 namespace ov1
 {
 
-/// How all pictures of a run are treated.
+/// The settings that all pictures of a run share.
 struct picture_settings
 {
-    media::row_grade grade; ///< empty passes samples untouched
+    media::row_grade grade; ///< empty to leave samples unchanged
     media::write_request format;
     bool overwrite = false;
     bool dry_run = false;
     unsigned int threads = 0; ///< 0 for all processors
 };
 
-/// What became of a picture.
+/// The outcome of one picture.
 struct picture_result
 {
     std::optional<failure> failed; ///< where there is no output
@@ -36,11 +36,11 @@ struct picture_result
     exit_code code() const { return failed ? exit_code_of(*failed) : exit_code::done; }
 };
 
-/// Takes a picture from its input to its output. The output is written whole or not at all; a dry run reads the input,
-/// settles the format and writes nothing.
+/// Reads, grades and writes one picture; the output is written completely or not at all. A dry run reads the input,
+/// determines the format and writes nothing.
 picture_result grade_picture(const output_job& job, const picture_settings& settings);
 
-/// The same for a picture that has been read already.
+/// The same for a picture that is already read.
 picture_result grade_read_picture(const media::still_reader& source, const output_job& job,
                                   const picture_settings& settings);
 

@@ -27,6 +27,7 @@ result<preset_listing> list_presets(preset_manager& manager)
     preset_listing found;
     if (!manager.getPresets(found.own))
         return failure{failure_kind::unreadable, manager.get_preset_path(), "the presets cannot be listed"};
+    // A build may have no bundled presets: that is no failure.
     found.bundled = manager.get_bundled_presets();
     return found;
 }

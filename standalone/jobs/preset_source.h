@@ -1,4 +1,4 @@
-// Presets as a command line names them.
+// Finds the presets that a command line names.
 #pragma once
 
 #include "presets/preset_manager.h"
@@ -11,20 +11,20 @@
 namespace ov1
 {
 
-/// Where the name of a preset leads.
+/// Where a preset is found.
 enum class preset_origin
 {
-    own,            ///< one of the user's
-    bundled,        ///< one that comes with the product; the user's own of that name goes before
+    own,            ///< a user preset
+    bundled,        ///< a bundled preset; a user preset of the same name is preferred
     file,           ///< a path: with a "/" or ending in ".json"
     standard_input, ///< "-"
 };
 
-/// A preset by its name, which may be a path.
+/// The file of a preset.
 struct preset_place
 {
     preset_origin origin = preset_origin::own;
-    std::string file; ///< empty for the standard input
+    std::string file; ///< "/dev/stdin" for the standard input
 };
 
 struct preset_listing
@@ -33,14 +33,14 @@ struct preset_listing
     std::vector<std::string> bundled;
 };
 
-/// The names there are, each list in the order of its bytes.
+/// The names of all presets, each list sorted by bytes.
 result<preset_listing> list_presets(preset_manager& manager);
 
 /// Finds the file of a preset. The failure's hint suggests a similar name. A path is returned without a look at its
 /// file.
 result<preset_place> find_preset(preset_manager& manager, const std::string& name);
 
-/// Finds, reads and checks a preset whole; nothing is applied.
+/// Finds, reads and checks a preset; applies nothing.
 result<preset_content> read_preset(preset_manager& manager, const std::string& name);
 
 } // namespace ov1

@@ -19,7 +19,7 @@ constexpr std::uint32_t chart_bands = 6;
 
 float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; }
 
-/// The pure hue at a place 0..1 of the circle.
+/// The fully saturated colour of a hue, 0..1 around the circle.
 argb_float hue_at(float place)
 {
     const auto channel = [&](float offset)
@@ -27,7 +27,8 @@ argb_float hue_at(float place)
     return {1.0f, channel(0.0f), channel(4.0f), channel(2.0f)};
 }
 
-/// Bands from saturated to grey; along each the hue runs once around, in the grey one the lightness from 0 to 1.
+/// x runs from 0 to 1 across the chart. Along each band the hue runs once around the circle, less saturated from band
+/// to band; the last band is a grey ramp.
 argb_float chart_colour(float x, std::uint32_t band)
 {
     if (band + 1 == chart_bands)

@@ -1,4 +1,4 @@
-// A small copy of a picture as the effect takes it: display-referred, straight, within 0..1.
+// Reduced copies of pictures in the form that the effect takes: display-referred, straight alpha, within 0..1.
 #pragma once
 
 #include "media/stills/reduced_picture.h"
@@ -10,7 +10,8 @@
 namespace ov1
 {
 
-/// Linear pictures are encoded with the sRGB curve, premultiplied alpha is undone, values are limited; a NaN gives 0.
+/// Encodes linear pictures with the sRGB curve, divides premultiplied alpha out, and limits values to 0..1; a NaN
+/// becomes 0.
 media::reduced_picture make_gradable_picture(const media::still_reader& source, std::size_t max_width,
                                              std::size_t max_height);
 

@@ -1,4 +1,4 @@
-// A picture to paint pictures and text on, for contact sheets.
+// A picture on which contact sheets and scopes are painted.
 #pragma once
 
 #include "shared/argb_float.h"
@@ -10,7 +10,7 @@
 namespace ov1
 {
 
-/// Opaque pixels, display-referred code values, rows from the top. What is painted outside is cut off.
+/// Opaque pixels, display-referred code values, top row first. Pixels outside are clipped.
 class canvas
 {
 public:
@@ -20,10 +20,10 @@ public:
     std::size_t get_height() const { return height; }
     const argb_float* row(std::size_t y) const { return pixels.data() + y * width; }
 
-    /// Rows of a picture, without padding; straight alpha lies over what is there.
+    /// Paints rows without padding; straight alpha is blended over the canvas.
     void paint(std::size_t x, std::size_t y, const argb_float* from, std::size_t from_width, std::size_t from_height);
 
-    /// Lays a colour over one pixel, as far as the cover (0..1) goes.
+    /// Blends a colour over one pixel; cover (0..1) is its weight, its alpha is ignored.
     void blend(std::size_t x, std::size_t y, const argb_float& colour, float cover);
 
 private:

@@ -53,7 +53,7 @@ std::optional<exit_code> plan_canvas(const std::string& path, const run_options&
         return fail(job.error(), out);
     if (!job->skipped)
         return {};
-    out.note(path + " exists and is left");
+    out.note(path + " already exists, skipped");
     return exit_code::done;
 }
 

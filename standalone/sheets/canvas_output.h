@@ -1,4 +1,4 @@
-// A painted canvas as a picture file.
+// Writes a canvas as a picture file.
 #pragma once
 
 #include "command_line/exit_code.h"
@@ -17,8 +17,8 @@ struct run_options;
 /// existing file is left, says so and returns the code that the verb ends with.
 [[nodiscard]] std::optional<exit_code> plan_canvas(const std::string& path, const run_options& run, console& out);
 
-/// Encodes the canvas as the path's extension asks for, writes it as the options say, and tells what was written or
-/// what went wrong.
+/// Encodes the canvas in the format of the path's extension, writes it as the options say, and reports the output or
+/// the failure.
 exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// What a contact sheet shows: one grade a cell.
+// The cells of a contact sheet, with one grade each.
 #pragma once
 
 #include "command_line/grade_request.h"
@@ -16,14 +16,14 @@ struct sheet_cell
     grade_request grade;
 };
 
-/// Every look at full strength and at half, eight to a row: the four pads' directions, then skin brightness and the
-/// zones' saturation.
+/// Every look at full and half strength, in rows of look_columns: the four directions of each pad, then skin tone
+/// brightness and the saturation of the zones.
 std::vector<sheet_cell> look_cells();
 
-/// The picture as it is, then through each preset; columns that make the sheet about as wide as high.
+/// The ungraded picture, then one cell for each preset. Sets columns so that the sheet has about as many rows.
 std::vector<sheet_cell> preset_cells(const std::vector<std::string>& presets, std::size_t& columns);
 
-/// How many of look_cells stand in a row.
+/// The number of columns for look_cells.
 inline constexpr std::size_t look_columns = 8;
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// Where the pictures of a contact sheet stand.
+// The layout of a contact sheet.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,8 @@
 namespace ov1
 {
 
-/// Pixels. A cell is a picture with a line of text below it; margins run between cells and around all.
+/// All sizes are in pixels. A cell is a picture above a line of text; margins separate the cells and surround the
+/// sheet.
 struct sheet_layout
 {
     std::size_t columns;
@@ -26,8 +27,9 @@ struct sheet_layout
     }
 };
 
-/// A sheet of so many cells in so many columns (at least 1, at most cells), for a picture of a size. Its pictures keep
-/// the ratio of that size, are not enlarged, and are small enough for the sheet to be about max_width wide.
+/// Lays out `cells` cells in `columns` columns, which are limited to 1..cells. The pictures keep the aspect ratio of
+/// the source and are not enlarged; the sheet is at most max_width wide. A picture is at most twice as high as a cell
+/// is wide.
 sheet_layout lay_out_sheet(std::size_t cells, std::size_t columns, std::size_t source_width, std::size_t source_height,
                            std::size_t max_width);
 

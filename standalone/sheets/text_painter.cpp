@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-/// The file of the desktop's plain face; empty if there is none.
+/// The file of the desktop's plain sans-serif font; empty if there is none.
 std::string plain_face_file()
 {
     std::string file;
@@ -32,7 +32,7 @@ std::string plain_face_file()
     return file;
 }
 
-/// The code points of a text; bytes that are no UTF-8 become question marks.
+/// The code points of a text; bytes that are not UTF-8 become question marks.
 std::u32string code_points(const std::string& text)
 {
     std::u32string points;

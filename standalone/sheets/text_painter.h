@@ -1,4 +1,4 @@
-// Short lines of text on a canvas, in the desktop's plain face.
+// Short lines of text on a canvas, in the desktop's plain sans-serif font.
 #pragma once
 
 #include "standalone/sheets/canvas.h"
@@ -9,23 +9,23 @@
 namespace ov1
 {
 
-/// Not for several threads at once.
+/// One thread at a time.
 class text_painter
 {
 public:
-    /// A line's height in pixels, from the top of a capital to the foot of a "g", and a little more.
+    /// pixel_size is the height of the font's em square.
     explicit text_painter(unsigned int pixel_size);
     ~text_painter();
     text_painter(const text_painter&) = delete;
     text_painter& operator=(const text_painter&) = delete;
 
-    /// Whether a face was found. Without one nothing is painted.
+    /// Whether a font was found. Without one, paint does nothing.
     bool has_face() const;
 
-    /// Of a text that is not cut, in pixels; a face is needed.
+    /// The width of a whole text in pixels. Only where a font was found.
     std::size_t width_of(const std::string& text);
 
-    /// UTF-8, cut with "..." at a width in pixels. x is the left edge, y the base line.
+    /// Paints UTF-8 text, shortened with "..." to max_width pixels. x is the left edge, y the baseline.
     void paint(canvas& target, std::size_t x, std::size_t y, const std::string& text, std::size_t max_width,
                const argb_float& colour);
 

@@ -38,7 +38,7 @@ struct edit_command
     output_plan plan;
 };
 
-/// Speaks the user's language, and takes note of a grade that the user threw away.
+/// Uses the language of the desktop, and records whether the user discarded the grade.
 class edit_host : public chost_v1
 {
 public:
@@ -59,13 +59,15 @@ private:
 
 std::optional<exit_code> parse(edit_command& command, std::span<const std::string> arguments, console& out)
 {
-    argument_parser parser("veridial edit", "Opens the editor over a picture or a clip.",
+    argument_parser parser("veridial edit",
+                           "Opens the editor on a picture or a clip. When it is closed, prints the grade as options "
+                           "and writes the output.",
                            "  veridial edit photo.jpg -o out.png\n"
                            "  veridial edit photo.jpg -p \"Golden Hour\" -o out.jpg -f\n");
-    parser.positionals("INPUT", command.inputs, "a picture or a clip; without one, a chart of colours");
+    parser.positionals("INPUT", command.inputs, "a picture or a clip; without one, the editor shows a colour chart");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "OUT", "the graded picture or clip, written when the editor is closed");
+    parser.text("-o,--output", command.output, "OUT", "file for the graded picture or clip");
     add_run_options(parser, command.run);
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
@@ -73,9 +75,9 @@ std::optional<exit_code> parse(edit_command& command, std::span<const std::strin
     option_reader reader;
     settle_run_options(command.run, out, reader);
     if (command.inputs.size() > 1)
-        reader.refuse(command.inputs[1].c_str(), "is one picture too many", "edit them one by one");
+        reader.refuse(command.inputs[1].c_str(), "only one picture or clip can be edited at a time");
     if (command.output && command.inputs.empty())
-        reader.refuse("-o", "needs a picture to write");
+        reader.refuse("-o", "needs an input");
     auto failures = reader.take_failures();
     const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
     if (failures.empty() && command.output)
@@ -85,7 +87,7 @@ std::optional<exit_code> parse(edit_command& command, std::span<const std::strin
     return fail(failures, out);
 }
 
-/// -s "Sky Angle=90" -s ..., for every parameter that is not at its default but the bypass.
+/// -s "Sky Angle=90" -s ..., for every parameter that differs from its default, without the bypass.
 std::string grade_as_options(effect_instance& effect)
 {
     std::string options;
@@ -144,7 +146,7 @@ exit_code write_outputs(const edit_command& command, bool is_clip, effect_instan
                                                         command.run.progress,
                                                         isatty(STDERR_FILENO) != 0},
                                                        out);
-            tell_clip(job, result, false, command.run.json, out);
+            report_clip(job, result, false, command.run.json, out);
             code = result.code();
         }
         else
@@ -163,7 +165,7 @@ result<> edit(effect_instance& effect, edit_picture& picture, const editor_opene
     session.set_picture(picture.get_source(), picture.get_destination());
     editor_session_options options;
     options.frame_count = picture.get_frame_count();
-    // Of the frames that a drag of the slider passes over, only the last one of a turn is read.
+    // A drag of the slider may choose several frames in one round of the event loop: only the last one is read.
     std::optional<int> wanted_frame;
     options.frame_chosen = [&](int frame) { wanted_frame = frame; };
     options.pump = [&]
@@ -177,8 +179,8 @@ result<> edit(effect_instance& effect, edit_picture& picture, const editor_opene
     };
     if (session.run(options))
         return {};
-    return failure{failure_kind::unsupported, "edit", "no window can be opened",
-                   "is there a desktop? DISPLAY names the X server"};
+    return failure{failure_kind::unsupported, "edit", "cannot open a window",
+                   "an X server is needed; DISPLAY names it"};
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// veridial edit: the editor window over a picture.
+// "veridial edit": the editor on a picture or a clip.
 #pragma once
 
 #include "command_line/exit_code.h"
@@ -13,12 +13,12 @@ namespace ov1
 
 class console;
 
-/// What makes windows possible for as long as it lives.
+/// Returns an object that keeps the window toolkit running during its lifetime.
 using editor_opener = std::function<std::shared_ptr<void>()>;
 
-/// Opens the editor with the grade that is asked for. When it is closed the grade comes out on the standard output, as
-/// options that give it again, and the graded picture is written where one is asked for; discarded, nothing is written
-/// and the run counts as interrupted.
+/// Opens the editor with the grade of the command line. When the editor is closed, prints its grade as options for
+/// another command, and writes the graded output if there is one. If the user discards the grade, prints and writes
+/// nothing and returns exit_code::interrupted.
 exit_code run_edit(std::span<const std::string> arguments, console& out, const editor_opener& open_editor);
 
 } // namespace ov1

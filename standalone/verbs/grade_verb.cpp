@@ -55,25 +55,25 @@ struct grade_command
 void declare(argument_parser& parser, grade_command& command)
 {
     parser.positionals("INPUT", command.inputs,
-                       "pictures and clips: PNG, JPEG, TIFF, EXR, DPX, MOV, MP4, MKV and what else can be read");
+                       "pictures and clips (PNG, JPEG, TIFF, EXR, DPX, MOV, MP4, MKV and others), or folders of them");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "OUT|DIR", "the graded picture or clip, or the folder for several");
+    parser.text("-o,--output", command.output, "OUT|DIR", "output file, or the folder for several inputs");
     parser.text("--codec", command.codec, "NAME",
-                "of a clip, its own unless asked: h264, hevc, av1, vp9, prores[_hq ..], dnxhr[_hqx ..], ffv1, ..");
-    parser.text("--depth", command.depth, choice_names(depths), "bits per sample, the source's unless asked");
+                "video codec, by default the source's: h264, hevc, av1, vp9, prores[_hq ..], dnxhr[_hqx ..], ffv1, ..");
+    parser.text("--depth", command.depth, choice_names(depths), "bits per sample, by default the source's");
     parser.text("--quality", command.quality, "N",
-                "1 to 100; of a JPEG (95 unless asked) or of a clip's codec that has one");
-    parser.text("--pix-fmt", command.pixel_format, "F", "libav's name of the pixel format");
+                "1 to 100, for JPEG (default 95) and for video codecs with a quality setting");
+    parser.text("--pix-fmt", command.pixel_format, "F", "pixel format by its libav name, such as yuv422p10le");
     parser.text("--frames", command.frames, "A-B",
-                "of numbered frames (shot.%04d.exr), or of a clip that becomes such");
+                "first and last frame, of numbered frames (shot.%04d.exr) or of a clip that is written as frames");
     parser.group("Input");
     parser.text("--input-lut", command.input_table, "FILE.cube",
-                "a table to go through before the grade, as for log footage");
+                "LUT to apply before the grade, such as a conversion from log");
     parser.text("--transfer", command.transfer, choice_names(transfers),
-                "how code values relate to light; auto: linear for EXR and what is tagged so");
-    parser.text("--range", command.range, choice_names(ranges), "of a clip's codes, in place of its tag");
-    parser.text("--matrix", command.matrix, choice_names(matrices), "of a clip's luma and chroma, in place of its tag");
+                "how code values relate to light; auto: linear for EXR and for files that are tagged linear");
+    parser.text("--range", command.range, choice_names(ranges), "range of a clip's code values; overrides its tag");
+    parser.text("--matrix", command.matrix, choice_names(matrices), "YCbCr matrix of a clip; overrides its tag");
     add_run_options(parser, command.run);
 }
 
@@ -87,7 +87,7 @@ std::vector<failure> settle(grade_command& command, console& out)
     if (command.inputs.empty())
         reader.refuse("INPUT", "is missing", "name at least one picture or clip");
     if (!command.output)
-        reader.refuse("-o", "is missing", "it names the file or folder to write");
+        reader.refuse("-o", "is missing", "name the output file or folder");
     reader.read("--transfer", command.transfer, command.format.transfer, one_of(transfers));
     reader.read("--range", command.range, command.clip.range, one_of(ranges));
     reader.read("--matrix", command.matrix, command.clip.matrix, one_of(matrices));
@@ -137,14 +137,14 @@ void tell(const output_job& job, const picture_result& result, const grade_comma
     if (result.failed)
         out.error(*result.failed);
     else if (job.skipped)
-        out.note(job.output + " exists and is left");
+        out.note(job.output + " already exists, skipped");
     else if (command.run.dry_run && !command.run.json)
         out.result("would write " + job.output + ": " + size_text(result.written) + '\n');
     else
         out.note("wrote " + job.output + ": " + size_text(result.written));
 }
 
-/// One input after the other, whatever it is.
+/// Grades the inputs one after the other, pictures and clips alike.
 class job_runner
 {
 public:
@@ -162,7 +162,7 @@ public:
     {
         const output_job& job = plan.outputs.jobs.front();
         const clip_result result = grade_clip_into_frames(plan, picture, clip, command.run.no_clobber, out);
-        tell_clip(job, result, command.run.dry_run, command.run.json, out);
+        report_clip(job, result, command.run.dry_run, command.run.json, out);
         add_clip_json(json, job, result);
         return result.code();
     }
@@ -172,7 +172,7 @@ public:
         if (!job.skipped && media::input_kind_of(job.input) == media::input_kind::clip)
         {
             const clip_result result = grade_clip_file(job, clip, out);
-            tell_clip(job, result, command.run.dry_run, command.run.json, out);
+            report_clip(job, result, command.run.dry_run, command.run.json, out);
             add_clip_json(json, job, result);
             return result.code();
         }
@@ -211,7 +211,7 @@ exit_code run_jobs(const grade_plan& plan, const grade_command& command, const g
 exit_code run_grade(std::span<const std::string> arguments, console& out)
 {
     grade_command command;
-    argument_parser parser("veridial grade", "Sends pictures and clips through a grade.",
+    argument_parser parser("veridial grade", "Applies a grade to pictures and clips.",
                            "  veridial grade photo.jpg -s \"Shadows Hue=220\" -s \"Shadows Chroma=40\" -o out.png\n"
                            "  veridial grade *.tif --wheel highlights=40,25 --film 270,60 -o graded/\n"
                            "  veridial grade clip.mov --input-lut log.cube --sky 90,50 -o graded.mov\n"

@@ -1,4 +1,4 @@
-// "veridial grade": pictures through a grade.
+// "veridial grade": applies a grade to pictures and clips.
 #pragma once
 
 #include "command_line/program.h"

@@ -2,6 +2,7 @@
 
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
+#include "command_line/failure_line.h"
 #include "command_line/number.h"
 #include "command_line/option_reader.h"
 #include "presets/preset_text.h"
@@ -27,27 +28,27 @@ struct inspire_command
     int count = 1;
 };
 
-/// A whole number up to 4294967295.
+/// A whole number from 0 to 4294967295.
 result<std::uint32_t> read_seed(const std::string& text)
 {
     const auto seed = read_number_within(text, 0.0, std::numeric_limits<std::uint32_t>::max());
     if (!seed)
         return seed.error();
     if (*seed != static_cast<double>(static_cast<std::uint32_t>(*seed)))
-        return failure{failure_kind::usage, {}, text + " is no whole number"};
+        return failure{failure_kind::usage, {}, in_quotes(text) + " is not a whole number"};
     return static_cast<std::uint32_t>(*seed);
 }
 
 std::optional<exit_code> parse(inspire_command& command, std::span<const std::string> arguments, console& out)
 {
-    argument_parser parser("veridial inspire", "Makes random but pleasant looks, as presets.",
+    argument_parser parser("veridial inspire", "Makes random looks, as presets.",
                            "  veridial inspire --seed 7 | veridial grade photo.jpg -p - -o inspired.jpg\n"
                            "  veridial inspire -n 12 --save Idea\n");
-    parser.text("--seed", command.seed_text, "N", "0 to 4294967295; the same seed gives the same look");
-    parser.text("-n,--count", command.count_text, "COUNT", "how many; the next look has the next seed");
-    parser.text("-o,--output", command.output, "FILE.json|DIR", "where to, instead of the standard output");
-    parser.text("--save", command.save_as, "NAME", "keep them as presets of your own: NAME, or NAME 1, NAME 2 ...");
-    parser.flag("-f,--overwrite", command.overwrite, "replace what exists");
+    parser.text("--seed", command.seed_text, "N", "0 to 4294967295; the same seed makes the same look");
+    parser.text("-n,--count", command.count_text, "COUNT", "number of looks; each uses the seed after the last one's");
+    parser.text("-o,--output", command.output, "FILE.json|DIR", "output file or folder; by default, stdout");
+    parser.text("--save", command.save_as, "NAME", "save as user presets: NAME, or NAME 1, NAME 2 ... for several");
+    parser.flag("-f,--overwrite", command.overwrite, "replace existing files and presets");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
 
@@ -56,9 +57,9 @@ std::optional<exit_code> parse(inspire_command& command, std::span<const std::st
     reader.read("-n", command.count_text, command.count,
                 [](const std::string& text) { return read_whole_number_within(text, 1, most_looks); });
     if (command.output && command.save_as)
-        reader.refuse("--save", "does not go with -o");
+        reader.refuse("--save", "cannot be combined with -o");
     if (command.count > 1 && !command.output && !command.save_as)
-        reader.refuse("-n", "several looks need a place", "-o FOLDER or --save NAME");
+        reader.refuse("-n", "several looks need an output", "-o FOLDER or --save NAME");
     if (const auto failures = reader.take_failures(); !failures.empty())
         return fail(failures, out);
     return {};
@@ -76,7 +77,7 @@ result<> keep_look(effect_instance& effect, const inspire_command& command, int 
     {
         const std::string name = numbered(*command.save_as, look, command.count);
         if (!command.overwrite && effect.get_presets().preset_exists(name))
-            return failure{failure_kind::cannot_write, name, "exists already", "-f replaces it"};
+            return failure{failure_kind::cannot_write, name, "already exists", "use -f to replace it"};
         if (!effect.get_presets().save_preset(name, command.overwrite))
             return failure{failure_kind::cannot_write, name, effect.get_presets().get_failure()->reason};
         return {};

@@ -56,11 +56,10 @@ result<table_format> format_of(const std::string& path)
     for (const auto& known : table_formats)
         if (extension == known.name)
             return known.value;
-    return failure{failure_kind::unsupported, path, "no table is written in this format",
-                   "name it .cube, .3dl or .png"};
+    return failure{failure_kind::unsupported, path, "unsupported LUT format", "use .cube, .3dl or .png"};
 }
 
-/// The format and the size; one failure at most.
+/// Sets the format and the size.
 result<> settle_table(lut_request& request)
 {
     const auto format = format_of(*request.output);
@@ -70,7 +69,7 @@ result<> settle_table(lut_request& request)
     if (!request.size_text)
         return {};
     if (request.format != table_format::cube)
-        return failure{failure_kind::usage, "--size", "goes with .cube alone", "a .3dl has 17 points, a .png 64"};
+        return failure{failure_kind::usage, "--size", "is for .cube only", "a .3dl has 17 points, a .png 64"};
     constexpr std::array<choice<unsigned int>, 2> sizes{{{"17", 17}, {"32", 32}}};
     const auto size = read_choice(*request.size_text, sizes);
     if (!size)
@@ -81,13 +80,13 @@ result<> settle_table(lut_request& request)
 
 std::optional<exit_code> parse(lut_request& request, std::span<const std::string> arguments, console& out)
 {
-    argument_parser parser("veridial lut", "Writes a grade as a table that other software reads.",
+    argument_parser parser("veridial lut", "Exports a grade as a 3D LUT for other software.",
                            "  veridial lut --wheel shadows=220,40 -o teal.cube\n"
                            "  veridial lut -s \"Global Chroma=-30\" -o muted.png\n");
     add_grade_options(parser, request.grade);
     parser.group("Output");
-    parser.text("-o,--output", request.output, "FILE", "where to: .cube, .3dl, or .png for a HaldCLUT");
-    parser.text("--size", request.size_text, "17|32", "points per axis of a .cube, 17 unless asked");
+    parser.text("-o,--output", request.output, "FILE", "output file: .cube, .3dl, or .png for a HaldCLUT");
+    parser.text("--size", request.size_text, "17|32", "points per axis of a .cube, by default 17");
     add_run_options(parser, request.run);
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
@@ -95,7 +94,7 @@ std::optional<exit_code> parse(lut_request& request, std::span<const std::string
     option_reader reader;
     settle_run_options(request.run, out, reader);
     if (!request.output)
-        reader.refuse("-o", "is missing", "it names the file to write, such as look.cube");
+        reader.refuse("-o", "is missing", "name the output file, such as look.cube");
     else if (const auto settled = settle_table(request); !settled)
         reader.refuse(settled.error());
     if (const auto failures = reader.take_failures(); !failures.empty())
@@ -110,7 +109,7 @@ result<std::vector<std::uint8_t>> encode(effect_instance& effect, const lut_requ
     iobject* found = nullptr;
     lut_argb_variable table;
     if (!effect.get().query_interface("lut_exporter", &found) || !static_cast<lut_exporter*>(found)->get_lut(&table))
-        return failure{failure_kind::cannot_write, {}, "the effect gives no table"};
+        return failure{failure_kind::cannot_write, {}, "the effect cannot export a table"};
     const std::string title = export_title(*request.output);
     const std::string text = request.format == table_format::cube ? cube_text(table, request.size, title, creator, "")
                                                                   : threedl_text(table, title, creator, "");
@@ -153,7 +152,7 @@ exit_code run_lut(std::span<const std::string> arguments, console& out)
         return fail(failures, out);
     if (job->skipped)
     {
-        out.note(job->output + " exists and is left");
+        out.note(job->output + " already exists, skipped");
         return exit_code::done;
     }
 

@@ -1,4 +1,4 @@
-// "veridial lut": a grade as a table for other software.
+// "veridial lut": exports a grade as a LUT for other software.
 #pragma once
 
 #include "command_line/program.h"

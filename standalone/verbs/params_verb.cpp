@@ -54,9 +54,9 @@ std::string as_table(const std::vector<parameter_info>& table)
 exit_code run_params(std::span<const std::string> arguments, console& out)
 {
     bool json = false;
-    argument_parser parser("veridial params", "Lists the parameters that -s sets, in the order of documents.",
+    argument_parser parser("veridial params", "Lists the parameters that -s sets, with their ranges and defaults.",
                            "  veridial params\n  veridial params --json\n");
-    parser.flag("--json", json, "as a JSON array");
+    parser.flag("--json", json, "print a JSON array");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return *end;
     effect_instance effect;

@@ -18,7 +18,7 @@ namespace ov1
 namespace
 {
 
-/// What every action but "list" takes.
+/// The arguments of all actions except "list".
 struct named_preset
 {
     std::vector<std::string> names;
@@ -29,22 +29,22 @@ struct named_preset
 std::optional<exit_code> parse_named(argument_parser& parser, named_preset& preset,
                                      std::span<const std::string> arguments, console& out)
 {
-    parser.positionals("NAME", preset.names, "the preset");
+    parser.positionals("NAME", preset.names, "name of the preset");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
     if (preset.names.size() == 1)
         return {};
     return fail(
-        failure{failure_kind::usage, "NAME", "exactly one preset is needed", "\"veridial preset list\" shows them"},
+        failure{failure_kind::usage, "NAME", "exactly one preset is required", "\"veridial preset list\" shows them"},
         out);
 }
 
 exit_code list(std::span<const std::string> arguments, console& out)
 {
     bool json = false;
-    argument_parser parser("veridial preset list", "Lists the presets: your own, and those that come with Veridial.",
+    argument_parser parser("veridial preset list", "Lists the presets: your own, and those bundled with Veridial.",
                            "  veridial preset list\n");
-    parser.flag("--json", json, "as JSON");
+    parser.flag("--json", json, "print JSON");
     if (const auto end = parse_or_explain(parser, arguments, out))
         return *end;
     effect_instance effect;
@@ -69,7 +69,7 @@ exit_code list(std::span<const std::string> arguments, console& out)
     return exit_code::done;
 }
 
-/// Every parameter that is not at its default, as -s takes it; with JSON all of them.
+/// Every parameter that differs from its default, as a line for -s; with json, an object of all parameters.
 std::string values_text(effect_instance& effect, bool json)
 {
     json_text object;
@@ -92,9 +92,10 @@ std::string values_text(effect_instance& effect, bool json)
 exit_code show(std::span<const std::string> arguments, console& out)
 {
     named_preset preset;
-    argument_parser parser("veridial preset show", "Prints what a preset sets, as -s takes it.",
+    argument_parser parser("veridial preset show",
+                           "Prints the parameters that a preset sets, in the form that -s takes.",
                            "  veridial preset show \"Golden Hour\"\n");
-    parser.flag("--json", preset.json, "all parameters as a JSON object");
+    parser.flag("--json", preset.json, "print all parameters as a JSON object");
     if (const auto end = parse_named(parser, preset, arguments, out))
         return *end;
     effect_instance effect;
@@ -111,11 +112,11 @@ exit_code save(std::span<const std::string> arguments, console& out)
     named_preset preset;
     grade_request grade;
     bool overwrite = false;
-    argument_parser parser("veridial preset save", "Keeps a grade as a preset of your own.",
+    argument_parser parser("veridial preset save", "Saves a grade as a user preset.",
                            "  veridial preset save \"Cool shadows\" --wheel shadows=205,38\n");
     add_grade_options(parser, grade);
     parser.group("Output");
-    parser.flag("-f,--overwrite", overwrite, "replace a preset of this name");
+    parser.flag("-f,--overwrite", overwrite, "replace an existing preset of this name");
     if (const auto end = parse_named(parser, preset, arguments, out))
         return *end;
     effect_instance effect;
@@ -126,7 +127,7 @@ exit_code save(std::span<const std::string> arguments, console& out)
     if (const auto accepted = check_preset_name(name); !accepted)
         return fail(about(name, accepted.error()), out);
     if (!overwrite && presets.preset_exists(name))
-        return fail({failure_kind::cannot_write, name, "exists already", "-f replaces it"}, out);
+        return fail({failure_kind::cannot_write, name, "already exists", "use -f to replace it"}, out);
     if (!presets.save_preset(name, overwrite))
         return fail({failure_kind::cannot_write, name, presets.get_failure()->reason}, out);
     return exit_code::done;
@@ -135,7 +136,7 @@ exit_code save(std::span<const std::string> arguments, console& out)
 exit_code load_check(std::span<const std::string> arguments, console& out)
 {
     named_preset preset;
-    argument_parser parser("veridial preset load-check", "Tells whether a preset or a file would load, and why not.",
+    argument_parser parser("veridial preset load-check", "Checks whether a preset or a preset file can be loaded.",
                            "  veridial preset load-check grade.json\n");
     if (const auto end = parse_named(parser, preset, arguments, out))
         return *end;
@@ -152,7 +153,7 @@ exit_code load_check(std::span<const std::string> arguments, console& out)
 exit_code remove(std::span<const std::string> arguments, console& out)
 {
     named_preset preset;
-    argument_parser parser("veridial preset delete", "Removes a preset of your own.",
+    argument_parser parser("veridial preset delete", "Deletes a user preset.",
                            "  veridial preset delete \"Cool shadows\"\n");
     if (const auto end = parse_named(parser, preset, arguments, out))
         return *end;
@@ -173,23 +174,23 @@ exit_code remove(std::span<const std::string> arguments, console& out)
         why.reason = failed->reason;
     }
     else if (has(listing->bundled))
-        why.reason = "comes with Veridial and stays";
+        why.reason = "is a bundled preset and cannot be deleted";
     else
-        why = {failure_kind::unreadable, name, "no such preset of your own", did_you_mean(name, listing->own)};
+        why = {failure_kind::unreadable, name, "no such user preset", did_you_mean(name, listing->own)};
     return fail(why, out);
 }
 
-constexpr std::array<verb, 5> actions{{{"list", "lists all presets", list},
-                                       {"show", "prints what a preset sets", show},
-                                       {"save", "keeps a grade as a preset", save},
-                                       {"load-check", "tells whether a preset would load", load_check},
-                                       {"delete", "removes a preset", remove}}};
+constexpr std::array<verb, 5> actions{{{"list", "lists the presets", list},
+                                       {"show", "prints the parameters that a preset sets", show},
+                                       {"save", "saves a grade as a user preset", save},
+                                       {"load-check", "checks whether a preset can be loaded", load_check},
+                                       {"delete", "deletes a user preset", remove}}};
 
 } // namespace
 
 exit_code run_preset(std::span<const std::string> arguments, console& out)
 {
-    return run_verbs("veridial preset", "Keeps grades.", arguments, actions, out);
+    return run_verbs("veridial preset", "Manages presets.", arguments, actions, out);
 }
 
 } // namespace ov1

@@ -3,6 +3,7 @@
 #include "command_line/argument_parser.h"
 #include "command_line/choice.h"
 #include "command_line/console.h"
+#include "command_line/failure_line.h"
 #include "command_line/number.h"
 #include "command_line/run_options.h"
 #include "platform/rows.h"
@@ -24,7 +25,7 @@ namespace
 constexpr int least_side = 64;
 constexpr int most_side = 8192;
 constexpr std::size_t longest_picture_side = 4096;
-constexpr int side_of_thicker_lines = 1080; ///< from here on lines are 2 pixels wide, from its double on 3
+constexpr int side_of_thicker_lines = 1080; ///< of the shorter side: lines get 1 pixel wider with every 1080
 constexpr int text_height = 12;             ///< in line widths
 constexpr int caption_height = 22;          ///< in line widths
 constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
@@ -67,7 +68,8 @@ result<picture_size> read_size(const std::string& text)
 {
     const auto x = text.find_first_of("xX");
     if (x == std::string::npos)
-        return failure{failure_kind::usage, {}, text + " is no size", "write 960x540"};
+        return failure{
+            failure_kind::usage, {}, in_quotes(text) + " is not a size", "write WIDTHxHEIGHT, such as 960x540"};
     const auto width = read_whole_number_within(text.substr(0, x), least_side, most_side);
     if (!width)
         return width.error();
@@ -85,29 +87,31 @@ void settle_scope(scope_command& command, option_reader& reader)
         command.size_text = command.kind.usual_size;
     reader.read("--size", command.size_text, command.size, read_size);
     if (command.skin_line && command.kind.type != scope_type::vectorscope)
-        reader.refuse("--skin-line", "belongs to the vectorscope", "add --type vectorscope");
+        reader.refuse("--skin-line", "is for the vectorscope only", "add --type vectorscope");
     if (command.inputs.size() != 1)
-        reader.refuse("INPUT", "exactly one picture is needed");
+        reader.refuse("INPUT", "exactly one picture is required");
     if (!command.output)
-        reader.refuse("-o", "is missing", "it names the picture to write");
+        reader.refuse("-o", "is missing", "name the output picture");
 }
 
 std::optional<exit_code> parse(scope_command& command, std::span<const std::string> arguments, console& out)
 {
-    argument_parser parser("veridial scope",
-                           "Shows a picture's values, after a grade if one is asked for. Pictures of more than 4096 "
-                           "pixels on a side are reduced first.",
-                           "  veridial scope photo.jpg -o waveform.png\n"
-                           "  veridial scope photo.jpg --type vectorscope --skin-line -o skin.png\n"
-                           "  veridial scope photo.jpg -p \"Golden Hour\" --type parade -o parade.png\n");
+    argument_parser parser(
+        "veridial scope",
+        "Draws a scope of a picture, with a grade applied if one is given. Pictures of more than 4096 "
+        "pixels on a side are scaled down first.",
+        "  veridial scope photo.jpg -o waveform.png\n"
+        "  veridial scope photo.jpg --type vectorscope --skin-line -o skin.png\n"
+        "  veridial scope photo.jpg -p \"Golden Hour\" --type parade -o parade.png\n");
     parser.positionals("INPUT", command.inputs, "a picture");
     parser.group("Scope");
-    parser.text("--type", command.type_text, "TYPE", choice_names(scope_kinds) + "; waveform unless asked");
-    parser.text("--size", command.size_text, "WxH", "of the output in pixels, 960x540 or 640x664 unless asked");
-    parser.flag("--skin-line", command.skin_line, "the line near which skin lies, on the vectorscope");
+    parser.text("--type", command.type_text, "TYPE", choice_names(scope_kinds) + "; by default waveform");
+    parser.text("--size", command.size_text, "WxH",
+                "size of the output in pixels, by default 960x540, or 640x664 for a vectorscope");
+    parser.flag("--skin-line", command.skin_line, "show the skin tone line on the vectorscope");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "OUT.png", "the picture of the scope");
+    parser.text("-o,--output", command.output, "OUT.png", "output picture");
     add_run_options(parser, command.run);
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
@@ -120,7 +124,7 @@ std::optional<exit_code> parse(scope_command& command, std::span<const std::stri
     return {};
 }
 
-/// The picture with the grade that is asked for; without one, and bypassed, as it is.
+/// Reads the picture and applies the grade of the command line, unless there is none or it is bypassed.
 std::vector<failure> read_picture(const scope_command& command, media::reduced_picture& picture)
 {
     media::still_reader source;
@@ -168,7 +172,7 @@ void write_texts(const scope_command& command, const rect& area, int line_width,
     text_painter texts(static_cast<unsigned>(text_height * line_width));
     if (!texts.has_face())
         return;
-    const double half_capital = text_height * line_width * 0.36; // from a text's middle to its base line
+    const double half_capital = text_height * line_width * 0.36; // from the middle of a line of text to its baseline
     const std::string caption =
         std::string(command.kind.caption) + "  \u2013  " + std::filesystem::path(command.inputs[0]).filename().string();
     const auto margin = static_cast<std::size_t>(6 * line_width);

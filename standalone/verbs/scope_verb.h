@@ -1,4 +1,4 @@
-// "veridial scope": a picture's values, graded or not, as a scope shows them.
+// "veridial scope": draws a scope of a picture, graded or not.
 #pragma once
 
 #include "command_line/program.h"

@@ -40,17 +40,16 @@ struct sheet_command
 std::optional<exit_code> parse(sheet_command& command, std::span<const std::string> arguments, console& out)
 {
     argument_parser parser("veridial sheet",
-                           "Shows a picture through every look at full strength and half, through the presets that are "
-                           "named, or before and "
-                           "after a grade.",
+                           "Draws a contact sheet of a picture: with every look at full and half strength, with the "
+                           "presets given by -p, or before and after a grade.",
                            "  veridial sheet photo.jpg -o looks.png\n"
                            "  veridial sheet photo.jpg -p \"Golden Hour\" -p Noir -o presets.png\n"
                            "  veridial sheet photo.jpg --wheel shadows=205,40 --film 270,60 -o before_after.png\n");
     parser.positionals("INPUT", command.inputs, "a picture");
     add_grade_options(parser, command.grade);
     parser.group("Output");
-    parser.text("-o,--output", command.output, "SHEET.png", "the contact sheet");
-    parser.text("--width", command.width_text, "PIXELS", "how wide the sheet may become, 2400 unless asked");
+    parser.text("-o,--output", command.output, "SHEET.png", "output picture");
+    parser.text("--width", command.width_text, "PIXELS", "largest width of the sheet, by default 2400");
     add_run_options(parser, command.run);
     if (const auto end = parse_or_explain(parser, arguments, out))
         return end;
@@ -58,9 +57,9 @@ std::optional<exit_code> parse(sheet_command& command, std::span<const std::stri
     option_reader reader;
     settle_run_options(command.run, out, reader);
     if (command.inputs.size() != 1)
-        reader.refuse("INPUT", "exactly one picture is needed");
+        reader.refuse("INPUT", "exactly one picture is required");
     if (!command.output)
-        reader.refuse("-o", "is missing", "it names the sheet to write");
+        reader.refuse("-o", "is missing", "name the output picture");
     reader.read("--width", command.width_text, command.width,
                 [](const std::string& text) { return read_whole_number_within(text, least_width, most_width); });
     if (const auto failures = reader.take_failures(); !failures.empty())
@@ -68,7 +67,7 @@ std::optional<exit_code> parse(sheet_command& command, std::span<const std::stri
     return {};
 }
 
-/// What the cells show, and how many stand in a row.
+/// The cells of the sheet, and the number of columns.
 std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& columns)
 {
     columns = look_columns;
@@ -82,7 +81,7 @@ std::vector<sheet_cell> cells_of(const sheet_command& command, std::size_t& colu
     return {before, {"after", command.grade}};
 }
 
-/// The picture through the effect's present table, with its own alpha.
+/// The picture, graded with the effect's current table, with its own alpha.
 std::vector<argb_float> graded(effect_instance& effect, const media::reduced_picture& picture)
 {
     std::vector<argb_float> pixels(picture.pixels.size());
@@ -92,7 +91,7 @@ std::vector<argb_float> graded(effect_instance& effect, const media::reduced_pic
     return pixels;
 }
 
-/// Draws all cells; each grade starts from the defaults.
+/// Draws all cells. Each grade starts from the defaults.
 std::vector<failure> draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
                           const media::reduced_picture& picture)
 {

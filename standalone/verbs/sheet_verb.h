@@ -1,4 +1,4 @@
-// "veridial sheet": one picture through many grades, side by side.
+// "veridial sheet": a contact sheet of one picture with many grades.
 #pragma once
 
 #include "command_line/program.h"

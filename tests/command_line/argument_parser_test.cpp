@@ -53,9 +53,9 @@ TEST(argument_parser, tells_each_mistake_on_one_plain_line)
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{"--ouput", "x"}, "\"--ouput\": no such option (did you mean \"--output\"?)"},
         {{"--overwrit=1"}, "\"--overwrit\": no such option (did you mean \"--overwrite\"?)"},
-        {{"a.png", "-z"}, "\"-z\": no such option (\"veridial grade --help\" lists what there is)"},
-        {{"a.png", "-o"}, "\"--output\": its value is missing"},
-        {{"--set"}, "\"--set\": its value is missing"},
+        {{"a.png", "-z"}, "\"-z\": no such option (\"veridial grade --help\" lists the options)"},
+        {{"a.png", "-o"}, "\"--output\": needs a value"},
+        {{"--set"}, "\"--set\": needs a value"},
         {{"--dry-run=maybe"}, "\"--dry-run\": takes no value"},
     };
     for (const auto& [arguments, line] : rows)
@@ -73,7 +73,7 @@ TEST(argument_parser, a_command_without_inputs_expects_none)
     const auto outcome = parser.parse(std::vector<std::string>{"Sky"});
     ASSERT_FALSE(outcome);
     EXPECT_EQ(failure_line(outcome.error()),
-              "\"Sky\": nothing is expected here (\"veridial params --help\" lists what there is)");
+              "\"Sky\": unexpected argument (\"veridial params --help\" lists the options)");
 }
 
 TEST(run_options, are_settled_from_their_texts)
@@ -82,9 +82,9 @@ TEST(run_options, are_settled_from_their_texts)
         {{"-j", "4", "--progress", "JSON"}, ""},
         {{"-j", "-1"}, "\"--threads\": -1 is out of range (0 to 1024)\n"},
         {{"-j", "many", "--progress", "jsn"},
-         "\"--threads\": \"many\" is no number\n\"--progress\": \"jsn\" is no choice (did you mean \"json\"?)\n"},
-        {{"-fn"}, "\"--overwrite\": cannot go with --no-clobber (leave one out)\n"},
-        {{"-qv"}, "\"--quiet\": cannot go with --verbose (leave one out)\n"},
+         "\"--threads\": \"many\" is not a number\n\"--progress\": unknown value \"jsn\" (did you mean \"json\"?)\n"},
+        {{"-fn"}, "\"--overwrite\": cannot be combined with --no-clobber\n"},
+        {{"-qv"}, "\"--quiet\": cannot be combined with --verbose\n"},
     };
     for (const auto& [arguments, expected] : rows)
     {

@@ -53,9 +53,9 @@ TEST(choice, takes_a_word_in_any_case_and_lists_the_words_otherwise)
     const auto read = read_choice(" Linear", words);
     EXPECT_TRUE(read && *read == 3);
     const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"linaer", "\"linaer\" is no choice", "did you mean \"linear\"?"},
-        {"x", "\"x\" is no choice", "one of auto, none, linear"},
-        {"", "a word is missing", "one of auto, none, linear"},
+        {"linaer", "unknown value \"linaer\"", "did you mean \"linear\"?"},
+        {"x", "unknown value \"x\"", "one of auto, none, linear"},
+        {"", "a value is missing", "one of auto, none, linear"},
     };
     for (const auto& [text, reason, hint] : rows)
     {

@@ -35,7 +35,7 @@ std::string resolved(const grade_request& request)
 
 TEST(grade_request, reads_settings_wheels_and_pads_and_says_what_is_wrong_with_them)
 {
-    const std::string two = ": needs two numbers with one comma between them (write ";
+    const std::string two = ": needs two numbers separated by a comma (write ";
     const std::tuple<const char*, const char*, std::string> rows[] = {
         {"--set", "Sky Strength=60.5", "4=605 "},
         {"--set", "sky-strength = 60", "4=600 "},
@@ -48,24 +48,24 @@ TEST(grade_request, reads_settings_wheels_and_pads_and_says_what_is_wrong_with_t
         {"--set", "=1", "no such parameter (\"veridial params\" lists them)\n"},
         {"--set", "Sky Strength=160", "\"Sky Strength\": 160 is out of range (0 to 100)\n"},
         {"--set", "Sky Strength=-0.01", "\"Sky Strength\": -0.01 is out of range (0 to 100)\n"},
-        {"--set", "Sky Strength=60,5", "\"Sky Strength\": \"60,5\" is no number (write 60.5)\n"},
-        {"--set", "Sky Strength=nan", "\"Sky Strength\": \"nan\" is no number\n"},
+        {"--set", "Sky Strength=60,5", "\"Sky Strength\": \"60,5\" is not a number (write 60.5)\n"},
+        {"--set", "Sky Strength=nan", "\"Sky Strength\": \"nan\" is not a number\n"},
         {"--set", "Sky Strength=", "\"Sky Strength\": a number is missing\n"},
-        {"--set", "Sky Strength=1=2", "\"Sky Strength\": \"1=2\" is no number\n"},
-        {"--set", "Sky Strength", "\"--set Sky Strength\": no \"=\" in it (write \"Name=value\")\n"},
-        {"--set", "Steps=1.5", "\"Steps\": \"1.5\" is no whole number\n"},
+        {"--set", "Sky Strength=1=2", "\"Sky Strength\": \"1=2\" is not a number\n"},
+        {"--set", "Sky Strength", "\"--set Sky Strength\": has no \"=\" (write \"Name=value\")\n"},
+        {"--set", "Steps=1.5", "\"Steps\": \"1.5\" is not a whole number\n"},
         {"--set", "Tint=#ff0000", "\"Tint\": cannot be set on the command line\n"},
         {"--set", "Global Bypass=2",
-         "\"Global Bypass\": \"2\" is no choice (one of true, false, on, off, yes, no, 1, 0)\n"},
+         "\"Global Bypass\": unknown value \"2\" (one of true, false, on, off, yes, no, 1, 0)\n"},
         {"--wheel", "shadows=220,40", "1=2200 2=400 "},
         {"--wheel", "Shadows=220, 40", "1=2200 2=400 "},
         {"--sky", "90,60.5", "3=900 4=605 "},
-        {"--wheel", "shadow=1,2", "\"--wheel shadow=1,2\": \"shadow\" is no choice (did you mean \"shadows\"?)\n"},
-        {"--wheel", "shadows", "\"--wheel shadows\": no \"=\" in it (write shadows=HUE,CHROMA)\n"},
-        {"--wheel", "shadows=220", "\"--wheel shadows=220\"" + two + "HUE,CHROMA, decimals with a point)\n"},
+        {"--wheel", "shadow=1,2", "\"--wheel shadow=1,2\": unknown value \"shadow\" (did you mean \"shadows\"?)\n"},
+        {"--wheel", "shadows", "\"--wheel shadows\": has no \"=\" (write shadows=HUE,CHROMA)\n"},
+        {"--wheel", "shadows=220", "\"--wheel shadows=220\"" + two + "HUE,CHROMA, with decimal points)\n"},
         {"--wheel", "shadows=361,101",
          "\"Shadows Hue\": 361 is out of range (0 to 360)\n\"Shadows Chroma\": 101 is out of range (0 to 100)\n"},
-        {"--sky", "90,60,5", "\"--sky 90,60,5\"" + two + "ANGLE,STRENGTH, decimals with a point)\n"},
+        {"--sky", "90,60,5", "\"--sky 90,60,5\"" + two + "ANGLE,STRENGTH, with decimal points)\n"},
         {"--sky", "90,", "\"Sky Strength\": a number is missing\n"},
     };
     for (const auto& [option, text, result] : rows)

@@ -35,20 +35,20 @@ TEST(number, reads_finite_numbers_with_a_point)
 TEST(number, refuses_what_is_none_and_helps_where_it_can)
 {
     const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"60,5", "\"60,5\" is no number", "write 60.5"},
-        {"60%", "\"60%\" is no number", "write 60"},
-        {"90\u00B0", "\"90\u00B0\" is no number", "write 90"},
-        {"1,000,000", "\"1,000,000\" is no number", ""},
+        {"60,5", "\"60,5\" is not a number", "write 60.5"},
+        {"60%", "\"60%\" is not a number", "write 60"},
+        {"90\u00B0", "\"90\u00B0\" is not a number", "write 90"},
+        {"1,000,000", "\"1,000,000\" is not a number", ""},
         {"", "a number is missing", ""},
         {" ", "a number is missing", ""},
-        {"nan", "\"nan\" is no number", ""},
-        {"-inf", "\"-inf\" is no number", ""},
-        {"1e999", "\"1e999\" is no number", ""},
-        {"0x10", "\"0x10\" is no number", ""},
-        {"6 0", "\"6 0\" is no number", ""},
-        {"+-1", "\"+-1\" is no number", ""},
-        {"++1", "\"++1\" is no number", ""},
-        {"sixty", "\"sixty\" is no number", ""},
+        {"nan", "\"nan\" is not a number", ""},
+        {"-inf", "\"-inf\" is not a number", ""},
+        {"1e999", "\"1e999\" is not a number", ""},
+        {"0x10", "\"0x10\" is not a number", ""},
+        {"6 0", "\"6 0\" is not a number", ""},
+        {"+-1", "\"+-1\" is not a number", ""},
+        {"++1", "\"++1\" is not a number", ""},
+        {"sixty", "\"sixty\" is not a number", ""},
     };
     for (const auto& [text, reason, hint] : rows)
     {
@@ -67,7 +67,7 @@ TEST(number, is_refused_beyond_its_range_and_never_clamped)
         {"2.5", false, 2.5, "", ""},
         {"10.001", false, 0, "10.001 is out of range", "-10 to 10"},
         {"-10.001", false, 0, "-10.001 is out of range", "-10 to 10"},
-        {"2.5", true, 0, "\"2.5\" is no whole number", ""},
+        {"2.5", true, 0, "\"2.5\" is not a whole number", ""},
         {"11", true, 0, "11 is out of range", "-10 to 10"},
     };
     for (const auto& [text, is_whole, expected, reason, hint] : rows)

@@ -59,10 +59,10 @@ protected:
 
 constexpr output_rules overwrite{true, false, false}, no_clobber{false, true, false}, dry_run{false, false, true};
 
-const std::string exists = ": exists already (-f replaces it, -n leaves it)\n";
-const std::string itself = ": is the input itself (-f replaces it)\n";
-const std::string two_folders = " (grade them into two folders)\n";
-const std::string new_folder = " (end the name of a new folder with \"/\")\n";
+const std::string exists = ": already exists (use -f to replace it, -n to keep it)\n";
+const std::string itself = ": is also the input (use -f to replace it)\n";
+const std::string two_folders = " (use two output folders)\n";
+const std::string new_folder = " (to make a new folder, end its name with \"/\")\n";
 
 TEST_F(output_plan_test, names_the_outputs)
 {
@@ -105,19 +105,19 @@ TEST_F(output_plan_test, refuses_what_would_lose_something)
         {"the input through a hard link", "a.png", "hard.png", {}, "6 \"@/hard.png\"" + itself},
         {"the input's own folder", "a.png", ".", {}, "6 \"@/./a.png\"" + itself},
         {"another's input", "sub/a.png b.png a.png", "sub", overwrite,
-         "6 \"@/sub/a.png\": is an input as well (choose another folder)\n"
-         "2 \"@/sub/a.png\": would hold both \"@/sub/a.png\" and \"@/a.png\"" +
+         "6 \"@/sub/a.png\": is also an input (choose another folder)\n"
+         "2 \"@/sub/a.png\": is the output of both \"@/sub/a.png\" and \"@/a.png\"" +
              two_folders},
         {"one name for two", "a.png sub/a.png", "out", overwrite,
-         "2 \"@/out/a.png\": would hold both \"@/a.png\" and \"@/sub/a.png\"" + two_folders},
+         "2 \"@/out/a.png\": is the output of both \"@/a.png\" and \"@/sub/a.png\"" + two_folders},
         {"one file behind two names", "a.png b.png", "linked", overwrite,
-         "2 \"@/linked/b.png\": would hold both \"@/a.png\" and \"@/b.png\"" + two_folders},
-        {"several into a file", "a.png b.png", "old.png", overwrite, "2 \"@/old.png\": is no folder" + new_folder},
+         "2 \"@/linked/b.png\": is the output of both \"@/a.png\" and \"@/b.png\"" + two_folders},
+        {"several into a file", "a.png b.png", "old.png", overwrite, "2 \"@/old.png\": is not a folder" + new_folder},
         {"several into a new file",
          "a.png b.png",
          "new.png",
          {},
-         "2 \"@/new.png\": several inputs need a folder" + new_folder},
+         "2 \"@/new.png\": several inputs need an output folder" + new_folder},
         {"a missing folder", "a.png", "no/where.png", {}, "6 \"@/no\": no such folder\n"},
         {"a folder in a missing one", "a.png", "no/where/", {}, "6 \"@/no\": no such folder\n"},
         {"below a file", "a.png", "old.png/x.png", dry_run, "6 \"@/old.png\": a part of the path is no folder\n"},

@@ -32,8 +32,8 @@ TEST(program, runs_a_verb_or_explains)
         {{"-f", "greet"},
          exit_code::usage,
          "",
-         "veridial: \"-f\": a command comes first (\"veridial --help\" lists them)\n"},
-        {{}, exit_code::usage, "", "veridial: no command (\"veridial --help\" lists them)\n"},
+         "veridial: \"-f\": a command must come first (\"veridial --help\" lists them)\n"},
+        {{}, exit_code::usage, "", "veridial: no command given (\"veridial --help\" lists them)\n"},
         {{"--version"}, exit_code::done, "veridial 3.7.0\n", ""},
     };
     for (const auto& [arguments, code, out, err] : rows)

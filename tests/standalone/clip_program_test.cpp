@@ -184,7 +184,7 @@ TEST_F(clip_program, mistakes_and_losses_are_said_on_one_line)
         {"$V grade a.mov --codec ffv1 --pix-fmt yuv999 -o o.mov", 4, "yuv999"},
         {"$V grade text.mp4 -o o.mov", 4, R"("text.mp4": is not a picture)"},
         {"$V grade a.mov --matrix 600 -o o.mov", 2, "--matrix"},
-        {"$V grade a.mov -o a.mov", 6, "is the input itself"},
+        {"$V grade a.mov -o a.mov", 6, "is also the input"},
         {"(ulimit -f 8; exec $V grade a.mov --codec rawvideo -o o.mov)", 6, R"("o.mov": )"},
     };
     for (const auto& row : rows)
