@@ -30,7 +30,7 @@ namespace
 
 using namespace VSTGUI;
 
-// The preview fills its part of the window pixel by pixel; the rest is the column of controls and the strip beneath.
+// The preview is shown at 100 percent; the rest of the window is the column of controls and the strip below.
 constexpr std::uint32_t preview_width = 1600, preview_height = 900;
 constexpr double column_width = 494, strip_height = 34, scopes_width = 260;
 
@@ -118,7 +118,7 @@ private:
         set->set_param_value(record, true);
     }
 
-    /// What a mouse move changes: forth and back, so that every step has something to build.
+    /// Changes a wheel as a mouse move does, back and forth, so that every step has a table to build.
     void move_wheel()
     {
         constexpr int hue = 5; // of the shadows' wheel

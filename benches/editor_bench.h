@@ -1,4 +1,4 @@
-// One step of a drag as the editor makes it, from the changed value to drawn pixels.
+// Measures one step of a drag in the editor, from the changed value to drawn pixels.
 #pragma once
 
 #include "report.h"
@@ -6,7 +6,7 @@
 namespace ov1::bench
 {
 
-/// Measures it against plain code that ends in the same window, and checks that both draw the same picture.
+/// Against plain code that draws into the same kind of window; both must draw the same picture.
 void run_editor_bench(report& to, int rounds);
 
 } // namespace ov1::bench

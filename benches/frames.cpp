@@ -21,7 +21,7 @@ std::vector<float> wave(std::size_t length, float periods, float phase)
     return values;
 }
 
-/// Slopes over the whole picture and a texture some pixels wide, for one channel.
+/// One channel: gradients over the whole picture and a texture of some pixels.
 void paint(frame& picture, float argb_float::* channel, float phase)
 {
     const auto slope_x = wave(picture.width, 1.3f, phase), slope_y = wave(picture.height, 0.8f, phase * 2);

@@ -1,4 +1,4 @@
-// The frames that everybody renders, made of nothing but a few numbers.
+// The frames that all contenders render, computed from a few numbers.
 #pragma once
 
 #include "shared/argb_float.h"
@@ -11,8 +11,8 @@ namespace ov1::bench
 
 enum class content
 {
-    natural, ///< soft slopes, a fine texture and grain: neighbours are alike, as in photographs
-    random,  ///< every pixel anywhere in the cube
+    natural, ///< gradients, a fine texture and grain: neighbours are similar, as in photographs
+    random,  ///< every pixel is an independent random colour
 };
 
 struct frame
@@ -24,7 +24,7 @@ struct frame
     std::size_t count() const { return pixels.size(); }
 };
 
-/// The same on every machine that computes sines alike; what is rendered of it is compared on one machine only.
+/// The same frame on every run of a machine. Machines whose sine functions differ can give other last bits.
 frame make_frame(content what, std::size_t width, std::size_t height);
 
 } // namespace ov1::bench

@@ -1,4 +1,4 @@
-// Times of several pieces of work, taken in turns so that a slow moment of the machine hits all of them.
+// Times several pieces of work in turns, so that a slow moment of the machine affects all of them.
 #pragma once
 
 #include <functional>
@@ -15,9 +15,9 @@ struct contender
     bool one_thread = true;
 };
 
-/// The median time of each in seconds, over so many rounds after one that does not count. Every round runs each once,
-/// beginning with another one each time. On one thread it is processor time, so that other programs take as little part
-/// as they can; on several it is time by the clock.
+/// The median time of each contender in seconds, over `rounds` rounds after one that is not counted. Every round runs
+/// each contender once and begins with another one. Contenders on one thread are timed in processor time, which other
+/// programs disturb least; those on several threads by the clock.
 std::vector<double> median_seconds(const std::vector<contender>& contenders, int rounds);
 
 } // namespace ov1::bench

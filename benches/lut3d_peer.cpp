@@ -29,7 +29,7 @@ void require(bool holds, const char* what)
     std::exit(1);
 }
 
-/// Nine digits give every float back.
+/// With nine digits every float is read back exactly.
 void write_exact_cube(const lut_argb<lut_edge>& table, const std::filesystem::path& file)
 {
     std::ofstream text(file);
@@ -70,8 +70,8 @@ struct lut3d_peer::body
     }
 };
 
-lut3d_peer::lut3d_peer(const lut_argb<lut_edge>& table, interpolation how, const std::string& format, std::size_t width,
-                       std::size_t height)
+lut3d_peer::lut3d_peer(const lut_argb<lut_edge>& table, interpolation kind, const std::string& format,
+                       std::size_t width, std::size_t height)
     : peer(std::make_unique<body>())
 {
     const auto file = std::filesystem::temp_directory_path() / fmt::format("veridial-bench-{}.cube", getpid());
@@ -81,7 +81,7 @@ lut3d_peer::lut3d_peer(const lut_argb<lut_edge>& table, interpolation how, const
         "buffer", fmt::format("video_size={}x{}:pix_fmt={}:time_base=1/25:pixel_aspect=1/1", width, height, format));
     AVFilterContext* filter =
         peer->add("lut3d", fmt::format("file={}:interp={}", file.string(),
-                                       how == interpolation::trilinear ? "trilinear" : "tetrahedral"));
+                                       kind == interpolation::trilinear ? "trilinear" : "tetrahedral"));
     peer->sink = peer->add("buffersink", "");
     require(avfilter_link(peer->source, 0, filter, 0) >= 0 && avfilter_link(filter, 0, peer->sink, 0) >= 0, "link");
     require(avfilter_graph_config(peer->graph, nullptr) >= 0, "configuration");

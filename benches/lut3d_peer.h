@@ -11,20 +11,19 @@
 namespace ov1::bench
 {
 
-/// One filter graph, on one thread, from frames of one size and format to frames of the same.
+/// One filter graph on one thread. Frames keep their size and format.
 class lut3d_peer
 {
 public:
-    /// format is FFmpeg's name: gbrpf32le or rgb24. The program ends with a message where libavfilter refuses.
-    lut3d_peer(const lut_argb<lut_edge>& table, interpolation how, const std::string& format, std::size_t width,
+    /// format is FFmpeg's name: gbrpf32le or rgb24. The program ends with a message if libavfilter fails.
+    lut3d_peer(const lut_argb<lut_edge>& table, interpolation kind, const std::string& format, std::size_t width,
                std::size_t height);
     ~lut3d_peer();
 
-    /// The frame that is rendered: rows of floats of a plane, 0 green, 1 blue, 2 red; or rows of bytes r, g, b in plane
-    /// 0.
+    /// A row of the frame to render: floats of a plane (0 green, 1 blue, 2 red), or bytes r, g, b in plane 0.
     unsigned char* in_row(int plane, std::size_t y);
     void render();
-    /// The frame rendered last.
+    /// A row of the frame rendered last.
     const unsigned char* out_row(int plane, std::size_t y) const;
 
 private:

@@ -13,11 +13,11 @@ struct opencolorio_peer::body
     OCIO::BitDepth depth;
 };
 
-opencolorio_peer::opencolorio_peer(const lut_argb<lut_edge>& table, interpolation how, sample_kind kind)
+opencolorio_peer::opencolorio_peer(const lut_argb<lut_edge>& table, interpolation kind, sample_kind samples)
     : peer(std::make_unique<body>())
 {
     const auto transform = OCIO::Lut3DTransform::Create(lut_edge);
-    transform->setInterpolation(how == interpolation::trilinear ? OCIO::INTERP_LINEAR : OCIO::INTERP_TETRAHEDRAL);
+    transform->setInterpolation(kind == interpolation::trilinear ? OCIO::INTERP_LINEAR : OCIO::INTERP_TETRAHEDRAL);
     for (unsigned long r = 0; r < lut_edge; ++r)
         for (unsigned long g = 0; g < lut_edge; ++g)
             for (unsigned long b = 0; b < lut_edge; ++b)
@@ -25,7 +25,7 @@ opencolorio_peer::opencolorio_peer(const lut_argb<lut_edge>& table, interpolatio
                 const argb_float& entry = table.get_direct(r, g, b);
                 transform->setValue(r, g, b, entry.r, entry.g, entry.b);
             }
-    peer->depth = kind == sample_kind::f32 ? OCIO::BIT_DEPTH_F32 : OCIO::BIT_DEPTH_F16;
+    peer->depth = samples == sample_kind::f32 ? OCIO::BIT_DEPTH_F32 : OCIO::BIT_DEPTH_F16;
     peer->processor = OCIO::Config::CreateRaw()->getProcessor(transform)->getOptimizedCPUProcessor(
         peer->depth, peer->depth, OCIO::OPTIMIZATION_DEFAULT);
 }

@@ -1,4 +1,4 @@
-// OpenColorIO's processor for the same table.
+// OpenColorIO's processor for a table of ours.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
@@ -25,7 +25,7 @@ enum class sample_kind
 class opencolorio_peer
 {
 public:
-    opencolorio_peer(const lut_argb<lut_edge>& table, interpolation how, sample_kind kind);
+    opencolorio_peer(const lut_argb<lut_edge>& table, interpolation kind, sample_kind samples);
     ~opencolorio_peer();
 
     void render(const void* in, void* out, std::size_t width, std::size_t height) const;

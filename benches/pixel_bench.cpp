@@ -19,7 +19,7 @@ namespace ov1::bench
 namespace
 {
 
-/// Which contender is which.
+/// Positions in the list of contenders.
 enum place : std::size_t
 {
     copied,
@@ -97,7 +97,7 @@ public:
     void check_answers(report& to)
     {
         check_own_answers(to);
-        // Up to seven roundings of values up to 1, taken in another order.
+        // Up to seven roundings of values up to 1, in another order.
         constexpr double other_order = 1e-6;
         const auto trilinear = [this](std::size_t i) { return wanted[i]; };
         const auto by_tetrahedra = [this](std::size_t i) { return tetrahedral(table, in.pixels[i]); };
@@ -112,7 +112,7 @@ public:
         lut3d[1].render();
         to.answer("FFmpeg lut3d, gbrpf32, tetrahedral", planar_difference(lut3d[1], by_tetrahedra), other_order);
         lut3d[2].render();
-        to.answer("FFmpeg lut3d, rgb24, tetrahedral", byte_difference(lut3d[2]), 1.01 / 255); // it does not round
+        to.answer("FFmpeg lut3d, rgb24, tetrahedral", byte_difference(lut3d[2]), 1.01 / 255); // it truncates
     }
 
 private:
@@ -139,7 +139,7 @@ private:
 
     void copy(unsigned threads)
     {
-        // One thread copies in one go, as memcpy is at its best.
+        // One thread copies in one call, where memcpy is fastest.
         for_each_row_piece(in.height, threads == 1 ? in.height : row_pieces::usual_rows, threads,
                            [&](std::size_t first, std::size_t end)
                            {

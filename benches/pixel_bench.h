@@ -1,4 +1,4 @@
-// A frame through the table: our loops, plain code, memcpy and other LUT renderers.
+// Measures a frame through the table: our loops, plain code, memcpy and other LUT renderers.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
@@ -8,7 +8,7 @@
 namespace ov1::bench
 {
 
-/// Compares all answers, then the times, and hands the ratios to the report.
+/// Checks all results, measures the times and adds the ratios to the report.
 void run_pixel_bench(report& to, const lut_argb<lut_edge>& table, content what, std::size_t width, std::size_t height,
                      int rounds);
 

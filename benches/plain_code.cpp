@@ -40,7 +40,7 @@ argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c)
 {
     struct axis
     {
-        double way;
+        double fraction;
         std::size_t step;
     };
     std::size_t at = 0;
@@ -54,11 +54,12 @@ argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c)
         axes[i] = {x - static_cast<double>(lower), steps[i]};
         at += lower * steps[i];
     }
-    std::sort(axes.begin(), axes.end(), [](const axis& a, const axis& b) { return a.way > b.way; });
+    std::sort(axes.begin(), axes.end(), [](const axis& a, const axis& b) { return a.fraction > b.fraction; });
 
-    // From the lower corner along the axis with the longest way first: four corners, weighted by what the ways lack.
+    // From the lower corner along the axes, the largest fraction first: four corners, weighted by the differences
+    // between consecutive fractions.
     const auto& entries = table.get_entries();
-    double weight = 1.0 - axes[0].way;
+    double weight = 1.0 - axes[0].fraction;
     double r = 0.0, g = 0.0, b = 0.0;
     for (std::size_t corner = 0;; ++corner)
     {
@@ -68,7 +69,7 @@ argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c)
         if (corner == 3)
             break;
         at += axes[corner].step;
-        weight = axes[corner].way - (corner < 2 ? axes[corner + 1].way : 0.0);
+        weight = axes[corner].fraction - (corner < 2 ? axes[corner + 1].fraction : 0.0);
     }
     return {1.0f, static_cast<float>(r), static_cast<float>(g), static_cast<float>(b)};
 }

@@ -1,4 +1,4 @@
-// The effect as one writes it first: a virtual call for every pixel, entries read through a range check.
+// The effect as a first version would be written: a virtual call for every pixel, range-checked reads.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
@@ -18,7 +18,7 @@ public:
 
 std::unique_ptr<pixel_renderer> make_plain_renderer(const lut_argb<lut_edge>& table);
 
-/// As a fast LUT filter of the tetrahedral kind does it, in double precision: what those peers must come to.
+/// Tetrahedral interpolation in double precision: the results that tetrahedral peers are checked against.
 argb_float tetrahedral(const lut_argb<lut_edge>& table, const argb_float& c);
 
 } // namespace ov1::bench

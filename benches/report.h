@@ -1,4 +1,4 @@
-// What a run found: answers, times and the ratios that have a floor.
+// The results of a run: answers, times, and ratios with a floor.
 #pragma once
 
 #include <string>
@@ -11,16 +11,16 @@ namespace ov1::bench
 class report
 {
 public:
-    /// A line of its own.
+    /// Prints a line.
     void say(std::string_view line) const;
 
-    /// An answer that is right, or differs by more than it may.
+    /// Prints a result's difference from the right one; more than `allowed` is a wrong answer.
     void answer(const std::string& what, double difference, double allowed);
 
-    /// A ratio that must not be below the floor.
+    /// Records a ratio and the floor that it should reach.
     void ratio(const std::string& what, double value, double floor);
 
-    /// All ratios beside their floors.
+    /// Prints all ratios with their floors.
     void print_ratios() const;
 
     bool answers_agree() const { return wrong_answers == 0; }

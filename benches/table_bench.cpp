@@ -21,10 +21,10 @@ namespace
 
 constexpr std::size_t preview_width = 1600, preview_height = 900;
 
-/// Blue, green, red, unused, from the lowest byte on: what windows take.
+/// Blue, green, red, unused, from the lowest byte on: the format of windows.
 using screen = std::vector<std::uint32_t>;
 
-/// The same loop for both roads, a row at a time.
+/// The same loop for both contenders, one row at a time.
 void to_screen(const std::vector<argb_float>& row, std::uint32_t* to)
 {
     const auto code = [](float v) { return static_cast<int>(std::min(std::max(v, 0.0f), 1.0f) * 255.0f + 0.5f); };
@@ -125,9 +125,9 @@ grade_settings everything_active()
     grade_settings settings;
     for (std::size_t i = 1; i < parameter_count; ++i)
     {
-        // No two alike, none at a bound.
-        const float way = 0.35f + 0.4f * static_cast<float>(i * 7 % parameter_count) / parameter_count;
-        settings.settings[i].value = parameter_table[i].min + way * (parameter_table[i].max - parameter_table[i].min);
+        // All different, none at a bound.
+        const float share = 0.35f + 0.4f * static_cast<float>(i * 7 % parameter_count) / parameter_count;
+        settings.settings[i].value = parameter_table[i].min + share * (parameter_table[i].max - parameter_table[i].min);
     }
     return settings;
 }

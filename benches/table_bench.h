@@ -1,4 +1,4 @@
-// The build of the table, and one step of a drag in the editor.
+// Measures the build of the table, and one step of a drag without the editor.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -10,7 +10,7 @@ namespace ov1::bench
 /// A grade in which every step of the build acts.
 grade_settings everything_active();
 
-/// Builds with everything active and with the defaults; builds, publishes, renders and converts a preview.
+/// Builds with all steps active and with the defaults; then builds, publishes, renders a preview and converts it.
 void run_table_bench(report& to, int rounds);
 
 } // namespace ov1::bench

@@ -1,4 +1,4 @@
-// veridial-bench: how fast pixels and tables are, beside others on the same frames, and whether all answers agree.
+// veridial-bench: measures pixels and tables against other programs on the same frames, and checks all results.
 #include "effect/build/build_lut.h"
 #include "effect/lut/instruction_sets.h"
 #include "pixel_bench.h"
@@ -25,10 +25,10 @@ namespace
 {
 
 constexpr const char* usage = "veridial-bench [--short] [--check-floors] [--rounds N]\n"
-                              "  --short         small frames and few rounds: for the answers, not for the times\n"
-                              "  --check-floors  end with 1 also when a ratio is below its floor\n"
-                              "  --rounds N      how often each contender runs (9)\n"
-                              "Ends with 1 when an answer differs by more than it may, with 2 for wrong arguments.\n";
+                              "  --short         small frames and few rounds, to check the answers only\n"
+                              "  --check-floors  also end with 1 if a ratio is below its floor\n"
+                              "  --rounds N      how many times each contender runs (9)\n"
+                              "Ends with 1 if an answer is wrong, with 2 for wrong arguments.\n";
 
 struct options
 {

@@ -1,4 +1,4 @@
-// Any bytes as a look table: a lookup in what comes of them reads nothing outside, and a table comes back as it was.
+// Any bytes as a look table: a lookup reads nothing outside the table, and a valid table is written back unchanged.
 #include "effect/lut/bin_lut.h"
 #include "effect/lut/lut_argb.h"
 
@@ -27,7 +27,7 @@ void read(const std::vector<unsigned char>& bytes)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     read({data, data + size});
-    // The same bytes over and over, up to the length that a table has.
+    // The same bytes repeated up to the size of a table.
     std::vector<unsigned char> whole(bin_lut_size(17));
     for (std::size_t i = 0; i < whole.size() && size > 0; ++i)
         whole[i] = data[i % size];

@@ -1,4 +1,4 @@
-// Any text either is a table that can be looked up in, or is refused with a reason.
+// Any text is read as a table that can be looked up in, or fails with a reason.
 #include "effect/lut/cube_reader.h"
 
 #include <cstdint>

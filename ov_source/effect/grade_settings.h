@@ -26,6 +26,7 @@ struct grade_settings
         return rows;
     }();
 
+    /// Floats as doubles: the build computes in double precision.
     double value(parameter_index i) const { return settings[static_cast<std::size_t>(i)].value; }
     double max(parameter_index i) const { return settings[static_cast<std::size_t>(i)].max; }
     bool bypass() const { return value(parameter_index::global_bypass) != 0.0; }

@@ -84,6 +84,7 @@ void veridial::init_component()
             parameters[i] = std::make_shared<cparameter_continuous_v1>(self, row.name, row.min, row.max, 0.0f);
         register_parameter(parameters[i]);
     }
+    // Loaded now, so that the first render does not wait for files.
     get_shared_tables();
 }
 
@@ -126,6 +127,7 @@ void veridial::handle_unknown_parameter(uid id, const param_value& value, bool e
         const std::scoped_lock guard(legacy_mutex);
         changes = legacy.map(id, value, greenery_angle);
     }
+    // Without the lock: setting a parameter notifies host and component.
     for (const parameter_change& change : changes)
         set_parameter(change.parameter, change.value, edit);
 }
@@ -152,6 +154,7 @@ grade_settings veridial::read_settings() const
 
 void veridial::bring_up_to_date()
 {
+    // A caller that has to wait for another build reads the values after it, so its own are in the table.
     const std::scoped_lock guard(build_mutex);
     const grade_settings settings = read_settings();
     if (get_published()->is_built_from(settings))
@@ -165,7 +168,7 @@ void veridial::bring_up_to_date()
 void veridial::publish_identity()
 {
     const std::scoped_lock guard(build_mutex);
-    publish(lut_argb<lut_edge>(), std::nullopt);
+    publish(lut_argb<lut_edge>(), std::nullopt); // out of date: the next render builds
 }
 
 void veridial::publish(lut_argb<lut_edge> table, std::optional<grade_settings> built_from)
@@ -230,6 +233,7 @@ void veridial::parameter_was_set(uid id, bool edit)
     if (!edit && (is_chroma ? updating_lightness : updating_chroma))
         return; // set by the coupling itself
     const grade_settings settings = read_settings();
+    // A drag in the editor sets with edit false; values from hosts, the command line and restores are kept as they are.
     if (!edit && !is_restoring())
         is_chroma ? couple_lightness(z, settings) : couple_chroma(z, settings);
     wheels.note(z, control, static_cast<float>(settings.value(zone_parameter(z, control))));
@@ -257,6 +261,7 @@ void veridial::hand_preview_over(const event& e)
     const auto picture = e.destination.lock();
     if (view == nullptr || picture == nullptr || !view->is_open())
         return;
+    // The view may be another one than the editor.
     if (auto* sink = dynamic_cast<preview_sink*>(view.get()))
         sink->set_preview_image(*picture);
 }

@@ -9,6 +9,7 @@
 namespace ov1
 {
 
+/// The numbers are those of get_chroma_luma, and the order is that of the parameters.
 enum class zone : std::size_t
 {
     shadows,
@@ -29,6 +30,7 @@ enum class zone_control : std::size_t
     saturation,
 };
 
+/// The same for all grades.
 struct zone_constants
 {
     double lightness_percent; ///< of the grey that the zone is centred on
@@ -42,6 +44,7 @@ constexpr zone_constants constants_of(zone z)
     return rows[static_cast<std::size_t>(z)];
 }
 
+/// The parameter behind a control of a zone's wheel.
 constexpr parameter_index zone_parameter(zone z, zone_control control)
 {
     return static_cast<parameter_index>(static_cast<std::size_t>(parameter_index::shadows_hue) +

@@ -34,6 +34,7 @@ chroma_luma chroma_luma_of(const grade_settings& settings, zone z)
 double coupled_chroma(const grade_settings& settings, zone z, double last_chroma)
 {
     const double luma = chroma_luma_of(settings, z).luma;
+    // In HSL a colour has room for twice the distance of its lightness from black or white, whichever is nearer.
     const double room = luma <= 50.0 ? luma : 100.0 - luma;
     const double max = settings.max(zone_parameter(z, zone_control::chroma));
     return std::min(2.0 * room * max / constants_of(z).chroma_scale, last_chroma);
@@ -41,6 +42,7 @@ double coupled_chroma(const grade_settings& settings, zone z, double last_chroma
 
 double coupled_lightness(const grade_settings& settings, zone z, double last_lightness)
 {
+    // Half of the chroma has to fit on each side of the lightness.
     const double half_chroma = chroma_luma_of(settings, z).chroma / 2.0;
     const double base = base_luma(settings, z);
     const double max = settings.max(zone_parameter(z, zone_control::lightness));

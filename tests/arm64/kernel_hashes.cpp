@@ -1,5 +1,5 @@
-// Runs the row loops and the lookup on the same pixels and prints a hash of the results, so that two processors can be
-// compared. Ends with 1 when the loops differ from the lookup.
+// Runs the vector loops on the same values and prints hashes of the results, so that two processors can be compared.
+// Ends with 1 if the row loops differ from the lookup.
 #include "effect/build/build_kernel.h"
 #include "effect/lut/instruction_sets.h"
 #include "effect/lut/row_kernel.h"
@@ -57,7 +57,7 @@ void print(const char* name, std::uint64_t value)
     std::printf("%s %016llx\n", name, static_cast<unsigned long long>(value));
 }
 
-/// A build that takes every step, with tables and masks that are noise.
+/// A build in which every step acts, with random tables and masks.
 std::vector<argb_float> built(std::mt19937& engine, const lut_argb<lut_edge>& table)
 {
     build_plan plan;
@@ -80,7 +80,7 @@ std::vector<argb_float> built(std::mt19937& engine, const lut_argb<lut_edge>& ta
     return entries;
 }
 
-/// Rows of video from codes to colours and back, in pairs of pixels.
+/// Rows of video from codes to colours and back, two pixels per chroma sample.
 std::vector<std::uint16_t> carried(std::mt19937& engine)
 {
     using media::ycbcr_kernel::pixel_pairs;

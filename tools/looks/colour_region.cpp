@@ -9,18 +9,19 @@ namespace ov1
 namespace
 {
 
-// Grid steps between largest and smallest channel over which a move sets in. Lightness takes longer: there the eye sees
-// an edge first.
+// Grid steps between largest and smallest channel over which a move sets in. Lightness sets in more slowly, because the
+// eye sees edges in lightness first.
 constexpr double grey_steps = 1.0;
 constexpr double full_colour_steps = 3.5;
 constexpr double full_lightness_steps = 5.0;
 
-constexpr double roll_off = 0.6;
+constexpr double roll_off = 0.6; ///< share of the room that a move may use (shaping.h)
 
 } // namespace
 
 double colour_region::weight(const oklch& colour) const
 {
+    // Measured from the middle of the region, so that regions across red work.
     const double middle = (hue.full_from + hue.full_to) / 2.0;
     return hue.weight(middle + hue_difference(middle, colour.hue)) *
            ramp(colour.lightness, lightness_zero, lightness_full) *
@@ -36,6 +37,7 @@ rgb_double moved(const rgb_double& code, const colour_region& region, const colo
     const double for_lightness = in_region * ramp(distance, grey_steps, full_lightness_steps);
     if (for_colour == 0.0)
         return code;
+    // Black and white have no room for a change of lightness.
     const double room = std::sqrt(std::max(4.0 * from.lightness * (1.0 - from.lightness), 0.0));
     const oklch to{from.lightness + for_lightness * move.lightness * room,
                    from.chroma * std::pow(move.chroma_ratio, for_colour), from.hue + for_colour * move.hue};

@@ -11,7 +11,7 @@ namespace
 
 constexpr double degrees = 180.0 / std::numbers::pi;
 
-/// The function f of CIE 15, whose cube root turns into a line near black.
+/// The function f of CIE 15: a cube root that becomes a straight line near black.
 double lab_response(double t)
 {
     constexpr double knee = 6.0 / 29.0;
@@ -34,6 +34,7 @@ double code_of_linear(double linear)
 
 oklab oklab_of(const rgb_double& code)
 {
+    // The published matrices: linear sRGB to cone responses, their cube roots to OKLab.
     const double r = linear_of_code(code.r), g = linear_of_code(code.g), b = linear_of_code(code.b);
     const double l = std::cbrt(0.4122214708 * r + 0.5363325363 * g + 0.0514459929 * b);
     const double m = std::cbrt(0.2119034982 * r + 0.6806995451 * g + 0.1073969566 * b);
@@ -59,6 +60,7 @@ oklch oklch_of(const rgb_double& code) { return oklch_of(oklab_of(code)); }
 
 cielab cielab_of(const rgb_double& code)
 {
+    // Linear sRGB to XYZ, relative to the D65 white (0.95047, 1, 1.08883).
     const double r = linear_of_code(code.r), g = linear_of_code(code.g), b = linear_of_code(code.b);
     const double x = lab_response((0.4124564 * r + 0.3575761 * g + 0.1804375 * b) / 0.95047);
     const double y = lab_response(0.2126729 * r + 0.7151522 * g + 0.0721750 * b);

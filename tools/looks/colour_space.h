@@ -1,4 +1,4 @@
-// The colour spaces in which looks are computed and judged.
+// The colour spaces in which looks are computed (OKLab) and judged (CIELAB).
 #pragma once
 
 #include "effect/lut/integer_hsl.h"
@@ -6,8 +6,8 @@
 namespace ov1
 {
 
-/// The engine's code values are display-referred sRGB, nominally 0..1; this linear light is too. Both keep values
-/// outside, the curve mirrored below 0. IEC 61966-2-1.
+/// Between the engine's code values, which are display-referred sRGB, and linear light, both nominally 0..1. Values
+/// outside are kept; below 0 the curve is mirrored. IEC 61966-2-1.
 double linear_of_code(double code);
 double code_of_linear(double linear);
 
@@ -41,14 +41,14 @@ oklch oklch_of(const oklab& colour);
 oklch oklch_of(const rgb_double& code);
 cielab cielab_of(const rgb_double& code);
 
-/// Code values; those of colours outside sRGB are below 0 or above 1.
+/// Code values; colours outside sRGB have channels below 0 or above 1.
 rgb_double code_of(const oklab& colour);
 rgb_double code_of(const oklch& colour);
 
-/// From one hue to another by the shorter way, -180..180 degrees.
+/// The smaller of the two angles from one hue to another, -180..180 degrees.
 double hue_difference(double from, double to);
 
-/// The code value, 0..1, of the grey of an OKLab lightness.
+/// The code value, 0..1, of the grey with an OKLab lightness.
 double grey_of_lightness(double lightness);
 
 } // namespace ov1

@@ -9,7 +9,7 @@ namespace ov1
 namespace
 {
 
-// The names are those of the paper: a prime marks what follows the correction of a* for near-greys.
+// Names as in the paper. Its primed quantities, computed after the correction of a* for near-greys, have no mark here.
 
 constexpr double degrees = 180.0 / std::numbers::pi;
 
@@ -43,11 +43,11 @@ double mean_hue(double h1, double h2)
     return h1 + h2 < 360.0 ? (h1 + h2 + 360.0) / 2.0 : (h1 + h2 - 360.0) / 2.0;
 }
 
-/// The turn that the formula gives to differences of blues.
+/// The rotation term, which corrects differences between blues.
 double rotation(double mean_c, double mean_h)
 {
-    const double way = (mean_h - 275.0) / 25.0;
-    return -sin_of(60.0 * std::exp(-way * way)) * 2.0 * chroma_share(mean_c);
+    const double from_blue = (mean_h - 275.0) / 25.0;
+    return -sin_of(60.0 * std::exp(-from_blue * from_blue)) * 2.0 * chroma_share(mean_c);
 }
 
 } // namespace

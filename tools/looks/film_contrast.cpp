@@ -8,9 +8,9 @@ namespace ov1
 namespace
 {
 
-constexpr double height = 0.085;
+constexpr double height = 0.085; ///< of a hump, in code values
 
-/// v^4 (1 - v)^2, scaled to its height at 2/3: flat at both ends.
+/// v^4 (1 - v)^2 scaled to `height` at its maximum, 2/3. Flat at both ends, so that black and white stay.
 double upper_hump(double v)
 {
     constexpr double peak = (16.0 / 81.0) * (1.0 / 9.0);
@@ -19,7 +19,7 @@ double upper_hump(double v)
 
 double lower_hump(double v) { return upper_hump(1.0 - v); }
 
-/// v with upper and lower times the humps added.
+/// Adds upper and lower times the two humps to a colour.
 rgb_double curved(const rgb_double& code, double upper, double lower)
 {
     const auto curve = [&](double v) { return v + upper * upper_hump(v) + lower * lower_hump(v); };

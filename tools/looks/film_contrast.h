@@ -6,9 +6,9 @@
 namespace ov1
 {
 
-// Each takes a colour in code values to what it becomes at full strength. Black and white stay, greys stay grey, and
-// the hexcone hue of colours stays: the curve acts on the largest and the smallest channel, the middle one keeps its
-// place between them. Opposite looks cancel, and the S-curve is the sum of the other two pure ones.
+// Each returns a colour, in code values, as it is at full strength. Black, white and the hexcone hue do not change and
+// greys stay grey: the curve acts on the largest and the smallest channel, and the middle one keeps its relative
+// position between them. Opposite looks cancel, and the S-curve is the sum of the highlights and the shadows look.
 
 /// Highlights north: the upper mids lifted, the ends kept; airy, without washing out.
 rgb_double film_contrast_highlights_north(const rgb_double& code);

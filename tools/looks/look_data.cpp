@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// Rounded to a multiple of 2^-24 (compute_looks).
 float on_grid(double v)
 {
     constexpr double steps = 16777216.0; // 2^24

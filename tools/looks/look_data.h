@@ -1,4 +1,4 @@
-// All tables and masks that the product's looks are made of.
+// All look tables, skin tables and skin masks of the product.
 #pragma once
 
 #include "effect/lut/integer_hsl.h"
@@ -14,7 +14,7 @@ namespace ov1
 
 using look_table = lut_argb<lut_edge>;
 
-/// The eighteen resources in the order in which they are loaded, then the four skin tables of the engine.
+/// The eighteen look tables in the order in which the effect loads them, then the four skin tables of the engine.
 enum class look_id : std::size_t
 {
     film_100,
@@ -47,11 +47,11 @@ inline constexpr std::size_t look_count = 22;
 struct look_row
 {
     look_id id;
-    std::string_view name; ///< of the resource without ".bin", or of the engine's array
-    rgb_double (*look)(const rgb_double& code);
+    std::string_view name;                      ///< of the resource without ".bin", or of the engine's array
+    rgb_double (*look)(const rgb_double& code); ///< the table's entry for a colour, at full strength
 };
 
-/// One row for each look_id, in its order.
+/// One row for each look_id, in that order.
 extern const std::array<look_row, look_count> look_rows;
 
 /// 4913 weights in table order.
@@ -67,8 +67,8 @@ struct look_data
     look_table& operator[](look_id id) { return tables[static_cast<std::size_t>(id)]; }
 };
 
-/// Computes everything. Values are whole multiples of 2^-24: floats hold them exactly, and the last bits of a
-/// mathematical library, in which platforms differ, are rounded away.
+/// Computes everything. Values are multiples of 2^-24, which floats hold exactly. This rounds away the last bits of the
+/// mathematical functions, in which platforms differ: the tables are the same everywhere.
 look_data compute_looks();
 
 } // namespace ov1

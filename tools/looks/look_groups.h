@@ -1,4 +1,4 @@
-// The looks by what they act on, and a look's answer to a colour.
+// The looks grouped by what they act on, and the lookup of a colour in a look table.
 #pragma once
 
 #include "tools/looks/look_data.h"
@@ -24,7 +24,7 @@ inline constexpr look_id more_saturation[] = {look_id::shadows_100, look_id::mid
 inline constexpr look_id less_saturation[] = {look_id::shadows_minus100, look_id::mids_minus100,
                                               look_id::highlights_minus100};
 
-/// What a table makes of a colour, in code values.
+/// The colour of a table for a colour, both in code values.
 inline rgb_double through(const look_table& table, const rgb_double& code)
 {
     const argb_float c =

@@ -21,7 +21,7 @@ rgb_double grey(int i)
     return {v, v, v};
 }
 
-/// The largest dE00 between greys and what the looks make of them.
+/// The largest dE00 between greys and the same greys after the looks.
 double grey_shift(const look_data& data, std::span<const look_id> looks)
 {
     double largest = 0.0;
@@ -31,7 +31,7 @@ double grey_shift(const look_data& data, std::span<const look_id> looks)
     return largest;
 }
 
-/// Grid points at most one step from grey that a look does not leave exactly as they are.
+/// The number of grid points at most one step from grey that a look changes at all.
 double moved_near_greys(const look_data& data, std::span<const look_id> looks)
 {
     int count = 0;
@@ -41,8 +41,8 @@ double moved_near_greys(const look_data& data, std::span<const look_id> looks)
                 for (std::size_t b = 0; b < lut_edge; ++b)
                 {
                     const auto unit = [](std::size_t i) { return static_cast<float>(i) / (lut_edge - 1); };
-                    const argb_float still{1.0f, unit(r), unit(g), unit(b)};
-                    if (std::max({r, g, b}) - std::min({r, g, b}) <= 1 && data[id].get_direct(r, g, b) != still)
+                    const argb_float unchanged{1.0f, unit(r), unit(g), unit(b)};
+                    if (std::max({r, g, b}) - std::min({r, g, b}) <= 1 && data[id].get_direct(r, g, b) != unchanged)
                         ++count;
                 }
     return count;
@@ -73,7 +73,7 @@ grey_curve film_curve(const look_data& data)
     return found;
 }
 
-/// How far any table takes black or white away.
+/// The largest change of black or white by any table.
 double ends_shift(const look_data& data)
 {
     double largest = 0.0;
@@ -87,7 +87,7 @@ double ends_shift(const look_data& data)
     return largest;
 }
 
-/// How far any entry lies outside 0..1.
+/// The largest distance of any entry from 0..1.
 double outside(const look_data& data)
 {
     double largest = 0.0;

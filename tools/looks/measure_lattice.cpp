@@ -14,7 +14,7 @@ namespace
 {
 
 using vector_3 = std::array<double, 3>;
-using matrix_3 = std::array<vector_3, 3>; ///< columns: what the output does along red, green and blue
+using matrix_3 = std::array<vector_3, 3>; ///< columns: the change of the output along red, green and blue
 
 vector_3 vector_of(const argb_float& c) { return {c.r, c.g, c.b}; }
 
@@ -57,8 +57,8 @@ cell_corners corners_of(const look_table& table, std::size_t r, std::size_t g, s
     return corners;
 }
 
-/// The derivative of the trilinear lookup at a place within the cell, each coordinate 0..1.
-matrix_3 derivative(const cell_corners& corners, const vector_3& place)
+/// The derivative of the trilinear lookup at a position within the cell, each coordinate 0..1.
+matrix_3 derivative(const cell_corners& corners, const vector_3& position)
 {
     constexpr double steps = lut_edge - 1;
     matrix_3 m{};
@@ -69,7 +69,7 @@ matrix_3 derivative(const cell_corners& corners, const vector_3& place)
             for (std::size_t k = 0; k < 3; ++k)
             {
                 const bool upper = (i >> (2 - k) & 1) != 0;
-                weight *= k == axis ? (upper ? 1.0 : -1.0) : (upper ? place[k] : 1.0 - place[k]);
+                weight *= k == axis ? (upper ? 1.0 : -1.0) : (upper ? position[k] : 1.0 - position[k]);
             }
             for (std::size_t channel = 0; channel < 3; ++channel)
                 m[axis][channel] += weight * corners[i][channel];
@@ -93,7 +93,8 @@ void widen(lattice_range& range, const cell_corners& corners)
     }
 }
 
-/// Over 27 places in each of the table's 4,096 cells.
+/// At 27 positions in each of the table's 4,096 cells. A determinant of 0 or less means that the table folds: two
+/// colours change places.
 void widen(lattice_range& range, const look_table& table)
 {
     for (std::size_t r = 0; r + 1 < lut_edge; ++r)
@@ -110,7 +111,7 @@ lattice_range range_of(const look_data& data, std::span<const look_id> looks)
     return range;
 }
 
-/// Of the skin tables as they act: through the mask.
+/// The range of the skin tables as the effect uses them, through the mask.
 lattice_range range_of_masked_skin(const look_data& data)
 {
     lattice_range range;
@@ -127,14 +128,14 @@ lattice_range range_of_masked_skin(const look_data& data)
     return range;
 }
 
-/// The largest |one + other - still - rest| in any channel of any entry.
-double remainder(const look_table& one, const look_table& other, const look_table& still, const look_table& rest)
+/// The largest |one + other - identity - rest| in any channel of any entry.
+double remainder(const look_table& one, const look_table& other, const look_table& identity, const look_table& rest)
 {
     double largest = 0.0;
     for (std::size_t i = 0; i < one.get_entries().size(); ++i)
     {
         const vector_3 p = vector_of(one.get_entries()[i]), q = vector_of(other.get_entries()[i]);
-        const vector_3 s = vector_of(still.get_entries()[i]), t = vector_of(rest.get_entries()[i]);
+        const vector_3 s = vector_of(identity.get_entries()[i]), t = vector_of(rest.get_entries()[i]);
         for (std::size_t k = 0; k < 3; ++k)
             largest = std::max(largest, std::abs(p[k] + q[k] - s[k] - t[k]));
     }

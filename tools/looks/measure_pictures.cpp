@@ -20,10 +20,10 @@ constexpr int gradient_samples = 4096;
 
 double between(double from, double to, int i) { return from + (to - from) * i / (gradient_samples - 1); }
 
-/// Steps along a gradient at which a look turns lighter into darker, or darker into lighter.
+/// The number of steps along a gradient at which the lightness goes the wrong way after the look.
 int reversals(const look_table& table, const gradient& run)
 {
-    const double way = cielab_of(run.to).lightness - cielab_of(run.from).lightness;
+    const double direction = cielab_of(run.to).lightness - cielab_of(run.from).lightness;
     int count = 0;
     double last = cielab_of(through(table, run.from)).lightness;
     for (int i = 1; i < gradient_samples; ++i)
@@ -31,8 +31,8 @@ int reversals(const look_table& table, const gradient& run)
         const rgb_double code{between(run.from.r, run.to.r, i), between(run.from.g, run.to.g, i),
                               between(run.from.b, run.to.b, i)};
         const double lightness = cielab_of(through(table, code)).lightness;
-        // Entries and weights are floats: a step of this size is their rounding.
-        count += (lightness - last) * way < -1e-4;
+        // Entries and weights are floats: smaller steps are rounding.
+        count += (lightness - last) * direction < -1e-4;
         last = lightness;
     }
     return count;
@@ -50,7 +50,7 @@ double largest_hue_shift(const look_data& data, std::span<const named_colour> co
     return largest;
 }
 
-/// The skin patches and those Monk tones that have a hue to speak of: faces' chroma or more.
+/// The skin patches, and the Monk tones with enough chroma to have a clear hue.
 std::vector<named_colour> skin_colours()
 {
     std::vector<named_colour> found{{"dark skin", patch("dark skin")}, {"light skin", patch("light skin")}};
@@ -68,7 +68,7 @@ rgb_double through_all(const look_data& data, std::span<const look_id> looks, rg
 
 double largest_residual_chroma(const look_data& data)
 {
-    constexpr int points = 49; // per axis: the grid and two thirds between
+    constexpr int points = 49; // per axis: the grid and two points between its points
     double largest = 0.0;
     for (int i = 0; i < points * points * points; ++i)
     {
@@ -79,7 +79,7 @@ double largest_residual_chroma(const look_data& data)
     return largest;
 }
 
-/// Whether 1.6 times the chroma takes at most a quarter of each channel's room, and the look is fully on.
+/// Whether 1.6 times the chroma uses at most a quarter of each channel's room, at full weight of the look.
 bool has_room(const rgb_double& code)
 {
     constexpr double share = 0.25;
@@ -93,8 +93,8 @@ bool has_room(const rgb_double& code)
 std::pair<double, double> saturation_ratios(const look_data& data)
 {
     double least = std::numeric_limits<double>::infinity(), largest = 0.0;
-    for (const memory_colour* thing : {&real_sky, &real_greenery, &real_skin})
-        for (const rgb_double& c : thing->samples())
+    for (const memory_colour* subject : {&real_sky, &real_greenery, &real_skin})
+        for (const rgb_double& c : subject->samples())
             if (has_room(c))
             {
                 const double ratio = oklch_of(through_all(data, more_saturation, c)).chroma / oklch_of(c).chroma;
@@ -104,7 +104,7 @@ std::pair<double, double> saturation_ratios(const look_data& data)
     return {least, largest};
 }
 
-/// What share of itself a mask lets through at a colour, as a table would.
+/// A mask looked up like a table.
 class mask_lookup
 {
 public:

@@ -15,15 +15,15 @@ namespace ov1
 namespace
 {
 
-/// A colour that a look moves by less is at its edge and says nothing about its direction.
+/// A colour that moves by less is at the edge of the look and says nothing about the direction.
 constexpr double clear_move = 1.0;   // dE00
 constexpr double clear_step = 0.003; // in OKLab
 
 struct direction_row
 {
     look_id id;
-    const memory_colour& thing;
-    // The signs of what the look does: -1, +1, or 0 where it is not its purpose.
+    const memory_colour& subject;
+    // The signs of the look's changes: -1, +1, or 0 for those that are not its purpose.
     int lightness;
     int chroma;
     int hue;
@@ -44,7 +44,7 @@ const direction_row directions[] = {
     {look_id::skin_reddened, real_skin, -1, 1, -1},
 };
 
-/// A NaN where there are none.
+/// A NaN for no values.
 double median(std::vector<double> values)
 {
     if (values.empty())
@@ -62,7 +62,7 @@ double median_move(const look_table& table, const std::vector<rgb_double>& colou
     return median(std::move(moves));
 }
 
-/// The signs, of six, that are not as they should be: at the thing's patch, and in the median of its colours that move.
+/// How many of six signs are wrong: those at the subject's patch, and those of the median of its colours that move.
 int wrong_signs(const look_data& data, const direction_row& row)
 {
     const auto steps_of = [&](const rgb_double& code)
@@ -72,11 +72,11 @@ int wrong_signs(const look_data& data, const direction_row& row)
                           row.chroma * std::log(to.chroma / from.chroma), row.hue * hue_difference(from.hue, to.hue)};
     };
     std::array<std::vector<double>, 3> of_samples;
-    for (const rgb_double& c : row.thing.samples())
+    for (const rgb_double& c : row.subject.samples())
         if (delta_e_2000(c, through(data[row.id], c)) >= clear_move)
             for (std::size_t i = 0; i < of_samples.size(); ++i)
                 of_samples[i].push_back(steps_of(c)[i]);
-    const std::array of_patch = steps_of(patch(row.thing.patch));
+    const std::array of_patch = steps_of(patch(row.subject.patch));
     const std::array wanted{row.lightness, row.chroma, row.hue};
     int count = 0;
     for (std::size_t i = 0; i < wanted.size(); ++i)
@@ -85,11 +85,11 @@ int wrong_signs(const look_data& data, const direction_row& row)
     return count;
 }
 
-double largest_off_target(const look_data& data, const memory_colour& thing, std::span<const look_id> looks)
+double largest_off_target(const look_data& data, const memory_colour& subject, std::span<const look_id> looks)
 {
     double largest = 0.0;
     for (const named_colour& p : colour_checker)
-        if (std::ranges::find(thing.kin, p.name) == thing.kin.end())
+        if (std::ranges::find(subject.related, p.name) == subject.related.end())
             for (const look_id id : looks)
                 largest = std::max(largest, delta_e_2000(p.code, through(data[id], p.code)));
     return largest;
@@ -108,11 +108,11 @@ oklab_move move_of(const look_table& table, const rgb_double& code)
     return {by, std::hypot(by.lightness, by.a, by.b)};
 }
 
-/// The median cosine between what two looks do to a thing's colours.
-double opposition(const look_data& data, const memory_colour& thing, look_id one, look_id other)
+/// The median cosine between the moves of two looks, over a subject's colours.
+double opposition(const look_data& data, const memory_colour& subject, look_id one, look_id other)
 {
     std::vector<double> cosines;
-    for (const rgb_double& c : thing.samples())
+    for (const rgb_double& c : subject.samples())
     {
         const oklab_move p = move_of(data[one], c), q = move_of(data[other], c);
         if (p.length > clear_step && q.length > clear_step)
@@ -130,7 +130,7 @@ std::vector<measured> measure_targets(const look_data& data)
     for (const direction_row& row : directions)
     {
         const std::string name(look_rows[static_cast<std::size_t>(row.id)].name);
-        rows.push_back({5, name + ": median dE00", median_move(data[row.id], row.thing.samples()), 4.0, 13.0});
+        rows.push_back({5, name + ": median dE00", median_move(data[row.id], row.subject.samples()), 4.0, 13.0});
     }
     std::vector<rgb_double> patches;
     for (const named_colour& p : colour_checker)
@@ -146,8 +146,8 @@ std::vector<measured> measure_targets(const look_data& data)
     rows.push_back(
         {7, "greenery: other patches, dE00", largest_off_target(data, real_greenery, greenery_looks), 0.0, 1.5});
     rows.push_back({7, "skin: other patches, dE00", largest_off_target(data, real_skin, skin_looks), 0.0, 2.5});
-    const auto opposite = [&](const char* what, const memory_colour& thing, look_id one, look_id other, double most)
-    { rows.push_back({8, what, opposition(data, thing, one, other), -1.0, most}); };
+    const auto opposite = [&](const char* what, const memory_colour& subject, look_id one, look_id other, double most)
+    { rows.push_back({8, what, opposition(data, subject, one, other), -1.0, most}); };
     opposite("sky +100 against -100", real_sky, look_id::sky_100, look_id::sky_minus100, -0.9);
     opposite("sky purple against turquoise", real_sky, look_id::sky_purple, look_id::sky_turquoise, -0.9);
     opposite("greenery bright against olive", real_greenery, look_id::greenery_bright, look_id::greenery_olive, -0.9);

@@ -11,10 +11,10 @@ namespace
 
 constexpr rgb_double of_u8(int r, int g, int b) { return {r / 255.0, g / 255.0, b / 255.0}; }
 
-constexpr std::string_view kin_of_sky[] = {"blue sky", "blue flower", "bluish green", "purplish blue",
-                                           "purple",   "blue",        "cyan"};
-constexpr std::string_view kin_of_greenery[] = {"foliage", "yellow green", "green", "yellow", "bluish green"};
-constexpr std::string_view kin_of_skin[] = {"dark skin", "light skin", "orange", "orange yellow", "moderate red"};
+constexpr std::string_view related_to_sky[] = {"blue sky", "blue flower", "bluish green", "purplish blue",
+                                               "purple",   "blue",        "cyan"};
+constexpr std::string_view related_to_greenery[] = {"foliage", "yellow green", "green", "yellow", "bluish green"};
+constexpr std::string_view related_to_skin[] = {"dark skin", "light skin", "orange", "orange yellow", "moderate red"};
 
 bool within_srgb(const rgb_double& code)
 {
@@ -54,9 +54,9 @@ const std::array<named_colour, 10> monk_skin_tones{{
     {"Monk 10", of_u8(0x29, 0x24, 0x20)},
 }};
 
-const memory_colour real_sky{"blue sky", 206, 265, 0.014, 0.107, 0.48, 0.98, kin_of_sky};
-const memory_colour real_greenery{"foliage", 110, 146, 0.034, 0.216, 0.19, 0.81, kin_of_greenery};
-const memory_colour real_skin{"light skin", 21, 79, 0.032, 0.104, 0.43, 0.91, kin_of_skin};
+const memory_colour real_sky{"blue sky", 206, 265, 0.014, 0.107, 0.48, 0.98, related_to_sky};
+const memory_colour real_greenery{"foliage", 110, 146, 0.034, 0.216, 0.19, 0.81, related_to_greenery};
+const memory_colour real_skin{"light skin", 21, 79, 0.032, 0.104, 0.43, 0.91, related_to_skin};
 
 std::vector<rgb_double> memory_colour::samples() const
 {

@@ -1,4 +1,5 @@
-// The colours that looks are made for and judged by: printed patches, real skies, leaves and faces.
+// The colours that looks are made for and measured with: printed patches, and the ranges of real skies, leaves and
+// skin.
 #pragma once
 
 #include "tools/looks/colour_space.h"
@@ -23,23 +24,23 @@ struct named_colour
 extern const std::array<named_colour, 24> colour_checker;
 inline constexpr std::size_t coloured_patches = 18;
 
-/// The patch of a name; the program ends where there is none.
+/// The patch with a name, which must exist.
 rgb_double patch(std::string_view name);
 
 /// The ten tones of the Monk scale, light to dark. Monk, "The Monk Skin Tone Scale" (2019).
 extern const std::array<named_colour, 10> monk_skin_tones;
 
-/// What photographs show of a thing, and the patch that stands for it.
+/// The range of colours that photographs show of a subject, and the patch that represents it.
 struct memory_colour
 {
     std::string_view patch;
     double hue_from, hue_to; ///< OKLCh, degrees
     double chroma_from, chroma_to;
     double lightness_from, lightness_to;
-    /// Patches too near in hue for a look to leave them alone.
-    std::span<const std::string_view> kin;
+    /// Patches whose hue is so close that a look may change them.
+    std::span<const std::string_view> related;
 
-    /// The colours of an even lattice through the ranges that lie within sRGB, in code values.
+    /// The colours of a regular lattice through the ranges, as code values; those outside sRGB are left out.
     std::vector<rgb_double> samples() const;
 };
 
@@ -47,7 +48,7 @@ extern const memory_colour real_sky;
 extern const memory_colour real_greenery;
 extern const memory_colour real_skin;
 
-/// Both ends of a run of colours that must stay smooth; between them code values change evenly.
+/// The ends of a gradient that must stay smooth; code values are interpolated linearly between them.
 struct gradient
 {
     std::string_view name;

@@ -8,9 +8,10 @@ namespace ov1
 namespace
 {
 
-// Hue: zero, full, full, zero; lightness: zero, full; chroma: full, zero. A look that turns the hue has a longer edge
-// on the side that it turns to: within an edge narrower than about twice the turn the lattice would fold. Where greens
-// have become emerald nothing is left to do, so the look towards it lets go of them early, else they end as mint.
+// Hue: zero, full, full, zero; lightness: zero, full; chroma: full, zero. A look that turns the hue has a wider edge on
+// the side that it turns to: in an edge narrower than about twice the turn, colours would overtake each other and the
+// lattice would fold. Greens that are emerald already need no turn towards it, so that region ends early: turned
+// further they would become mint.
 
 constexpr colour_region sky{{175, 226, 264, 320}, 0.20, 0.50, 0.115, 0.245};
 constexpr colour_region sky_to_purple{{175, 226, 264, 340}, 0.20, 0.50, 0.115, 0.245};
@@ -19,8 +20,8 @@ constexpr colour_region greenery{{70, 112, 146, 190}, 0.10, 0.38, 0.25, 0.40};
 constexpr colour_region greenery_to_emerald{{70, 112, 126, 190}, 0.10, 0.38, 0.25, 0.40};
 constexpr colour_region skin{{-8, 30, 60, 118}, 0.14, 0.42, 0.100, 0.190};
 
-// What the masks select ends before the yellowest grass. The skin tables act through the first mask, so where one edge
-// falls the other is still full or already low: two steep edges in one place would fold.
+// The regions of the masks end before the yellowest grass. The skin tables act through the first mask, so the edges of
+// the two are apart: two steep edges in one place would fold the lattice.
 constexpr colour_region selected_skin{{-8, 28, 84, 108}, 0.14, 0.42, 0.115, 0.205};
 constexpr colour_region selected_wide_skin{{-20, 26, 84, 108}, 0.10, 0.34, 0.125, 0.225};
 
@@ -41,8 +42,9 @@ rgb_double skin_darker(const rgb_double& code) { return moved(code, skin, {-0.09
 rgb_double skin_yellowish(const rgb_double& code) { return moved(code, skin, {0.0, 1.12, 17.0}); }
 rgb_double skin_reddened(const rgb_double& code) { return moved(code, skin, {-0.010, 1.12, -18.0}); }
 
-// Dark skin is few steps from grey. What acts through the first mask has an edge of its own there; the push of chroma,
-// which acts through the wide one, has next to none and would blotch warm walls.
+// Dark skin is only a few steps from grey. The skin tables, which act through the first mask, have their own soft edge
+// there, so the mask may begin early. The chroma push, which acts through the wide mask, has almost none: beginning
+// early it would leave blotches on warm walls.
 double skin_weight(const rgb_double& code) { return mask_weight(code, selected_skin, 2.5); }
 double wide_skin_weight(const rgb_double& code) { return mask_weight(code, selected_wide_skin, 3.5); }
 

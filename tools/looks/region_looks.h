@@ -6,8 +6,8 @@
 namespace ov1
 {
 
-// Each takes a colour in code values to what it becomes at full strength, within 0..1. Greys and colours of other
-// things stay exactly as they are.
+// Each returns a colour, in code values within 0..1, as it is at full strength. Greys and colours outside the region
+// are returned unchanged.
 
 /// Dark turquoise: the sky of a southern afternoon, darker and towards cyan.
 rgb_double sky_dark_turquoise(const rgb_double& code);
@@ -27,19 +27,19 @@ rgb_double greenery_irish(const rgb_double& code);
 /// Olive: muted, darker and a little yellow.
 rgb_double greenery_olive(const rgb_double& code);
 
-/// Lighter skin, as in softer light; a little paler with it.
+/// Lighter skin, as in softer light, and a little paler.
 rgb_double skin_lighter(const rgb_double& code);
-/// Darker skin, as tanned; a little richer with it.
+/// Darker skin, as tanned, and a little more colourful.
 rgb_double skin_darker(const rgb_double& code);
 /// Skin towards yellow, as under a warm lamp.
 rgb_double skin_yellowish(const rgb_double& code);
 /// Skin towards red, as after a day in the sun.
 rgb_double skin_reddened(const rgb_double& code);
 
-/// How much a colour is skin, 0..1: faces of all tones, for what is to happen to skin or be kept from it. Wood, sand
-/// and autumn leaves have the same colours and count as skin.
+/// How much a colour counts as skin, 0..1, for faces of all tones. Wood, sand and autumn leaves have the same colours
+/// and count as skin too.
 double skin_weight(const rgb_double& code);
-/// The same in a wider sense, with lips and ruddy or shadowed skin.
+/// The same in a wider sense, with lips, reddened skin and skin in shadow.
 double wide_skin_weight(const rgb_double& code);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The measures as a table to read.
+// The measures as a text table.
 #pragma once
 
 #include "tools/looks/measures.h"
@@ -9,7 +9,7 @@
 namespace ov1
 {
 
-/// One line for each row: number, subject, value, what is allowed, and whether it is met.
+/// One line per row: number, subject, value, allowed range, and whether it is met.
 std::string report_text(const std::vector<measured>& rows);
 
 } // namespace ov1

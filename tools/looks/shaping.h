@@ -1,4 +1,4 @@
-// Soft edges: how a weight sets in, and how a channel is kept within its range.
+// Soft edges for weights, and soft limits for channels.
 #pragma once
 
 #include "effect/lut/integer_hsl.h"
@@ -6,14 +6,14 @@
 namespace ov1
 {
 
-/// Rises from 0 at from to 1 at to and stays there on both sides. Half a line and half a smoothstep: its largest slope
-/// is 1.25 / (to - from), which leaves room on a coarse grid.
+/// 0 up to from, rising to 1 at to, 1 beyond. The mean of a line and a smoothstep: its largest slope is
+/// 1.25 / (to - from), little more than a line's, so that a coarse grid can follow it.
 double ramp(double x, double from, double to);
 
-/// The quintic smoothstep from 0 at from to 1 at to.
+/// The quintic smoothstep, from 0 at from to 1 at to, flat at both ends.
 double smoothstep(double x, double from, double to);
 
-/// Rises, stays full, falls.
+/// A weight that rises, stays at 1 and falls.
 struct window
 {
     double zero_below;
@@ -28,9 +28,9 @@ struct window
 /// How far a colour is from grey, in steps of the 17-point grid: 16 x (largest - smallest channel).
 double grid_distance_from_grey(const rgb_double& code);
 
-/// Moves each channel of a colour towards the target, less and less as the room on that side of 0..1 is used up:
-/// with room r a step d becomes k r tanh(d / (k r)). Never leaves 0..1; on the faces of the cube the slope stays at
-/// 1 - k at least, so that neighbouring grid points keep their order.
+/// Moves each channel of a colour towards the target, by less the more of the room on that side of 0..1 it takes: with
+/// room r a step d becomes k r tanh(d / (k r)). The result never leaves 0..1, and its slope at the faces of the cube is
+/// at least 1 - k, so that neighbouring grid points keep their order.
 rgb_double rolled_off(const rgb_double& from, const rgb_double& target, double k);
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The C++ source that carries the skin tables and masks into the engine.
+// The C++ source with which the skin tables and masks are compiled into the engine.
 #pragma once
 
 #include "tools/looks/look_data.h"
@@ -8,8 +8,7 @@
 namespace ov1
 {
 
-/// The definitions of what effect/skin_data.h declares, as text in plain ASCII. Every number reads back to the same
-/// float.
+/// The definitions for the declarations of effect/skin_data.h, in ASCII. Every number is read back as the same float.
 std::string skin_source(const look_data& data);
 
 } // namespace ov1

@@ -19,7 +19,7 @@ struct zone_weights
     double highlights;
 };
 
-/// By the code value of the grey of the same lightness. They sum to 1.
+/// The weights of the zones at the code value of the grey with the same lightness. They sum to 1.
 zone_weights weights_of(const oklch& colour)
 {
     const double grey = grey_of_lightness(colour.lightness);
@@ -28,6 +28,7 @@ zone_weights weights_of(const oklch& colour)
     return {1.0 - out_of_shadows, out_of_shadows - into_highlights, into_highlights};
 }
 
+/// The chroma times 1.6 to the power of the zone's weight: overlapping zones multiply to 1.6.
 rgb_double saturated(const rgb_double& code, double zone_weights::* zone)
 {
     constexpr double full_ratio = 1.6;
@@ -42,10 +43,10 @@ rgb_double saturated(const rgb_double& code, double zone_weights::* zone)
     return rolled_off(code, code_of(colour), roll_off);
 }
 
-/// The weights are exponents, so that what one zone leaves the others take: no colour remains after all three.
+/// The weights are exponents: where zones overlap, each takes its share, and after all three no colour is left.
 rgb_double desaturated(const rgb_double& code, double zone_weights::* zone)
 {
-    constexpr double floor = 0.1;
+    constexpr double floor = 0.1; // of f^weight, so that full weight leaves exactly nothing
 
     oklch colour = oklch_of(code);
     const double weight = weights_of(colour).*zone;

@@ -6,8 +6,9 @@
 namespace ov1
 {
 
-// Each takes a colour in code values to what it becomes at full strength, within 0..1, at the same OKLab lightness and
-// hue as far as sRGB has room. The zones overlap softly; one after another they act as one saturation for the picture.
+// Each returns a colour, in code values within 0..1, as it is at full strength, with the same OKLab lightness and hue
+// as far as sRGB has room. The zones overlap softly: all three applied in turn act as one saturation for the whole
+// picture.
 
 /// Richer shadows: colours come out of the dark.
 rgb_double saturation100_schatten(const rgb_double& code);

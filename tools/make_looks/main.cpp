@@ -1,4 +1,4 @@
-// Computes the product's look data when the project is built.
+// make_looks: computes the product's look tables and skin data when the project is built, and reports their measures.
 #include "effect/lut/bin_lut.h"
 #include "tools/looks/look_data.h"
 #include "tools/looks/measures.h"
@@ -18,7 +18,7 @@ namespace
 using namespace ov1;
 
 constexpr std::string_view usage = "usage: make_looks --write FOLDER SOURCE.cpp   the eighteen tables, the skin data\n"
-                                   "       make_looks --report                    what the data are held to\n";
+                                   "       make_looks --report                    the measures of the data\n";
 
 enum exit_code : int
 {

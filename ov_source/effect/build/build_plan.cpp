@@ -15,18 +15,21 @@ namespace
 
 constexpr double u16_full = 65535.0;
 
+/// A colour in the unit of lut_point.
 argb_float point_colour(const rgb_double& c)
 {
     return {u16_max, static_cast<float>(c.r * u16_full), static_cast<float>(c.g * u16_full),
             static_cast<float>(c.b * u16_full)};
 }
 
+/// The grey of a lightness, with the rounding and the scale of the integer conversion.
 argb_float point_grey(double lightness_percent)
 {
     const double level = channel_of_milli(limited_milli(lightness_percent * 1000.0));
     return point_colour({level, level, level});
 }
 
+/// Moves middle grey towards the master wheel's colour.
 lut_point master_point(const grade_settings& settings)
 {
     constexpr double chroma_at_rim = 50.0; // percent
@@ -40,6 +43,7 @@ lut_point master_point(const grade_settings& settings)
     return {point_grey(50.0), point_colour(rgb_of(wanted)), radius, 0.0f};
 }
 
+/// Moves the zone's grey towards its wheel's colour, with the reach of its smoothness.
 lut_point zone_point(const grade_settings& settings, zone z)
 {
     constexpr double smoothness_range = 20.0; // of the radius, to both sides
@@ -63,6 +67,7 @@ void add_look(const veridial_luts::directions& looks, double strength_percent, d
             shares.push_back({looks[i], static_cast<float>(strength_percent * weights[i] * 0.01)});
 }
 
+/// The pad's border point, scaled by its strength: v is negative towards yellowish, the push positive.
 skin_push skin_push_of(const grade_settings& settings)
 {
     const skin_square place = skin_square_of(settings.value(parameter_index::skin_angle));

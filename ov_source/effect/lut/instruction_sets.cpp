@@ -26,7 +26,7 @@ std::vector<instruction_set> present_instruction_sets()
     for (std::int64_t left = HWY_SUPPORTED_TARGETS & HWY_TARGETS; left != 0; left &= left - 1)
     {
         const std::int64_t bit = left & -left;
-        sets.push_back({hwy::TargetName(bit), bit});
+        sets.push_back({hwy::TargetName(bit), bit}); // better sets have lower bits
     }
     return sets;
 }

@@ -17,7 +17,7 @@ constexpr std::int32_t full = 100'000;
 
 std::int32_t limited_milli(double v)
 {
-    if (!(v > 0.0))
+    if (!(v > 0.0)) // a NaN too
         return 0;
     return v < full ? static_cast<std::int32_t>(v) : full;
 }
@@ -40,6 +40,8 @@ rgb_double rgb_of(const hsl_milli& colour)
     const std::int32_t allowed = full - 2 * std::abs(lightness - full / 2);
     const std::int32_t chroma = std::min(std::clamp(colour.chroma, 0, full), allowed);
 
+    // Of the three channels one is high, one low, and one between them: it rises in even sectors of the hue, else
+    // falls.
     const std::int64_t high = lightness + chroma / 2;
     const std::int64_t low = lightness - chroma / 2;
     const std::int32_t within = hue % sector;

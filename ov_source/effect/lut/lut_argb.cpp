@@ -33,6 +33,7 @@ lut_argb<edge>::lut_argb(init_mode mode)
 template <std::size_t edge>
 void lut_argb<edge>::init()
 {
+    // By way of 16-bit units, whose rounding is part of the format: entries can differ from i / 16 in the last bit.
     constexpr float step = u16_max / static_cast<float>(edge - 1);
     const auto unit = [](float v) { return v > u16_max ? 1.0f : std::max(v, 0.0f) * unit_per_u16; };
     auto entry = entries.begin();

@@ -12,7 +12,7 @@
 namespace ov1
 {
 
-/// The engine's internal colour unit runs from 0 to 65535; this is the single-precision 1 / 65535.
+/// The unit of colour points runs from 0 to 65535; this is 1 / 65535 in single precision.
 inline constexpr float unit_per_u16 = 1.5259022e-05f;
 inline constexpr float u16_max = 65535.0f;
 

@@ -19,6 +19,7 @@ template <std::size_t size>
 grid_position resampled_position(std::size_t index, std::size_t edge)
 {
     const double per_index = static_cast<double>(edge - 1) * (1.0 / (size - 1));
+    // The last point belongs to the last cell, with a fraction of 1.
     const std::size_t lower = std::min(static_cast<std::size_t>(per_index * static_cast<double>(index)), edge - 2);
     const double indices_per_step = static_cast<double>(size - 1) / static_cast<double>(edge - 1);
     const double fraction = static_cast<double>(index) / indices_per_step - static_cast<double>(lower);

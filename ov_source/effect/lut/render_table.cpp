@@ -75,12 +75,12 @@ render_table::render_table(lut_argb<lut_edge> from, layout form)
     , form(form)
 {
     const bool with_deltas = form == layout::with_deltas;
-    const std::size_t reds = with_deltas ? edge : edge + 1;
-    lines.reset(allocate_lines(reds * edge * edge * floats_per_point(form)));
+    const std::size_t red_planes = with_deltas ? edge : edge + 1;
+    lines.reset(allocate_lines(red_planes * edge * edge * floats_per_point(form)));
 
     const argb_float* entries = table.get_entries().data();
     auto* to = reinterpret_cast<line*>(lines.get());
-    each_point(reds,
+    each_point(red_planes,
                [&](std::size_t r, std::size_t g, std::size_t b)
                {
                    const line lower = line_of(entries, std::min(r, edge - 1), g, b);

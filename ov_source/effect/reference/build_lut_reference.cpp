@@ -19,7 +19,7 @@ void add_all(table17& table, const std::vector<table_share>& shares, bool limit)
         lut_utils::add(table, *share.table, share.amount, limit);
 }
 
-/// Both in percent, added to what the entry has.
+/// Chroma in percent of the entry's own, luminance in percent of white, both added.
 argb_float with_chroma_and_luminance(const argb_float& entry, double chroma_percent, double luminance_percent)
 {
     hexcone colour = hexcone_of(entry);
@@ -39,6 +39,7 @@ void build_lut_reference(const grade_settings& settings, const veridial_luts& lo
         return;
     table.update(plan.wheels);
 
+    // Both looks are added to a table of their own first, so that neither limits the other.
     table17 working;
     add_all(working, plan.sky_and_greenery, false);
     lut_utils::add(table, working, 1.0f, true);

@@ -19,7 +19,7 @@ float distance(const argb_float& p, const argb_float& q)
 
 float limited(float v) { return v > u16_max ? 1.0f : std::max(v, 0.0f) * unit_per_u16; }
 
-/// Where the points move a grid position; all in 16-bit units.
+/// A grid position moved by all points; in 16-bit units.
 argb_float moved(const argb_float& position, const std::vector<lut_point>& points, const std::vector<float>& falloff)
 {
     argb_float to = position;
@@ -27,7 +27,7 @@ argb_float moved(const argb_float& position, const std::vector<lut_point>& point
     {
         const float near = std::min(distance(position, point.source), point.radius);
         const auto step = static_cast<std::size_t>(point.radius_scale * near);
-        const float weight = falloff[std::min(step, falloff_count - 1)];
+        const float weight = falloff[std::min(step, falloff_count - 1)]; // rounding can reach 65,536
         to.r += (point.target.r - point.source.r) * weight;
         to.g += (point.target.g - point.source.g) * weight;
         to.b += (point.target.b - point.source.b) * weight;

@@ -1,4 +1,4 @@
-// The effect's tests run on look tables of their own, read by the first component of the process.
+// The effect's tests use their own look tables, which the first component of the process reads.
 #include "synthetic_looks.h"
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// Look tables for tests: each bends the cube in its own way, so that none can stand in for another.
+// Look tables for tests. Each changes colours differently, so that a test sees when two are exchanged.
 #pragma once
 
 #include "effect/lut/bin_lut.h"
@@ -42,7 +42,7 @@ inline lut_argb<17> synthetic_look(std::size_t number)
     return table;
 }
 
-/// Writes all eighteen files into the folder, which is made.
+/// Creates the folder and writes all eighteen files into it.
 inline void write_synthetic_looks(const std::filesystem::path& folder)
 {
     std::filesystem::create_directories(folder);

@@ -90,7 +90,7 @@ TEST_F(veridial_test, answers_for_the_component_and_the_exporter)
 TEST_F(veridial_test, the_table_is_the_identity_until_a_render_or_an_export)
 {
     drag("Shadows Chroma", 100);
-    EXPECT_NEAR(graded().b, 0.7f, 1e-6) << "setting a value changes no table";
+    EXPECT_NEAR(graded().b, 0.7f, 1e-6) << "setting a value builds no table";
     rebuild();
     const argb_float red_shadows = graded({1, 0.2f, 0.2f, 0.2f});
     EXPECT_GT(red_shadows.r, red_shadows.b + 0.1f);
@@ -144,7 +144,7 @@ TEST_F(veridial_test, unchanged_values_keep_the_published_table)
     EXPECT_GT(graded({1, 1 / 255.0f, 0, 0}).r, 1.0f / 255) << "the identity of a start is out of date: built anew";
 }
 
-TEST_F(veridial_test, lightness_draws_chroma_back_and_gives_it_back)
+TEST_F(veridial_test, lightness_limits_chroma_and_returns_it)
 {
     drag("Mids Chroma", 100);
     drag("Mids Range", 10);
@@ -157,16 +157,16 @@ TEST_F(veridial_test, lightness_draws_chroma_back_and_gives_it_back)
     EXPECT_NEAR(value("Shadows Chroma"), 63.6364f, 1e-3);
 }
 
-TEST_F(veridial_test, chroma_moves_lightness_away_and_gives_it_back)
+TEST_F(veridial_test, chroma_moves_lightness_and_returns_it)
 {
     drag("Highlights Lightness", 8); // luma 94
     drag("Highlights Chroma", 100);  // C 44: luma at most 78
     EXPECT_NEAR(value("Highlights Lightness"), 0.0f, 1e-5);
-    EXPECT_FLOAT_EQ(value("Highlights Chroma"), 100.0f) << "the control under the hand is not moved";
+    EXPECT_FLOAT_EQ(value("Highlights Chroma"), 100.0f) << "the control that is dragged is not moved";
     drag("Highlights Chroma", 50); // C 22: luma at most 89
     EXPECT_NEAR(value("Highlights Lightness"), 5.5f, 1e-5);
     drag("Highlights Chroma", 10);
-    EXPECT_NEAR(value("Highlights Lightness"), 8.0f, 1e-5) << "back at what the user chose";
+    EXPECT_NEAR(value("Highlights Lightness"), 8.0f, 1e-5) << "the value that the user chose";
     EXPECT_EQ(value("Mids Lightness"), 0.0f);
 }
 
@@ -182,7 +182,7 @@ TEST_F(veridial_test, a_hosts_values_are_kept_and_remembered_as_the_users)
     EXPECT_EQ(value("Highlights Chroma"), 100.0f);
 }
 
-TEST_F(veridial_test, a_restore_gives_back_to_the_bit_what_no_drag_could_reach)
+TEST_F(veridial_test, a_restore_returns_values_that_no_drag_can_reach_to_the_bit)
 {
     host_sets("Highlights Lightness", 10);
     host_sets("Highlights Chroma", 100);
@@ -200,7 +200,7 @@ TEST_F(veridial_test, a_restore_gives_back_to_the_bit_what_no_drag_could_reach)
 param_value number(float v) { return {param_type::continuous, param_cell::of(v), {}, {}, {}}; }
 param_value whole(std::int32_t v) { return {param_type::integral, param_cell::of(v), {}, {}, {}}; }
 
-TEST_F(veridial_test, former_parameters_arrive_as_present_ones)
+TEST_F(veridial_test, earlier_parameters_set_the_present_ones)
 {
     const std::tuple<const char*, param_value, const char*, const char*, float, float> rows[] = {
         {"Sky", number(-40), "Sky Angle", "Sky Strength", 270, 40},
@@ -228,7 +228,7 @@ TEST_F(veridial_test, former_parameters_arrive_as_present_ones)
     EXPECT_TRUE(effect->get_host()->has_legacy_parameters());
 }
 
-TEST_F(veridial_test, the_two_former_skin_values_act_together)
+TEST_F(veridial_test, the_two_earlier_skin_values_act_together)
 {
     restore_legacy({{"Boost Skin Tones", number(30)}, {"Skin Tone Hue", number(40)}});
     EXPECT_FLOAT_EQ(value("Skin Tone Strength"), 50.0f);
@@ -241,10 +241,10 @@ TEST_F(veridial_test, the_two_former_skin_values_act_together)
     effect->reset_to_default();
     restore_legacy({{"Boost Skin Tones", number(30)}});
     restore_legacy({{"Skin Tone Hue", number(40)}});
-    EXPECT_EQ(value("Skin Tone Strength"), 0.0f) << "halves of two documents make no whole";
+    EXPECT_EQ(value("Skin Tone Strength"), 0.0f) << "values of two documents do not act together";
 }
 
-TEST_F(veridial_test, every_pixel_of_a_row_belongs_to_one_of_the_published_tables)
+TEST_F(veridial_test, every_row_is_rendered_with_one_published_table)
 {
     // Two grades flip while rows are rendered: a row must be all of one.
     std::vector<argb_float> in(64, sample), dark(64), light(64);

@@ -1,4 +1,4 @@
-// The generated data, as the product loads them, are held to the fifteen measures; and each measure sees damage.
+// The generated data, as the product loads them, meet the fifteen measures, and each measure detects damage.
 #include "tools/looks/look_data.h"
 
 #include "effect/lut/bin_lut.h"
@@ -44,7 +44,7 @@ look_data loaded()
     return data;
 }
 
-TEST(look_data, fulfil_all_fifteen_measures)
+TEST(look_data, meet_all_fifteen_measures)
 {
     std::set<int> numbers;
     for (const measured& row : measure(loaded()))
@@ -105,7 +105,7 @@ const damage_row damages[] = {
     {10, "two neighbours exchanged", measure_lattice, [](look_data& d)
      { std::swap(entry(d, look_id::greenery_irish, 3, 9, 4), entry(d, look_id::greenery_irish, 3, 10, 4)); }},
     {11, "a jump", measure_lattice, [](look_data& d) { entry(d, look_id::sky_turquoise, 4, 8, 11).r += 0.3f; }},
-    {12, "a dent in skin", measure_pictures,
+    {12, "a step in the gradients of skin", measure_pictures,
      [](look_data& d)
      {
          for (const auto& [g, b] : {std::pair{8, 7}, {9, 7}, {8, 8}, {9, 8}})
@@ -128,7 +128,7 @@ const damage_row damages[] = {
      }},
 };
 
-TEST(look_measures, each_sees_damage)
+TEST(look_measures, each_detects_damage)
 {
     const look_data good = compute_looks();
     for (const damage_row& row : damages)

@@ -48,7 +48,7 @@ grade_settings with(std::initializer_list<std::pair<parameter_index, float>> val
     return settings;
 }
 
-/// A third of the values is at a bound or at the default: that is where steps are skipped or limited.
+/// A third of the values is at a bound or at the default, where steps are skipped or limited.
 grade_settings random_settings(std::mt19937& engine)
 {
     grade_settings settings;
@@ -82,12 +82,12 @@ TEST_F(build_lut_test, random_settings_agree_with_the_double_precision_build)
     {
         SCOPED_TRACE(round);
         const grade_settings settings = random_settings(engine);
-        // Thousandths of a percent, doubled by the sums, and floats: far below what is promised, 0.0005.
+        // Thousandths of a percent, doubled by the sums, and the rounding of floats.
         EXPECT_LT(largest_difference(built(settings), test::double_precision_build(settings, look)), 2e-4);
     }
 }
 
-TEST_F(build_lut_test, has_the_bits_of_the_readable_build_on_every_instruction_set)
+TEST_F(build_lut_test, has_the_bits_of_the_plain_code_on_every_instruction_set)
 {
     std::mt19937 engine(500);
     std::vector<grade_settings> rows(500);
@@ -135,7 +135,7 @@ TEST_F(build_lut_test, each_direction_of_a_pad_is_the_table_that_belongs_there)
         }
 }
 
-TEST_F(build_lut_test, defaults_differ_from_the_identity_by_the_conversions_scale_alone)
+TEST_F(build_lut_test, defaults_differ_from_the_identity_only_by_the_scale_of_the_conversion)
 {
     const lut_argb<17> defaults = built({});
     const lut_argb<17> identity;

@@ -170,7 +170,7 @@ void push_skin(grid& g, const grade_settings& s)
         for (int c = 0; c < 3; ++c)
             g[i][c] += (id[i][c] - g[i][c]) * mask[i] * s.value(index::protect_skin_tones) / 100;
 
-    // The angle's ray from the origin to the square's border runs along the border at an even pace.
+    // The point moves along the border of the square at a constant speed as the angle grows.
     const double angle = s.value(index::skin_angle);
     const double around = std::fmod(angle + 45, 360.0) / 90;
     const double along = 200 * (around - std::floor(around)) - 100;

@@ -1,4 +1,4 @@
-// The build of the table written down a second time, in double precision and without regard for speed.
+// A second, independent build of the table, in double precision.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -13,7 +13,7 @@ namespace ov1::test
 using rgb = std::array<double, 3>;
 using grid = std::vector<rgb>; ///< 4913 colours, red outermost, blue innermost
 
-/// looks: the table of each number of synthetic_looks.h.
+/// looks(n) is the table that synthetic_looks.h numbers n.
 grid double_precision_build(const grade_settings& settings, const std::function<grid(std::size_t)>& looks);
 
 } // namespace ov1::test

@@ -14,7 +14,7 @@ namespace
 
 using table = lut_argb<17>;
 
-/// A table whose every entry differs, so that swapped axes and wrong corners show.
+/// A table whose entries all differ, so that swapped axes and wrong corners are seen.
 table scrambled()
 {
     table t(table::init_mode::none);
@@ -25,7 +25,7 @@ table scrambled()
     return t;
 }
 
-/// Trilinear interpolation as eight weighted corners, in double precision: another road to the same value.
+/// Trilinear interpolation as a sum of eight weighted corners, in double precision: an independent formula.
 double weighted_corners(const table& t, const argb_float& c, float argb_float::* channel)
 {
     const auto axis = [](float v) { return std::min(std::max(v * 16.0, 0.0), 16.0); };
@@ -100,7 +100,7 @@ TEST(lut_argb, lookup_clamps_what_lies_outside_and_takes_nan_as_zero)
     }
 }
 
-TEST(lut_argb, binary_bytes_come_back_and_damaged_ones_give_the_identity)
+TEST(lut_argb, written_bytes_are_read_back_and_damaged_ones_give_the_identity)
 {
     const table t = scrambled();
     const auto bytes = write_bin_lut(t.get_entries(), 17);

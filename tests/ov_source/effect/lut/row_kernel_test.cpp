@@ -47,7 +47,7 @@ lut_argb<17> scrambled(bool wide_range = false)
     return table;
 }
 
-/// A walk as a picture's colours take it, leaps, and every eighth value unusual.
+/// Small steps as between neighbours in a picture, some large ones, and every eighth value unusual.
 std::vector<argb_float> pixels(std::size_t count, unsigned seed)
 {
     std::mt19937 engine(seed);
@@ -102,7 +102,7 @@ TEST(row_kernel, rows_of_floats_have_the_bits_of_lookup)
                });
 }
 
-TEST(row_kernel, every_width_and_alignment_gives_the_same_and_writes_nothing_beside)
+TEST(row_kernel, every_width_and_alignment_gives_the_same_bits_and_writes_nothing_else)
 {
     constexpr std::size_t widest = 300;
     const auto in = pixels(widest, 2);
