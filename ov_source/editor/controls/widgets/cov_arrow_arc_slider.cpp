@@ -105,7 +105,7 @@ void COVArrowArcSlider::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
         return consume_press(event);
     }
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const redirected_event redirected(event, path.press(event.mousePosition, placeOfValue(), hold));
+    const redirected_event redirected(event, drag.press(event.mousePosition, placeOfValue(), hold));
     if (hold.is_fine) // in its fine mode the toolkit keeps the value until the mouse moves
         event.modifiers.add(VSTGUI::ModifierKey::Shift);
     CVerticalSlider::onMouseDownEvent(event);
@@ -116,7 +116,7 @@ void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
     if (!isEditing())
         return CVerticalSlider::onMouseMoveEvent(event);
     const drag_hold hold{hold_of(event.modifiers).is_fine};
-    const redirected_event redirected(event, path.move(event.mousePosition, placeOfValue(), hold));
+    const redirected_event redirected(event, drag.move(event.mousePosition, placeOfValue(), hold));
     CVerticalSlider::onMouseMoveEvent(event);
 }
 

@@ -39,7 +39,7 @@ private:
     arc_angles angles;
     VSTGUI::CCoord highest; // from the view's top to value 1, and so to value 0
     VSTGUI::CCoord lowest;
-    fine_drag path;
+    fine_drag drag;
     double spread = 0.0; // radians
     COVArrowArcOrientation orientation = COVArrowArcOrientation::pivot_right;
 };

@@ -129,7 +129,7 @@ void COVColorWheelXYPad::beginDrag(VSTGUI::MouseDownEvent& event)
     at_press = {getValue(), polar};
     // The unlimited place: a handle beyond the rim does not move before the mouse does.
     const redirected_event redirected(
-        event, path.press(event.mousePosition, pointOf(unpack_pad_value(getValue())), hold_of(event.modifiers)));
+        event, drag.press(event.mousePosition, pointOf(unpack_pad_value(getValue())), hold_of(event.modifiers)));
     CXYPad::onMouseDownEvent(event);
 }
 
@@ -138,7 +138,7 @@ void COVColorWheelXYPad::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
     if (!isEditing())
         return CXYPad::onMouseMoveEvent(event);
     const redirected_event redirected(event,
-                                      path.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
+                                      drag.move(event.mousePosition, getHandleCentre(), hold_of(event.modifiers)));
     CXYPad::onMouseMoveEvent(event);
 }
 

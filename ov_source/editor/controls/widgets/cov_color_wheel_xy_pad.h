@@ -64,7 +64,7 @@ private:
     std::int32_t radius_tag;
     pad_polar polar;
     pad_state at_press;
-    fine_drag path;
+    fine_drag drag;
     float max_radius = 1.0F;
 };
 

@@ -77,7 +77,7 @@ void CSimpleSlider::pressHandle(VSTGUI::MouseDownEvent& event)
     grip = event.mousePosition.x - placeOfValue();
     // The toolkit rounds the handle's position to whole points and drags from there; the exact value is kept here.
     beyond_whole_point = placeOfValue() - calculateHandleRect(getValueNormalized()).left;
-    path.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
+    drag.press(event.mousePosition, event.mousePosition, {hold_of(event.modifiers).is_fine});
     const redirected_event redirected(event, event.mousePosition);
     event.modifiers.add(VSTGUI::ModifierKey::Shift); // in its fine mode the toolkit keeps the value until a move
     CHorizontalSlider::onMouseDownEvent(event);
@@ -86,7 +86,7 @@ void CSimpleSlider::pressHandle(VSTGUI::MouseDownEvent& event)
 void CSimpleSlider::dragHandle(VSTGUI::MouseMoveEvent& event)
 {
     const VSTGUI::CPoint gripped(placeOfValue() + grip, event.mousePosition.y);
-    VSTGUI::CPoint place = path.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
+    VSTGUI::CPoint place = drag.move(event.mousePosition, gripped, {hold_of(event.modifiers).is_fine});
     place.x += beyond_whole_point;
     const redirected_event redirected(event, place);
     CHorizontalSlider::onMouseMoveEvent(event);

@@ -43,7 +43,7 @@ private:
     void endGang();
 
     CSimpleSlider* partner = nullptr;
-    fine_drag path;
+    fine_drag drag;
     VSTGUI::CCoord grip = 0.0;               // from the handle's exact left edge to where it was pressed
     VSTGUI::CCoord beyond_whole_point = 0.0; // of that edge, at the press
     CSimpleSlider* ganged = nullptr;         // the partner, while this drag moves it

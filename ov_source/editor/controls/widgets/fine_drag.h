@@ -15,6 +15,7 @@ struct drag_hold
     bool operator==(const drag_hold&) const = default;
 };
 
+/// Which of the two keys are held.
 drag_hold hold_of(const VSTGUI::Modifiers& keys);
 
 /// Turns mouse positions into positions of the dragged handle. Without a key the two are equal. A key that is pressed
@@ -23,9 +24,9 @@ drag_hold hold_of(const VSTGUI::Modifiers& keys);
 class fine_drag
 {
 public:
-    /// Begins a drag. Returns the position that the press stands for: the mouse's, or the handle's while a key is held.
+    /// Begins a drag and returns where it starts: at the mouse, or, while a key is held, at the handle.
     VSTGUI::CPoint press(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold);
-    /// Returns the position that the mouse's new one stands for. handle is the handle's present position, which the
+    /// Returns where the drag is, for the mouse's new position. handle is the handle's present position, which the
     /// control has kept within its range.
     VSTGUI::CPoint move(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& handle, drag_hold hold);
 

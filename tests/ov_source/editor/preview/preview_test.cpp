@@ -55,7 +55,7 @@ TEST(preview_geometry, the_point_under_the_mouse_stays_there_where_scrolling_all
     const std::tuple<double, preview_point, preview_point, preview_point> cases[] = {
         {2, {300, 200}, {100, 50}, {500, 350}}, // zoom, in the picture, in the view, offset
         {2, {0, 0}, {250, 200}, {0, 0}},        // not beyond the left and the top
-        {2, {1000, 500}, {0, 0}, {1500, 634}},  // nor beyond the right, and the bottom may come out from beneath
+        {2, {1000, 500}, {0, 0}, {1500, 634}},  // nor beyond the right; the last rows can be scrolled above the bar
         {0.5, {800, 100}, {10, 10}, {0, 0}},    // nothing to scroll
     };
     for (const auto& [zoom, in_picture, in_view, expected] : cases)
@@ -92,7 +92,7 @@ display_picture noise(std::uint32_t width, std::uint32_t height)
     return made;
 }
 
-/// The part of the line that a screen pixel stands for, in the picture's pixels.
+/// The part of a picture row or column that a screen pixel covers, in picture pixels.
 std::pair<double, double> beneath(double s, double zoom)
 {
     const double middle = (s + 0.5) / zoom, half = std::max(1 / zoom, 1.0) / 2;
