@@ -1,11 +1,10 @@
 #include "media/clips/clip_reader.h"
 
 #include "media/base/failures.h"
+#include "media/clips/clip_form.h"
 #include "media/clips/clip_source.h"
-#include "media/samples/frame_form.h"
-#include "media/samples/unpack_span.h"
+#include "media/samples/frame_reader.h"
 
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -36,30 +35,17 @@ struct clip_reader::state
         }
         return nullptr;
     }
+
+    result<frame_form> form_of(const AVFrame& frame) const
+    {
+        return clip_form(frame, clip_tags(frame, *source.get_picture().codecpar, request));
+    }
 };
 
 namespace
 {
 
 constexpr std::uint64_t frames_worth_reading = 48; ///< rather than searching for a later one
-
-/// What frame and request leave open, said as the conversion of clips has it.
-void set_tags(AVFrame& frame, const AVCodecParameters& stream, const clip_request& request)
-{
-    if (frame.color_range == AVCOL_RANGE_UNSPECIFIED)
-        frame.color_range = stream.color_range;
-    if (request.range != range_choice::automatic)
-        frame.color_range = request.range == range_choice::full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
-    if (frame.colorspace == AVCOL_SPC_UNSPECIFIED)
-        frame.colorspace = stream.color_space;
-    if (frame.colorspace == AVCOL_SPC_UNSPECIFIED && is_large(frame.width, frame.height))
-        frame.colorspace = AVCOL_SPC_BT709;
-    constexpr std::array matrices{AVCOL_SPC_UNSPECIFIED, AVCOL_SPC_SMPTE170M, AVCOL_SPC_BT709, AVCOL_SPC_BT2020_NCL};
-    if (request.matrix != matrix_choice::automatic)
-        frame.colorspace = matrices[static_cast<std::size_t>(request.matrix)];
-    if (frame.chroma_location == AVCHROMA_LOC_UNSPECIFIED)
-        frame.chroma_location = frame.color_range == AVCOL_RANGE_JPEG ? AVCHROMA_LOC_CENTER : AVCHROMA_LOC_LEFT;
-}
 
 still_info describe(const AVFrame& frame, const clip_info& clip)
 {
@@ -98,11 +84,10 @@ result<> clip_reader::open(const std::string& path, const clip_request& request)
     made->request = request;
     if (const auto read = made->source.open(path, request.threads); !read)
         return read.error();
-    const frame_ptr first(av_frame_clone(&made->source.get_first_frame()));
-    made->start = first->pts;
-    set_tags(*first, *made->source.get_picture().codecpar, request);
-    if (!can_unpack(*first))
-        return unsupported("frames of the form " + made->source.get_info().pixel_format + " do not become pictures");
+    const AVFrame& first = made->source.get_first_frame();
+    if (const auto form = made->form_of(first); !form)
+        return form.error();
+    made->start = first.pts;
     opened = std::move(made);
     return {};
 }
@@ -111,14 +96,21 @@ const clip_info& clip_reader::info() const { return opened->source.get_info(); }
 
 bool clip_reader::read_next(still_reader& picture, std::vector<clip_damage>& damages)
 {
-    frame_ptr frame = opened->take(damages);
-    if (frame == nullptr)
-        return false;
-    ++opened->next;
-    set_tags(*frame, *opened->source.get_picture().codecpar, opened->request);
-    still_info known = describe(*frame, info());
-    picture.take(frame.release(), std::move(known));
-    return true;
+    while (frame_ptr frame = opened->take(damages))
+    {
+        ++opened->next;
+        const auto form = opened->form_of(*frame);
+        if (!form) // another pixel format within the clip
+        {
+            damages.push_back({static_cast<double>(frame->pts) * av_q2d(opened->source.get_picture().time_base),
+                               form.error().reason});
+            continue;
+        }
+        still_info known = describe(*frame, info());
+        picture.take(std::make_unique<frame_reader>(std::move(frame), *form), std::move(known));
+        return true;
+    }
+    return false;
 }
 
 result<still_reader> clip_reader::read_frame(std::uint64_t index)

@@ -2,6 +2,7 @@
 
 #include "media/base/failures.h"
 #include "media/base/file_sink.h"
+#include "media/clips/clip_form.h"
 #include "media/clips/clip_tags.h"
 #include "media/clips/stream_copy.h"
 
@@ -27,26 +28,6 @@ bool is_mov_family(const AVOutputFormat& container)
 {
     const std::string name = container.name;
     return name == "mov" || name == "mp4" || name == "ipod" || name == "3gp" || name == "3g2" || name == "f4v";
-}
-
-/// What the frame says, and what it leaves open the stream.
-template <typename T>
-T first_set(T frame, T stream, T unset)
-{
-    return frame != unset ? frame : stream;
-}
-
-colour_tags tags_of(const AVFrame& frame, const AVCodecParameters& stream, const clip_request& request)
-{
-    colour_tags tags{first_set(frame.color_range, stream.color_range, AVCOL_RANGE_UNSPECIFIED),
-                     first_set(frame.colorspace, stream.color_space, AVCOL_SPC_UNSPECIFIED),
-                     first_set(frame.chroma_location, stream.chroma_location, AVCHROMA_LOC_UNSPECIFIED)};
-    if (request.range != range_choice::automatic)
-        tags.range = request.range == range_choice::full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
-    constexpr std::array matrices{AVCOL_SPC_UNSPECIFIED, AVCOL_SPC_SMPTE170M, AVCOL_SPC_BT709, AVCOL_SPC_BT2020_NCL};
-    if (request.matrix != matrix_choice::automatic)
-        tags.matrix = matrices[static_cast<std::size_t>(request.matrix)];
-    return tags;
 }
 
 /// The tags of the output: the source's, unless its samples are of another family.
@@ -136,11 +117,13 @@ result<> clip_target::choose_forms(const clip_request& request)
 {
     const AVFrame& frame = source->get_first_frame();
     const AVCodecParameters& stream = *source->get_picture().codecpar;
-    const colour_tags source_tags = tags_of(frame, stream, request);
-    const auto read = form_of(static_cast<AVPixelFormat>(frame.format), source_tags, frame.width, frame.height);
+    const colour_tags source_tags = clip_tags(frame, stream, request);
+    const auto read = clip_form(frame, source_tags);
     if (!read)
         return read.error();
     source_form = *read;
+    if (!can_be_graded(source_form))
+        return unsupported("frames of the pixel format " + source->get_info().pixel_format + " are not graded");
     AVPixelFormat pixels = source_form.pixels;
     if (container != nullptr)
     {
@@ -179,9 +162,10 @@ result<> clip_target::open_encoder(const clip_request& request)
     encoder->color_range = tags.range;
     encoder->colorspace = tags.matrix;
     encoder->chroma_sample_location = tags.chroma;
+    const AVCodecParameters& parameters = *stream.codecpar;
     encoder->color_primaries =
-        first_set(frame.color_primaries, stream.codecpar->color_primaries, AVCOL_PRI_UNSPECIFIED);
-    encoder->color_trc = first_set(frame.color_trc, stream.codecpar->color_trc, AVCOL_TRC_UNSPECIFIED);
+        frame.color_primaries != AVCOL_PRI_UNSPECIFIED ? frame.color_primaries : parameters.color_primaries;
+    encoder->color_trc = frame.color_trc != AVCOL_TRC_UNSPECIFIED ? frame.color_trc : parameters.color_trc;
     encoder->time_base = encoder_time_base(stream, codec.encoder->id, container);
     encoder->framerate = rate_of(stream);
     encoder->field_order = stream.codecpar->field_order;

@@ -1,10 +1,9 @@
-// Rows of a video frame's components between memory and floats.
+// Rows of a frame's components between memory and floats.
 #pragma once
 
-#include "media/samples/frame_form.h"
+#include "media/samples/picture_view.h"
 #include "media/samples/sample_kernel.h"
 
-#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -14,22 +13,8 @@
 namespace ov1::media
 {
 
-/// A frame, or one of its fields.
-struct picture_view
-{
-    std::array<std::uint8_t*, 4> data;
-    std::array<std::ptrdiff_t, 4> stride;
-    std::size_t width;
-    std::size_t height;
-    std::size_t chroma_height;
-
-    std::uint8_t* row(int plane, std::size_t y) const
-    {
-        return data[plane] + static_cast<std::ptrdiff_t>(y) * stride[plane];
-    }
-};
-
-/// Codes between memory and floats; those that do not lie one behind the other go by way of a row of their own.
+/// Reads and writes count samples of a component from x on, in its own row y. Codes that are not plain (frame_form.h)
+/// take an intermediate row. One thread at a time.
 class component_access
 {
 public:
@@ -38,20 +23,22 @@ public:
     {
     }
 
-    /// Count samples from x on, a row's own or out of it.
     void read(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
               float* out)
     {
-        const std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.layout.is_float)
-            return each_code(form.layout, row, count,
-                             [=](std::size_t i, std::uint32_t code) { out[i] = std::bit_cast<float>(code); });
-        if (form.is_plain() && form.layout.bytes == 1)
-            return sample_kernel::widen(row, count, form.range, out);
-        sample_kernel::widen(wide_codes(view, form, x, y, count), count, form.range, out);
+        read_by(view, form, x, y, count, out,
+                [&](const auto* from) { sample_kernel::widen(from, count, form.range, out); });
     }
 
-    /// Codes of two bytes one behind the other.
+    /// Rounded once.
+    void read_exactly(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
+                      std::size_t count, float* out)
+    {
+        read_by(view, form, x, y, count, out,
+                [&](const auto* from) { sample_kernel::widen_exactly(from, count, form.range, out); });
+    }
+
+    /// Consecutive codes of two bytes.
     const std::uint16_t* wide_codes(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
                                     std::size_t count)
     {
@@ -66,21 +53,18 @@ public:
     void write(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
                const float* in)
     {
-        std::uint8_t* const row = place_of(view, form.layout, x, y);
-        if (form.layout.is_float)
-            return each_place(form.layout, row, count,
-                              [&](std::size_t i, std::uint8_t* to)
-                              {
-                                  const auto bits = std::bit_cast<std::uint32_t>(in[i]);
-                                  store(to, form.layout.swap ? swapped(bits) : bits);
-                              });
-        if (form.is_plain() && form.layout.bytes == 1)
-            return sample_kernel::narrow(in, count, form.range, row);
-        write_wide(view, form, x, y, count,
-                   [&](std::uint16_t* to) { sample_kernel::narrow(in, count, form.range, to); });
+        write_by(view, form, x, y, count, in, [&](auto* to) { sample_kernel::narrow(in, count, form.range, to); });
     }
 
-    /// Has codes of two bytes made one behind the other, and puts them where they belong.
+    /// For components whose codes begin at 0; limits to 0..1 and rounds ties upward.
+    void write_half_up(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
+                       std::size_t count, const float* in)
+    {
+        write_by(view, form, x, y, count, in,
+                 [&](auto* to) { sample_kernel::narrow_half_up(in, count, form.range.codes_per_unit, to); });
+    }
+
+    /// Has `make` write consecutive codes of two bytes, and takes them to their places.
     template <typename function>
     void write_wide(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
                     std::size_t count, const function& make)
@@ -100,7 +84,7 @@ public:
                    });
     }
 
-    /// A row to write codes to that are not wanted.
+    /// A row for codes that nobody reads.
     std::uint16_t* spare() { return codes.data(); }
 
     static std::uint8_t* place_of(const picture_view& view, const sample_layout& layout, std::size_t x, std::size_t y)
@@ -109,6 +93,38 @@ public:
     }
 
 private:
+    template <typename function>
+    void read_by(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
+                 float* out, const function& widen)
+    {
+        const std::uint8_t* const row = place_of(view, form.layout, x, y);
+        if (form.layout.is_float)
+            each_code(form.layout, row, count,
+                      [=](std::size_t i, std::uint32_t code) { out[i] = std::bit_cast<float>(code); });
+        else if (form.is_plain() && form.layout.bytes == 1)
+            widen(row);
+        else
+            widen(wide_codes(view, form, x, y, count));
+    }
+
+    template <typename function>
+    void write_by(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
+                  const float* in, const function& narrow)
+    {
+        std::uint8_t* const row = place_of(view, form.layout, x, y);
+        if (form.layout.is_float)
+            each_place(form.layout, row, count,
+                       [&](std::size_t i, std::uint8_t* to)
+                       {
+                           const auto bits = std::bit_cast<std::uint32_t>(in[i]);
+                           store(to, form.layout.swap ? swapped(bits) : bits);
+                       });
+        else if (form.is_plain() && form.layout.bytes == 1)
+            narrow(row);
+        else
+            write_wide(view, form, x, y, count, narrow);
+    }
+
     template <typename T>
     static void store(std::uint8_t* to, T value)
     {

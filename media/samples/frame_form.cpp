@@ -3,6 +3,7 @@
 #include "media/base/failures.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace ov1::media
 {
@@ -16,34 +17,44 @@ bool is_jpeg_form(AVPixelFormat pixels)
            pixels == AV_PIX_FMT_YUVJ440P || pixels == AV_PIX_FMT_YUVJ411P;
 }
 
-bool find_matrix(AVColorSpace tag, int width, int height, ycbcr_matrix& matrix)
+bool has_flag(const AVPixFmtDescriptor& format, std::uint64_t flag) { return (format.flags & flag) != 0; }
+
+colour_family family_of(const AVPixFmtDescriptor& format)
+{
+    if (has_flag(format, AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL))
+        return colour_family::rgb;
+    return format.nb_components < 3 ? colour_family::gray : colour_family::ycbcr;
+}
+
+/// The matrix of a tag; none for one that is not supported.
+std::optional<ycbcr_matrix> matrix_of(AVColorSpace tag, int width, int height)
 {
     switch (tag)
     {
     case AVCOL_SPC_BT709:
-        matrix = ycbcr_matrix::bt709;
-        return true;
+        return ycbcr_matrix::bt709;
     case AVCOL_SPC_BT470BG:
     case AVCOL_SPC_SMPTE170M:
-        matrix = ycbcr_matrix::bt601;
-        return true;
+        return ycbcr_matrix::bt601;
     case AVCOL_SPC_BT2020_NCL:
-        matrix = ycbcr_matrix::bt2020;
-        return true;
+        return ycbcr_matrix::bt2020;
     case AVCOL_SPC_FCC:
-        matrix = ycbcr_matrix::fcc;
-        return true;
+        return ycbcr_matrix::fcc;
     case AVCOL_SPC_SMPTE240M:
-        matrix = ycbcr_matrix::smpte240m;
-        return true;
-    case AVCOL_SPC_RGB: // a wrong tag on what is none
+        return ycbcr_matrix::smpte240m;
+    case AVCOL_SPC_RGB: // an incorrect tag on YCbCr
     case AVCOL_SPC_UNSPECIFIED:
     case AVCOL_SPC_RESERVED:
-        matrix = is_large(width, height) ? ycbcr_matrix::bt709 : ycbcr_matrix::bt601;
-        return true;
+        return is_large(width, height) ? ycbcr_matrix::bt709 : ycbcr_matrix::bt601;
     default:
-        return false;
+        return std::nullopt;
     }
+}
+
+std::string name_of(AVColorSpace matrix)
+{
+    const char* const name = av_color_space_name(matrix);
+    return name != nullptr ? name : "code " + std::to_string(static_cast<int>(matrix));
 }
 
 void place_chroma(const AVPixFmtDescriptor& format, AVChromaLocation where, bool is_jpeg, frame_form& form)
@@ -61,63 +72,95 @@ void place_chroma(const AVPixFmtDescriptor& format, AVChromaLocation where, bool
         form.down.site = bottom ? 1 : 0;
 }
 
-bool has_known_samples(const AVPixFmtDescriptor& format)
+/// Nothing for pixel formats that are not read.
+std::optional<sample_storage> storage_of(AVPixelFormat pixels, const AVPixFmtDescriptor& format)
 {
-    constexpr unsigned int others =
-        AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_BAYER | AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM;
-    const bool is_float = (format.flags & AV_PIX_FMT_FLAG_FLOAT) != 0;
-    const bool is_rgb = (format.flags & AV_PIX_FMT_FLAG_RGB) != 0;
-    return (format.flags & others) == 0 && (is_rgb || format.nb_components != 2 || !is_float) &&
-           std::all_of(format.comp, format.comp + format.nb_components, [&](const AVComponentDescriptor& c)
-                       { return is_float ? c.depth == 32 : c.depth >= 8 && c.depth <= 16; });
+    const bool is_xyz = pixels == AV_PIX_FMT_XYZ12LE || pixels == AV_PIX_FMT_XYZ12BE;
+    if (is_xyz || has_flag(format, AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_BAYER))
+        return std::nullopt;
+    if (has_flag(format, AV_PIX_FMT_FLAG_PAL))
+        return sample_storage::palette;
+    if (pixels == AV_PIX_FMT_MONOBLACK || pixels == AV_PIX_FMT_MONOWHITE)
+        return sample_storage::bits;
+    const bool is_ycbcr = family_of(format) == colour_family::ycbcr;
+    const bool is_float = has_flag(format, AV_PIX_FMT_FLAG_FLOAT);
+    const int fewest = has_flag(format, AV_PIX_FMT_FLAG_RGB) ? 1 : 8;
+    const bool fits = std::all_of(format.comp, format.comp + format.nb_components, [&](const AVComponentDescriptor& c)
+                                  { return is_float ? c.depth == 32 : c.depth >= fewest && c.depth <= 16; });
+    if (!fits || (is_float && is_ycbcr) || has_flag(format, AV_PIX_FMT_FLAG_BITSTREAM))
+        return std::nullopt;
+    return sample_storage::components;
+}
+
+void set_components(const AVPixFmtDescriptor& format, bool is_full, frame_form& form)
+{
+    const bool is_float = has_flag(format, AV_PIX_FMT_FLAG_FLOAT);
+    for (int i = 0; i < format.nb_components; ++i)
+    {
+        const bool is_alpha = form.has_alpha && i == format.nb_components - 1;
+        const bool is_chroma = form.family == colour_family::ycbcr && (i == 1 || i == 2);
+        const int bits = is_float ? 16 : format.comp[i].depth;
+        form.components[static_cast<std::size_t>(i)] = {
+            layout_of(format, i), is_chroma ? chroma_range(bits, is_full) : luma_range(bits, is_full || is_alpha)};
+    }
 }
 
 } // namespace
 
+colour_tags still_tags(const AVFrame& frame, bool is_full)
+{
+    colour_tags tags{frame.color_range, frame.colorspace, frame.chroma_location};
+    const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+    if (format == nullptr || family_of(*format) != colour_family::ycbcr ||
+        (is_full && tags.range == AVCOL_RANGE_UNSPECIFIED))
+        tags.range = AVCOL_RANGE_JPEG;
+    if (tags.matrix == AVCOL_SPC_UNSPECIFIED)
+        tags.matrix = AVCOL_SPC_BT470BG;
+    if (tags.chroma == AVCHROMA_LOC_UNSPECIFIED)
+        tags.chroma = AVCHROMA_LOC_CENTER;
+    return tags;
+}
+
 result<frame_form> form_of(AVPixelFormat pixels, const colour_tags& tags, int width, int height)
 {
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(pixels);
-    const bool is_xyz = pixels == AV_PIX_FMT_XYZ12LE || pixels == AV_PIX_FMT_XYZ12BE;
-    if (format == nullptr || is_xyz || !has_known_samples(*format))
-        return unsupported("frames of the form " + std::string(format != nullptr ? format->name : "unknown") +
-                           " are not graded");
+    const auto storage = format != nullptr ? storage_of(pixels, *format) : std::nullopt;
+    if (!storage)
+        return unsupported("the pixel format " + std::string(format != nullptr ? format->name : "unknown") +
+                           " is not supported");
     frame_form made;
     made.pixels = pixels;
-    const bool is_float = (format->flags & AV_PIX_FMT_FLAG_FLOAT) != 0;
-    const bool is_rgb = (format->flags & AV_PIX_FMT_FLAG_RGB) != 0;
-    made.family = is_rgb ? colour_family::rgb : format->nb_components < 3 ? colour_family::gray : colour_family::ycbcr;
-    made.has_alpha = (format->flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
+    made.storage = *storage;
+    made.family = family_of(*format);
+    made.has_alpha = has_flag(*format, AV_PIX_FMT_FLAG_ALPHA);
     made.bits = format->comp[0].depth;
+    if (made.storage != sample_storage::components)
+        return made;
 
     const bool is_jpeg = is_jpeg_form(pixels);
-    const bool is_full =
-        tags.range == AVCOL_RANGE_JPEG || is_jpeg || is_float || (tags.range == AVCOL_RANGE_UNSPECIFIED && is_rgb);
-    for (int i = 0; i < format->nb_components; ++i)
-    {
-        const bool is_alpha = made.has_alpha && i == format->nb_components - 1;
-        const bool is_chroma = made.family == colour_family::ycbcr && (i == 1 || i == 2);
-        const int bits = is_float ? 16 : format->comp[i].depth;
-        made.components[i] = {layout_of(*format, i),
-                              is_chroma ? chroma_range(bits, is_full) : luma_range(bits, is_full || is_alpha)};
-    }
+    const bool is_full = tags.range == AVCOL_RANGE_JPEG || is_jpeg || has_flag(*format, AV_PIX_FMT_FLAG_FLOAT) ||
+                         (tags.range == AVCOL_RANGE_UNSPECIFIED && made.family == colour_family::rgb);
+    set_components(*format, is_full, made);
     if (made.family == colour_family::ycbcr)
     {
-        ycbcr_matrix matrix{};
-        if (!find_matrix(tags.matrix, width, height, matrix))
-            return unsupported("the colour matrix " + std::string(av_color_space_name(tags.matrix)) +
-                                   " is no weighted sum of red, green and blue",
-                               "--matrix 601, 709 or 2020 takes the place of a wrong tag");
-        made.weights = weights_of(matrix);
+        const auto matrix = matrix_of(tags.matrix, width, height);
+        if (!matrix)
+            return unsupported("the colour matrix " + name_of(tags.matrix) + " is not supported");
+        made.weights = weights_of(*matrix);
         place_chroma(*format, tags.chroma, is_jpeg || tags.range == AVCOL_RANGE_JPEG, made);
     }
     return made;
 }
 
+bool can_be_graded(const frame_form& form) { return form.storage == sample_storage::components && form.bits >= 8; }
+
 bool can_be_written(const frame_form& form)
 {
-    // Samples with bits below them have their bytes to themselves in the formats of two planes (P010), else they share.
+    // In formats of two planes (P010) samples with bits below them have their bytes to themselves; elsewhere those bits
+    // belong to other samples.
     const int components = form.family == colour_family::gray ? 1 : 3;
-    return std::all_of(form.components.begin(), form.components.begin() + components, [&](const component_form& c)
+    return can_be_graded(form) &&
+           std::all_of(form.components.begin(), form.components.begin() + components, [&](const component_form& c)
                        { return c.layout.shift == 0 || (form.family == colour_family::ycbcr && c.layout.bytes == 2); });
 }
 

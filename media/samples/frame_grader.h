@@ -1,4 +1,4 @@
-// Takes the rows of a video frame through a grade, piece by piece, without leaving the cache in between.
+// Grades the frames of a clip, strip by strip, so that pixels stay in the first cache from codes to codes.
 #pragma once
 
 #include "media/samples/frame_form.h"
@@ -10,26 +10,27 @@
 namespace ov1::media
 {
 
-/// Grades some pixels of a row in place, in any order: display-referred code values, nominally 0..1 and not limited;
+/// Grades some pixels of row y in place, in any order: display-referred code values, nominally 0..1 and not limited;
 /// neither need the results be.
 using plane_grade = std::function<void(std::size_t y, const rgb_planes<float>& row, std::size_t count)>;
 
-/// Decodes to red, green and blue, grades, encodes and rounds. Colour that is not graded returns as it was: exactly
-/// where all pixels have their own chroma, and to rounding where they share it, as long as it lies within red, green
-/// and blue of 0..1. Alpha is carried over; it is 1 where the source has none.
+/// Decodes to red, green and blue, grades, encodes and rounds. Colour that is not graded comes back unchanged: exactly
+/// where every pixel has its own chroma, and to rounding where pixels share it, as long as it lies within red, green
+/// and blue of 0..1. Alpha is kept; it is 1 where the source has none.
 class frame_grader
 {
 public:
+    /// The source can be graded, the target can be written (frame_form.h).
     frame_grader(const frame_form& from, const frame_form& to)
         : from(from)
         , to(to)
     {
     }
 
-    /// Both frames have the size of the first and the two forms, and are apart. An interlaced frame is taken as two
-    /// pictures wherever chroma is shared between rows. The grade (none, if it is empty) is called from whatever
-    /// threads the runner uses, some rows more than once.
-    void grade(const AVFrame& in, AVFrame& out, const plane_grade& how, const piece_runner& run) const;
+    /// Both frames have the size of the first and the two forms, and do not overlap. The fields of an interlaced frame
+    /// are graded as two pictures wherever rows share chroma. The grade is called from any threads that the runner
+    /// uses, for some rows more than once; without a grade (an empty function) frames are only converted.
+    void grade(const AVFrame& in, AVFrame& out, const plane_grade& grade_row, const piece_runner& run) const;
 
 private:
     frame_form from;

@@ -39,6 +39,79 @@ void widen_here(const code* codes, std::size_t count, const code_range& range, f
 }
 
 template <class code>
+void widen_exactly_here(const code* codes, std::size_t count, const code_range& range, float* values)
+{
+    const floats d;
+    const auto zero = hn::Set(d, range.zero), per_unit = hn::Set(d, range.codes_per_unit);
+    const auto value = [&](const code* from) HWY_ATTR { return hn::Div(hn::Sub(load_codes(from), zero), per_unit); };
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        hn::StoreU(value(codes + i), d, values + i);
+    if (i < count)
+    {
+        code rest[lanes] = {};
+        std::copy(codes + i, codes + count, rest);
+        hn::StoreU(value(rest), d, values + i);
+    }
+}
+
+template <class code>
+void narrow_half_up_here(const float* values, std::size_t count, float largest, code* codes)
+{
+    const floats d;
+    each_vector<lanes>(count, codes,
+                       [&](std::size_t i, code* to) HWY_ATTR
+                       {
+                           const auto above = at_least(hn::LoadU(d, values + i), hn::Zero(d));
+                           const auto limited = hn::Min(above, hn::Set(d, 1.0f));
+                           const auto wanted = hn::Add(hn::Mul(limited, hn::Set(d, largest)), hn::Set(d, 0.5f));
+                           const auto whole = hn::ConvertTo(whole_tag(), wanted); // truncates
+                           hn::StoreU(hn::DemoteTo(codes_tag<code>(), whole), codes_tag<code>(), to);
+                       });
+}
+
+template <bool is_limited>
+void to_pixels_here(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
+{
+    const floats d;
+    const auto colour = [=](const float* from) HWY_ATTR
+    {
+        const auto value = hn::LoadU(d, from);
+        return is_limited ? hn::Min(at_least(value, hn::Zero(d)), hn::Set(d, 1.0f)) : value;
+    };
+    each_vector<lanes>(count, pixels,
+                       [&](std::size_t i, argb_float* to) HWY_ATTR
+                       {
+                           const auto a = alpha != nullptr ? hn::LoadU(d, alpha + i) : hn::Set(d, 1.0f);
+                           hn::StoreInterleaved4(a, colour(row.r + i), colour(row.g + i), colour(row.b + i), d,
+                                                 reinterpret_cast<float*>(to));
+                       });
+}
+
+void to_planes_here(const argb_float* pixels, std::size_t count, const rgb_planes<float>& row, float* alpha)
+{
+    const floats d;
+    const auto move = [&](const argb_float* from, std::size_t i) HWY_ATTR
+    {
+        vector a, r, g, b;
+        hn::LoadInterleaved4(d, reinterpret_cast<const float*>(from), a, r, g, b);
+        hn::StoreU(a, d, alpha + i);
+        hn::StoreU(r, d, row.r + i);
+        hn::StoreU(g, d, row.g + i);
+        hn::StoreU(b, d, row.b + i);
+    };
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        move(pixels + i, i);
+    if (i < count)
+    {
+        argb_float rest[lanes];
+        std::copy(pixels + i, pixels + count, rest);
+        move(rest, i);
+    }
+}
+
+template <class code>
 void narrow_here(const float* values, std::size_t count, const code_range& range, code* codes)
 {
     const code_maker maker(range);
@@ -69,6 +142,36 @@ void narrow_8(const float* values, std::size_t count, const code_range& range, s
 void narrow_16(const float* values, std::size_t count, const code_range& range, std::uint16_t* codes)
 {
     narrow_here(values, count, range, codes);
+}
+
+void widen_exactly_8(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    widen_exactly_here(codes, count, range, values);
+}
+
+void widen_exactly_16(const std::uint16_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    widen_exactly_here(codes, count, range, values);
+}
+
+void narrow_half_up_8(const float* values, std::size_t count, float largest, std::uint8_t* codes)
+{
+    narrow_half_up_here(values, count, largest, codes);
+}
+
+void narrow_half_up_16(const float* values, std::size_t count, float largest, std::uint16_t* codes)
+{
+    narrow_half_up_here(values, count, largest, codes);
+}
+
+void to_pixels_any(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
+{
+    to_pixels_here<false>(row, alpha, count, pixels);
+}
+
+void to_pixels_limited(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
+{
+    to_pixels_here<true>(row, alpha, count, pixels);
 }
 
 void split_here(const float* row, std::size_t pairs, float* even, float* odd)
@@ -122,6 +225,13 @@ HWY_EXPORT(widen_8);
 HWY_EXPORT(widen_16);
 HWY_EXPORT(narrow_8);
 HWY_EXPORT(narrow_16);
+HWY_EXPORT(widen_exactly_8);
+HWY_EXPORT(widen_exactly_16);
+HWY_EXPORT(narrow_half_up_8);
+HWY_EXPORT(narrow_half_up_16);
+HWY_EXPORT(to_pixels_any);
+HWY_EXPORT(to_pixels_limited);
+HWY_EXPORT(to_planes_here);
 HWY_EXPORT(split_here);
 HWY_EXPORT(join_here);
 HWY_EXPORT(halve_here);
@@ -145,6 +255,41 @@ void narrow(const float* values, std::size_t count, const code_range& range, std
 void narrow(const float* values, std::size_t count, const code_range& range, std::uint16_t* codes)
 {
     HWY_DYNAMIC_DISPATCH(narrow_16)(values, count, range, codes);
+}
+
+void widen_exactly(const std::uint8_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    HWY_DYNAMIC_DISPATCH(widen_exactly_8)(codes, count, range, values);
+}
+
+void widen_exactly(const std::uint16_t* codes, std::size_t count, const code_range& range, float* values)
+{
+    HWY_DYNAMIC_DISPATCH(widen_exactly_16)(codes, count, range, values);
+}
+
+void narrow_half_up(const float* values, std::size_t count, float largest, std::uint8_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(narrow_half_up_8)(values, count, largest, codes);
+}
+
+void narrow_half_up(const float* values, std::size_t count, float largest, std::uint16_t* codes)
+{
+    HWY_DYNAMIC_DISPATCH(narrow_half_up_16)(values, count, largest, codes);
+}
+
+void to_pixels(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
+{
+    HWY_DYNAMIC_DISPATCH(to_pixels_any)(row, alpha, count, pixels);
+}
+
+void to_limited_pixels(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
+{
+    HWY_DYNAMIC_DISPATCH(to_pixels_limited)(row, alpha, count, pixels);
+}
+
+void to_planes(const argb_float* pixels, std::size_t count, const rgb_planes<float>& row, float* alpha)
+{
+    HWY_DYNAMIC_DISPATCH(to_planes_here)(pixels, count, row, alpha);
 }
 
 void split(const float* row, std::size_t pairs, float* even, float* odd)

@@ -47,7 +47,7 @@ HWY_INLINE vector at_least(vector x, vector least)
 #endif
 }
 
-/// Calls store(first, to) for whole vectors of codes, and once more for a short rest.
+/// Calls store(first, to) for whole vectors of codes or pixels, and once more for a short rest.
 template <std::size_t step, class code, class function>
 HWY_INLINE void each_vector(std::size_t count, code* codes, const function& store)
 {

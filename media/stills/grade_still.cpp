@@ -1,9 +1,11 @@
 #include "media/stills/grade_still.h"
 
+#include "media/samples/object_pool.h"
 #include "media/samples/transfer_curve.h"
 
 #include <algorithm>
 #include <atomic>
+#include <span>
 
 namespace ov1::media
 {
@@ -11,7 +13,7 @@ namespace ov1::media
 namespace
 {
 
-constexpr std::size_t piece_rows = 16; // of a wide picture as many as a core's cache holds
+constexpr std::size_t piece_rows = 16; // as many rows of a wide picture as a core's cache holds
 static_assert(piece_rows % still_writer::row_multiple == 0);
 
 template <typename function>
@@ -32,64 +34,89 @@ void multiply_by_alpha(argb_float& c)
     for_channels(c, [a = c.a](float v) { return v * a; });
 }
 
-bool outside(float v) { return !(v >= 0.0f && v <= 1.0f); }
-
 /// The comparison sends NaN to 0.
 float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; }
 
-/// The samples of source and target, and what lies between them and the grade.
-class road
+/// Limits colours to 0..1 and returns how many pixels had one outside.
+std::uint64_t limit(argb_float* row, std::size_t count)
+{
+    const auto is_outside = [](float v) { return !(v >= 0.0f && v <= 1.0f); };
+    std::uint64_t outside = 0;
+    for (argb_float& c : std::span(row, count))
+    {
+        outside += is_outside(c.r) || is_outside(c.g) || is_outside(c.b);
+        for_channels(c, limited);
+    }
+    return outside;
+}
+
+/// Between the stored samples of source and target and the values that are graded.
+class still_grader
 {
 public:
-    road(const still_reader& source, still_writer& target, const row_grade& grade, transfer_choice choice)
+    still_grader(const still_reader& source, still_writer& target, const row_grade& grade_row, transfer_choice choice)
         : source(source)
         , target(target)
-        , grade(grade)
+        , grade_row(grade_row)
         , width(source.info().width)
         , from_linear(choice == transfer_choice::linear ||
                       (choice == transfer_choice::automatic && source.info().transfer == transfer::linear))
         , to_linear(choice != transfer_choice::none && target.info().transfer == transfer::linear)
+        , has_alpha(source.info().alpha != alpha_kind::none)
         , from_premultiplied(source.info().alpha == alpha_kind::premultiplied)
         , over_black(from_premultiplied && target.info().alpha == alpha_kind::none)
         , to_premultiplied(over_black || target.info().alpha == alpha_kind::premultiplied)
+        , may_be_outside(is_float(source.info().depth) || from_premultiplied)
+        , buffers([this] { return std::make_unique<buffer>(width, has_alpha); })
     {
     }
 
-    void carry(std::size_t piece)
+    void grade_piece(std::size_t piece)
     {
         const std::size_t first = piece * piece_rows;
         const std::size_t rows = std::min(piece_rows, source.info().height - first);
-        std::vector<argb_float> pixels(rows * width);
-        source.read_rows(first, rows, pixels.data());
-        if (grade)
-            grade_rows(first, pixels);
-        else if (from_linear != to_linear || from_premultiplied != to_premultiplied)
-            for (argb_float& c : pixels)
-                leave(enter(c), c);
-        target.write_rows(first, rows, pixels.data());
+        const auto own = buffers.take();
+        source.read_rows(first, rows, own->pixels.data());
+        for (std::size_t row = 0; row < rows; ++row)
+        {
+            argb_float* const stored = own->pixels.data() + row * width;
+            if (grade_row)
+                grade_stored(first + row, stored, has_alpha ? own->straight.data() : stored);
+            else if (from_linear != to_linear || from_premultiplied != to_premultiplied)
+                for (std::size_t x = 0; x < width; ++x)
+                    leave(enter(stored[x]), stored[x]);
+        }
+        target.write_rows(first, rows, own->pixels.data());
     }
 
     std::uint64_t limited_pixels() const { return limited_count; }
 
 private:
-    void grade_rows(std::size_t first, std::vector<argb_float>& pixels)
+    /// Rows that a thread works on.
+    struct buffer
     {
-        std::vector<argb_float> in(width), out(width);
-        std::uint64_t count = 0;
-        for (std::size_t row = 0; row * width < pixels.size(); ++row)
+        buffer(std::size_t width, bool has_alpha)
+            : pixels(piece_rows * width)
+            , straight(has_alpha ? width : 0)
         {
-            argb_float* const stored = pixels.data() + row * width;
-            for (std::size_t x = 0; x < width; ++x)
-            {
-                in[x] = enter(stored[x]);
-                count += outside(in[x].r) || outside(in[x].g) || outside(in[x].b);
-                for_channels(in[x], limited);
-            }
-            grade(first + row, in.data(), out.data(), width);
-            for (std::size_t x = 0; x < width; ++x)
-                leave(out[x], stored[x]);
         }
-        limited_count += count;
+
+        std::vector<argb_float> pixels;   ///< of a piece, as stored
+        std::vector<argb_float> straight; ///< a row that is graded while its alpha is kept; else it is graded in place
+    };
+
+    /// Grades a stored row in `graded`, which may be the same.
+    void grade_stored(std::size_t y, argb_float* stored, argb_float* graded)
+    {
+        if (graded != stored || from_linear)
+            for (std::size_t x = 0; x < width; ++x)
+                graded[x] = enter(stored[x]);
+        if (may_be_outside)
+            limited_count += limit(graded, width);
+        grade_row(y, graded, width);
+        if (graded != stored || to_linear)
+            for (std::size_t x = 0; x < width; ++x)
+                leave(graded[x], stored[x]);
     }
 
     bool passes(const argb_float& stored) const { return from_premultiplied && !(stored.a > 0.0f); }
@@ -115,7 +142,7 @@ private:
             for_channels(stored, srgb_decoded);
     }
 
-    /// Back again; the alpha is the stored one's.
+    /// Back again; the alpha is that of stored.
     void leave(argb_float graded, argb_float& stored) const
     {
         if (passes(stored))
@@ -133,12 +160,15 @@ private:
 
     const still_reader& source;
     still_writer& target;
-    const row_grade& grade;
+    const row_grade& grade_row;
     std::size_t width;
     bool from_linear, to_linear;
+    bool has_alpha;
     bool from_premultiplied;
-    bool over_black; ///< alpha is dropped: what is left is the picture over black, laid there as the source would
+    bool over_black; ///< alpha is dropped: what is left is the picture over black, composited as the source would
     bool to_premultiplied;
+    bool may_be_outside; ///< of 0..1 when it is graded: integers are not, and the sRGB curve keeps them there
+    object_pool<buffer> buffers;
     std::atomic<std::uint64_t> limited_count = 0;
 };
 
@@ -150,14 +180,14 @@ std::string limited_warning(std::uint64_t count, const still_info& info)
 
 } // namespace
 
-grade_report grade_still(const still_reader& source, still_writer& target, const row_grade& grade,
+grade_report grade_still(const still_reader& source, still_writer& target, const row_grade& grade_row,
                          transfer_choice choice, const piece_runner& run)
 {
     const still_info& info = source.info();
-    road way(source, target, grade, choice);
-    run((info.height + piece_rows - 1) / piece_rows, [&](std::size_t piece) { way.carry(piece); });
+    still_grader grader(source, target, grade_row, choice);
+    run((info.height + piece_rows - 1) / piece_rows, [&](std::size_t piece) { grader.grade_piece(piece); });
 
-    grade_report report{way.limited_pixels(), {}};
+    grade_report report{grader.limited_pixels(), {}};
     if (info.transfer == transfer::pq || info.transfer == transfer::hlg)
         report.warnings.push_back(std::string(info.transfer == transfer::pq ? "PQ" : "HLG") +
                                   " material is graded on its code values");

@@ -3,7 +3,7 @@
 #include "media/base/failures.h"
 #include "media/base/libav.h"
 #include "media/base/whole_file.h"
-#include "media/samples/unpack_span.h"
+#include "media/samples/frame_reader.h"
 #include "media/stills/picture_kind.h"
 
 extern "C"
@@ -202,8 +202,6 @@ still_reader::~still_reader() = default;
 still_reader::still_reader(still_reader&&) noexcept = default;
 still_reader& still_reader::operator=(still_reader&&) noexcept = default;
 
-void still_reader::frame_deleter::operator()(AVFrame* f) const { av_frame_free(&f); }
-
 result<> still_reader::open(const std::string& path)
 {
     auto file = whole_file::read(path);
@@ -222,20 +220,20 @@ result<> still_reader::open(const std::string& path)
     auto decoded = decode(kind, *file);
     if (!decoded)
         return decoded.error();
-    AVFrame& picture = **decoded;
-    if (facts.full_range && picture.color_range == AVCOL_RANGE_UNSPECIFIED)
-        picture.color_range = AVCOL_RANGE_JPEG;
-    if (!can_unpack(picture))
-        return unsupported("this " + name + " is not read: its samples are of an unusual kind");
+    const AVFrame& picture = **decoded;
+    const auto form = form_of(static_cast<AVPixelFormat>(picture.format), still_tags(picture, facts.full_range),
+                              picture.width, picture.height);
+    if (!form)
+        return unsupported("this " + name + " is not read: " + form.error().reason);
     description = describe(picture, kind, facts);
     notes = std::move(facts.warnings);
-    frame.reset(decoded->release());
+    frame = std::make_unique<frame_reader>(std::move(*decoded), *form);
     return {};
 }
 
-void still_reader::take(AVFrame* decoded, still_info known)
+void still_reader::take(std::unique_ptr<frame_reader> new_frame, still_info known)
 {
-    frame.reset(decoded);
+    frame = std::move(new_frame);
     description = std::move(known);
     notes.clear();
 }
@@ -244,27 +242,36 @@ void still_reader::read_rows(std::size_t first, std::size_t count, argb_float* o
 {
     const turn upright = turn_of(description.orientation);
     const std::size_t width = description.width;
-    const std::size_t height = description.height;
-    const std::size_t from = upright.flip_y ? height - first - count : first; // along the stored axis
     if (upright.swap_axes)
+        return read_turned_rows(first, count, out);
+    if (!upright.flip_x && !upright.flip_y)
+        return frame->read(0, first, width, count, out);
+    for (std::size_t y = first; y < first + count; ++y, out += width)
     {
-        // Rows are stored columns: a strip of them is read row by row and turned.
-        std::vector<argb_float> strip(count);
-        for (std::size_t row = 0; row < width; ++row)
-        {
-            unpack_span(*frame, from, row, count, strip.data());
-            const std::size_t x = upright.flip_x ? width - 1 - row : row;
-            for (std::size_t i = 0; i < count; ++i)
-                out[(upright.flip_y ? count - 1 - i : i) * width + x] = strip[i];
-        }
-        return;
-    }
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        argb_float* row = out + (upright.flip_y ? count - 1 - i : i) * width;
-        unpack_span(*frame, 0, from + i, width, row);
+        frame->read(0, upright.flip_y ? description.height - 1 - y : y, width, 1, out);
         if (upright.flip_x)
-            std::reverse(row, row + width);
+            std::reverse(out, out + width);
+    }
+}
+
+/// Rows are stored columns: a few stored rows at a time are read that wide, and turned.
+void still_reader::read_turned_rows(std::size_t first, std::size_t count, argb_float* out) const
+{
+    constexpr std::size_t most = 16;
+    const turn upright = turn_of(description.orientation);
+    const std::size_t width = description.width;
+    const std::size_t from = upright.flip_y ? description.height - first - count : first;
+    std::vector<argb_float> tile(most * count);
+    for (std::size_t row = 0; row < width; row += most)
+    {
+        const std::size_t rows = std::min(most, width - row);
+        frame->read(from, row, count, rows, tile.data());
+        for (std::size_t i = 0; i < count; ++i)
+            for (std::size_t j = 0; j < rows; ++j)
+            {
+                const std::size_t x = upright.flip_x ? width - 1 - row - j : row + j;
+                out[(upright.flip_y ? count - 1 - i : i) * width + x] = tile[j * count + i];
+            }
     }
 }
 

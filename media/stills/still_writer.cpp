@@ -2,8 +2,7 @@
 
 #include "media/base/failures.h"
 #include "media/base/libav.h"
-#include "media/samples/half_rounding.h"
-#include "media/samples/pack_rows.h"
+#include "media/samples/frame_writer.h"
 #include "media/stills/encoded_fixes.h"
 #include "media/stills/jpeg_tables.h"
 #include "media/stills/output_format.h"
@@ -14,7 +13,7 @@
 namespace ov1::media
 {
 
-static_assert(still_writer::row_multiple == pack_row_multiple);
+static_assert(still_writer::row_multiple == frame_writer::row_multiple);
 
 namespace
 {
@@ -186,7 +185,13 @@ result<> still_writer::create(const std::string& path, const still_info& source,
     made->height = static_cast<int>(info.height);
     if (av_frame_get_buffer(made.get(), 0) < 0)
         return cannot_write("not enough memory for the picture");
+    // YCbCr is JPEG's alone: ITU-T T.871.
+    const auto form =
+        form_of(layout.pixels, {AVCOL_RANGE_JPEG, AVCOL_SPC_BT470BG, AVCHROMA_LOC_CENTER}, made->width, made->height);
+    if (!form)
+        return form.error();
     frame.reset(made.release());
+    rows = std::make_unique<frame_writer>(*frame, *form, info.depth == depth::half);
     left_out = what_is_left_out(source, info);
     description = std::move(info);
     asked = request;
@@ -195,13 +200,7 @@ result<> still_writer::create(const std::string& path, const still_info& source,
 
 void still_writer::write_rows(std::size_t first, std::size_t count, const argb_float* in)
 {
-    if (description.depth != depth::half)
-        return pack_rows(*frame, first, count, in);
-    // libav cuts where it should round, so it gets what needs neither.
-    std::vector<argb_float> rounded(in, in + count * description.width);
-    for (argb_float& c : rounded)
-        c = {rounded_to_half(c.a), rounded_to_half(c.r), rounded_to_half(c.g), rounded_to_half(c.b)};
-    pack_rows(*frame, first, count, rounded.data());
+    rows->write(first, count, in);
 }
 
 result<std::vector<std::uint8_t>> still_writer::finish()
@@ -235,6 +234,7 @@ result<std::vector<std::uint8_t>> still_writer::finish()
         return cannot_write(description.format_name + " could not be encoded: " + messages.reason(result));
     std::vector<std::uint8_t> encoded(packet->data, packet->data + packet->size);
     fix_encoded(encoded, description);
+    rows.reset();
     frame.reset();
     return encoded;
 }

@@ -1,4 +1,4 @@
-// A still picture in the making, from rows of floats to the bytes of a file.
+// Writes a still picture: rows of floats become the bytes of a file.
 #pragma once
 
 #include "media/stills/still_info.h"
@@ -18,20 +18,23 @@ struct AVFrame;
 namespace ov1::media
 {
 
+class frame_writer;
+
 /// Which transfer the input is taken to have, and the output given.
 enum class transfer_choice
 {
-    automatic, ///< as the input is tagged; the output as its format is read elsewhere: EXR linear, others display
-    none,      ///< code values pass as they are
-    linear,    ///< input and output are linear, whatever they are tagged
+    automatic, ///< the input as it is tagged; the output as other programs expect its format: EXR linear, others
+               ///< display
+    none,      ///< code values are kept as they are
+    linear,    ///< input and output are linear, whatever the tags
 };
 
 struct write_request
 {
-    std::optional<media::depth> depth = {}; ///< the source's, or the one that loses least, if it is left open
-    std::optional<int> quality = {};        ///< 1..100, JPEG alone; 95 if it is left open
-    std::string pixel_format = {};          ///< libav's name; the format's usual one if it is empty
-    std::vector<std::pair<std::string, std::string>> options = {}; ///< of libav's encoder, over our own choice
+    std::optional<media::depth> depth = {}; ///< else the source's, or the one that loses least
+    std::optional<int> quality = {};        ///< 1..100, for JPEG only; else 95
+    std::string pixel_format = {};          ///< libav's name; if empty, the usual one of the format
+    std::vector<std::pair<std::string, std::string>> options = {}; ///< of libav's encoder; they override our own
     transfer_choice transfer = transfer_choice::automatic;
 };
 
@@ -47,21 +50,20 @@ public:
     still_writer& operator=(still_writer&&) noexcept;
 
     /// Prepares a picture like the source, in the format of the name's extension. Fails if the format cannot hold what
-    /// is asked for. Touches no file.
+    /// is requested. Opens no file.
     result<> create(const std::string& path, const still_info& source, const write_request& request);
 
     /// What is written: its depth, alpha and transfer say what write_rows takes.
     const still_info& info() const { return description; }
 
-    /// What the format or its encoder cannot carry, on one line; empty if all of the source is kept.
+    /// What the format or its encoder cannot store, in one line; empty if all of the source is kept.
     const std::string& warning() const { return left_out; }
 
     /// Code values of whole rows, alpha straight or premultiplied as the info says. Integers are limited to 0..1 and
-    /// rounded to the nearest. Any number of threads may write, each its own rows, beginning at a multiple of
-    /// row_multiple.
+    /// rounded to the nearest. Any number of threads may write, each its own rows, from a multiple of row_multiple on.
     void write_rows(std::size_t first, std::size_t count, const argb_float* in);
 
-    /// Encodes the picture; the bytes are the same for the same picture. The writer is then used up.
+    /// Encodes the picture; the same picture always gives the same bytes. The writer cannot be used again.
     result<std::vector<std::uint8_t>> finish();
 
 private:
@@ -71,6 +73,7 @@ private:
     };
 
     std::unique_ptr<AVFrame, frame_deleter> frame;
+    std::unique_ptr<frame_writer> rows; ///< into the frame
     still_info description;
     write_request asked;
     std::string left_out;

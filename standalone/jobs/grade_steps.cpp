@@ -16,13 +16,13 @@ media::row_grade grade_steps::for_stills() const
 {
     if (input == nullptr && effect == nullptr)
         return {};
-    return [steps = *this](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
+    return [steps = *this](std::size_t y, argb_float* row, std::size_t count)
     {
         if (steps.input != nullptr)
             for (std::size_t x = 0; x < count; ++x)
-                out[x] = steps.input->lookup(in[x]);
+                row[x] = steps.input->lookup(row[x]);
         if (steps.effect != nullptr)
-            steps.effect->render_row(y, steps.input != nullptr ? out : in, out, count);
+            steps.effect->render_row(y, row, row, count);
     };
 }
 

@@ -2,7 +2,7 @@
 
 #include "effect/lut/instruction_sets.h"
 #include "effect/lut/row_kernel.h"
-#include "media/base/libav.h"
+#include "media/samples/frames.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -13,82 +13,6 @@ namespace ov1::media
 {
 namespace
 {
-
-frame_ptr new_frame(AVPixelFormat pixels, int width, int height)
-{
-    frame_ptr frame(av_frame_alloc());
-    frame->format = pixels;
-    frame->width = width;
-    frame->height = height;
-    EXPECT_EQ(av_frame_get_buffer(frame.get(), 0), 0);
-    for (int i = 0; i < AV_NUM_DATA_POINTERS && frame->buf[i] != nullptr; ++i)
-        std::fill_n(frame->buf[i]->data, frame->buf[i]->size, std::uint8_t{0}); // codes are added to what is there
-    return frame;
-}
-
-frame_form form(AVPixelFormat pixels, const colour_tags& tags = {}, int width = 64, int height = 64)
-{
-    const auto made = form_of(pixels, tags, width, height);
-    EXPECT_TRUE(made) << made.error().reason;
-    return *made;
-}
-
-/// Codes of one component of a frame, by libav's own accessor.
-std::vector<std::uint16_t> codes_of(const AVFrame& frame, int component, int y, int width)
-{
-    const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
-    std::vector<std::uint16_t> codes(static_cast<std::size_t>(width));
-    av_read_image_line(codes.data(), const_cast<const std::uint8_t**>(frame.data), frame.linesize, format, 0, y,
-                       component, width, 0);
-    return codes;
-}
-
-void set_codes(AVFrame& frame, int component, int y, const std::vector<std::uint16_t>& codes)
-{
-    const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
-    av_write_image_line(codes.data(), frame.data, frame.linesize, format, 0, y, component,
-                        static_cast<int>(codes.size()));
-}
-
-struct component_size
-{
-    int width;
-    int height;
-};
-
-component_size size_of(const AVFrame& frame, const frame_form& form, int component)
-{
-    const bool is_chroma = form.family == colour_family::ycbcr && (component == 1 || component == 2);
-    return is_chroma ? component_size{static_cast<int>(form.across.samples(frame.width)),
-                                      static_cast<int>(form.down.samples(frame.height))}
-                     : component_size{frame.width, frame.height};
-}
-
-int components_of(const frame_form& form)
-{
-    return (form.family == colour_family::gray ? 1 : 3) + (form.has_alpha ? 1 : 0);
-}
-
-/// Every code set; luma and chroma so far from the ends that their colours lie within red, green and blue of 0..1.
-void fill(AVFrame& frame, const frame_form& form, unsigned seed)
-{
-    std::mt19937 engine(seed);
-    const double unit = std::ldexp(1, form.bits - 8);
-    for (int c = 0; c < components_of(form); ++c)
-    {
-        const bool is_chroma = form.family == colour_family::ycbcr && (c == 1 || c == 2);
-        std::uniform_int_distribution<int> code(static_cast<int>((is_chroma ? 104 : 72) * unit),
-                                                static_cast<int>((is_chroma ? 152 : 184) * unit));
-        const auto [width, height] = size_of(frame, form, c);
-        for (int y = 0; y < height; ++y)
-        {
-            std::vector<std::uint16_t> row(static_cast<std::size_t>(width));
-            for (auto& value : row)
-                value = static_cast<std::uint16_t>(code(engine));
-            set_codes(frame, c, y, row);
-        }
-    }
-}
 
 int largest_difference(const AVFrame& a, const AVFrame& b, const frame_form& form)
 {
@@ -283,18 +207,6 @@ TEST(frame_grader, every_instruction_set_and_every_cut_gives_the_same_codes)
             EXPECT_EQ(largest_difference(*first, *out, shape), 0);
         }
     }
-}
-
-TEST(frame_form, what_is_no_sum_of_weights_or_no_plain_sample_is_refused)
-{
-    const auto made = form_of(AV_PIX_FMT_YUV420P, {AVCOL_RANGE_MPEG, AVCOL_SPC_YCGCO, {}}, 64, 64);
-    ASSERT_FALSE(made);
-    EXPECT_NE(made.error().reason.find("ycgco"), std::string::npos) << made.error().reason;
-    EXPECT_FALSE(form_of(AV_PIX_FMT_PAL8, {}, 64, 64));
-    EXPECT_FALSE(form_of(AV_PIX_FMT_XYZ12LE, {}, 64, 64));
-    EXPECT_FALSE(can_be_written(form(AV_PIX_FMT_X2RGB10LE)));
-    EXPECT_EQ(form(AV_PIX_FMT_YUV420P, {}, 1920, 1080).weights.kr, 0.2126f);
-    EXPECT_EQ(form(AV_PIX_FMT_YUV420P, {}, 720, 576).weights.kr, 0.299f);
 }
 
 } // namespace

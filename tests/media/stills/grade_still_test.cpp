@@ -30,10 +30,9 @@ protected:
     grade_report report; ///< the latest
 };
 
-void keep(std::size_t, const argb_float* in, argb_float* out, std::size_t count)
+void keep(std::size_t, argb_float* row, std::size_t count)
 {
-    std::copy(in, in + count, out);
-    std::for_each(out, out + count, [](argb_float& c) { c.a = 0.123f; }); // nobody asks a table for alpha
+    std::for_each(row, row + count, [](argb_float& c) { c.a = 0.123f; }); // a table's alpha is not used
 }
 
 void expect_near(const argb_float& c, const argb_float& expected, float tolerance)
@@ -49,10 +48,10 @@ TEST_F(grading, premultiplied_linear_light_is_graded_straight_and_encoded)
     const still_info info = picture_info(1, 1, depth::full_float, premultiplied);
     const still_reader source = stored("a.exr", info, {{0.5f, 0.25f, 0.107f, 0.0f}});
     argb_float seen;
-    const row_grade half = [&](std::size_t, const argb_float* in, argb_float* out, std::size_t)
+    const row_grade half = [&](std::size_t, argb_float* row, std::size_t)
     {
-        seen = *in;
-        *out = {0.9f, in->r / 2, 1.0f, in->b};
+        seen = *row;
+        *row = {0.9f, row->r / 2, 1.0f, row->b};
     };
     const rows back = graded(source, "b.exr", half);
     // IEC 61966-2-1: 0.5 -> 0.735357, 0.214 -> 0.499956; back 0.367678 -> 0.111332
@@ -116,10 +115,10 @@ TEST_F(grading, transfer_follows_the_source_the_format_and_the_choice)
             const depth d = std::string(from) == "a.exr" ? depth::full_float : depth::u16;
             const still_reader source = stored(from, picture_info(1, 1, d), {{1, in_file, 0.0f, 1.0f}});
             float seen = expected;
-            const row_grade look = [&](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
+            const row_grade look = [&](std::size_t y, argb_float* row, std::size_t count)
             {
-                seen = in->r;
-                keep(y, in, out, count);
+                seen = row->r;
+                keep(y, row, count);
             };
             const rows back = graded(source, to, bypassed ? row_grade() : look, choice);
             EXPECT_NEAR(seen, expected, 1e-5f);
@@ -146,12 +145,12 @@ TEST_F(grading, rows_may_go_over_threads)
     const still_reader source = stored("a.png", picture_info(50, 101, depth::u8, alpha_kind::straight), pixels);
     std::mutex guard;
     std::multiset<std::size_t> seen;
-    const row_grade invert = [&](std::size_t y, const argb_float* in, argb_float* out, std::size_t count)
+    const row_grade invert = [&](std::size_t y, argb_float* row, std::size_t count)
     {
         const std::lock_guard lock(guard);
         seen.insert(y);
         for (std::size_t x = 0; x < count; ++x)
-            out[x] = {0, in[x].b, in[x].r, 1 - in[x].g};
+            row[x] = {0, row[x].b, row[x].r, 1 - row[x].g};
     };
     const piece_runner backwards_on_two = [](std::size_t pieces, const std::function<void(std::size_t)>& work)
     {
