@@ -1,6 +1,9 @@
 #include "media/samples/ycbcr_coding.h"
 
+#include "shared/luma_weights.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace ov1::media
 {
@@ -8,33 +11,27 @@ namespace ov1::media
 namespace
 {
 
-struct luma_weights
-{
-    double red;
-    double blue;
-};
-
 luma_weights luma_of(ycbcr_matrix matrix)
 {
     switch (matrix)
     {
     case ycbcr_matrix::bt709:
-        return {0.2126, 0.0722};
+        return bt709_luma;
     case ycbcr_matrix::bt2020:
-        return {0.2627, 0.0593};
+        return bt2020_luma;
     case ycbcr_matrix::fcc:
-        return {0.30, 0.11};
+        return fcc_luma;
     case ycbcr_matrix::smpte240m:
-        return {0.212, 0.087};
+        return smpte240m_luma;
     case ycbcr_matrix::bt601:
         break;
     }
-    return {0.299, 0.114};
+    return bt601_luma;
 }
 
 code_range range_of(int bits, bool is_full, double limited_zero, double full_zero, double limited_codes)
 {
-    const double unit = 1 << (bits - 8);
+    const double unit = std::ldexp(1.0, bits - 8);
     const double largest = (1 << bits) - 1;
     if (is_full)
         return {static_cast<float>(full_zero * unit), static_cast<float>(largest), 0.0f, static_cast<float>(largest)};
@@ -46,18 +43,17 @@ code_range range_of(int bits, bool is_full, double limited_zero, double full_zer
 
 ycbcr_weights weights_of(ycbcr_matrix matrix)
 {
-    const auto [kr, kb] = luma_of(matrix);
-    const double kg = 1 - kr - kb;
+    const luma_weights luma = luma_of(matrix);
     const auto f = [](double v) { return static_cast<float>(v); };
-    return {f(kr),
-            f(kg),
-            f(kb),
-            f(0.5 / (1 - kb)),
-            f(0.5 / (1 - kr)),
-            f(2 * (1 - kr)),
-            f(2 * (1 - kb) * kb / kg),
-            f(2 * (1 - kr) * kr / kg),
-            f(2 * (1 - kb))};
+    return {.kr = f(luma.red),
+            .kg = f(luma.green()),
+            .kb = f(luma.blue),
+            .cb_scale = f(1 / luma.cb_span()),
+            .cr_scale = f(1 / luma.cr_span()),
+            .red_cr = f(luma.cr_span()),
+            .green_cb = f(luma.cb_span() * luma.blue / luma.green()),
+            .green_cr = f(luma.cr_span() * luma.red / luma.green()),
+            .blue_cb = f(luma.cb_span())};
 }
 
 code_range luma_range(int bits, bool is_full) { return range_of(bits, is_full, 16, 0, 219); }

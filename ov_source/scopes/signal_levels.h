@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shared/argb_float.h"
+#include "shared/luma_weights.h"
 
 #include <array>
 #include <cstddef>
@@ -14,8 +15,15 @@ namespace ov1
 inline constexpr std::size_t level_count = 256;
 inline constexpr std::size_t last_level = level_count - 1;
 
+/// The weights of BT.709, which screens use, as floats.
+inline constexpr auto red_luma = static_cast<float>(bt709_luma.red);
+inline constexpr auto green_luma = static_cast<float>(bt709_luma.green());
+inline constexpr auto blue_luma = static_cast<float>(bt709_luma.blue);
+inline constexpr auto cb_span = static_cast<float>(bt709_luma.cb_span());
+inline constexpr auto cr_span = static_cast<float>(bt709_luma.cr_span());
+
 /// BT.709's luma of display-referred code values, 0..1 for channels in 0..1. ITU-R BT.709-6, 3.2.
-constexpr float luma_of(float r, float g, float b) { return 0.2126f * r + 0.7152f * g + 0.0722f * b; }
+constexpr float luma_of(float r, float g, float b) { return red_luma * r + green_luma * g + blue_luma * b; }
 
 /// BT.709's colour differences, each -0.5..0.5 for channels in 0..1. ITU-R BT.709-6, 3.3.
 struct colour_difference
@@ -27,14 +35,14 @@ struct colour_difference
 constexpr colour_difference colour_difference_of(float r, float g, float b)
 {
     const float y = luma_of(r, g, b);
-    return {(b - y) * (1 / 1.8556f), (r - y) * (1 / 1.5748f)};
+    return {(b - y) * (1 / cb_span), (r - y) * (1 / cr_span)};
 }
 
 /// The channels of a colour difference at luma 0.5, not limited: the inverse of the above.
 constexpr argb_float colour_of(const colour_difference& c)
 {
-    const float r = 0.5f + 1.5748f * c.cr, b = 0.5f + 1.8556f * c.cb;
-    return {1, r, (0.5f - 0.2126f * r - 0.0722f * b) * (1 / 0.7152f), b};
+    const float r = 0.5f + cr_span * c.cr, b = 0.5f + cb_span * c.cb;
+    return {1, r, (0.5f - red_luma * r - blue_luma * b) * (1 / green_luma), b};
 }
 
 /// Level of a colour difference of 0; a step of one level is 1 / 255, so that +0.5 is held to the last level.
