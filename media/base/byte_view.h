@@ -1,4 +1,4 @@
-// Numbers out of bytes that came from outside.
+// Numbers in bytes that came from outside.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +11,8 @@
 namespace ov1::media
 {
 
-/// A view of bytes with a byte order; owns nothing. What lies beyond the end reads as zero and equals no text, so that
-/// a damaged file can lead nowhere.
+/// A view of bytes with a byte order; owns nothing. Bytes beyond the end read as zero and match no text, so damaged
+/// files cannot lead outside.
 class byte_view
 {
 public:
@@ -36,7 +36,7 @@ public:
                std::memcmp(bytes.data() + at, text.data(), text.size()) == 0;
     }
 
-    /// The bytes from a place on, at most so many, fewer at the end.
+    /// At most count bytes from a place on; fewer at the end.
     std::span<const std::uint8_t> part(std::size_t at, std::size_t count = SIZE_MAX) const
     {
         at = std::min(at, size());

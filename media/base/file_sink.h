@@ -1,4 +1,4 @@
-// Bytes on their way from a muxer into an open file.
+// Takes the bytes of a muxer to an open file.
 #pragma once
 
 extern "C"
@@ -15,14 +15,14 @@ namespace ov1::media
 class file_sink
 {
 public:
-    /// Does not own the descriptor. What cannot be sought in is written straight on.
+    /// Does not own the descriptor. A file without seeking (a pipe) is written from start to end.
     explicit file_sink(int descriptor);
     ~file_sink();
     file_sink(const file_sink&) = delete;
     file_sink& operator=(const file_sink&) = delete;
 
     AVIOContext* get() { return context; }
-    /// Why bytes could not be written; empty if all were.
+    /// Why bytes could not be written; empty if all of them were.
     std::string reason() const;
 
 private:

@@ -1,4 +1,4 @@
-// Owners for libav's objects, and its messages kept off the terminal.
+// Owners for libav's objects, and its messages, which must not reach the terminal.
 #pragma once
 
 extern "C"
@@ -45,7 +45,7 @@ struct dictionary
         av_dict_set(&entries, name.c_str(), value.c_str(), 0);
     }
 
-    /// The first option that nobody has taken; empty if all were.
+    /// The first option that no codec has used; empty if all were used.
     std::string first_left() const
     {
         const AVDictionaryEntry* left = av_dict_get(entries, "", nullptr, AV_DICT_IGNORE_SUFFIX);
@@ -53,8 +53,8 @@ struct dictionary
     }
 };
 
-/// Collects what libav reports on this thread while it lives; from the first one on, libav prints nothing any more.
-/// One at a time on a thread.
+/// Collects what libav reports on this thread during its lifetime. From the first one on libav prints nothing. At most
+/// one for a thread at a time.
 class libav_messages
 {
 public:
@@ -70,7 +70,7 @@ public:
     std::string reason(int error_code) const;
 };
 
-/// How often decoders have reported an error since the program began, on whatever thread; and what was said last.
+/// How many errors decoders have reported on all threads since the program began, and the latest of them.
 std::uint64_t decoder_report_count();
 std::string last_decoder_report();
 

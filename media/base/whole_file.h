@@ -1,4 +1,4 @@
-// The bytes of a file, all at once.
+// All bytes of a file.
 #pragma once
 
 #include "shared/result.h"
@@ -12,7 +12,7 @@
 namespace ov1::media
 {
 
-/// Owns a file's bytes. Behind them lie zeros, as many as libav may read beyond an end.
+/// Owns a file's bytes. They are followed by zeros, as many as libav may read beyond an end.
 class whole_file
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     std::span<const std::uint8_t> bytes() const { return {data.get(), count}; }
 
-    /// Hands the bytes over, zeros included, to be freed with delete[]; the file is empty then.
+    /// Gives up the bytes with their zeros; the caller frees them with delete[]. The file is empty then.
     std::uint8_t* release()
     {
         count = 0;

@@ -1,4 +1,4 @@
-// A queue between two threads that holds only so much.
+// A queue of limited size between two threads.
 #pragma once
 
 #include <condition_variable>
@@ -10,8 +10,8 @@
 namespace ov1::media
 {
 
-/// The producer waits while it is full, the consumer while it is empty. Items have weights, and it is full when they
-/// weigh as much as its capacity or more.
+/// The producer waits while it is full, the consumer while it is empty. Items have weights; the queue is full when
+/// their sum reaches its capacity.
 template <typename T>
 class bounded_queue
 {
@@ -21,7 +21,7 @@ public:
     {
     }
 
-    /// False if the queue was closed: nobody will take the item.
+    /// False if the queue was closed; the item is dropped.
     [[nodiscard]] bool push(T item, std::size_t weight = 1)
     {
         std::unique_lock lock(mutex);
@@ -48,7 +48,7 @@ public:
         return true;
     }
 
-    /// Nothing more comes; what is in it can still be taken.
+    /// Ends the input; the items in the queue can still be taken.
     void close()
     {
         const std::scoped_lock lock(mutex);
@@ -56,7 +56,7 @@ public:
         changed.notify_all();
     }
 
-    /// Nothing more is taken either.
+    /// Ends input and output, and drops the items.
     void abandon()
     {
         const std::scoped_lock lock(mutex);

@@ -14,7 +14,7 @@ namespace ov1::media
 namespace
 {
 
-/// How a codec is told its quality.
+/// The scale of a codec's quality.
 enum class scale
 {
     none,      ///< lossless, or the profile is the quality
@@ -82,7 +82,7 @@ const codec_row* find_row(AVCodecID id)
     return found != rows.end() ? &*found : nullptr;
 }
 
-/// Codecs without losses need no setting, so any of them is written that libav writes.
+/// Lossless codecs need no settings, so every one that libav encodes can be written.
 const AVCodec* lossless_encoder(AVCodecID id)
 {
     const AVCodecDescriptor* descriptor = avcodec_descriptor_get(id);
@@ -91,12 +91,10 @@ const AVCodec* lossless_encoder(AVCodecID id)
     return is_lossless ? avcodec_find_encoder(id) : nullptr;
 }
 
-bool has_shared_chroma(const frame_form& form) { return form.across.log2 != 0 || form.down.log2 != 0; }
-
-/// The source's profile, or one that holds its samples.
+/// The source's profile, or one that can store its samples.
 void add_profile(const codec_row& row, const AVCodecParameters& source, const frame_form& form, clip_codec& codec)
 {
-    const bool is_full_chroma = form.family == colour_family::rgb || !has_shared_chroma(form);
+    const bool is_full_chroma = form.family == colour_family::rgb || !form.shares_chroma();
     if (row.name == "prores")
     {
         const bool same = source.codec_id == row.id && source.profile >= 0;
@@ -147,7 +145,7 @@ result<> set_quality(const codec_row& row, const clip_request& request, clip_cod
     return {};
 }
 
-/// Less is better.
+/// A cost for what is lost and, much lower, for what is added; less is better.
 int loss(const frame_form& from, const frame_form& to)
 {
     const auto lost = [](int before, int after, int weight_lost, int weight_added)
@@ -161,7 +159,7 @@ int loss(const frame_form& from, const frame_form& to)
     return sum + (from.family != to.family ? 20 : 0);
 }
 
-/// The formats that an encoder takes and the grade can write.
+/// The pixel formats that an encoder takes and a frame_grader writes.
 std::vector<frame_form> written_forms(const AVCodec& encoder, const frame_form& source)
 {
     std::vector<frame_form> forms;

@@ -1,4 +1,4 @@
-// Which encoder writes a clip, how, and in which pixel format.
+// The encoder of a graded clip, its settings and its pixel format.
 #pragma once
 
 #include "media/clips/clip_request.h"
@@ -23,19 +23,19 @@ struct clip_codec
     const AVCodec* encoder = nullptr;
     std::string name; ///< "h264", "prores_hq", ...
     std::vector<std::pair<std::string, std::string>> options = {};
-    std::optional<int> quantizer = {}; ///< of codecs with a fixed one
+    std::optional<int> quantizer = {}; ///< for codecs with a fixed quantizer
 };
 
-/// The codec that is asked for by name, else the source's, with the quality that is asked for, else one at which losses
-/// are hard to see. The source's form tells which of a codec's profiles is needed. Fails, saying what to ask for, where
-/// there is no encoder or no such setting.
+/// The requested codec, else the source's; the requested quality, else one whose losses are hard to see. The profile
+/// follows from the source's form. Fails where there is no encoder or no such setting, with a hint at what to request.
 result<clip_codec> choose_codec(const AVCodecParameters& source, const frame_form& form, const clip_request& request);
 
-/// The encoder's pixel format that is asked for, else the source's, else the one that loses least of it. Fails, listing
-/// the formats, where it has none of the kind.
+/// The requested pixel format, else the source's, else the one of the encoder that loses least. Fails where the encoder
+/// has none, with a list of its formats.
 result<AVPixelFormat> choose_pixels(const clip_codec& codec, const frame_form& form, const clip_request& request);
 
-/// What is lost of the source's samples: "alpha", "bits below 8", "chroma of every second pixel"; empty if nothing.
+/// What the output loses of the source's samples: "alpha", "more than 8 bits", "chroma of every pixel"; empty if
+/// nothing.
 std::string lost_samples(const frame_form& from, const frame_form& to);
 
 } // namespace ov1::media

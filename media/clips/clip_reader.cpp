@@ -17,7 +17,7 @@ struct clip_reader::state
     clip_request request;
     std::uint64_t next = 0; ///< index of the frame that comes next
     std::int64_t start = 0; ///< time of the first frame
-    frame_ptr ahead;        ///< read already, and not yet given
+    frame_ptr ahead;        ///< decoded, but not yet returned
     std::vector<clip_damage> dropped;
 
     /// The next frame in the file.
@@ -45,7 +45,7 @@ struct clip_reader::state
 namespace
 {
 
-constexpr std::uint64_t frames_worth_reading = 48; ///< rather than searching for a later one
+constexpr std::uint64_t frames_worth_reading = 48; ///< instead of seeking to a later one
 
 still_info describe(const AVFrame& frame, const clip_info& clip)
 {

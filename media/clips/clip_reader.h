@@ -15,7 +15,8 @@ namespace ov1::media
 
 class clip_source;
 
-/// For previews and for frames that become pictures. One thread at a time.
+/// For previews and for frames that are written as pictures. Their colours are those of the graded clip. One thread at
+/// a time.
 class clip_reader
 {
 public:
@@ -24,18 +25,19 @@ public:
     clip_reader(clip_reader&&) noexcept;
     clip_reader& operator=(clip_reader&&) noexcept;
 
-    /// Of the request, range, matrix and threads matter. Fails for what is no clip, or of a form that is not read.
+    /// Uses range, matrix and threads of the request. Fails for files that are no clips, and for pixel formats and
+    /// colour matrices that are not supported; after a failure the former clip is still open.
     result<> open(const std::string& path, const clip_request& request);
 
     const clip_info& info() const;
 
-    /// The frame with an index from 0 on, upright; of a clip whose rate varies the one that is shown at index divided
-    /// by the mean rate, and the last one for an index beyond. Frames one after the other are read without searching.
-    /// Fails where nothing can be decoded there.
+    /// The frame with an index from 0 on, upright; the last one for an index beyond. Where the frame rate varies, it is
+    /// the frame shown at the time index / mean rate. Consecutive frames are read without seeking. Fails where nothing
+    /// can be decoded there.
     result<still_reader> read_frame(std::uint64_t index);
 
-    /// The frame after the last one that was read, the first one after opening; false at the end. Damage on the way is
-    /// added.
+    /// The frame after the one that was read last, at first the first one; false at the end. Damage in between is
+    /// appended to damages.
     [[nodiscard]] bool read_next(still_reader& picture, std::vector<clip_damage>& damages);
 
 private:

@@ -68,7 +68,7 @@ result<> clip_source::open(const std::string& path, unsigned int threads)
     if (is_folder(path))
         return unreadable("is a folder");
     AVFormatContext* opened = nullptr;
-    const std::string url = "file:" + path; // so that no name is taken for an address
+    const std::string url = "file:" + path; // so that no name is read as a URL
     const int result = avformat_open_input(&opened, url.c_str(), nullptr, nullptr);
     format.reset(opened);
     if (result == AVERROR(ENOENT))
@@ -143,11 +143,11 @@ void clip_source::read_more()
         avcodec_send_packet(decoder.get(), nullptr);
         receive(messages);
         if (report)
-            tell_damage(report->time, "a frame near here is damaged: " + report->text);
+            add_damage(report->time, "a frame near here is damaged: " + report->text);
         if (read != AVERROR_EOF)
-            tell_damage(last_time, "the file cannot be read to its end: " + messages.reason(read));
+            add_damage(last_time, "the file cannot be read to its end: " + messages.reason(read));
         else
-            tell_missing();
+            add_missing_frames();
         return;
     }
     if (packet->stream_index != picture)
@@ -165,7 +165,7 @@ void clip_source::read_more()
         sent = avcodec_send_packet(decoder.get(), packet.get());
     }
     if (sent < 0)
-        tell_failure(messages.reason(sent));
+        add_failed_frame(messages.reason(sent));
     receive(messages);
 }
 
@@ -180,7 +180,7 @@ void clip_source::receive(const libav_messages& messages)
         if (result >= 0)
             receive_frame(std::move(frame));
         else
-            tell_failure(messages.reason(result));
+            add_failed_frame(messages.reason(result));
     }
 }
 
@@ -193,7 +193,7 @@ void clip_source::receive_frame(frame_ptr frame)
     last_time = frame->pts;
     if (frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0)
     {
-        tell_damage(frame->pts, "the frame is damaged");
+        add_damage(frame->pts, "the frame is damaged");
         reports = decoder_report_count();
         report.reset();
     }
@@ -203,9 +203,9 @@ void clip_source::receive_frame(frame_ptr frame)
     ready.push_back({std::move(frame), nullptr, {}});
 }
 
-/// Decoders whose frames stand alone may say by a report alone that they have guessed; those of other codecs report
-/// much that does no harm. A report runs ahead of its frame by as many as are decoded at a time, and a failure may
-/// follow.
+/// Decoders of intra-only codecs may conceal errors and say so in a message only; decoders of other codecs also report
+/// harmless things. A message comes earlier than its frame, by up to the number of decoding threads, and a failure of
+/// the same frame may follow it.
 void clip_source::watch_reports()
 {
     const AVCodecDescriptor* codec = avcodec_descriptor_get(decoder->codec_id);
@@ -213,7 +213,7 @@ void clip_source::watch_reports()
         return;
     if (report && --report->frames_left <= 0)
     {
-        tell_damage(report->time, "a frame near here is damaged: " + report->text);
+        add_damage(report->time, "a frame near here is damaged: " + report->text);
         report.reset();
     }
     if (!report && decoder_report_count() != reports)
@@ -221,25 +221,25 @@ void clip_source::watch_reports()
     reports = decoder_report_count();
 }
 
-/// Frames come in the order of their packets, or fail in it.
-void clip_source::tell_failure(std::string reason)
+/// Frames come, or fail, in the order of their packets.
+void clip_source::add_failed_frame(std::string reason)
 {
-    tell_damage(waiting.empty() ? last_time : waiting.front(), "the frame could not be decoded: " + reason);
+    add_damage(waiting.empty() ? last_time : waiting.front(), "the frame could not be decoded: " + reason);
     if (!waiting.empty())
         waiting.pop_front();
     reports = decoder_report_count();
     report.reset();
 }
 
-void clip_source::tell_missing()
+void clip_source::add_missing_frames()
 {
     const std::int64_t wanted = get_picture().nb_frames;
     if (!has_sought && wanted > 0 && packets < static_cast<std::uint64_t>(wanted))
-        tell_damage(last_time, "the file ends " + std::to_string(wanted - static_cast<std::int64_t>(packets)) +
-                                   " frames before its clip does");
+        add_damage(last_time, "the file ends " + std::to_string(wanted - static_cast<std::int64_t>(packets)) +
+                                  " frames before its clip does");
 }
 
-void clip_source::tell_damage(std::int64_t time, std::string reason)
+void clip_source::add_damage(std::int64_t time, std::string reason)
 {
     ready.push_back({nullptr, nullptr, clip_damage{seconds_of(time), std::move(reason)}});
 }

@@ -1,4 +1,4 @@
-// A clip's file, open: packets of all streams in their order, and those of the picture decoded.
+// An open clip: the packets of its streams in file order, those of the picture decoded.
 #pragma once
 
 #include "media/base/libav.h"
@@ -17,7 +17,7 @@ extern "C"
 namespace ov1::media
 {
 
-/// One of the three.
+/// Exactly one of the three is set.
 struct clip_item
 {
     frame_ptr frame;   ///< of the picture; its pts is in the stream's time base
@@ -28,8 +28,8 @@ struct clip_item
 class clip_source
 {
 public:
-    /// Opens a file and decodes up to the first frame of its picture: of several, the one that players choose. So many
-    /// threads decode, 0 for as many as there are processors.
+    /// Opens a file and decodes up to the first frame of its picture; of several video streams it takes the one that
+    /// players choose. The number of decoding threads is 0 for all processors.
     result<> open(const std::string& path, unsigned int threads);
 
     const AVFormatContext& get_format() const { return *format; }
@@ -37,10 +37,10 @@ public:
     const AVFrame& get_first_frame() const { return *first; }
     const clip_info& get_info() const { return info; }
 
-    /// The next item in the file's order; false at the end. Damage is told, and the rest goes on.
+    /// The next item in file order; false at the end. Damage is an item of its own, and decoding continues.
     [[nodiscard]] bool next(clip_item& item);
 
-    /// Goes to the last frame that can be decoded on its own, not after a time in the stream's time base.
+    /// Seeks to the last key frame at or before a time in the stream's time base.
     [[nodiscard]] bool seek(std::int64_t time);
 
 private:
@@ -54,17 +54,17 @@ private:
     void receive(const libav_messages& messages);
     void receive_frame(frame_ptr frame);
     void watch_reports();
-    void tell_failure(std::string reason);
-    void tell_damage(std::int64_t time, std::string reason);
-    void tell_missing();
+    void add_failed_frame(std::string reason);
+    void add_damage(std::int64_t time, std::string reason);
+    void add_missing_frames();
     double seconds_of(std::int64_t time) const;
 
-    /// What a decoder has said on its way.
+    /// An error message of the decoder that may belong to a frame.
     struct decoder_report
     {
         std::int64_t time;
         std::string text;
-        int frames_left; ///< until it is told
+        int frames_left; ///< until it is reported as damage
     };
 
     std::unique_ptr<AVFormatContext, closer> format;
@@ -73,9 +73,9 @@ private:
     frame_ptr first;
     clip_info info;
     std::deque<clip_item> ready;
-    std::deque<std::int64_t> waiting; ///< times of the packets that no frame has come of yet, as they were sent
+    std::deque<std::int64_t> waiting; ///< times of the packets that have given no frame yet, in the order sent
     std::uint64_t packets = 0;        ///< of the picture
-    std::uint64_t reports = 0;        ///< of decoders, seen so far
+    std::uint64_t reports = 0;        ///< messages of decoders seen so far
     std::optional<decoder_report> report;
     std::int64_t last_time = 0;
     bool is_at_end = false;

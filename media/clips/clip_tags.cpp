@@ -33,8 +33,8 @@ std::string lower_case(std::string_view text)
     return lower;
 }
 
-/// Matroska's own come with a language behind them: "BPS-eng".
-bool is_the_containers(std::string_view name)
+/// Matroska appends a language to its own tags: "BPS-eng".
+bool is_container_tag(std::string_view name)
 {
     const std::string lower = lower_case(name);
     const std::string_view plain = std::string_view(lower).substr(0, lower.find('-'));
@@ -48,7 +48,7 @@ void copy_tags(const AVDictionary* from, AVDictionary** to)
 {
     const AVDictionaryEntry* tag = nullptr;
     while ((tag = av_dict_get(from, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
-        if (!is_the_containers(tag->key))
+        if (!is_container_tag(tag->key))
             av_dict_set(to, tag->key, tag->value, 0);
 }
 

@@ -59,7 +59,7 @@ AVRational rate_of(const AVStream& stream)
     return rate.num > 0 && rate.den > 0 ? rate : AVRational{25, 1};
 }
 
-/// The source's own, so that every frame keeps its time; codecs and containers of a fixed rate count frames.
+/// The source's time base, so that every frame keeps its time; with codecs and containers of a fixed rate, the rate.
 AVRational encoder_time_base(const AVStream& stream, AVCodecID codec, const AVOutputFormat* container)
 {
     constexpr int largest_of_mpeg4 = 65535;
@@ -205,8 +205,8 @@ AVStream* clip_target::add_picture(AVFormatContext& to) const
     return stream;
 }
 
-/// Found out by writing the head of a file with the picture and the stream, into nowhere.
-bool clip_target::is_held(const AVStream* other) const
+/// Tried by writing a header for the picture and the stream to memory.
+bool clip_target::can_hold(const AVStream* other) const
 {
     const libav_messages messages;
     AVFormatContext* made = nullptr;
@@ -229,8 +229,8 @@ bool clip_target::is_held(const AVStream* other) const
 
 result<> clip_target::plan_streams()
 {
-    if (!is_held(nullptr))
-        return unsupported(std::string(container->name) + " holds no " + codec.name + " of this kind",
+    if (!can_hold(nullptr))
+        return unsupported(std::string(container->name) + " cannot hold this kind of " + codec.name,
                            "end the name in .mov or .mkv, or ask for another with --codec");
     const AVFormatContext& format = source->get_format();
     std::map<std::string, int> numbers;
@@ -251,7 +251,7 @@ clip_stream clip_target::plan_of(const AVStream& stream, const std::string& name
         return {name, stream_fate::remade, is_mov_family(*container) ? "" : "as metadata"};
     if (is_chapter_text(source->get_format(), stream))
         return {name, stream_fate::remade, "as chapters"};
-    if (!is_held(&stream))
+    if (!can_hold(&stream))
         return {name, stream_fate::left_out, std::string(container->name) + " cannot hold it"};
     const bool is_picture =
         stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO && (stream.disposition & AV_DISPOSITION_ATTACHED_PIC) == 0;
@@ -321,7 +321,7 @@ result<> clip_target::begin(int descriptor)
     return written_or_failure(code);
 }
 
-/// Done for a code of libav that is no error, else the file's failure, where there was one, or libav's.
+/// For a result of libav: a failure of the file, where there was one, comes before libav's own text.
 result<> clip_target::written_or_failure(int code) const
 {
     if (code >= 0)
@@ -389,7 +389,7 @@ result<> clip_target::write_packet(packet_ptr packet)
     return waiting_bytes < most_waiting_bytes ? result<>() : write_waiting(nullptr);
 }
 
-/// Those that come no later than a packet of the picture; without one, all.
+/// Writes those that are due before a packet of the picture; without one, all.
 result<> clip_target::write_waiting(const AVPacket* before)
 {
     while (!waiting.empty())
@@ -415,7 +415,7 @@ result<> clip_target::write(AVPacket& packet)
     if (packet.dts == AV_NOPTS_VALUE)
         packet.dts = packet.pts != AV_NOPTS_VALUE ? packet.pts : last != AV_NOPTS_VALUE ? last + 1 : 0;
     const std::int64_t step = (container->flags & AVFMT_TS_NONSTRICT) != 0 ? 0 : 1;
-    if (last != AV_NOPTS_VALUE && packet.dts < last + step) // muxers take nothing that goes back in time
+    if (last != AV_NOPTS_VALUE && packet.dts < last + step) // muxers require rising times
         packet.dts = last + step;
     if (packet.pts == AV_NOPTS_VALUE || packet.pts < packet.dts)
         packet.pts = packet.dts;

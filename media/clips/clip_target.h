@@ -1,4 +1,4 @@
-// A graded clip in the making: its encoder, its container, and every stream of the source that the container holds.
+// Writes a graded clip: its encoder, its container, and all other streams of the source that the container can hold.
 #pragma once
 
 #include "media/clips/clip_codec.h"
@@ -16,7 +16,6 @@
 namespace ov1::media
 {
 
-/// Bytes on their way into an open file, and what went wrong with them.
 class file_sink;
 
 class clip_target
@@ -27,23 +26,23 @@ public:
     clip_target(const clip_target&) = delete;
     clip_target& operator=(const clip_target&) = delete;
 
-    /// Opens an encoder and decides what becomes of every stream. The container is that of the name's extension;
-    /// /dev/null takes frames and keeps nothing, for measuring. Touches no file. The source outlives the target.
+    /// Opens an encoder and decides how every stream is written. The extension of the name selects the container; for
+    /// /dev/null frames are discarded, for benchmarks. Opens no file. The source outlives the target.
     result<> create(const clip_source& source, const std::string& path, const clip_request& request);
 
     /// Of each stream of the source, in its order.
     const std::vector<clip_stream>& get_streams() const { return streams; }
-    /// What the output holds less of than the source, one line each.
+    /// What the output loses, one line each.
     const std::vector<std::string>& get_warnings() const { return warnings; }
     const clip_info& get_info() const { return info; }
 
-    /// The source's samples as the request has them understood, and the output's.
+    /// The samples of the source, with the request's range and matrix, and those of the output.
     const frame_form& get_source_form() const { return source_form; }
     const frame_form& get_form() const { return form; }
 
-    /// Writes the head into an open file, which has to stay open until the end.
+    /// Writes the header to an open file, which has to stay open until the end.
     result<> begin(int descriptor);
-    /// A frame of the output's form; its pts is in the source's time base. The frame may be changed.
+    /// A frame of the output's form, with a pts in the source's time base. It may be modified.
     result<> write_frame(AVFrame& frame);
     /// A packet of another stream, as the source gave it.
     result<> write_packet(packet_ptr packet);
@@ -61,7 +60,7 @@ private:
     result<> open_encoder(const clip_request& request);
     result<> plan_streams();
     clip_stream plan_of(const AVStream& stream, const std::string& name) const;
-    bool is_held(const AVStream* other) const;
+    bool can_hold(const AVStream* other) const;
     AVStream* add_picture(AVFormatContext& output) const;
     void set_head(AVFormatContext& output) const;
     void add_warnings();
@@ -72,7 +71,7 @@ private:
     result<> written_or_failure(int code) const;
 
     const clip_source* source = nullptr;
-    const AVOutputFormat* container = nullptr; ///< null keeps nothing
+    const AVOutputFormat* container = nullptr; ///< null discards everything
     clip_codec codec;
     codec_ptr encoder;
     frame_form source_form;
@@ -88,7 +87,7 @@ private:
     std::vector<std::int64_t> last_dts;             ///< of the output's streams, in their time bases
     std::map<std::int64_t, std::int64_t> durations; ///< of frames in the encoder, by their time
     std::int64_t last_frame = AV_NOPTS_VALUE;
-    std::deque<packet_ptr> waiting; ///< packets of other streams, until the picture has come as far
+    std::deque<packet_ptr> waiting; ///< packets of other streams, until the picture has reached their time
     std::size_t waiting_bytes = 0;
 };
 

@@ -25,7 +25,7 @@ using item_queue = bounded_queue<clip_item>;
 
 std::size_t weight_of(const clip_item& item) { return item.frame != nullptr ? frame_weight : 1; }
 
-/// Frames whose memory is used again and again.
+/// Frames whose memory is reused.
 class frame_pool
 {
 public:

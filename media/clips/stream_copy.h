@@ -1,4 +1,4 @@
-// The streams of a clip beside the one that is graded: what they are called, and how they are carried over.
+// The streams of a clip that are not graded: their names, and copies of them.
 #pragma once
 
 extern "C"
@@ -17,16 +17,16 @@ std::string kind_name(const AVStream& stream);
 /// "audio 2 (aac, deu)".
 std::string stream_name(const AVStream& stream, int number);
 
-/// A track that counts time for editors; muxers make it anew from the tag.
+/// A timecode track; muxers write it from the metadata.
 bool is_timecode(const AVStream& stream);
 
-/// A track that names the clip's chapters.
+/// A text track with the names of the chapters.
 bool is_chapter_text(const AVFormatContext& format, const AVStream& stream);
 
-/// Rotation, mastering display and the like; disposition; metadata; rates.
+/// Copies side data (rotation, mastering display, ...), disposition, metadata and rates.
 void copy_facts(AVStream& to, const AVStream& from);
 
-/// A new stream for the packets of another, as they are. Null without memory.
+/// A new stream for the unchanged packets of another. Null without memory.
 AVStream* copy_stream(AVFormatContext& output, const AVStream& from);
 
 } // namespace ov1::media

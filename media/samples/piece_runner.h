@@ -1,4 +1,4 @@
-// Work cut into pieces, and who runs them.
+// Work in pieces, and the function that runs them.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace ov1::media
 /// Calls the work once for each piece 0..pieces-1, in any order and on any threads, and returns when all are done.
 using piece_runner = std::function<void(std::size_t pieces, const std::function<void(std::size_t piece)>& work)>;
 
-/// One piece after the other, on the caller's thread.
+/// Runs one piece after the other on the caller's thread.
 inline void run_in_turn(std::size_t pieces, const std::function<void(std::size_t piece)>& work)
 {
     for (std::size_t piece = 0; piece < pieces; ++piece)

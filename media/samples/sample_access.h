@@ -1,4 +1,4 @@
-// Reading and writing one component of a row, whatever its layout.
+// Reads one component of a row in any layout.
 #pragma once
 
 extern "C"
@@ -34,8 +34,8 @@ struct sample_layout
     int offset; ///< bytes before the first sample
     int shift;  ///< bits below the sample
     int depth;  ///< bits
-    int bytes;  ///< in which the sample lies: 1, 2 or 4
-    bool swap;  ///< these bytes are in the other order
+    int bytes;  ///< that the sample lies in: 1, 2 or 4
+    bool swap;  ///< these bytes are not in this machine's order
     bool is_float;
 
     std::uint32_t mask() const { return static_cast<std::uint32_t>((std::uint64_t{1} << depth) - 1); }
@@ -54,7 +54,7 @@ inline sample_layout layout_of(const AVPixFmtDescriptor& format, int component)
     return layout;
 }
 
-/// Calls take(i, code) for so many samples from a place on, code being the integer as stored.
+/// Calls take(i, code) for count samples; code is the integer as stored.
 template <typename taker>
 void each_code(const sample_layout& layout, const std::uint8_t* from, std::size_t count, taker&& take)
 {

@@ -4,8 +4,8 @@
 namespace ov1::media
 {
 
-// Source: IEC 61966-2-1 (sRGB). Within 0..1 both read a table and are within 1e-7 of the formula, relative; beyond it
-// the formula itself is used, mirrored at zero. A NaN stays one.
+// Source: IEC 61966-2-1 (sRGB). Within 0..1 both interpolate in a table, with a relative error of at most 1e-7; outside
+// they compute the formula, mirrored at zero. A NaN stays a NaN.
 
 /// Linear light to a code value.
 float srgb_encoded(float linear);

@@ -1,9 +1,9 @@
-// Luma and colour differences as numbers: what they are made of, how codes stand for them, and where chroma sits.
+// Luma and colour differences as numbers: how they follow from colours, how codes represent them, where chroma lies.
 //
 //   luma      Y, 0..1, a weighted sum of red, green and blue
-//   chroma    Cb and Cr, -0.5..0.5, blue and red less luma, scaled; often stored for every second pixel only
-//   range     how codes stand for values: full (all codes), or limited (16..235 and 16..240 of 8 bits)
-//   site      the pixel on which a chroma sample sits, or amid all of its pixels
+//   chroma    Cb and Cr, -0.5..0.5: blue and red less luma, scaled; often stored only for every second pixel
+//   range     how codes represent values: full (all codes), or limited (16..235 and 16..240 of 8 bits)
+//   site      the pixel on which a chroma sample lies; without one, it lies in the middle of its pixels
 #pragma once
 
 #include <cstddef>
@@ -33,7 +33,7 @@ struct ycbcr_weights
 /// Source: ITU-T H.273, table 4.
 ycbcr_weights weights_of(ycbcr_matrix matrix);
 
-/// value = (code - zero) / codes_per_unit. Codes that are written lie within least..most.
+/// value = (code - zero) / codes_per_unit. Written codes lie within least..most.
 struct code_range
 {
     float zero;
@@ -42,29 +42,29 @@ struct code_range
     float most;
 };
 
-/// Of luma, and of red, green and blue; bits 8..16. Source: ITU-T H.273, equations 20 to 31. Limited ranges never give
-/// the codes that ITU-R BT.709 keeps for synchronisation.
+/// Of luma, and of red, green and blue. Bits are 8..16 for limited ranges, 1..16 for full ones. Source: ITU-T H.273,
+/// equations 20 to 31. Limited ranges exclude the codes that ITU-R BT.709 reserves for synchronisation.
 code_range luma_range(int bits, bool is_full);
 code_range chroma_range(int bits, bool is_full);
 
-/// One axis of a chroma plane against the luma plane: 2^log2 pixels for each sample.
+/// One axis of a chroma plane relative to the luma plane: 2^log2 pixels for each sample.
 struct chroma_axis
 {
     unsigned int log2 = 0;
-    std::optional<std::size_t> site; ///< 0 or 1, of two pixels; none: amid its pixels, of which there may be any number
+    std::optional<std::size_t> site; ///< 0 or 1, where log2 is 1; none: in the middle of its pixels
 
     std::size_t samples(std::size_t pixels) const { return (pixels + (std::size_t{1} << log2) - 1) >> log2; }
     bool operator==(const chroma_axis&) const = default;
 };
 
-// Samples that sit amid their pixels stand for all of them alike, and are given back as their mean. Samples that sit on
-// a pixel are interpolated linearly, and given back by the five weights that undo exactly that: the 5/3 pair of
-// ITU-T T.800, Annex F. So chroma that is not graded returns as it was.
+// A sample in the middle of its pixels is decoded as the chroma of each of them, and encoded as their mean. Samples
+// that lie on a pixel are interpolated linearly, and encoded with the five weights that exactly undo this: the 5/3
+// filter pair of ITU-T T.800, Annex F. So chroma that is not graded comes back unchanged.
 
 /// Weights of the pixels from site - 2 to site + 2.
 inline constexpr float taps_on_site[5] = {-0.125f, 0.25f, 0.75f, 0.25f, -0.125f};
 
-/// The samples from which a pixel takes its chroma: one, or the mean of it and the next.
+/// The samples that a pixel takes its chroma from: one, or the mean of it and the next.
 struct chroma_source
 {
     std::size_t sample;
@@ -73,7 +73,7 @@ struct chroma_source
     bool operator==(const chroma_source&) const = default;
 };
 
-/// Both samples lie within the plane: the outermost go on.
+/// Both samples lie within the plane: beyond its edges the outermost ones are repeated.
 chroma_source chroma_at(const chroma_axis& axis, std::size_t pixel, std::size_t samples);
 
 } // namespace ov1::media

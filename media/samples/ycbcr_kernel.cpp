@@ -80,7 +80,7 @@ HWY_INLINE void store_pairs(const code_pairs& codes, std::uint8_t* to)
 
 #endif
 
-/// What chroma adds to each channel of a vector of pixels.
+/// What chroma adds to the channels of a vector of pixels.
 struct chroma_parts
 {
     vector red, green, blue;
@@ -88,7 +88,7 @@ struct chroma_parts
 
 enum class chroma_place
 {
-    amid, ///< the two pixels
+    between, ///< the two pixels
     on_even,
     on_odd,
 };
@@ -142,7 +142,7 @@ void shared_to_rgb_here(const shared_source<code>& from, std::size_t pixels, con
                         const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to)
 {
     if (!axis.site)
-        placed_to_rgb<chroma_place::amid>(from, pixels, luma, weights, to);
+        placed_to_rgb<chroma_place::between>(from, pixels, luma, weights, to);
     else if (*axis.site == 0)
         placed_to_rgb<chroma_place::on_even>(from, pixels, luma, weights, to);
     else
@@ -171,7 +171,7 @@ struct gatherer
     HWY_INLINE vector at(std::size_t i) const
     {
         const floats d;
-        if constexpr (place == chroma_place::amid)
+        if constexpr (place == chroma_place::between)
             return hn::Mul(hn::Add(hn::LoadU(d, even + i), hn::LoadU(d, odd + i)), hn::Set(d, 0.5f));
         // The row that samples sit on, and where the pixel before the first sample's is.
         const float* const on = place == chroma_place::on_even ? even : odd;
@@ -189,7 +189,7 @@ template <class function>
 HWY_INLINE void gather_by(const float* even, const float* odd, const chroma_axis& axis, const function& take)
 {
     if (!axis.site)
-        take(gatherer<chroma_place::amid>{even, odd});
+        take(gatherer<chroma_place::between>{even, odd});
     else if (*axis.site == 0)
         take(gatherer<chroma_place::on_even>{even, odd});
     else

@@ -1,5 +1,5 @@
 // The loops between luma and chroma and red, green and blue, in the widest instructions that the processor has, with
-// the same results on all of them. Rows have the margins that sample_kernel.h tells.
+// the same results on all of them. Rows have margins (sample_kernel.h).
 #pragma once
 
 #include "media/samples/ycbcr_coding.h"
@@ -11,17 +11,15 @@
 namespace ov1::media::ycbcr_kernel
 {
 
-/// A row of pixels of which two share a chroma sample, as two rows: those at even places and those at odd ones. So
-/// every sample stands beside what it belongs to, and nothing has to be moved between lanes.
+/// A row of pixels of which two share a chroma sample, as two rows: those at even places and those at odd ones. Sample
+/// i then belongs to pixel i of both rows, and nothing has to move between vector lanes.
 struct pixel_pairs
 {
     rgb_planes<float> even;
     rgb_planes<float> odd;
 };
 
-/// Luma codes, and chroma samples of which two pixels share one, as red, green and blue, not limited. The first pixel
-/// is the first of a sample's two; chroma_at says which samples a pixel takes. Reads a sample before and after the
-/// row's, which the caller has set; writes up to margin floats after the last pixels.
+/// Luma codes, and chroma samples that two pixels share.
 template <class code>
 struct shared_source
 {
@@ -29,16 +27,20 @@ struct shared_source
     const float* cb;
     const float* cr;
 };
+
+/// To red, green and blue, not limited. The first pixel is the first of a sample's two; which samples a pixel takes
+/// follows from chroma_at. Reads a sample before and one after the row's, which the caller has set; writes up to margin
+/// floats after the last pixels.
 void shared_to_rgb(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
                    const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to);
 void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels, const code_range& luma,
                    const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to);
 
-/// One sample for every two pixels, the inverse of what shared_to_rgb does. Reads a value before each row and one after
+/// One sample for every two pixels, the inverse of shared_to_rgb. Reads a value before each row and one after
 /// it, which the caller has set. Writes up to margin floats after the last sample.
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out);
 
-/// The same as codes. Nothing is written beside them.
+/// The same as codes. Writes nothing after them.
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
             std::uint8_t* codes);
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,

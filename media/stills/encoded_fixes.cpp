@@ -19,7 +19,7 @@ constexpr std::uint32_t associated = 1;
 constexpr std::size_t dpx_transfer_at = 801;
 constexpr std::uint16_t dpx_video = 0x0404; // transfer and colorimetric: unspecified video
 
-/// The place of a single short in the first directory of a little-endian TIFF file; 0 if there is none.
+/// The offset of a single short value in the first directory of a little-endian TIFF file; 0 if there is none.
 std::size_t place_of(const byte_view& tiff, std::uint32_t tag)
 {
     const std::size_t directory = tiff.u32(4);
@@ -38,7 +38,7 @@ void put(std::vector<std::uint8_t>& file, std::size_t at, std::uint32_t value, s
         file[at + i] = static_cast<std::uint8_t>(value >> 8 * i);
 }
 
-/// Adds the profile to a file that ends with its only directory: an entry in the order of tags, the bytes behind it.
+/// Adds the profile to a file that ends with its only directory: an entry in the order of tags, and the bytes after it.
 void add_profile(std::vector<std::uint8_t>& file, const std::vector<std::uint8_t>& icc)
 {
     const byte_view tiff(file, false);

@@ -1,4 +1,4 @@
-// What libav's encoders write otherwise than the picture is, put right in the encoded bytes.
+// Corrects in the encoded bytes what libav's encoders write wrongly or leave out.
 #pragma once
 
 #include "media/stills/still_info.h"
@@ -9,9 +9,8 @@
 namespace ov1::media
 {
 
-/// TIFF: alpha is marked associated if it is, the compression gets its standard number, and
-/// the colour profile is added where libav leaves it out. DPX: the transfer is the
-/// source's, or video. PNG: the source's colour chunks are put in. Other formats are left alone.
+/// TIFF: the kind of alpha, the standard number of the compression, and the colour profile where libav leaves it out.
+/// DPX: the source's transfer, or video. PNG: the source's colour chunks. Other formats are unchanged.
 void fix_encoded(std::vector<std::uint8_t>& file, const still_info& info);
 
 } // namespace ov1::media

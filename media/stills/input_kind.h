@@ -1,4 +1,4 @@
-// Whether a file is to be taken for a still picture or for a clip.
+// Whether a file is a still picture or a clip.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@ namespace ov1::media
 
 enum class input_kind
 {
-    still, ///< or nothing that is known: the still's reader then says what is wrong
+    still, ///< or unknown: still_reader then gives the reason
     clip,
 };
 
-/// Told by the first bytes.
+/// By the first bytes of the file.
 input_kind input_kind_of(const std::string& path);
 
-/// Whether a file holds something that is read, for choosing the files of a folder.
+/// Whether a file can be read as either; selects the files of a folder.
 bool is_media_file(const std::string& path);
 
 } // namespace ov1::media

@@ -16,7 +16,7 @@ struct jpeg_tables
     jpeg_table chroma;
 };
 
-/// The example tables scaled as is common use: 50 leaves them alone, 100 makes every step 1; quality is 1..100.
+/// The example tables of the standard, scaled as usual: 50 keeps them, 100 makes every step 1. The quality is 1..100.
 /// Source of the tables: ITU-T T.81, tables K.1 and K.2; of the scale: Independent JPEG Group, libjpeg.
 jpeg_tables jpeg_tables_of(int quality);
 

@@ -89,7 +89,7 @@ const written_format& entry_of(still_format format)
                          [format](const written_format& f) { return f.format == format; });
 }
 
-/// Depths in the order in which they lose least of a source's.
+/// Depths in order of preference for a source's depth.
 std::span<const depth> preference(depth source)
 {
     using enum depth;
@@ -113,7 +113,7 @@ std::string list_of(const std::vector<std::string_view>& names)
     return text;
 }
 
-/// What a format holds, of what the filter lets through, each name once.
+/// A list of the layouts of a format that pass the filter, each name once.
 template <typename filter, typename namer>
 std::string held(still_format format, filter&& wanted, namer&& name)
 {

@@ -1,4 +1,4 @@
-// What each format we write can hold, and how.
+// The still formats that are written, and the sample layouts that each can hold.
 #pragma once
 
 #include "media/stills/still_info.h"
@@ -17,7 +17,7 @@ extern "C"
 namespace ov1::media
 {
 
-/// One way in which a format holds samples.
+/// One sample layout of a format.
 struct output_layout
 {
     still_format format;
@@ -26,14 +26,14 @@ struct output_layout
     AVPixelFormat pixels;
 };
 
-/// What is asked of an output; what is left open follows the source.
+/// The request for an output; whatever it leaves open follows the source.
 struct layout_request
 {
     std::optional<media::depth> depth = {};
-    std::string_view pixel_format = {}; ///< libav's name, empty for the format's usual one
+    std::string_view pixel_format = {}; ///< libav's name; if empty, the usual one of the format
 };
 
-/// The format of a file name by its extension, in any case; fails with what can be written.
+/// The format that the extension of a path names, in any case. Fails with a list of the extensions.
 result<still_format> format_of_path(std::string_view path);
 
 /// "PNG", ... of a format that is written.
@@ -42,8 +42,8 @@ AVCodecID codec_of(still_format format);
 /// Whether a colour profile is written.
 bool holds_icc(still_format format);
 
-/// The layout that is asked for, or the one that loses least of the source's depth and alpha. Fails, naming what the
-/// format holds, if it cannot hold what is asked for; a format without any alpha drops it.
+/// The requested layout, else the one that loses least of the source's depth and alpha; a format without alpha drops
+/// it. Fails if the format cannot hold what is requested, with a list of what it can hold.
 result<output_layout> choose_layout(still_format format, const still_info& source, const layout_request& request);
 
 } // namespace ov1::media

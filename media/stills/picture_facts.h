@@ -1,4 +1,4 @@
-// What the header of a picture says and the decoder does not hand on.
+// Facts in the header of a picture that libav's decoder does not report.
 #pragma once
 
 #include "media/stills/still_info.h"
@@ -20,14 +20,14 @@ struct picture_facts
     bool half_float = false;    ///< samples are stored as half floats
     bool truncated = false;     ///< the file ends before the picture does
     std::optional<media::transfer> transfer;
-    bool full_range = false; ///< YCbCr spans all codes where the decoder does not say
+    bool full_range = false; ///< YCbCr without a range tag uses all codes
     std::vector<std::uint8_t> png_color;
     std::uint16_t dpx_transfer = 0;
-    std::string refusal;               ///< why the decoded picture would be wrong; empty if it would not
-    std::vector<std::string> warnings; ///< what of the file is left out
+    std::string refusal;               ///< why libav would decode the picture wrongly; empty if it would not
+    std::vector<std::string> warnings; ///< parts of the file that are ignored
 };
 
-// Each reads a whole file of its format, or whatever is there of it: damaged files give fewer facts, never an error.
+// Each reads a whole file of its format. Damaged files give fewer facts, never an error.
 
 /// Exif orientation, animation, colour chunks. Source: W3C Portable Network Graphics, third edition.
 picture_facts png_facts(std::span<const std::uint8_t> file);

@@ -1,4 +1,4 @@
-// Which format a file is of.
+// The still format of a file.
 #pragma once
 
 #include "media/stills/picture_facts.h"
@@ -20,11 +20,11 @@ namespace ov1::media
 struct picture_kind
 {
     std::string_view name;
-    std::string_view mark; ///< with which files begin, or what stands at mark_at
+    std::string_view mark; ///< the bytes at mark_at that identify the format
     std::size_t mark_at;
     still_format format;
     AVCodecID codec;
-    picture_facts (*facts)(std::span<const std::uint8_t> file); ///< null if the decoder tells all
+    picture_facts (*facts)(std::span<const std::uint8_t> file); ///< null if the decoder reports everything
 };
 
 /// The kind of a file by its first bytes; never null. Fails for clips and for what is no picture.

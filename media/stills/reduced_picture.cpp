@@ -13,7 +13,7 @@ namespace
 struct box_sum
 {
     double a = 0, r = 0, g = 0, b = 0, weight = 0;
-    argb_float last; ///< stands for a box without any weight
+    argb_float last; ///< for a box without weight
 
     void add(const argb_float& c, bool by_alpha)
     {
@@ -40,7 +40,7 @@ std::size_t scaled(std::size_t side, double ratio)
     return std::max<std::size_t>(1, static_cast<std::size_t>(std::lround(static_cast<double>(side) * ratio)));
 }
 
-/// One row of sums taken to pixels, and cleared.
+/// Turns one row of sums into pixels, and clears it.
 void close_row(std::vector<box_sum>& sums, const std::vector<std::size_t>& edges, std::size_t rows,
                std::vector<argb_float>& pixels)
 {
@@ -49,7 +49,7 @@ void close_row(std::vector<box_sum>& sums, const std::vector<std::size_t>& edges
     std::fill(sums.begin(), sums.end(), box_sum{});
 }
 
-/// Where so many boxes of a side begin, and the end of the last.
+/// The first pixel of each box along a side, and the end of the last box.
 std::vector<std::size_t> box_edges(std::size_t side, std::size_t boxes)
 {
     std::vector<std::size_t> edges;

@@ -1,4 +1,4 @@
-// A small copy of a picture, for contact sheets and previews.
+// A reduced copy of a picture, for contact sheets and previews.
 #pragma once
 
 #include "media/stills/still_reader.h"
@@ -17,8 +17,8 @@ struct reduced_picture
     std::vector<argb_float> pixels;
 };
 
-/// Each pixel is the mean of its box of the source, straight colour weighted by alpha. The sides keep their ratio and
-/// are at least 1 and at most so large; a picture that fits is copied as it is. Both limits are at least 1.
+/// Each pixel is the mean of a box of source pixels; straight colour is weighted by alpha. The sides keep their ratio
+/// and are at least 1 and at most the given limits (at least 1); a picture that fits is copied unchanged.
 reduced_picture reduce(const still_reader& source, std::size_t max_width, std::size_t max_height);
 
 } // namespace ov1::media

@@ -1,4 +1,4 @@
-// What a still picture is: size, samples, alpha, transfer and what travels with it.
+// The properties of a still picture: size, samples, alpha, transfer and metadata.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 namespace ov1::media
 {
 
-/// How one sample is stored: an unsigned integer of so many bits, or an IEEE 754 float of 16 or 32 bits.
+/// How a sample is stored: an unsigned integer of 8 to 16 bits, or an IEEE 754 float of 16 or 32 bits.
 enum class depth
 {
     u8,
@@ -25,7 +25,7 @@ enum class depth
 /// "8", "10", "12", "16", "half" or "float".
 std::string_view name_of(depth d);
 
-/// The depth of one of these names; nothing for any other text.
+/// The depth with one of these names; none for any other text.
 std::optional<depth> depth_named(std::string_view name);
 
 inline bool is_float(depth d) { return d >= depth::half; }
@@ -56,7 +56,7 @@ enum class still_format
     other, ///< read, never written
 };
 
-/// How a stored picture is turned to stand upright: first rows and columns change places, then the axes are mirrored.
+/// How a stored picture is turned upright: first rows and columns are swapped, then the axes are mirrored.
 struct turn
 {
     bool swap_axes = false;
@@ -72,15 +72,15 @@ struct still_info
     std::size_t width = 0;  ///< pixels, upright
     std::size_t height = 0; ///< pixels, upright
     media::depth depth = media::depth::u8;
-    bool gray = false; ///< one colour channel is stored; rows carry it three times
+    bool gray = false; ///< one colour channel is stored; rows repeat it in red, green and blue
     alpha_kind alpha = alpha_kind::none;
     media::transfer transfer = media::transfer::display;
     still_format format = still_format::other;
     std::string format_name;             ///< "PNG", "JPEG", ...
-    unsigned orientation = 1;            ///< 1..8 as stored; rows are given upright
+    unsigned orientation = 1;            ///< 1..8 as stored; rows are read upright
     std::vector<std::uint8_t> icc;       ///< the colour profile, empty if there is none
-    bool has_exif = false;               ///< camera data were present
-    std::vector<std::uint8_t> png_color; ///< the chunks by which a PNG tells its colours, whole; not the profile
+    bool has_exif = false;               ///< the file has camera data
+    std::vector<std::uint8_t> png_color; ///< whole cICP, sRGB, gAMA and cHRM chunks of a PNG
     std::uint16_t dpx_transfer =
         0; ///< transfer and colorimetric bytes of a DPX header, the first one high; 0 elsewhere
 };

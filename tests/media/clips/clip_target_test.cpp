@@ -145,7 +145,7 @@ TEST_F(clip_target_test, refuses_before_it_touches_a_file)
         {"a.xyz", {}, "no clip is written under this name"},
         {"a.png", {}, "a clip is not written as one picture"},
         {"a.wav", {}, "no clip is written under this name"},
-        {"a.mp4", {.codec = "prores"}, "mp4 holds no prores of this kind"},
+        {"a.mp4", {.codec = "prores"}, "mp4 cannot hold this kind of prores"},
         {"a.mkv", {.codec = "h265"}, "no codec h265 is written"},
         {"a.mkv", {.pixel_format = "yuv999"}, "ffv1 is not written as pixel format yuv999"},
     };
