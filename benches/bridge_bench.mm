@@ -85,8 +85,12 @@ void run_bridge_bench(report& to, std::size_t width, std::size_t height, int rou
 
     const auto through_bridge = [&]
     {
-        NSError* said = nil;
-        [plugin renderDestinationImage:destination sourceImages:sources pluginState:nil atTime:kCMTimeZero error:&said];
+        NSError* error = nil;
+        [plugin renderDestinationImage:destination
+                          sourceImages:sources
+                           pluginState:nil
+                                atTime:kCMTimeZero
+                                 error:&error];
     };
     through_bridge(); // the table is built
     const auto renderer = [plugin getComponent]->get_row_renderer();

@@ -13,7 +13,6 @@
 
 + (void)startServicePrincipalWithDelegate:(id<FxPrincipalDelegate>)delegate
 {
-    (void)delegate;
     std::fputs("veridialfcpx: no video host can start this service here (veridial-host simulates one)\n", stderr);
     std::exit(EXIT_FAILURE);
 }

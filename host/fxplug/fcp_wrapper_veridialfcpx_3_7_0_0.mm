@@ -133,7 +133,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (BOOL)properties:(NSDictionary**)properties error:(NSError**)error
 {
-    (void)error;
     *properties = make_properties();
     return YES;
 }
@@ -177,8 +176,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (BOOL)parameterChanged:(UInt32)paramID atTime:(CMTime)time error:(NSError**)error
 {
-    (void)time;
-    (void)error;
     if (gui_is_open())
         return YES;
     if (![self synchronizeComponentParameter:paramID])
@@ -210,9 +207,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
             quality:(FxQuality)qualityLevel
               error:(NSError**)error
 {
-    (void)renderTime;
-    (void)qualityLevel;
-    (void)error;
     // The values go into the component itself; the render that follows needs no state object.
     if (pluginState != nullptr)
         *pluginState = nil;
@@ -288,10 +282,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                       atTime:(CMTime)renderTime
                        error:(NSError**)outError
 {
-    (void)destinationImage;
-    (void)pluginState;
-    (void)renderTime;
-    (void)outError;
     *destinationImageRect = [static_cast<FxImageTile*>([sourceImages objectAtIndex:0]) imagePixelBounds];
     return YES;
 }
@@ -305,12 +295,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                  atTime:(CMTime)renderTime
                   error:(NSError**)outError
 {
-    (void)sourceImageIndex;
-    (void)sourceImages;
-    (void)destinationImage;
-    (void)pluginState;
-    (void)renderTime;
-    (void)outError;
     *sourceTileRect = destinationTileRect;
     return YES;
 }
@@ -321,8 +305,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                         atTime:(CMTime)renderTime
                          error:(NSError**)outError
 {
-    (void)pluginState;
-    (void)renderTime;
     if (gui_is_open())
         return YES;
     return render_tile(*component, destinationImage, sourceImages, outError);
@@ -346,7 +328,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
            forInputWithTimeRange:(CMTimeRange)inputTimeRange
                            error:(NSError**)error
 {
-    (void)inputTimeRange;
     id<FxTimingAPI_v4> const timing = timing_api(_apiManager);
     if (timing == nil)
     {
@@ -363,9 +344,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (BOOL)setupAnalysisForTimeRange:(CMTimeRange)analysisRange frameDuration:(CMTime)frameDuration error:(NSError**)error
 {
-    (void)analysisRange;
-    (void)frameDuration;
-    (void)error;
     return YES;
 }
 
@@ -391,7 +369,6 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (BOOL)cleanupAnalysis:(NSError**)error
 {
-    (void)error;
     return YES;
 }
 

@@ -75,15 +75,12 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
 - (NSObject<NSSecureCoding, NSCopying>*)interpolateBetween:(NSObject<NSSecureCoding, NSCopying>*)rightValue
                                                 withWeight:(float)weight
 {
-    (void)rightValue;
-    (void)weight;
     // A mean of two states would be no state.
     return [[self copy] autorelease];
 }
 
 - (BOOL)isEqual:(id)other
 {
-    (void)other;
     return YES;
 }
 

@@ -162,23 +162,16 @@ int parameter_store::get_open_actions() const
     return open_actions;
 }
 
-bool parameter_store::undo()
-{
-    const std::scoped_lock guard(lock);
-    if (undo_steps.empty())
-        return false;
-    redo_steps.push_back(std::exchange(parameters, std::move(undo_steps.back())));
-    undo_steps.pop_back();
-    return true;
-}
+bool parameter_store::undo() { return step(undo_steps, redo_steps); }
+bool parameter_store::redo() { return step(redo_steps, undo_steps); }
 
-bool parameter_store::redo()
+bool parameter_store::step(std::vector<parameters_by_id>& from, std::vector<parameters_by_id>& to)
 {
     const std::scoped_lock guard(lock);
-    if (redo_steps.empty())
+    if (from.empty())
         return false;
-    undo_steps.push_back(std::exchange(parameters, std::move(redo_steps.back())));
-    redo_steps.pop_back();
+    to.push_back(std::exchange(parameters, std::move(from.back())));
+    from.pop_back();
     return true;
 }
 

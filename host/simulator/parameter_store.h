@@ -95,6 +95,9 @@ private:
     /// Null for an unknown id and for a parameter of another type than the value's.
     stored_parameter* find(std::uint32_t id, const store_value& value);
 
+    /// Puts the newest step of `from` in force and the current parameters onto `to`.
+    bool step(std::vector<parameters_by_id>& from, std::vector<parameters_by_id>& to);
+
     mutable std::recursive_mutex lock; // set opens an action
     parameters_by_id parameters;
     std::vector<parameters_by_id> undo_steps;

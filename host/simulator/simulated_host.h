@@ -86,8 +86,8 @@ public:
     struct core;
 
 private:
-    /// Sends the effect a parameterChanged: for every parameter that differs from before.
-    void send_changes(const parameters_by_id& before);
+    /// Undoes or redoes one step and sends the effect a parameterChanged: for every parameter that it changed.
+    bool step(bool (parameter_store::*direction)());
 
     const std::unique_ptr<core> impl;
 };

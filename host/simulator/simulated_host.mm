@@ -43,13 +43,13 @@ result<> render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, 
         FxImageTile* const destination = [make_tile(to, in, part) autorelease];
         NSArray* const sources = [NSArray arrayWithObject:source];
         FxRect whole{}, wanted{};
-        NSError* said = nil;
+        NSError* error = nil;
         const bool done = [plugin destinationImageRect:&whole
                                           sourceImages:sources
                                       destinationImage:destination
                                            pluginState:nil
                                                 atTime:time
-                                                 error:&said] &&
+                                                 error:&error] &&
                           [plugin sourceTileRect:&wanted
                                  sourceImageIndex:0
                                      sourceImages:sources
@@ -57,14 +57,14 @@ result<> render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, 
                                  destinationImage:destination
                                       pluginState:nil
                                            atTime:time
-                                            error:&said] &&
+                                            error:&error] &&
                           [plugin renderDestinationImage:destination
                                             sourceImages:sources
                                              pluginState:nil
                                                   atTime:time
-                                                   error:&said];
+                                                   error:&error];
         if (!done)
-            return failure_of(said);
+            return failure_of(error);
         take_surface(to, options.format, out, part);
         return {};
     }
@@ -154,10 +154,10 @@ result<> simulated_host::create_instance()
         effect* const plugin = [[NSClassFromString(name) alloc] initWithAPIManager:impl->manager];
         impl->plugin = plugin;
         NSDictionary* properties = nil;
-        NSError* said = nil;
-        if (plugin != nil && [plugin properties:&properties error:&said] && [plugin addParametersWithError:&said])
+        NSError* error = nil;
+        if (plugin != nil && [plugin properties:&properties error:&error] && [plugin addParametersWithError:&error])
             return {};
-        return failure_of(said);
+        return failure_of(error);
     }
 }
 
@@ -201,43 +201,32 @@ bool simulated_host::edit(std::uint32_t number, store_value value)
         return false;
     @autoreleasepool
     {
-        NSError* said = nil;
-        return [effect_of(*impl) parameterChanged:number atTime:time error:&said];
+        NSError* error = nil;
+        return [effect_of(*impl) parameterChanged:number atTime:time error:&error];
     }
 }
 
-bool simulated_host::undo()
+bool simulated_host::undo() { return step(&parameter_store::undo); }
+bool simulated_host::redo() { return step(&parameter_store::redo); }
+
+bool simulated_host::step(bool (parameter_store::*direction)())
 {
     const parameters_by_id before = impl->store.copy();
-    if (!impl->store.undo())
+    if (!(impl->store.*direction)())
         return false;
-    send_changes(before);
-    return true;
-}
-
-bool simulated_host::redo()
-{
-    const parameters_by_id before = impl->store.copy();
-    if (!impl->store.redo())
-        return false;
-    send_changes(before);
-    return true;
-}
-
-void simulated_host::send_changes(const parameters_by_id& before)
-{
     const CMTime time = get_playhead();
     const call_time_guard guard(time);
     @autoreleasepool
     {
-        // A copy: the effect answers a change by setting parameters.
-        for (const auto& [number, now] : impl->store.copy())
-            if (!same_values(before.at(number), now))
+        // A copy: the effect may answer a change by setting other parameters.
+        for (const auto& [parameter, now] : impl->store.copy())
+            if (!same_values(before.at(parameter), now))
             {
-                NSError* said = nil;
-                [effect_of(*impl) parameterChanged:number atTime:time error:&said];
+                NSError* error = nil;
+                [effect_of(*impl) parameterChanged:parameter atTime:time error:&error];
             }
     }
+    return true;
 }
 
 result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_options& options)
@@ -248,8 +237,8 @@ result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_o
         @autoreleasepool
         {
             NSData* state = nil;
-            NSError* said = nil;
-            [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&said];
+            NSError* error = nil;
+            [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&error];
         }
     }
     rgba_picture out(in.width, in.height);
@@ -308,9 +297,9 @@ void simulated_host::core::run_analysis()
         effect* const asked = effect_of(*this);
         CMTimeRange range{kCMTimeInvalid, kCMTimeInvalid};
         const CMTimeRange everything{kCMTimeZero, CMTimeMake(3600, 1)};
-        NSError* said = nil;
-        bool done = [asked desiredAnalysisTimeRange:&range forInputWithTimeRange:everything error:&said] &&
-                    [asked setupAnalysisForTimeRange:range frameDuration:range.duration error:&said];
+        NSError* error = nil;
+        bool done = [asked desiredAnalysisTimeRange:&range forInputWithTimeRange:everything error:&error] &&
+                    [asked setupAnalysisForTimeRange:range frameDuration:range.duration error:&error];
         if (done)
         {
             IOSurface* surface = nil;
@@ -323,12 +312,12 @@ void simulated_host::core::run_analysis()
                 [surface refuseLocks:refuse_analysis_locks];
             }
             // A real host may also pass the frame before the wanted one.
-            done = [asked analyzeFrame:tile atTime:frames_later(range.start, -1) error:&said] &&
-                   [asked analyzeFrame:tile atTime:range.start error:&said];
+            done = [asked analyzeFrame:tile atTime:frames_later(range.start, -1) error:&error] &&
+                   [asked analyzeFrame:tile atTime:range.start error:&error];
             [asked cleanupAnalysis:nullptr];
         }
         const std::scoped_lock guard(lock);
-        analysis_result = done ? result<>() : failure_of(said);
+        analysis_result = done ? result<>() : failure_of(error);
         analysis_state = done ? kFxAnalysisState_AnalysisCompleted : kFxAnalysisState_AnalysisInterrupted;
     }
 }

@@ -255,13 +255,11 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (void)startAction:(id)sender
 {
-    (void)sender;
     core->store.begin_action();
 }
 
 - (void)endAction:(id)sender
 {
-    (void)sender;
     core->store.end_action();
 }
 
@@ -284,13 +282,11 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (NSUInteger)timelineFpsNumeratorForEffect:(id<FxTileableEffect>)effect
 {
-    (void)effect;
     return static_cast<NSUInteger>(core->rate_numerator);
 }
 
 - (NSUInteger)timelineFpsDenominatorForEffect:(id<FxTileableEffect>)effect
 {
-    (void)effect;
     return static_cast<NSUInteger>(core->rate_denominator);
 }
 
@@ -309,7 +305,6 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (BOOL)startForwardAnalysis:(FxAnalysisLocation)location error:(NSError**)error
 {
-    (void)location;
     if (core->start_analysis())
         return YES;
     if (error != nullptr)

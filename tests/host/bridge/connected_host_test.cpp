@@ -7,7 +7,7 @@ namespace ov1
 namespace
 {
 
-TEST(connected_host, versions_are_read_as_far_as_they_are_numbers)
+TEST(connected_host, a_version_is_read_up_to_the_first_part_that_is_no_number)
 {
     const struct
     {

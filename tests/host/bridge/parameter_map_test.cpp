@@ -15,14 +15,14 @@ struct parameter_map : ::testing::Test
 {
     parameter_map() { component->initialize(std::make_shared<chost_v1>(component)); }
 
-    param_value record(int place) { return component->get_parameter(place)->get_param_value(); }
+    param_value record(int index) { return component->get_parameter(index)->get_param_value(); }
 
     std::shared_ptr<bridge_component> component = std::make_shared<bridge_component>();
 };
 
-TEST_F(parameter_map, declarations_follow_kind_span_and_flags)
+TEST_F(parameter_map, declarations_depend_on_type_range_and_flags)
 {
-    const auto told = declare_parameters(*component);
+    const auto declared = declare_parameters(*component);
     const struct
     {
         const char* name;
@@ -39,32 +39,32 @@ TEST_F(parameter_map, declarations_follow_kind_span_and_flags)
         {"Tint", host_control::color, 0x400, host_color{0.25, 0.5, 0.75, 1}, 0, 0, 0, 0},
         {"Secret", host_control::float_slider, 2, 0.5, 0, 1, 0.05, 0},
     };
-    ASSERT_EQ(told.size(), std::size(rows));
-    for (std::size_t i = 0; i < told.size(); ++i)
+    ASSERT_EQ(declared.size(), std::size(rows));
+    for (std::size_t i = 0; i < declared.size(); ++i)
     {
         SCOPED_TRACE(rows[i].name);
-        EXPECT_EQ(told[i].id, static_cast<int>(i) + 2);
-        EXPECT_EQ(told[i].name, rows[i].name);
-        EXPECT_EQ(told[i].control, rows[i].control);
-        EXPECT_EQ(told[i].flags, rows[i].flags);
-        EXPECT_EQ(told[i].default_value, rows[i].default_value);
-        EXPECT_EQ(told[i].min, rows[i].min);
-        EXPECT_EQ(told[i].max, rows[i].max);
-        EXPECT_EQ(told[i].delta, rows[i].delta);
-        EXPECT_EQ(told[i].entries.size(), rows[i].entries);
+        EXPECT_EQ(declared[i].id, static_cast<int>(i) + 2);
+        EXPECT_EQ(declared[i].name, rows[i].name);
+        EXPECT_EQ(declared[i].control, rows[i].control);
+        EXPECT_EQ(declared[i].flags, rows[i].flags);
+        EXPECT_EQ(declared[i].default_value, rows[i].default_value);
+        EXPECT_EQ(declared[i].min, rows[i].min);
+        EXPECT_EQ(declared[i].max, rows[i].max);
+        EXPECT_EQ(declared[i].delta, rows[i].delta);
+        EXPECT_EQ(declared[i].entries.size(), rows[i].entries);
     }
-    EXPECT_EQ(told[bridge_component::menu].entries.front(), "3");
-    EXPECT_EQ(told[bridge_component::menu].entries.back(), "17");
+    EXPECT_EQ(declared[bridge_component::menu].entries.front(), "3");
+    EXPECT_EQ(declared[bridge_component::menu].entries.back(), "17");
 }
 
-TEST_F(parameter_map, host_values_reach_the_record_as_its_kind)
+TEST_F(parameter_map, host_values_are_converted_to_the_parameters_type)
 {
     param_value amount = record(bridge_component::amount), menu = record(bridge_component::menu),
                 tint = record(bridge_component::tint);
     take_host_value(0.1, amount);
     EXPECT_EQ(amount.value.as_continuous(), 0.1f);
     take_host_value(7, amount);
-    EXPECT_EQ(amount.value.as_continuous(), 0.1f) << "a whole number is no float slider's";
+    EXPECT_EQ(amount.value.as_continuous(), 0.1f) << "an integer is no float slider's value";
     take_host_value(4, menu);
     EXPECT_EQ(menu.value.as_integral(), 7) << "an index is counted from the lower bound";
     take_host_value(std::numeric_limits<int>::max(), menu);
@@ -73,7 +73,7 @@ TEST_F(parameter_map, host_values_reach_the_record_as_its_kind)
     EXPECT_EQ(tint.value.as_color(), (param_argb{0.125f, 1, 0, 0.5f}));
 }
 
-TEST_F(parameter_map, the_host_is_told_only_of_what_differs_as_a_float)
+TEST_F(parameter_map, values_differ_only_if_their_floats_do)
 {
     param_value amount = record(bridge_component::amount);
     amount.value = param_cell::of(0.1f);
@@ -85,7 +85,7 @@ TEST_F(parameter_map, the_host_is_told_only_of_what_differs_as_a_float)
     EXPECT_TRUE(host_differs(host_color{0.25, 0.5, 0.75, 0.5}, record(bridge_component::tint)));
 }
 
-TEST(host_flags, hiding_touches_one_bit)
+TEST(host_flags, hiding_changes_one_bit)
 {
     EXPECT_EQ(with_hidden(0x20200, true), 0x20202u);
     EXPECT_EQ(with_hidden(0x20202, false), 0x20200u);

@@ -9,8 +9,8 @@ namespace ov1
 namespace
 {
 
-/// Notes what it is given, and gives values outside 0..1.
-struct noting_rows : row_renderer
+/// Records its input and returns values outside 0..1.
+struct recording_rows : row_renderer
 {
     void render_row(std::size_t y, const argb_float* in, argb_float* out, std::size_t count) const override
     {
@@ -23,7 +23,7 @@ struct noting_rows : row_renderer
     mutable std::vector<argb_float> seen;
 };
 
-TEST(tile_format, a_code_counts_only_with_its_own_pixel_size)
+TEST(tile_format, a_format_code_must_match_its_pixel_size)
 {
     const struct
     {
@@ -42,16 +42,16 @@ TEST(tile_format, a_code_counts_only_with_its_own_pixel_size)
     }
 }
 
-TEST(pixel_loops, halfs_go_in_limited_as_argb_and_come_out_unlimited_as_rgba)
+TEST(pixel_loops, halfs_are_limited_and_reordered_to_argb_and_the_result_is_not_limited)
 {
     const half_bits quiet_nan = 0x7e00;
-    // Two pixels and a pad; the second row is the one rendered.
+    // Rows of two pixels and padding; the second row is rendered.
     std::vector<half_bits> in(2 * 12), out(2 * 12, 0x1234);
     const half_bits pixels[] = {float_to_half(1.5f), float_to_half(-0.2f), float_to_half(0.5f),
                                 float_to_half(2.0f), float_to_half(0.25f), quiet_nan,
                                 float_to_half(1.0f), float_to_half(0.0f)};
     std::copy(std::begin(pixels), std::end(pixels), in.begin() + 12);
-    const noting_rows renderer;
+    const recording_rows renderer;
     render_half_row(
         renderer, {reinterpret_cast<std::byte*>(in.data()), reinterpret_cast<std::byte*>(out.data()), 24, 24, 2, 2}, 1);
     ASSERT_EQ(renderer.seen.size(), 2u);
@@ -60,20 +60,20 @@ TEST(pixel_loops, halfs_go_in_limited_as_argb_and_come_out_unlimited_as_rgba)
     EXPECT_EQ(half_to_float(out[12]), 2.0f) << "red, with the row's number added";
     EXPECT_EQ(half_to_float(out[14]), -0.5f) << "blue";
     EXPECT_EQ(half_to_float(out[15]), 2.0f) << "alpha";
-    EXPECT_EQ(out[11], 0x1234) << "the row before";
-    EXPECT_EQ(out[20], 0x1234) << "the pad";
+    EXPECT_EQ(out[11], 0x1234) << "the row before is unchanged";
+    EXPECT_EQ(out[20], 0x1234) << "the padding is unchanged";
 }
 
-TEST(pixel_loops, floats_pass_in_memory_order)
+TEST(pixel_loops, floats_are_taken_as_argb_in_memory_order)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float in[] = {1.5f, -0.2f, 0.5f, nan};
     float out[4] = {};
-    const noting_rows renderer;
+    const recording_rows renderer;
     render_float_row(renderer,
                      {reinterpret_cast<const std::byte*>(in), reinterpret_cast<std::byte*>(out), 16, 16, 1, 1}, 0);
     EXPECT_EQ(renderer.seen.at(0), (argb_float{1, 0, 0.5f, 0}));
-    EXPECT_EQ(out[0], 2.0f) << "what the renderer calls alpha";
+    EXPECT_EQ(out[0], 2.0f) << "the renderer takes it as alpha";
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-TEST(state_payload, equal_states_make_payloads_that_differ_in_their_last_sixteen_bytes)
+TEST(state_payload, payloads_of_one_state_differ_in_their_last_16_bytes)
 {
     const auto state = write_state(std::vector<state_record>(2));
     const auto one = make_state_payload(state), other = make_state_payload(state);
@@ -24,7 +24,7 @@ TEST(state_payload, equal_states_make_payloads_that_differ_in_their_last_sixteen
     EXPECT_TRUE(check_state_blob(one));
 }
 
-TEST(mapped_parameters, are_those_that_the_state_does_not_name)
+TEST(mapped_parameters, are_the_changed_ones_that_the_state_does_not_name)
 {
     const auto component = std::make_shared<bridge_component>();
     component->initialize(std::make_shared<chost_v1>(component));
@@ -33,16 +33,16 @@ TEST(mapped_parameters, are_those_that_the_state_does_not_name)
     param_value old = component->get_parameter(bridge_component::amount)->get_param_value();
     old.value = param_cell::of(77.0f);
     std::vector<state_record> records{{steps, make_uid("Steps")}};
-    for (const bool has_former : {false, true})
+    for (const bool has_old : {false, true})
     {
-        SCOPED_TRACE(has_former);
-        if (has_former)
+        SCOPED_TRACE(has_old);
+        if (has_old)
             records.push_back({old, make_uid("Old Amount")});
         auto state = write_state(records);
         const auto before = copy_values(*component);
         ASSERT_TRUE(component->set_state(state, true));
         EXPECT_EQ(mapped_parameters(*component, before, state),
-                  has_former ? std::vector<int>{bridge_component::amount} : std::vector<int>{});
+                  has_old ? std::vector<int>{bridge_component::amount} : std::vector<int>{});
     }
 }
 

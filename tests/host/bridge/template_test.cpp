@@ -10,13 +10,13 @@
 namespace ov1
 {
 
-// The effect that this program is linked with.
+// The effect that this test program is linked with.
 std::shared_ptr<icomponent_v1> create_ccomponent() { return std::make_shared<bridge_component>(); }
 
 namespace
 {
 
-TEST(extract_command, pairs_of_a_key_and_a_folder)
+TEST(extract_command, arguments_are_pairs_of_a_key_and_a_folder)
 {
     using enum extract_command::action;
     const struct

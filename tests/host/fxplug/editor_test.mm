@@ -98,15 +98,15 @@ TEST_F(bridge_editor, an_analysed_frame_is_captured_only_when_it_was_requested)
             tileBounds:{}
             imageBounds:{}
             origin:0] autorelease];
-    NSError* said = nil;
-    EXPECT_TRUE([plugin() analyzeFrame:unsupported atTime:kCMTimeZero error:&said]) << "nothing is pending";
+    NSError* error = nil;
+    EXPECT_TRUE([plugin() analyzeFrame:unsupported atTime:kCMTimeZero error:&error]) << "nothing is pending";
     host.set_playhead(CMTimeMake(1, 2));
     host.refuse_interface("FxTimingAPI_v4"); // the analysis ends before a frame comes
     [plugin() handleGUIButton];
     (void)host.wait_for_analysis();
-    EXPECT_TRUE([plugin() analyzeFrame:unsupported atTime:CMTimeMake(1, 3) error:&said]) << "another frame";
-    EXPECT_FALSE([plugin() analyzeFrame:unsupported atTime:CMTimeMake(2, 4) error:&said]) << "the same time";
-    EXPECT_EQ([said code], 18);
+    EXPECT_TRUE([plugin() analyzeFrame:unsupported atTime:CMTimeMake(1, 3) error:&error]) << "another frame";
+    EXPECT_FALSE([plugin() analyzeFrame:unsupported atTime:CMTimeMake(2, 4) error:&error]) << "the same time";
+    EXPECT_EQ([error code], 18);
     EXPECT_EQ([[unsupported ioSurface] openLocks], 0);
     EXPECT_FALSE([plugin() analyzeFrame:unsupported atTime:CMTimeMake(1, 2) error:NULL])
         << "the request is still pending";

@@ -96,18 +96,18 @@ TEST_F(render, tiles_that_differ_or_have_another_format_are_refused_with_a_code)
     {
         SCOPED_TRACE(row.name);
         FxImageTile *const source = tile_of(row.source), *const destination = tile_of(row.destination);
-        NSError* said = nil;
+        NSError* error = nil;
         EXPECT_EQ([plugin() renderDestinationImage:destination
                                       sourceImages:@[ source ]
                                        pluginState:nil
                                             atTime:kCMTimeZero
-                                             error:&said],
+                                             error:&error],
                   row.code == 0);
-        EXPECT_EQ([said code], row.code);
+        EXPECT_EQ([error code], row.code);
         if (row.code != 0)
         {
-            EXPECT_STREQ([[said localizedDescription] UTF8String], row.description);
-            EXPECT_TRUE([[said domain] isEqualToString:FxPlugErrorDomain]);
+            EXPECT_STREQ([[error localizedDescription] UTF8String], row.description);
+            EXPECT_TRUE([[error domain] isEqualToString:FxPlugErrorDomain]);
             EXPECT_FALSE([plugin() renderDestinationImage:destination
                                              sourceImages:@[ source ]
                                               pluginState:nil
@@ -124,21 +124,21 @@ TEST_F(render, a_destination_without_a_lock_fails_and_a_source_without_one_is_sk
 {
     FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination =
                                                                        tile_of({8, 4, half_code, 8, 64});
-    const auto run = [&](NSError** said)
+    const auto run = [&](NSError** error)
     {
         return [plugin() renderDestinationImage:destination
                                    sourceImages:@[ source ]
                                     pluginState:nil
                                          atTime:kCMTimeZero
-                                          error:said];
+                                          error:error];
     };
-    NSError* said = nil;
+    NSError* error = nil;
     [[destination ioSurface] refuseLocks:YES];
-    EXPECT_FALSE(run(&said));
-    EXPECT_TRUE(said == nil);
+    EXPECT_FALSE(run(&error));
+    EXPECT_TRUE(error == nil);
     [[destination ioSurface] refuseLocks:NO];
     [[source ioSurface] refuseLocks:YES];
-    EXPECT_TRUE(run(&said));
+    EXPECT_TRUE(run(&error));
     EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
 }
 

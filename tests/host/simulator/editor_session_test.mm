@@ -25,7 +25,6 @@
 @implementation timer_driver
 - (void)tick:(NSTimer*)timer
 {
-    (void)timer;
     step();
 }
 @end

@@ -52,7 +52,6 @@ effect_log* current_log = nullptr;
 
 - (BOOL)addParametersWithError:(NSError**)error
 {
-    (void)error;
     id<FxParameterCreationAPI_v5> const api = [manager apiForProtocol:@protocol(FxParameterCreationAPI_v5)];
     for (const UInt32 number : {1u, 2u})
         if (![api addFloatSliderWithName:@"Slider"
@@ -70,7 +69,6 @@ effect_log* current_log = nullptr;
 
 - (BOOL)properties:(NSDictionary**)properties error:(NSError**)error
 {
-    (void)error;
     *properties = [NSDictionary dictionary];
     return YES;
 }
@@ -80,9 +78,6 @@ effect_log* current_log = nullptr;
             quality:(FxQuality)qualityLevel
               error:(NSError**)error
 {
-    (void)renderTime;
-    (void)qualityLevel;
-    (void)error;
     *pluginState = nil;
     return YES;
 }
@@ -94,10 +89,6 @@ effect_log* current_log = nullptr;
                       atTime:(CMTime)renderTime
                        error:(NSError**)outError
 {
-    (void)sourceImages;
-    (void)pluginState;
-    (void)renderTime;
-    (void)outError;
     *destinationImageRect = [destinationImage imagePixelBounds];
     return YES;
 }
@@ -111,12 +102,6 @@ effect_log* current_log = nullptr;
                  atTime:(CMTime)renderTime
                   error:(NSError**)outError
 {
-    (void)sourceImageIndex;
-    (void)sourceImages;
-    (void)destinationImage;
-    (void)pluginState;
-    (void)renderTime;
-    (void)outError;
     *sourceTileRect = destinationTileRect;
     return YES;
 }
@@ -127,8 +112,6 @@ effect_log* current_log = nullptr;
                         atTime:(CMTime)renderTime
                          error:(NSError**)outError
 {
-    (void)pluginState;
-    (void)renderTime;
     const FxRect tile = [destinationImage tilePixelBounds];
     id<FxCustomParameterActionAPI_v4> const action = [manager apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
     const std::scoped_lock guard(ov1::current_log->lock);
@@ -151,8 +134,6 @@ effect_log* current_log = nullptr;
 
 - (BOOL)parameterChanged:(UInt32)paramID atTime:(CMTime)time error:(NSError**)error
 {
-    (void)time;
-    (void)error;
     id<FxCustomParameterActionAPI_v4> const action = [manager apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
     ov1::current_log->changed.emplace_back(paramID, [action currentTime]);
     return YES;
@@ -160,7 +141,6 @@ effect_log* current_log = nullptr;
 
 - (NSView*)createViewForParameterID:(UInt32)parameterID NS_RETURNS_RETAINED
 {
-    (void)parameterID;
     return nil;
 }
 
@@ -168,31 +148,23 @@ effect_log* current_log = nullptr;
            forInputWithTimeRange:(CMTimeRange)inputTimeRange
                            error:(NSError**)error
 {
-    (void)inputTimeRange;
-    (void)error;
     *desiredRange = ov1::current_log->wanted;
     return YES;
 }
 
 - (BOOL)setupAnalysisForTimeRange:(CMTimeRange)analysisRange frameDuration:(CMTime)frameDuration error:(NSError**)error
 {
-    (void)analysisRange;
-    (void)frameDuration;
-    (void)error;
     return YES;
 }
 
 - (BOOL)analyzeFrame:(FxImageTile*)frame atTime:(CMTime)frameTime error:(NSError**)error
 {
-    (void)frame;
-    (void)error;
     ov1::current_log->analysed.push_back(frameTime);
     return YES;
 }
 
 - (BOOL)cleanupAnalysis:(NSError**)error
 {
-    (void)error;
     return YES;
 }
 

@@ -87,10 +87,10 @@ TEST(tile_maker, a_surface_goes_back_into_its_part_only)
 TEST(tile_maker, rectangles_count_from_the_lower_edge_and_pixels_from_the_top)
 {
     IOSurface* const surface = make_empty_surface(part, surface_format::half, 0);
-    FxImageTile* const tile = make_tile(surface, rgba_picture(5, 6), part);
+    FxImageTile* const tile = make_tile(surface, rgba_picture(5, 7), part);
     const FxRect at = [tile tilePixelBounds], image = [tile imagePixelBounds];
-    EXPECT_TRUE(at.left == 1 && at.bottom == 2 && at.right == 4 && at.top == 4);
-    EXPECT_TRUE(image.left == 0 && image.bottom == 0 && image.right == 5 && image.top == 6);
+    EXPECT_TRUE(at.left == 1 && at.bottom == 3 && at.right == 4 && at.top == 5);
+    EXPECT_TRUE(image.left == 0 && image.bottom == 0 && image.right == 5 && image.top == 7);
     EXPECT_EQ([tile imageOrigin], kFxImageOrigin_TOP_LEFT);
     EXPECT_EQ([tile ioSurface], surface);
     [tile release];

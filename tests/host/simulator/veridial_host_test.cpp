@@ -1,4 +1,4 @@
-// The programs of the bridge as a user calls them.
+// The programs veridial-host and veridialfcpx as a user runs them.
 #include "media/stills/still_reader.h"
 #include "support/sanitizer_lines.h"
 #include "support/temp_folder.h"
@@ -46,7 +46,7 @@ std::vector<argb_float> pixels_of(const std::string& path)
 
 const std::string host = VERIDIAL_HOST, veridial = VERIDIAL_PROGRAM, service = VERIDIAL_SERVICE, photo = PHOTO;
 
-TEST(veridial_host, half_tiles_are_what_the_command_line_grades)
+TEST(veridial_host, half_tiles_match_the_picture_that_veridial_grades)
 {
     const temp_folder folder;
     const std::string grade = " -s 'Sky Strength=60' -s 'Shadows Hue=200' -s 'Shadows Chroma=50' ";
@@ -55,7 +55,7 @@ TEST(veridial_host, half_tiles_are_what_the_command_line_grades)
     ASSERT_EQ(run(veridial + " grade " + photo + grade + "-o " + graded).code, 0);
     const auto a = pixels_of(bridged), b = pixels_of(graded);
     ASSERT_EQ(a.size(), b.size());
-    // A half is off by 2^-12 at most, before the table and after it: less than one code value of 8 bits.
+    // A half differs by at most 2^-12, before the table and after it: together less than one 8-bit code.
     float worst = 0.0f;
     for (std::size_t i = 0; i < a.size(); ++i)
         worst = std::max({worst, std::abs(a[i].r - b[i].r), std::abs(a[i].g - b[i].g), std::abs(a[i].b - b[i].b)});
@@ -63,7 +63,7 @@ TEST(veridial_host, half_tiles_are_what_the_command_line_grades)
     EXPECT_NE(text_of_file(bridged), text_of_file(photo));
 }
 
-TEST(veridial_host, mistakes_are_one_line_and_a_code)
+TEST(veridial_host, every_mistake_gives_one_line_and_an_exit_code)
 {
     const temp_folder folder;
     const std::string out = folder / "out.png";
@@ -71,7 +71,7 @@ TEST(veridial_host, mistakes_are_one_line_and_a_code)
     {
         const char* arguments;
         int code;
-        const char* said;
+        const char* message;
     } rows[] = {
         {"render nowhere.png -o OUT", 3, "nowhere.png"},
         {"render PHOTO -o OUT -s 'Sky Strenght=1'", 2, "did you mean \"Sky Strength\"?"},
@@ -90,7 +90,7 @@ TEST(veridial_host, mistakes_are_one_line_and_a_code)
         SCOPED_TRACE(line);
         const run_result result = run(host + ' ' + line);
         EXPECT_EQ(result.code, row.code);
-        EXPECT_NE(result.text.find(row.said), std::string::npos) << result.text;
+        EXPECT_NE(result.text.find(row.message), std::string::npos) << result.text;
         EXPECT_EQ(std::ranges::count(result.text, '\n'), 1) << result.text;
         EXPECT_FALSE(std::filesystem::exists(out));
     }
@@ -108,10 +108,10 @@ TEST(veridialfcpx, writes_its_template_from_its_own_bundle)
     EXPECT_NE(text.find("<parameter name=\"Global Bypass\" id=\"2\" "), std::string::npos);
     EXPECT_EQ(pixels_of(to + "/small.png").size() * 4, pixels_of(to + "/large.png").size());
     EXPECT_EQ(run(service + " --extractXML").text, "Usage: --extractXML path-to-template-xml-folder\n");
-    EXPECT_EQ(run(service + " --extractXML " + to + "/Veridial.moef").code, 1) << "a file in the folder's place";
+    EXPECT_EQ(run(service + " --extractXML " + to + "/Veridial.moef").code, 1) << "the folder is a file";
 }
 
-TEST(veridialfcpx, says_what_its_bundle_lacks)
+TEST(veridialfcpx, reports_what_its_bundle_lacks)
 {
     const struct
     {
