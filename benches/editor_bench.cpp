@@ -95,8 +95,8 @@ public:
         move_wheel();
         grade_settings settings = everything_active();
         settings.settings[5].value = forth ? 210.0f : 200.0f;
-        build_lut_reference(settings, looks, skin, readable);
-        const auto renderer = make_plain_renderer(readable);
+        build_lut_reference(settings, looks, skin, plain_table);
+        const auto renderer = make_plain_renderer(plain_table);
         if (!plain_bitmap)
             plain_bitmap = makeOwned<CBitmap>(preview_width, preview_height);
         {
@@ -155,7 +155,7 @@ private:
     SharedPointer<CBitmap> plain_bitmap;
     const veridial_luts looks;
     const skin_tables skin;
-    lut<lut_edge> readable;
+    lut<lut_edge> plain_table;
     bool forth = false;
 };
 

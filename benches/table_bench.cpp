@@ -48,9 +48,9 @@ public:
             const forced_instruction_set forced(set);
             for (const grade_settings& settings : {all, grade_settings{}})
             {
-                build_lut_reference(settings, looks, skin, readable);
+                build_lut_reference(settings, looks, skin, plain_table);
                 build_lut(settings, looks, skin, built);
-                to.answer(fmt::format("build, {}", set.name), same_bits(readable, built) ? 0 : 1, 0);
+                to.answer(fmt::format("build, {}", set.name), same_bits(plain_table, built) ? 0 : 1, 0);
             }
         }
         screen by_plain_code = pixels;
@@ -63,9 +63,9 @@ public:
     std::vector<contender> builds()
     {
         return {{"build, everything active", [this] { build_lut(all, looks, skin, built); }},
-                {"readable build, everything active", [this] { build_lut_reference(all, looks, skin, readable); }},
+                {"plain build, everything active", [this] { build_lut_reference(all, looks, skin, plain_table); }},
                 {"build, defaults", [this] { build_lut({}, looks, skin, built); }},
-                {"readable build, defaults", [this] { build_lut_reference({}, looks, skin, readable); }},
+                {"plain build, defaults", [this] { build_lut_reference({}, looks, skin, plain_table); }},
                 {"publishing", [this] { published = std::make_shared<render_table>(built); }}};
     }
 
@@ -89,8 +89,8 @@ private:
 
     void plain_drag_step()
     {
-        build_lut_reference(all, looks, skin, readable);
-        const auto renderer = make_plain_renderer(readable);
+        build_lut_reference(all, looks, skin, plain_table);
+        const auto renderer = make_plain_renderer(plain_table);
         for (std::size_t y = 0, at = 0; y < preview.height; ++y, at += preview.width)
         {
             for (std::size_t x = 0; x < preview.width; ++x)
@@ -103,7 +103,7 @@ private:
     const veridial_luts looks;
     const skin_tables skin;
     lut_argb<lut_edge> built;
-    lut<lut_edge> readable;
+    lut<lut_edge> plain_table;
     std::shared_ptr<const render_table> published;
     const frame preview = make_frame(content::natural, preview_width, preview_height);
     std::vector<argb_float> row = std::vector<argb_float>(preview.width);
@@ -140,7 +140,7 @@ void run_table_bench(report& to, int rounds)
     constexpr int builds_per_round = 40; // a build is short
     const auto builds = time(to, bench.builds(), rounds * builds_per_round);
     const auto drags = time(to, bench.drags(), 3 * rounds);
-    to.ratio("table build, everything active, against the readable build", builds[1] / builds[0], 2.5);
+    to.ratio("table build, everything active, against the plain build", builds[1] / builds[0], 2.5);
     to.ratio("one step of a drag, against plain code", drags[1] / drags[0], 4);
 }
 
