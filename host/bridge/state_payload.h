@@ -5,8 +5,8 @@
 //   N         16  a random UUID in its binary form
 //
 // With the UUID every pushed value differs, so the host records an undo step even if the state is the same. There is no
-// header: the state contains its own length. icomponent_v1::set_state takes the whole payload and ignores the UUID; check
-// a payload from a document with check_state_blob first. Older documents may lack the UUID.
+// header: the state contains its own length. icomponent_v1::set_state takes the whole payload and ignores the UUID;
+// check a payload from a document with check_state_blob first. Older documents may lack the UUID.
 #pragma once
 
 #include <array>
