@@ -5,7 +5,7 @@
 #include "media/clips/clip_target.h"
 #include "media/clips/grade_clip.h"
 #include "platform/pending_file.h"
-#include "platform/rows.h"
+#include "standalone/jobs/threaded_pieces.h"
 
 #include <cmath>
 
@@ -60,16 +60,6 @@ private:
     console& out;
 };
 
-void run_pieces(std::size_t pieces, unsigned int threads, const std::function<void(std::size_t)>& work)
-{
-    for_each_row_piece(pieces, 1, threads,
-                       [&](std::size_t first, std::size_t end)
-                       {
-                           for (std::size_t piece = first; piece < end; ++piece)
-                               work(piece);
-                       });
-}
-
 /// Also sets the frames and damages of the result.
 result<> write_clip(media::clip_source& source, media::clip_target& target, const output_job& job,
                     const clip_settings& settings, console& out, clip_result& written)
@@ -82,8 +72,7 @@ result<> write_clip(media::clip_source& source, media::clip_target& target, cons
     damage_reporter damages(job.input, out);
     media::clip_hooks hooks;
     hooks.grade = settings.grade;
-    hooks.run = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
-    { run_pieces(pieces, settings.threads, work); };
+    hooks.run = run_on_threads(settings.threads);
     hooks.on_frame = [&](std::uint64_t frames) { progress.step(written.frames = frames); };
     hooks.on_damage = [&](const media::clip_damage& damage) { damages.report(damage); };
     const auto graded = media::grade_clip(source, target, file.get_descriptor(), hooks);

@@ -8,9 +8,9 @@
 #include "media/clips/clip_info.h"
 #include "media/clips/clip_request.h"
 #include "media/samples/frame_grader.h"
+#include "standalone/jobs/job_outcome.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,7 +21,7 @@ namespace ov1
 struct clip_settings
 {
     media::plane_grade grade; ///< empty to leave samples unchanged
-    media::clip_request format;
+    media::clip_request format = {};
     bool overwrite = false;
     bool dry_run = false;
     unsigned int threads = 0; ///< 0 for all processors
@@ -30,10 +30,8 @@ struct clip_settings
 };
 
 /// The outcome of one clip.
-struct clip_result
+struct clip_result : job_outcome
 {
-    std::optional<failure> failed; ///< where there is no output
-    std::vector<failure> warnings; ///< with their subjects; their kinds are ignored
     media::clip_info written;
     std::vector<media::clip_stream> streams; ///< of the source
     std::uint64_t frames = 0;                ///< written

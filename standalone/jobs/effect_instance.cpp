@@ -98,21 +98,28 @@ effect_instance::effect_instance(const host_maker& make_host)
     , presets(component)
 {
     component->initialize(make_host ? make_host(component) : std::make_shared<chost_v1>(component));
+    for (int i = 0; i < component->get_parameter_count(); ++i)
+        parameters.push_back(describe(*component->get_parameter(i)));
 }
 
 effect_instance::~effect_instance() { component->terminate(); }
 
-std::vector<parameter_info> effect_instance::describe_parameters()
+std::vector<grade_value> effect_instance::get_values()
 {
-    std::vector<parameter_info> table;
+    std::vector<grade_value> values;
     for (int i = 0; i < component->get_parameter_count(); ++i)
-        table.push_back(describe(*component->get_parameter(i)));
-    return table;
+    {
+        const auto parameter = component->get_parameter(i);
+        const param_value record = parameter->get_param_value();
+        values.push_back({parameter->get_name(), record.type, static_cast<float>(number_in(record.type, record.value)),
+                          record.is_default_value()});
+    }
+    return values;
 }
 
 std::vector<failure> effect_instance::apply(const grade_request& request)
 {
-    auto [assignments, failures] = resolve_grade(request, describe_parameters());
+    auto [assignments, failures] = resolve_grade(request, parameters);
     std::vector<std::uint8_t> state;
     if (request.state_file)
     {

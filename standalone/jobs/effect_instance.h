@@ -7,6 +7,7 @@
 #include "framework/ihost_v1.h"
 #include "framework/row_renderer.h"
 #include "presets/preset_manager.h"
+#include "standalone/jobs/grade_text.h"
 
 #include <functional>
 #include <memory>
@@ -32,7 +33,10 @@ public:
     preset_manager& get_presets() { return presets; }
 
     /// All parameters in registration order.
-    std::vector<parameter_info> describe_parameters();
+    const std::vector<parameter_info>& get_parameters() const { return parameters; }
+
+    /// The values of all parameters, in the same order.
+    std::vector<grade_value> get_values();
 
     /// Applies the request and brings the table up to date. Values are set as a host sets them, so that the wheels do
     /// not adjust one another. Where anything fails, nothing is set; there is one failure for each mistake.
@@ -44,6 +48,7 @@ public:
 private:
     std::shared_ptr<icomponent_v1> component;
     preset_manager presets;
+    std::vector<parameter_info> parameters;
 };
 
 } // namespace ov1

@@ -1,7 +1,7 @@
 #include "standalone/jobs/picture_job.h"
 
-#include "platform/rows.h"
 #include "standalone/jobs/file_output.h"
+#include "standalone/jobs/threaded_pieces.h"
 
 #include <utility>
 
@@ -47,16 +47,8 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
     if (settings.dry_run)
         return result;
 
-    const auto on_all = [&](std::size_t pieces, const std::function<void(std::size_t)>& work)
-    {
-        for_each_row_piece(pieces, 1, settings.threads,
-                           [&](std::size_t first, std::size_t end)
-                           {
-                               for (std::size_t piece = first; piece < end; ++piece)
-                                   work(piece);
-                           });
-    };
-    const auto report = media::grade_still(source, target, settings.grade, settings.format.transfer, on_all);
+    const auto report =
+        media::grade_still(source, target, settings.grade, settings.format.transfer, run_on_threads(settings.threads));
     result.limited_pixels = report.limited_pixels;
     for (const std::string& warning : report.warnings)
         warn(result, job.input, warning);

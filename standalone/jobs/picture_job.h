@@ -6,9 +6,9 @@
 #include "media/stills/grade_still.h"
 #include "media/stills/still_reader.h"
 #include "media/stills/still_writer.h"
+#include "standalone/jobs/job_outcome.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,18 +19,16 @@ namespace ov1
 struct picture_settings
 {
     media::row_grade grade; ///< empty to leave samples unchanged
-    media::write_request format;
+    media::write_request format = {};
     bool overwrite = false;
     bool dry_run = false;
     unsigned int threads = 0; ///< 0 for all processors
 };
 
 /// The outcome of one picture.
-struct picture_result
+struct picture_result : job_outcome
 {
-    std::optional<failure> failed; ///< where there is no output
-    std::vector<failure> warnings; ///< with their subjects; their kinds are ignored
-    media::still_info written;     ///< size, depth and format of the output
+    media::still_info written; ///< size, depth and format of the output
     std::uint64_t limited_pixels = 0;
 
     exit_code code() const { return failed ? exit_code_of(*failed) : exit_code::done; }

@@ -2,21 +2,17 @@
 
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
-#include "command_line/json_text.h"
-#include "command_line/number.h"
 #include "command_line/output_plan.h"
 #include "command_line/program.h"
 #include "command_line/run_options.h"
 #include "framework/chost_v1.h"
 #include "framework/editor_session.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "platform/user_environment.h"
-#include "standalone/jobs/clip_job.h"
-#include "standalone/jobs/clip_report.h"
 #include "standalone/jobs/edit_picture.h"
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/grade_steps.h"
-#include "standalone/jobs/picture_job.h"
+#include "standalone/jobs/grade_text.h"
+#include "standalone/jobs/job_report.h"
 
 #include <atomic>
 #include <optional>
@@ -87,47 +83,6 @@ std::optional<exit_code> parse(edit_command& command, std::span<const std::strin
     return fail(failures, out);
 }
 
-/// -s "Sky Angle=90" -s ..., for every parameter that differs from its default, without the bypass.
-std::string grade_as_options(effect_instance& effect)
-{
-    std::string options;
-    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
-    {
-        const auto parameter = effect.get().get_parameter(i);
-        const param_value record = parameter->get_param_value();
-        if (record.type != param_type::continuous || parameter->get_is_default())
-            continue;
-        options += options.empty() ? "" : " ";
-        options += "-s \"" + parameter->get_name() + '=' + number_text(record.value.as_continuous()) + '"';
-    }
-    return options;
-}
-
-std::string grade_as_json(effect_instance& effect)
-{
-    json_text json;
-    json.begin_object();
-    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
-    {
-        const auto parameter = effect.get().get_parameter(i);
-        const param_value record = parameter->get_param_value();
-        if (record.type == param_type::continuous)
-            json.key(parameter->get_name()).value(record.value.as_continuous());
-    }
-    return json.end().text();
-}
-
-exit_code write_picture(const output_job& job, const picture_settings& settings, console& out)
-{
-    const picture_result result = grade_picture(job, settings);
-    for (const failure& warning : result.warnings)
-        out.warning(warning);
-    if (result.failed)
-        return fail(*result.failed, out);
-    out.note("wrote " + job.output);
-    return exit_code::done;
-}
-
 exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)
 {
     const grade_steps steps{nullptr, effect.get_renderer()};
@@ -138,19 +93,25 @@ exit_code write_outputs(const edit_command& command, bool is_clip, effect_instan
         if (is_clip)
         {
             const clip_result result = grade_clip_file(job,
-                                                       {steps.for_clips(),
-                                                        {},
-                                                        command.run.overwrite,
-                                                        false,
-                                                        threads,
-                                                        command.run.progress,
-                                                        isatty(STDERR_FILENO) != 0},
+                                                       {.grade = steps.for_clips(),
+                                                        .overwrite = command.run.overwrite,
+                                                        .dry_run = command.run.dry_run,
+                                                        .threads = threads,
+                                                        .progress = command.run.progress,
+                                                        .is_terminal = isatty(STDERR_FILENO) != 0},
                                                        out);
-            report_clip(job, result, false, command.run.json, out);
+            report_clip(job, result, command.run, out);
             code = result.code();
         }
         else
-            code = write_picture(job, {steps.for_stills(), {}, command.run.overwrite, false, threads}, out);
+        {
+            const picture_result result = grade_picture(job, {.grade = steps.for_stills(),
+                                                              .overwrite = command.run.overwrite,
+                                                              .dry_run = command.run.dry_run,
+                                                              .threads = threads});
+            report_picture(job, result, command.run, out);
+            code = result.code();
+        }
         if (code != exit_code::done)
             return code;
     }
@@ -205,7 +166,8 @@ exit_code run_edit(std::span<const std::string> arguments, console& out, const e
     if (host->is_discarded())
         return exit_code::interrupted;
     effect.get().notify({event_kind::render_begins});
-    out.result((command.run.json ? grade_as_json(effect) : grade_as_options(effect)) + '\n');
+    const auto values = effect.get_values();
+    out.result((command.run.json ? grade_json(values, false) : grade_options(values)) + '\n');
     return write_outputs(command, picture.is_clip(), effect, out);
 }
 

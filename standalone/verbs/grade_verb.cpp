@@ -8,11 +8,11 @@
 #include "command_line/option_reader.h"
 #include "command_line/run_options.h"
 #include "media/stills/input_kind.h"
-#include "standalone/jobs/clip_report.h"
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/frames_job.h"
 #include "standalone/jobs/grade_plan.h"
 #include "standalone/jobs/grade_steps.h"
+#include "standalone/jobs/job_report.h"
 #include "standalone/jobs/picture_job.h"
 
 #include <array>
@@ -103,47 +103,6 @@ std::vector<failure> settle(grade_command& command, console& out)
     return reader.take_failures();
 }
 
-std::string size_text(const media::still_info& info)
-{
-    return std::to_string(info.width) + " x " + std::to_string(info.height) + ", " + info.format_name + ' ' +
-           std::string(name_of(info.depth));
-}
-
-void add_json(json_text& json, const output_job& job, const picture_result& result, bool dry_run)
-{
-    json.begin_object().key("input").value(job.input).key("output").value(job.output);
-    json.key("exit_code").value(static_cast<int>(result.code()));
-    if (result.failed)
-        json.key("error").value(result.failed->reason);
-    else if (job.skipped)
-        json.key("skipped").value(true);
-    else
-    {
-        json.key("written").value(!dry_run);
-        json.key("width").value(result.written.width).key("height").value(result.written.height);
-        json.key("format").value(result.written.format_name).key("depth").value(name_of(result.written.depth));
-        json.key("limited_pixels").value(static_cast<std::size_t>(result.limited_pixels));
-    }
-    json.key("warnings").begin_array();
-    for (const failure& warning : result.warnings)
-        json.value(warning.reason);
-    json.end().end();
-}
-
-void tell(const output_job& job, const picture_result& result, const grade_command& command, console& out)
-{
-    for (const failure& warning : result.warnings)
-        out.warning(warning);
-    if (result.failed)
-        out.error(*result.failed);
-    else if (job.skipped)
-        out.note(job.output + " already exists, skipped");
-    else if (command.run.dry_run && !command.run.json)
-        out.result("would write " + job.output + ": " + size_text(result.written) + '\n');
-    else
-        out.note("wrote " + job.output + ": " + size_text(result.written));
-}
-
 /// Grades the inputs one after the other, pictures and clips alike.
 class job_runner
 {
@@ -153,16 +112,25 @@ public:
         , out(out)
     {
         const auto threads = static_cast<unsigned int>(command.run.threads);
-        picture = {steps.for_stills(), command.format, command.run.overwrite, command.run.dry_run, threads};
-        clip = {steps.for_clips(), command.clip,         command.run.overwrite,     command.run.dry_run,
-                threads,           command.run.progress, isatty(STDERR_FILENO) != 0};
+        picture = {.grade = steps.for_stills(),
+                   .format = command.format,
+                   .overwrite = command.run.overwrite,
+                   .dry_run = command.run.dry_run,
+                   .threads = threads};
+        clip = {.grade = steps.for_clips(),
+                .format = command.clip,
+                .overwrite = command.run.overwrite,
+                .dry_run = command.run.dry_run,
+                .threads = threads,
+                .progress = command.run.progress,
+                .is_terminal = isatty(STDERR_FILENO) != 0};
     }
 
     exit_code run_into_frames(const grade_plan& plan, json_text& json)
     {
         const output_job& job = plan.outputs.jobs.front();
         const clip_result result = grade_clip_into_frames(plan, picture, clip, command.run.no_clobber, out);
-        report_clip(job, result, command.run.dry_run, command.run.json, out);
+        report_clip(job, result, command.run, out);
         add_clip_json(json, job, result);
         return result.code();
     }
@@ -172,13 +140,13 @@ public:
         if (!job.skipped && media::input_kind_of(job.input) == media::input_kind::clip)
         {
             const clip_result result = grade_clip_file(job, clip, out);
-            report_clip(job, result, command.run.dry_run, command.run.json, out);
+            report_clip(job, result, command.run, out);
             add_clip_json(json, job, result);
             return result.code();
         }
         const picture_result result = job.skipped ? picture_result{} : grade_picture(job, picture);
-        tell(job, result, command, out);
-        add_json(json, job, result, command.run.dry_run);
+        report_picture(job, result, command.run, out);
+        add_picture_json(json, job, result, command.run.dry_run);
         return result.code();
     }
 

@@ -60,7 +60,7 @@ exit_code run_params(std::span<const std::string> arguments, console& out)
     if (const auto end = parse_or_explain(parser, arguments, out))
         return *end;
     effect_instance effect;
-    const auto table = effect.describe_parameters();
+    const auto& table = effect.get_parameters();
     out.result(json ? as_json(table) : as_table(table));
     return exit_code::done;
 }

@@ -4,9 +4,8 @@
 #include "command_line/console.h"
 #include "command_line/edit_distance.h"
 #include "command_line/json_text.h"
-#include "command_line/number.h"
-#include "framework/parameters/iparameter_v1.h"
 #include "standalone/jobs/effect_instance.h"
+#include "standalone/jobs/grade_text.h"
 #include "standalone/jobs/preset_source.h"
 
 #include <algorithm>
@@ -69,26 +68,6 @@ exit_code list(std::span<const std::string> arguments, console& out)
     return exit_code::done;
 }
 
-/// Every parameter that differs from its default, as a line for -s; with json, an object of all parameters.
-std::string values_text(effect_instance& effect, bool json)
-{
-    json_text object;
-    object.begin_object();
-    std::string lines;
-    for (int i = 0; i < effect.get().get_parameter_count(); ++i)
-    {
-        const auto parameter = effect.get().get_parameter(i);
-        const param_value record = parameter->get_param_value();
-        object.key(parameter->get_name());
-        const bool is_switch = record.type == param_type::boolean;
-        is_switch ? object.value(record.value.as_boolean()) : object.value(record.value.as_continuous());
-        if (!record.is_default_value())
-            lines +=
-                parameter->get_name() + '=' + (is_switch ? "true" : number_text(record.value.as_continuous())) + '\n';
-    }
-    return json ? object.end().text() + '\n' : lines;
-}
-
 exit_code show(std::span<const std::string> arguments, console& out)
 {
     named_preset preset;
@@ -103,7 +82,8 @@ exit_code show(std::span<const std::string> arguments, console& out)
     request.presets = preset.names;
     if (const auto failures = effect.apply(request); !failures.empty())
         return fail(failures, out);
-    out.result(values_text(effect, preset.json));
+    const auto values = effect.get_values();
+    out.result(preset.json ? grade_json(values, true) + '\n' : grade_lines(values));
     return exit_code::done;
 }
 
