@@ -102,6 +102,138 @@ TEST_F(veridial_program, a_bypassed_picture_comes_back_untouched_and_a_graded_on
     EXPECT_EQ(o.code, 0) << o.err;
 }
 
+TEST_F(veridial_program, outputs_get_the_names_that_were_asked_for)
+{
+    write_picture("in.ppm", 5, 3);
+    ASSERT_EQ(run("$V grade in.ppm -o a.png && mkdir in shots && cp a.png in/x.png && cp a.png in/y.png && "
+                  "for i in 1 2 3; do cp a.png s.000$i.png; done")
+                  .code,
+              0);
+    const struct
+    {
+        const char* line;
+        const char* files; ///< that appear
+    } rows[] = {
+        {"$V grade a.png -o out.tif", "out.tif "},
+        {"$V grade in -o out", "out out/x.png out/y.png "},
+        {"$V grade a.png in/x.png -o out/", "out out/a.png out/x.png "},
+        {"$V grade s.%04d.png -o out.%02d.png", "out.01.png out.02.png out.03.png "},
+        {"$V grade s.%04d.png --frames 2-3 -o out/", "out out/s.0002.png out/s.0003.png "},
+        {"$V lut -o out.cube && $V lut -o out.3dl && $V lut -o out.png", "out.3dl out.cube out.png "},
+        {"$V inspire --seed 7 -n 2 -o shots -f && mv shots/* .", "Look 1.json Look 2.json "},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.line);
+        const outcome o = run("find . | sort >../before.txt; " + std::string(row.line) +
+                              " && find . | sort | comm -13 ../before.txt - | sed 's,^\\./,,' | grep -v '^data' | tr "
+                              "'\\n' ' '; rm -rf out* Look*");
+        EXPECT_EQ(o.err, "");
+        EXPECT_EQ(o.out, row.files);
+    }
+}
+
+TEST_F(veridial_program, json_says_what_became_of_each_input)
+{
+    write_picture("in.ppm", 5, 3);
+    std::ofstream("bad.png") << "no picture";
+    ASSERT_EQ(run("$V grade in.ppm -o a.png").code, 0);
+    const struct
+    {
+        const char* line;
+        int code;
+        const char* said;
+    } rows[] = {
+        {"$V grade a.png -o b.png --json", 0,
+         R"([{"input":"a.png","output":"b.png","exit_code":0,"written":true,"width":5,"height":3,"format":"PNG",)"
+         R"("depth":"8","limited_pixels":0,"warnings":[]}])"},
+        {"$V grade a.png -o c.tif --depth 16 --json --dry-run", 0,
+         R"([{"input":"a.png","output":"c.tif","exit_code":0,"written":false,"width":5,"height":3,"format":"TIFF",)"
+         R"("depth":"16","limited_pixels":0,"warnings":[]}])"},
+        {"$V grade a.png -o b.png -n --json", 0,
+         R"([{"input":"a.png","output":"b.png","exit_code":0,"skipped":true,"warnings":[]}])"},
+        {"$V lut -o l.cube --json --dry-run | sed 's/\"bytes\":[0-9]*,//'", 0,
+         R"({"output":"l.cube","points":17,"written":false})"},
+        {"$V lut -o l.png --json --dry-run | sed 's/\"bytes\":[0-9]*,//'", 0,
+         R"({"output":"l.png","points":64,"written":false})"},
+        {"$V sheet a.png --sky 90,50 -o s.png --json --dry-run", 0,
+         R"({"output":"s.png","written":false,"width":46,"height":51})"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.line);
+        const outcome o = run(row.line);
+        EXPECT_EQ(o.code, row.code) << o.err;
+        EXPECT_EQ(o.out, row.said + std::string("\n"));
+        EXPECT_EQ(o.err, "");
+    }
+    const outcome failed = run("$V grade bad.png -o d.png --json");
+    EXPECT_EQ(failed.code, 4);
+    EXPECT_EQ(failed.out.find(R"([{"input":"bad.png","output":"d.png","exit_code":4,"error":")"), 0u) << failed.out;
+    EXPECT_FALSE(fs::exists("c.tif") || fs::exists("s.png") || fs::exists("l.cube"));
+}
+
+TEST_F(veridial_program, a_preset_can_be_checked_listed_and_read_from_a_file_or_stdin)
+{
+    std::ofstream("bad.json") << "{";
+    const struct
+    {
+        const char* line;
+        int code;
+        const char* out;
+    } rows[] = {
+        {"$V preset save Mine --sky 90,50", 0, ""},
+        {"$V preset list | head -1", 0, "Mine\n"},
+        {"$V preset list --json | sed 's/,\"bundled.*//'", 0, "{\"own\":[\"Mine\"]\n"},
+        {"$V preset load-check Mine", 0, "Mine: loads\n"},
+        {"cp data/*/*/*/Mine.json m.json || cp $(find data -name Mine.json) m.json", 0, ""},
+        {"$V preset load-check m.json", 0, "m.json: loads\n"},
+        {"$V preset show - <m.json", 0, "Sky Angle=90\nSky Strength=50\n"},
+        {"$V preset show m.json --json | tr ',' '\\n' | grep Sky", 0, "\"Sky Angle\":90\n\"Sky Strength\":50\n"},
+        {"$V preset load-check bad.json", 5, ""},
+        {"$V preset load-check none.json", 3, ""},
+        {"$V preset show", 2, ""},
+        {"$V preset show Mine Noir", 2, ""},
+        {"$V preset delete None", 3, ""},
+        {"$V preset delete Mine && $V preset list | grep -c Mine", 1, "0\n"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.line);
+        const outcome o = run(row.line);
+        EXPECT_EQ(o.code, row.code) << o.err;
+        EXPECT_EQ(o.out, row.out);
+    }
+}
+
+TEST_F(veridial_program, every_command_shows_its_help)
+{
+    for (const char* command : {"", "grade", "lut", "sheet", "scope", "preset", "preset list", "preset show",
+                                "preset save", "preset load-check", "preset delete", "inspire", "params"})
+    {
+        SCOPED_TRACE(command);
+        const outcome o = run("$V " + std::string(command) + " --help");
+        EXPECT_EQ(o.code, 0);
+        EXPECT_EQ(o.err, "");
+        const std::string usage = "\nUsage: veridial " + std::string(command);
+        EXPECT_NE(o.out.find(usage), std::string::npos) << o.out;
+    }
+}
+
+TEST_F(veridial_program, an_editor_without_a_display_is_refused_and_writes_nothing)
+{
+    write_picture("in.ppm", 5, 3);
+    if (run("$V edit --help").code != 0)
+        GTEST_SKIP() << "built without the editor";
+    const outcome o = run("unset DISPLAY; $V edit in.ppm -o o.png");
+    EXPECT_EQ(o.code, 4);
+    EXPECT_NE(o.err.find("veridial: \"edit\": cannot open a window"), std::string::npos) << o.err;
+    EXPECT_EQ(entries(), std::vector<std::string>{"in.ppm"});
+    EXPECT_EQ(run("unset DISPLAY; $V edit in.ppm in.ppm").code, 2);
+    EXPECT_EQ(run("unset DISPLAY; $V edit none.png").code, 3);
+    EXPECT_EQ(run("unset DISPLAY; $V edit -o o.png").code, 2);
+}
+
 TEST_F(veridial_program, dry_runs_say_what_would_be_done_and_write_nothing)
 {
     write_picture("in.ppm", 31, 17);
