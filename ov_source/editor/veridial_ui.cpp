@@ -6,20 +6,15 @@
 #include "editor/controls/widgets/reset_click.h"
 #include "editor/discard_keys.h"
 #include "editor/editor_hand.h"
-#include "editor/panel/panel_layout.h"
+#include "editor/panel/control_binding.h"
 #include "editor/presets/preset_browser.h"
-#include "editor/preview/preview_bar.h"
-#include "editor/scopes/scopes_panel.h"
 #include "editor/scopes/scopes_text.h"
-#include "editor/toolbar/cov_plugin_toolbar.h"
 #include "framework/ihost_v1.h"
 #include "framework/view/toolkit_guard.h"
 #include "framework/view/view_size.h"
 #include "platform/iutils.h"
 #include "presets/random_look.h"
 #include "shared/image.h"
-
-#include "vstgui/lib/controls/cscrollbar.h"
 
 #include <algorithm>
 #include <utility>
@@ -32,24 +27,11 @@ using namespace VSTGUI;
 namespace
 {
 
-constexpr std::int32_t preview_scroll_style = 0x43;
-constexpr CCoord scrollbar_width = 12;
 constexpr std::uint32_t tooltip_delay_ms = 4000;
-constexpr CCoord preview_bar_height = 34;
-constexpr CCoord scopes_width = 260;
 constexpr const char* random_look_label = "{en:Random look}{de:Zufälliger Look}";
-/// A drag is followed by scopes of every second row; its end brings those of all.
+/// During a drag the scopes count every second row; when it ends they count all.
 constexpr std::size_t scope_rows_while_dragging = 2;
 constexpr float least_value_of_a_press = 0.5f;
-
-void colour_scrollbar(CScrollbar* bar, const CColor& back)
-{
-    if (!bar)
-        return;
-    bar->setFrameColor(back);
-    bar->setBackgroundColor(back);
-    bar->setScrollerColor(style::scroller);
-}
 
 std::uint64_t now_ms()
 {
@@ -57,7 +39,7 @@ std::uint64_t now_ms()
     return static_cast<std::uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(since_start).count());
 }
 
-/// Of all open editors, in the order of their opening. The editor's thread alone.
+/// The frames of all open editors, the latest last. Only for the editor's thread.
 std::vector<CFrame*>& open_frames()
 {
     static std::vector<CFrame*> frames;
@@ -98,9 +80,9 @@ rect veridial_ui::get_rect() const
 
 void veridial_ui::remember()
 {
-    memory.split = preview->get_split();
-    memory.last_folder = toolbar->getLutExport().get_last_folder();
-    memory.scopes = scope_choice_text(scopes->get_choice());
+    memory.split = views.preview->get_split();
+    memory.last_folder = views.toolbar->getLutExport().get_last_folder();
+    memory.scopes = scope_choice_text(views.scopes->get_choice());
     keep_editor_memory(memory);
 }
 
@@ -115,65 +97,48 @@ void veridial_ui::init_view()
     open_frames().push_back(frame);
     frame->setZoom(scale);
     window->set_resize_listener([this](int width, int height) { resize(width, height); });
-    toolbar->setWindow(window);
+    views.toolbar->setWindow(window);
 }
 
 CFrame* veridial_ui::get_open_frame() { return open_frames().empty() ? nullptr : open_frames().back(); }
 
-void veridial_ui::build_frame(double width, double height)
+void veridial_ui::build_frame(double new_width, double new_height)
 {
+    width = new_width;
+    height = new_height;
     CControl::CheckDefaultValueEventFunc = leave_resets_to_controls;
     frame = new CFrame(CRect(0, 0, width, height), this);
     frame->setBackgroundColor(style::background);
-    frame->setFocusColor(style::accent); // of selected text, too
+    frame->setFocusColor(style::accent); // also the background of selected text
     frame->enableTooltips(true, tooltip_delay_ms);
-    add_preview(width, height);
-    add_scopes(height);
-    add_toolbar(width);
-    add_column(width, height);
-    browser = std::make_unique<preset_browser>(*frame, *preview, toolbar->getPresets(), language());
-    toolbar->setPresetChooser([this] { browser->toggle(column->getViewSize()); });
+    views = make_editor_views(*frame, width, height, {*this, get_component(), get_window(), language(), memory});
+    connect_views();
+    if (const auto component = get_component())
+        stops = order_panel_stops(*component, views.controls);
+    hand = std::make_unique<editor_hand>(*frame, *views.column, *views.panel, stops, language(),
+                                         hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
+                                                    [this] { end_gesture(); }, [this](key_action a) { act(a); }});
+    browser = std::make_unique<preset_browser>(*frame, *views.preview, views.toolbar->getPresets(), language());
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
-    lay_out(width, height);
+    lay_out_views();
     tooltips = std::make_unique<tooltip_layer>(*frame, tooltip_delay_ms);
 }
 
-void veridial_ui::add_preview(double width, double height)
+void veridial_ui::connect_views()
 {
-    const CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
-    preview = new COVImagePreview<veridial_ui>(place, get_component());
-    preview->setOwner(*this);
-    preview->set_split(memory.split);
-    preview_scroller = new COVScrollView(place, place, preview_scroll_style);
-    preview_scroller->setBackgroundColor(kBlackCColor);
-    preview_scroller->setScrollbarWidth(scrollbar_width);
-    colour_scrollbar(preview_scroller->getHorizontalScrollbar(), kBlackCColor);
-    colour_scrollbar(preview_scroller->getVerticalScrollbar(), kBlackCColor);
-    preview_scroller->addView(preview);
-    preview->set_scroller(preview_scroller);
-    frame->addView(preview_scroller);
-
-    CRect strip = place;
-    strip.top = strip.bottom - preview_bar_height;
-    bar = new preview_bar(strip, *preview, *preview_scroller, language());
-    frame->addView(bar);
-}
-
-void veridial_ui::add_scopes(double height)
-{
-    scopes = new scopes_panel(CRect(0, 0, scopes_width, height), language());
-    scopes->set_choice(scope_choice_from_text(memory.scopes));
-    scopes->setVisible(memory.shows_scopes);
-    scopes->set_frame_listener([this] { ask_for_render(); });
-    bar->offer_scopes(memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
-    frame->addView(scopes);
+    views.preview->setOwner(*this);
+    views.scopes->set_frame_listener([this] { ask_for_render(); });
+    views.bar->offer_scopes(memory.shows_scopes, [this](bool shown) { show_scopes(shown); }, language());
+    views.toolbar->setPresetChooser([this] { browser->toggle(views.column->getViewSize()); });
+    views.toolbar->setDiscardAction([this] { discard_and_close(); });
+    register_parameter_change_listener(views.toolbar);
 }
 
 void veridial_ui::show_scopes(bool shown)
 {
     memory.shows_scopes = shown;
-    scopes->setVisible(shown);
-    lay_out(width, height);
+    views.scopes->setVisible(shown);
+    lay_out_views();
     if (shown)
         ask_for_render();
 }
@@ -185,95 +150,48 @@ void veridial_ui::ask_for_render()
         host->notify({event_kind::render_requested});
 }
 
-void veridial_ui::add_toolbar(double width)
-{
-    toolbar =
-        new COVPluginToolbar(to_crect(place_toolbar(static_cast<int>(width))), frame, get_component(), get_window());
-    toolbar->setDiscardAction([this] { discard_and_close(); });
-    toolbar->getLutExport().set_last_folder(memory.last_folder);
-    register_parameter_change_listener(toolbar);
-    toolbar->show_undo_redo_button(true, {}, {});
-    frame->addView(toolbar);
-}
-
-void veridial_ui::add_column(double width, double height)
-{
-    const CRect place = to_crect(place_column(static_cast<int>(width), static_cast<int>(height)));
-    column = new CScrollView(place, CRect(0, 0, column_width, panel_height),
-                             CScrollView::kHorizontalScrollbar | CScrollView::kVerticalScrollbar);
-    column->setScrollbarWidth(scrollbar_width);
-    column->setBackgroundColor(style::background);
-    colour_scrollbar(column->getVerticalScrollbar(), kBlackCColor);
-    colour_scrollbar(column->getHorizontalScrollbar(), kBlackCColor);
-
-    auto* const container = new CViewContainer(CRect(0, 0, panel_width, panel_height));
-    container->setBackground(draw_panel_background(frame));
-    controls = add_panel_controls(*container, *this, language());
-    if (const auto component = get_component())
-        stops = order_panel_stops(*component, controls);
-    column->addView(container);
-    frame->addView(column);
-    add_hand(*container);
-}
-
-void veridial_ui::add_hand(CViewContainer& panel)
-{
-    hand = std::make_unique<editor_hand>(*frame, *column, panel, stops, language(),
-                                         hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
-                                                    [this] { end_gesture(); }, [this](key_action a) { act(a); }});
-}
-
 void veridial_ui::act(key_action action)
 {
     switch (action)
     {
     case key_action::undo:
-        return toolbar->getHistory().undo();
+        return views.toolbar->getHistory().undo();
     case key_action::redo:
-        return toolbar->getHistory().redo();
+        return views.toolbar->getHistory().redo();
     case key_action::bypass:
-        return toolbar->toggleBypass();
+        return views.toolbar->toggleBypass();
     case key_action::before:
-        return bar->toggle_comparison(comparison::before);
+        return views.bar->toggle_comparison(comparison::before);
     case key_action::split:
-        return bar->toggle_comparison(comparison::split);
+        return views.bar->toggle_comparison(comparison::split);
     case key_action::fit:
-        return preview_scroller->zoomToFit();
+        return views.preview_scroller->zoomToFit();
     case key_action::actual_size:
-        return preview_scroller->setZoom(1);
+        return views.preview_scroller->setZoom(1);
     case key_action::inspire:
         return inspire();
     case key_action::help:
         return show_help(*frame, language());
-    default: // the panel's own
+    default: // editor_hand does the panel's own actions
         return;
     }
 }
 
-void veridial_ui::resize(int width, int height)
+void veridial_ui::resize(int new_width, int new_height)
 {
     if (!frame)
         return;
-    memory.window_width = width;
-    memory.window_height = height;
-    frame->setSize(width, height);
-    lay_out(width / scale, height / scale);
+    memory.window_width = new_width;
+    memory.window_height = new_height;
+    frame->setSize(new_width, new_height);
+    width = new_width / scale;
+    height = new_height / scale;
+    lay_out_views();
 }
 
-void veridial_ui::lay_out(double new_width, double new_height)
+void veridial_ui::lay_out_views()
 {
-    width = new_width;
-    height = new_height;
-    CRect place = to_crect(place_preview(static_cast<int>(width), static_cast<int>(height)));
-    if (memory.shows_scopes)
-    {
-        place_view(*scopes, CRect(0, 0, scopes_width, height));
-        place.left = scopes_width;
-    }
-    place_view(*preview_scroller, place);
-    place_view(*bar, CRect(place.left, place.bottom - preview_bar_height, place.right, place.bottom));
-    place_view(*toolbar, to_crect(place_toolbar(static_cast<int>(width))));
-    place_view(*column, to_crect(place_column(static_cast<int>(width), static_cast<int>(height))));
+    lay_out(views, width, height, memory.shows_scopes);
     frame->invalid();
 }
 
@@ -295,18 +213,14 @@ void veridial_ui::close()
 
 void veridial_ui::drop_frame()
 {
-    // First all that looks into the frame.
-    unregister_parameter_change_listener(toolbar);
+    // Everything that refers to the frame's views goes first.
+    unregister_parameter_change_listener(views.toolbar);
     browser.reset();
     tooltips.reset();
     hand.reset();
     keys.reset();
     stops.clear();
-    controls = {};
-    preview = nullptr;
-    toolbar = nullptr;
-    bar = nullptr;
-    scopes = nullptr;
+    views = {};
     std::erase(open_frames(), frame);
     std::exchange(frame, nullptr)->close();
 }
@@ -324,9 +238,9 @@ bool veridial_ui::idle()
     const bool goes_on = cview_v1::idle();
     if (goes_on && frame)
     {
-        preview->idle();
-        toolbar->idle();
-        scopes->idle();
+        views.preview->idle();
+        views.toolbar->idle();
+        views.scopes->idle();
         browser->idle();
         tooltips->idle(now_ms());
         hand->idle(now_ms());
@@ -339,7 +253,7 @@ void veridial_ui::valueChanged(CControl* control)
 {
     if (!get_component())
         return;
-    if (!write_parameters(stops, *control) && control == controls.inspire &&
+    if (!write_parameters(stops, *control) && control == views.controls.inspire &&
         control->getValue() > least_value_of_a_press)
         inspire();
     if (hand)
@@ -361,7 +275,7 @@ void veridial_ui::controlBeginEdit(CControl* control)
 {
     if (hand && hand->begins(*control))
         join_gestures();
-    // The base class brackets the same gesture, since a pad's tag is its angle's: nested brackets make one step.
+    // A pad's tag is its angle's, so the base class brackets the same gesture too: nested brackets are one undo step.
     if (is_bound_pad(stops, *control))
         begin_gesture();
     cview_v1::controlBeginEdit(control);
@@ -383,7 +297,7 @@ void veridial_ui::inspire()
     begin_gesture();
     inspire_randomize();
     end_gesture();
-    toolbar->getHistory().label_step(iutils::translate(language(), random_look_label));
+    views.toolbar->getHistory().label_step(iutils::translate(language(), random_look_label));
 }
 
 void veridial_ui::inspire_randomize()
@@ -394,30 +308,30 @@ void veridial_ui::inspire_randomize()
 
 void veridial_ui::set_preview_image(image& picture)
 {
-    if (preview)
-        preview->update(picture);
-    if (!scopes)
+    if (views.preview)
+        views.preview->update(picture);
+    if (!views.scopes)
         return;
-    scopes->set_row_step(is_editing() ? scope_rows_while_dragging : 1);
-    scopes->update(picture);
+    views.scopes->set_row_step(is_editing() ? scope_rows_while_dragging : 1);
+    views.scopes->update(picture);
 }
 
 void veridial_ui::set_preview_source(const image& picture)
 {
-    if (preview)
-        preview->update_source(picture);
+    if (views.preview)
+        views.preview->update_source(picture);
 }
 
 void veridial_ui::offer_frames(int count, std::function<void(int frame)> chosen)
 {
-    if (bar)
-        bar->offer_frames(count, std::move(chosen));
+    if (views.bar)
+        views.bar->offer_frames(count, std::move(chosen));
 }
 
 void veridial_ui::colour_picked(const std::optional<picked_colour>& colour)
 {
-    if (bar)
-        bar->show_colour(colour);
+    if (views.bar)
+        views.bar->show_colour(colour);
 }
 
 } // namespace ov1
