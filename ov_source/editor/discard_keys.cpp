@@ -12,13 +12,13 @@ using namespace VSTGUI;
 namespace
 {
 
-constexpr std::chrono::milliseconds longest_between_escapes(800);
+constexpr std::chrono::milliseconds longest_pause_between_presses(800);
 
 } // namespace
 
-discard_keys::discard_keys(CFrame& frame, std::function<void()> discard)
+discard_keys::discard_keys(CFrame& frame, std::function<void()> on_discard)
     : frame(frame)
-    , discard(std::move(discard))
+    , on_discard(std::move(on_discard))
 {
     frame.registerKeyboardHook(this);
 }
@@ -31,12 +31,12 @@ void discard_keys::onKeyboardEvent(KeyboardEvent& event, CFrame* of_frame)
         of_frame->getModalView())
         return;
     const auto now = clock::now();
-    const bool is_second = now - last_escape < longest_between_escapes;
+    const bool is_second = now - last_escape < longest_pause_between_presses;
     last_escape = is_second ? clock::time_point{} : now;
     if (is_second)
     {
         event.consumed = true;
-        discard();
+        on_discard();
     }
 }
 

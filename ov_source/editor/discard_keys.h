@@ -1,4 +1,4 @@
-// Escape pressed twice: closing without keeping the changes.
+// Escape pressed twice closes the editor without keeping the changes.
 #pragma once
 
 #include "vstgui/lib/cframe.h"
@@ -9,12 +9,13 @@
 namespace ov1
 {
 
-/// Watches the frame's keys for as long as it lives; the frame outlives it. Escapes within a question belong to the
+/// Watches the frame's keys during its lifetime; the frame outlives it. While a question is open, Escape belongs to the
 /// question.
 class discard_keys : public VSTGUI::IKeyboardHook
 {
 public:
-    discard_keys(VSTGUI::CFrame& frame, std::function<void()> discard);
+    /// on_discard is called at the second of two presses within 0.8 s.
+    discard_keys(VSTGUI::CFrame& frame, std::function<void()> on_discard);
     ~discard_keys() noexcept override;
     discard_keys(const discard_keys&) = delete;
     discard_keys& operator=(const discard_keys&) = delete;
@@ -25,7 +26,7 @@ private:
     using clock = std::chrono::steady_clock;
 
     VSTGUI::CFrame& frame;
-    const std::function<void()> discard;
+    const std::function<void()> on_discard;
     clock::time_point last_escape;
 };
 

@@ -14,7 +14,7 @@ namespace ov1
 namespace
 {
 
-/// Over the editor that stands open; without one the text goes where messages of programs without windows go.
+/// Shown over the open editor; without one the text goes to stderr, as in programs without windows.
 bool show_alert(void*, const std::string& title, const std::string& message, const std::string& first_button,
                 const std::string& second_button)
 {

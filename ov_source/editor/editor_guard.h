@@ -1,4 +1,4 @@
-// Makes the editor available to components, for as long as a program shows windows.
+// Makes the editor available to components for the time that a program shows windows.
 #pragma once
 
 #include "framework/view/toolkit_guard.h"
@@ -6,7 +6,8 @@
 namespace ov1
 {
 
-/// Installs the editor, the windows and the alerts, and removes them at its end. One at a time, on the editor's thread.
+/// The constructor installs the editor's factory, the windows and the alerts; the destructor removes them. One at a
+/// time, on the editor's thread.
 class editor_guard
 {
 public:

@@ -10,9 +10,9 @@ namespace ov1
 
 using namespace VSTGUI;
 
-editor_keys::editor_keys(CFrame& frame, std::function<bool(key_action, const KeyboardEvent&)> act)
+editor_keys::editor_keys(CFrame& frame, std::function<bool(key_action, const KeyboardEvent&)> on_action)
     : frame(frame)
-    , act(std::move(act))
+    , on_action(std::move(on_action))
 {
     frame.registerKeyboardHook(this);
 }
@@ -24,7 +24,7 @@ void editor_keys::onKeyboardEvent(KeyboardEvent& event, CFrame*)
     if (event.consumed || frame.getModalView() || dynamic_cast<CTextEdit*>(frame.getFocusView()))
         return;
     if (const auto action = find_key_action(event))
-        event.consumed = act(*action, event);
+        event.consumed = on_action(*action, event);
 }
 
 void show_help(CFrame& frame, language_id language)
@@ -35,7 +35,7 @@ void show_help(CFrame& frame, language_id language)
         groups[0].push_back({say(row.keys), say(row.text)});
     for (const mouse_row& row : get_mouse_table())
         groups[1].push_back({say(row.gesture), say(row.text)});
-    // A frame that refuses is being closed.
+    // The only failure is a frame that is being closed.
     static_cast<void>(show_help_overlay(frame, say("{en:Keys and mouse}{de:Tasten und Maus}"), groups));
 }
 

@@ -1,4 +1,4 @@
-// The frame's keys as the editor's actions.
+// Turns key presses into the editor's actions.
 #pragma once
 
 #include "editor/controls/modal/key_table.h"
@@ -9,13 +9,13 @@
 namespace ov1
 {
 
-/// Watches the frame's keys for as long as it lives; the frame outlives it. Keys that are typed into a field, and those
-/// within a question, are left alone.
+/// Watches the frame's keys during its lifetime; the frame outlives it. Keys that are typed into a text field, and all
+/// keys while a question is open, are ignored.
 class editor_keys : public VSTGUI::IKeyboardHook
 {
 public:
-    /// act is told the action with its key, and says whether it has taken it.
-    editor_keys(VSTGUI::CFrame& frame, std::function<bool(key_action, const VSTGUI::KeyboardEvent&)> act);
+    /// on_action gets the action and its key; it returns true if it has handled it.
+    editor_keys(VSTGUI::CFrame& frame, std::function<bool(key_action, const VSTGUI::KeyboardEvent&)> on_action);
     ~editor_keys() noexcept override;
     editor_keys(const editor_keys&) = delete;
     editor_keys& operator=(const editor_keys&) = delete;
@@ -24,10 +24,10 @@ public:
 
 private:
     VSTGUI::CFrame& frame;
-    const std::function<bool(key_action, const VSTGUI::KeyboardEvent&)> act;
+    const std::function<bool(key_action, const VSTGUI::KeyboardEvent&)> on_action;
 };
 
-/// Lists keys and mouse gestures over the window, in the user's language.
+/// Shows the list of keys and mouse gestures over the window, in the user's language.
 void show_help(VSTGUI::CFrame& frame, language_id language);
 
 } // namespace ov1

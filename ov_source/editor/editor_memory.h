@@ -1,4 +1,4 @@
-// What the editor remembers from one sitting to the next, in the user's settings.
+// What the editor remembers from one session to the next, in the user's settings.
 #pragma once
 
 #include <string>
@@ -8,18 +8,18 @@ namespace ov1
 
 struct editor_memory
 {
-    int window_width = 0; ///< screen pixels; 0 for the size that suits the screen
+    int window_width = 0; ///< in screen pixels; 0: the size that suits the screen
     int window_height = 0;
-    double split = 0.5; ///< place of the split's line, 0..1
+    double split = 0.5; ///< position of the line between before and after, 0..1 of the width
     bool shows_scopes = false;
-    std::string scopes;      ///< the scopes' own text of what they show
-    std::string last_folder; ///< where a table was written last; empty for none
+    std::string scopes;      ///< which scopes are shown, as scope_choice_text writes it
+    std::string last_folder; ///< folder of the last exported LUT; empty for none
 };
 
-/// What was kept; for each thing that was not, or makes no sense, the default.
+/// Reads the settings. What is missing or invalid has its default.
 editor_memory recall_editor_memory();
 
-/// Settings that cannot be written are not kept, and nothing is said.
+/// Writes the settings. A failure is ignored: the editor then opens with what was kept before.
 void keep_editor_memory(const editor_memory& memory);
 
 } // namespace ov1

@@ -1,6 +1,7 @@
 #include "editor/editor_views.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/view_area.h"
 #include "editor/panel/panel_layout.h"
 #include "editor/scopes/scopes_text.h"
 
@@ -18,8 +19,6 @@ constexpr std::int32_t preview_scroll_style = 0x43;
 constexpr CCoord scrollbar_width = 12;
 constexpr CCoord preview_bar_height = 34;
 constexpr CCoord scopes_width = 260;
-
-CRect to_crect(const rect& r) { return CRect(CPoint(r.x, r.y), CPoint(r.width, r.height)); }
 
 /// Where the parts of the window lie while the scopes are hidden.
 CRect preview_place(double width, double height)
@@ -107,21 +106,16 @@ editor_views make_editor_views(CFrame& frame, double width, double height, const
 
 void lay_out(const editor_views& views, double width, double height, bool shows_scopes)
 {
-    const auto move = [](CView& view, const CRect& place)
-    {
-        view.setViewSize(place);
-        view.setMouseableArea(place);
-    };
     CRect preview = preview_place(width, height);
     if (shows_scopes)
     {
-        move(*views.scopes, CRect(0, 0, scopes_width, height));
+        place_view(*views.scopes, CRect(0, 0, scopes_width, height));
         preview.left = scopes_width;
     }
-    move(*views.preview_scroller, preview);
-    move(*views.bar, bar_place(preview));
-    move(*views.toolbar, toolbar_place(width));
-    move(*views.column, column_place(width, height));
+    place_view(*views.preview_scroller, preview);
+    place_view(*views.bar, bar_place(preview));
+    place_view(*views.toolbar, toolbar_place(width));
+    place_view(*views.column, column_place(width, height));
 }
 
 } // namespace ov1

@@ -2,11 +2,10 @@
 
 #include "editor/controls/modal/tooltip_layer.h"
 #include "editor/controls/style/editor_style.h"
-#include "editor/controls/style/view_area.h"
 #include "editor/controls/widgets/reset_click.h"
 #include "editor/discard_keys.h"
-#include "editor/editor_hand.h"
 #include "editor/panel/control_binding.h"
+#include "editor/panel_input.h"
 #include "editor/presets/preset_browser.h"
 #include "editor/scopes/scopes_text.h"
 #include "framework/ihost_v1.h"
@@ -115,9 +114,10 @@ void veridial_ui::build_frame(double new_width, double new_height)
     connect_views();
     if (const auto component = get_component())
         stops = order_panel_stops(*component, views.controls);
-    hand = std::make_unique<editor_hand>(*frame, *views.column, *views.panel, stops, language(),
-                                         hand_links{[this] { return get_component(); }, [this] { begin_gesture(); },
-                                                    [this] { end_gesture(); }, [this](key_action a) { act(a); }});
+    input =
+        std::make_unique<panel_input>(*frame, *views.column, *views.panel, stops, language(),
+                                      panel_input_links{[this] { return get_component(); }, [this] { begin_gesture(); },
+                                                        [this] { end_gesture(); }, [this](key_action a) { act(a); }});
     browser = std::make_unique<preset_browser>(*frame, *views.preview, views.toolbar->getPresets(), language());
     keys = std::make_unique<discard_keys>(*frame, [this] { discard_and_close(); });
     lay_out_views();
@@ -172,7 +172,7 @@ void veridial_ui::act(key_action action)
         return inspire();
     case key_action::help:
         return show_help(*frame, language());
-    default: // editor_hand does the panel's own actions
+    default: // panel_input does the panel's own actions
         return;
     }
 }
@@ -217,7 +217,7 @@ void veridial_ui::drop_frame()
     unregister_parameter_change_listener(views.toolbar);
     browser.reset();
     tooltips.reset();
-    hand.reset();
+    input.reset();
     keys.reset();
     stops.clear();
     views = {};
@@ -243,7 +243,7 @@ bool veridial_ui::idle()
         views.scopes->idle();
         browser->idle();
         tooltips->idle(now_ms());
-        hand->idle(now_ms());
+        input->idle(now_ms());
         frame->idle();
     }
     return goes_on;
@@ -256,8 +256,8 @@ void veridial_ui::valueChanged(CControl* control)
     if (!write_parameters(stops, *control) && control == views.controls.inspire &&
         control->getValue() > least_value_of_a_press)
         inspire();
-    if (hand)
-        hand->changed(*control);
+    if (input)
+        input->changed(*control);
 }
 
 void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
@@ -273,7 +273,7 @@ void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> para
 
 void veridial_ui::controlBeginEdit(CControl* control)
 {
-    if (hand && hand->begins(*control))
+    if (input && input->begins(*control))
         join_gestures();
     // A pad's tag is its angle's, so the base class brackets the same gesture too: nested brackets are one undo step.
     if (is_bound_pad(stops, *control))
@@ -286,8 +286,8 @@ void veridial_ui::controlEndEdit(CControl* control)
     if (is_bound_pad(stops, *control))
         end_gesture();
     cview_v1::controlEndEdit(control);
-    if (hand)
-        hand->ends(*control);
+    if (input)
+        input->ends(*control);
     if (memory.shows_scopes && !is_editing())
         ask_for_render();
 }

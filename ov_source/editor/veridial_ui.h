@@ -20,7 +20,7 @@ namespace ov1
 
 class preset_browser;
 class discard_keys;
-class editor_hand;
+class panel_input;
 enum class key_action;
 class tooltip_layer;
 
@@ -71,7 +71,7 @@ public:
     /// The frame of the open editor that was opened last; null without one.
     static VSTGUI::CFrame* get_open_frame();
     const panel_controls& get_controls() const { return views.controls; }
-    editor_hand& get_hand() const { return *hand; }
+    panel_input& get_input() const { return *input; }
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
 protected:
@@ -97,7 +97,7 @@ private:
     std::vector<panel_stop> stops; ///< of the views' controls
     std::unique_ptr<preset_browser> browser;
     std::unique_ptr<discard_keys> keys;
-    std::unique_ptr<editor_hand> hand;
+    std::unique_ptr<panel_input> input;
     std::unique_ptr<tooltip_layer> tooltips;
 };
 

@@ -31,7 +31,7 @@ std::string type_and_value_of(const param_value& v)
     switch (v.type)
     {
     case param_type::continuous:
-        // Readers look for "continuos" and leave this alone; the value comes back with the state.
+        // The reader applies only "continuos", the format's old spelling: the value is restored from the state.
         return fmt::format(type_and_value, "continuous", number(v.value.as_continuous()));
     case param_type::integral:
         return fmt::format(type_and_value, "integral", v.value.as_integral());
@@ -72,7 +72,7 @@ void append_state(std::string& text, icomponent_v1& component)
     text += fmt::format("\t\"plugin_state\":[{}]", fmt::join(state, ","));
 }
 
-/// A damaged look table can hold what is no number, and JSON has no word for it.
+/// JSON cannot express NaN and infinities, which a damaged look table may contain.
 float finite(float v) { return std::isfinite(v) ? v : 0.0f; }
 
 void append_table(std::string& text, icomponent_v1& component)

@@ -1,5 +1,5 @@
-// The text of a preset: every value in readable form, the state as bytes, and the colour table. Tabs and line feeds as
-// shown, points shortened:
+// Writes the text of a preset: every value in readable form, the state as bytes, and the colour table. Tabs and line
+// feeds are as shown; "..." stands for the rest of a list:
 //
 //   {
 //   	"plugin_name":"Veridial",
@@ -33,10 +33,10 @@ namespace ov1
 
 class icomponent_v1;
 
-/// The component's present values, state and table as a preset. The table, brought up to date first, is there only
-/// when the component answers for "lut_exporter": red outermost, blue innermost, three channels a point. Without line
-/// feed at the end; the same bytes whatever the locale. Valid JSON unless a parameter is of no known kind or has a
-/// name with quotes, backslashes or control characters: names stand as they are.
+/// The component's present values, state and table as a preset. The table is brought up to date first; it is left out
+/// if the component does not offer "lut_exporter". Its order: red outermost, blue innermost, three numbers per point.
+/// No line feed at the end; the same bytes in every locale. Names are not escaped: the text is valid JSON unless a
+/// parameter is of an unknown type or its name contains quotes, backslashes or control characters.
 std::string write_preset_text(icomponent_v1& component);
 
 } // namespace ov1

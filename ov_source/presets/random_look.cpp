@@ -11,7 +11,7 @@ namespace ov1
 namespace
 {
 
-/// The draws of a look. Spelled out where the standard library leaves the way from engine to number open.
+/// The random values of a look. Computed here because the standard leaves its distributions to the library.
 class dice
 {
 public:
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// Uniform within a..b, of two numbers of the engine.
+    /// Uniform over a..b; takes two numbers from the engine.
     float uniform(double a, double b)
     {
         const double first = engine();
@@ -28,7 +28,7 @@ public:
         return static_cast<float>(a + (b - a) * ((first + second * 0x1p32) * 0x1p-64));
     }
 
-    /// The uppermost bit of one number.
+    /// The highest bit of one number.
     bool coin() { return engine() >> 31 != 0; }
 
 private:
@@ -64,9 +64,9 @@ void set_whole_image(look& to, dice& from)
     to.set("Global Luminance", 0);
 }
 
-// Of each wheel Chroma comes before Range and Lightness. While it is set, the coupling may move a lightness that leaves
-// it no room, and while Range is set, draw the chroma back; but Lightness, set last, stays, and at these places of
-// Range and Lightness every chroma has room, so that the one just asked for returns.
+// In each wheel Chroma is set before Range and Lightness. Setting Chroma may change a lightness that is too extreme for
+// it, and setting Range may reduce the chroma. Lightness is set last and keeps its value; with these values of Range
+// and Lightness every chroma is possible, so the coupling restores the chroma that was set.
 void set_wheels(look& to, dice& from)
 {
     const float hue = std::trunc(from.uniform(0, 360));
@@ -96,7 +96,7 @@ void set_pads(look& to, dice& from)
 {
     to.set("Protect Skin Tones", from.uniform(0, 100));
     to.set("Skin Angle", from.uniform(0, 360));
-    // The ranges reach below where these two may go: a good part of all looks leaves skin or contrast alone.
+    // Strengths below 0 are limited to 0, so that many looks leave the skin or the contrast unchanged.
     to.set("Skin Tone Strength", from.uniform(-20, 20));
     to.set("Skin Tone Brightness", from.uniform(-25, 25));
     to.set("Sky Angle", from.uniform(0, 360));

@@ -43,11 +43,11 @@ void preset_browser::open(const CRect& place)
 
     const auto choices = content.presets;
     preset_panel_events events;
-    events.hovered = [this](std::shared_ptr<const row_renderer> renderer) { preview.show_trial(std::move(renderer)); };
-    events.chosen = [this, choices](std::size_t chosen) { to_load = choices[chosen]; };
+    events.on_hover = [this](std::shared_ptr<const row_renderer> renderer) { preview.show_trial(std::move(renderer)); };
+    events.on_choice = [this, choices](std::size_t chosen) { to_load = choices[chosen]; };
     panel = new preset_panel(place, std::move(content), std::move(events), language);
     frame.addView(panel);
-    frame.registerKeyboardHook(this); // before the search field's own, which passes its keys on
+    frame.registerKeyboardHook(this); // called before the search field's own hook, which passes its keys on
 }
 
 void preset_browser::close()

@@ -1,4 +1,4 @@
-// Opens the preset panel over the column of controls, shows what it hovers over, and loads what is chosen.
+// Opens the preset panel over the control panel, previews the preset under the pointer, and loads the chosen one.
 #pragma once
 
 #include "editor/presets/preset_panel.h"
@@ -19,7 +19,7 @@ public:
     preset_browser(const preset_browser&) = delete;
     preset_browser& operator=(const preset_browser&) = delete;
 
-    /// Opens the panel at a place of the frame, or closes it.
+    /// Opens the panel at a place of the frame; closes it if it is open.
     void toggle(const VSTGUI::CRect& place);
     void close();
     bool is_open() const { return panel != nullptr; }

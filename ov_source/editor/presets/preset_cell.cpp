@@ -32,23 +32,23 @@ SharedPointer<CBitmap> to_bitmap(const display_picture& picture, double scale)
 
 } // namespace
 
-preset_cell::preset_cell(std::string name, bool is_current, std::function<void(bool over)> hovered,
-                         std::function<void()> chosen)
+preset_cell::preset_cell(std::string name, bool is_current, std::function<void(bool over)> on_hover,
+                         std::function<void()> on_choice)
     : CView(CRect(0, 0, preset_picture_width, preset_cell_height))
     , name(std::move(name))
     , is_current(is_current)
-    , hover_listener(std::move(hovered))
-    , choice_listener(std::move(chosen))
+    , on_hover(std::move(on_hover))
+    , on_choice(std::move(on_choice))
 {
 }
 
-void preset_cell::setThumbnail(preset_thumbnail made, double screen_scale)
+void preset_cell::set_thumbnail(preset_thumbnail made, double screen_scale)
 {
     picture = to_bitmap(made.picture, screen_scale);
     renderer = std::move(made.renderer);
     invalid();
     if (is_hovered)
-        hover_listener(true);
+        on_hover(true);
 }
 
 void preset_cell::draw(CDrawContext* context)
@@ -89,8 +89,8 @@ void preset_cell::onMouseDownEvent(MouseDownEvent& event)
         return;
     event.consumed = true;
     event.ignoreFollowUpMoveAndUpEvents(true);
-    const auto chosen = choice_listener; // which may end this cell
-    chosen();
+    const auto choose = on_choice; // a copy: it may delete this cell
+    choose();
 }
 
 void preset_cell::set_hovered(bool over)
@@ -98,7 +98,7 @@ void preset_cell::set_hovered(bool over)
     if (std::exchange(is_hovered, over) == over)
         return;
     invalid();
-    hover_listener(over);
+    on_hover(over);
 }
 
 void preset_cell::onMouseEnterEvent(MouseEnterEvent& event)

@@ -1,4 +1,4 @@
-// One preset of the preset panel: its picture and its name.
+// One preset of the preset panel: a picture with a name beneath it.
 #pragma once
 
 #include "editor/presets/preset_thumbnails.h"
@@ -13,23 +13,26 @@
 namespace ov1
 {
 
-/// Points.
+/// In points.
 inline constexpr int preset_picture_width = 148;
 inline constexpr int preset_picture_height = 84;
 inline constexpr int preset_cell_height = preset_picture_height + 20;
 
+/// Framed while the pointer is over it, and while its preset is the current one.
 class preset_cell : public VSTGUI::CView
 {
 public:
-    /// hovered is called with whether the pointer is over the cell.
-    preset_cell(std::string name, bool is_current, std::function<void(bool over)> hovered,
-                std::function<void()> chosen);
+    /// on_hover is called when the pointer enters or leaves the cell, and when the thumbnail arrives under it;
+    /// on_choice at a click.
+    preset_cell(std::string name, bool is_current, std::function<void(bool over)> on_hover,
+                std::function<void()> on_choice);
 
-    void setThumbnail(preset_thumbnail made, double screen_scale);
-    bool hasPicture() const { return picture != nullptr; }
-    /// Null until it is ready, and for a preset that cannot be read.
-    std::shared_ptr<const row_renderer> getRenderer() const { return renderer; }
-    const std::string& getName() const { return name; }
+    /// screen_scale: screen pixels per point, in which the thumbnail was made.
+    void set_thumbnail(preset_thumbnail made, double screen_scale);
+    bool has_picture() const { return picture != nullptr; }
+    /// The preset's grade. Null until it is ready, and for a preset that cannot be read.
+    std::shared_ptr<const row_renderer> get_renderer() const { return renderer; }
+    const std::string& get_name() const { return name; }
 
     void draw(VSTGUI::CDrawContext* context) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
@@ -41,8 +44,8 @@ private:
 
     const std::string name;
     const bool is_current;
-    const std::function<void(bool over)> hover_listener;
-    const std::function<void()> choice_listener;
+    const std::function<void(bool over)> on_hover;
+    const std::function<void()> on_choice;
     bool is_hovered = false;
     VSTGUI::SharedPointer<VSTGUI::CBitmap> picture;
     std::shared_ptr<const row_renderer> renderer;

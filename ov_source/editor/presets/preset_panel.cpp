@@ -30,7 +30,7 @@ constexpr CCoord column_gap = 13;
 constexpr int columns = 3;
 constexpr CCoord scrollbar_width = 12;
 
-/// ASCII alone; other letters are compared as they are.
+/// Changes ASCII letters only.
 std::string lower(std::string_view text)
 {
     std::string low(text);
@@ -40,7 +40,7 @@ std::string lower(std::string_view text)
     return low;
 }
 
-/// The frame as large as a cell's picture.
+/// The frame at the size of a cell's picture, in screen pixels.
 display_picture reduce_to_cell(const display_picture& frame, double screen_scale)
 {
     if (frame.is_empty())
@@ -114,9 +114,9 @@ void preset_panel::add_cells()
     grid->setTransparency(true);
     for (std::size_t i = 0; i < content.presets.size(); ++i)
     {
-        const auto hovered = [this, i](bool over) { events.hovered(over ? cells[i]->getRenderer() : nullptr); };
-        auto* const cell =
-            new preset_cell(content.presets[i].name, content.current == i, hovered, [this, i] { events.chosen(i); });
+        const auto on_hover = [this, i](bool over) { events.on_hover(over ? cells[i]->get_renderer() : nullptr); };
+        auto* const cell = new preset_cell(content.presets[i].name, content.current == i, on_hover,
+                                           [this, i] { events.on_choice(i); });
         cells.push_back(cell);
         grid->addView(cell);
     }
@@ -129,7 +129,7 @@ void preset_panel::lay_out_cells()
     int shown = 0;
     for (preset_cell* cell : cells)
     {
-        const bool matches = matches_search(cell->getName(), searched);
+        const bool matches = matches_search(cell->get_name(), searched);
         cell->setVisible(matches);
         if (!matches)
             continue;
@@ -150,7 +150,7 @@ void preset_panel::lay_out_cells()
 void preset_panel::idle()
 {
     for (auto& [place, made] : thumbnails->take())
-        cells[place]->setThumbnail(std::move(made), content.screen_scale);
+        cells[place]->set_thumbnail(std::move(made), content.screen_scale);
 }
 
 void preset_panel::search(const std::string& text)
@@ -158,19 +158,20 @@ void preset_panel::search(const std::string& text)
     if (std::exchange(searched, text) == text)
         return;
     lay_out_cells();
-    events.hovered(nullptr); // the cells have moved from under the pointer
+    events.on_hover(nullptr); // the cells have moved away from the pointer
 }
 
 void preset_panel::valueChanged(CControl*) { search(search_field->getText().getString()); }
 
-std::size_t preset_panel::countShown() const
+std::size_t preset_panel::count_shown() const
 {
     return static_cast<std::size_t>(std::ranges::count_if(cells, [](const preset_cell* c) { return c->isVisible(); }));
 }
 
-std::size_t preset_panel::countPictures() const
+std::size_t preset_panel::count_pictures() const
 {
-    return static_cast<std::size_t>(std::ranges::count_if(cells, [](const preset_cell* c) { return c->hasPicture(); }));
+    return static_cast<std::size_t>(
+        std::ranges::count_if(cells, [](const preset_cell* c) { return c->has_picture(); }));
 }
 
 void preset_panel::drawBackgroundRect(CDrawContext* context, const CRect&)
@@ -181,7 +182,7 @@ void preset_panel::drawBackgroundRect(CDrawContext* context, const CRect&)
 bool preset_panel::attached(CView* parent)
 {
     const bool done = CViewContainer::attached(parent);
-    if (getFrame() && getFrame()->getPlatformFrame()) // a field has no keyboard without a window
+    if (getFrame() && getFrame()->getPlatformFrame()) // without a window the field cannot take the keyboard focus
         search_field->takeFocus();
     return done;
 }
@@ -189,7 +190,7 @@ bool preset_panel::attached(CView* parent)
 void preset_panel::onMouseDownEvent(MouseDownEvent& event)
 {
     CViewContainer::onMouseDownEvent(event);
-    event.consumed = true; // nothing beneath the panel hears of it
+    event.consumed = true; // controls beneath the panel get no events
 }
 
 } // namespace ov1

@@ -1,4 +1,4 @@
-// The presets as a panel of small pictures: the current frame through each of them, with a search field.
+// The preset panel: the current frame through every preset, as small pictures, with a search field.
 #pragma once
 
 #include "editor/presets/preset_thumbnails.h"
@@ -19,30 +19,30 @@
 namespace ov1
 {
 
-/// Whether a preset of this name is shown for a search: every word of it occurs in the name, capitals aside.
+/// Whether the name contains every word of the search. Upper and lower case count as the same for ASCII letters.
 bool matches_search(std::string_view name, std::string_view search);
 
 /// What the panel shows.
 struct preset_panel_content
 {
     std::vector<preset_choice> presets;
-    std::vector<std::string> files;     ///< a file for each preset
-    std::optional<std::size_t> current; ///< the preset that is loaded
-    display_picture frame;              ///< before the grade; empty for names alone
-    double screen_scale = 1;            ///< screen pixels for each point
+    std::vector<std::string> files;     ///< the path of each preset
+    std::optional<std::size_t> current; ///< the current preset
+    display_picture frame;              ///< ungraded; empty to show names only
+    double screen_scale = 1;            ///< screen pixels per point
 };
 
-/// What the panel tells. Places are those in the content.
+/// Called by the panel; presets are given by their index in the content.
 struct preset_panel_events
 {
-    /// The pointer rests on a preset whose grade is ready, or, with null, on none.
-    std::function<void(std::shared_ptr<const row_renderer>)> hovered;
-    std::function<void(std::size_t preset)> chosen;
+    /// The pointer is over a preset whose grade is ready; null: over none.
+    std::function<void(std::shared_ptr<const row_renderer>)> on_hover;
+    std::function<void(std::size_t preset)> on_choice;
 };
 
 class preset_cell;
 
-/// Its pictures are made in the background and appear at idle.
+/// The pictures are made in the background and appear at idle.
 class preset_panel : public VSTGUI::CViewContainer, public VSTGUI::IControlListener
 {
 public:
@@ -56,9 +56,9 @@ public:
     bool attached(VSTGUI::CView* parent) override;
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
 
-    /// For tests: how many cells are shown, and how many have their picture.
-    std::size_t countShown() const;
-    std::size_t countPictures() const;
+    /// The number of cells that match the search, and of those that have their picture.
+    std::size_t count_shown() const;
+    std::size_t count_pictures() const;
     void search(const std::string& text);
 
 private:

@@ -1,4 +1,4 @@
-// A small picture through every preset, made in the background.
+// Makes a small picture through every preset in the background.
 #pragma once
 
 #include "editor/preview/display_picture.h"
@@ -21,16 +21,15 @@ struct preset_thumbnail
     std::shared_ptr<const row_renderer> renderer; ///< the preset's grade; null where it cannot be read
 };
 
-/// Works on a thread of its own with a component of its own; the user's grade is not touched. Destroying it stops the
-/// work. The rest belongs to the editor's thread.
+/// Works on its own thread with its own component; the user's grade is not touched. The destructor stops the work and
+/// waits for the preset in progress. All functions belong to the editor's thread.
 class preset_thumbnails
 {
 public:
-    /// files holds a preset's file for each thumbnail; picture is the frame before the grade, about as large as the
-    /// thumbnails are.
+    /// files: the path of each preset. picture: the ungraded frame at the thumbnails' size; it may be empty.
     preset_thumbnails(std::vector<std::string> files, display_picture picture);
 
-    /// Those that are done and were not taken yet, by their place in files.
+    /// The thumbnails made since the last call, by their index in files.
     std::map<std::size_t, preset_thumbnail> take();
 
 private:

@@ -38,14 +38,14 @@ GenericOptionMenuTheme make_theme()
 } // namespace
 
 void show_popup(CFrame& frame, const CView& view, const std::vector<popup_item>& items,
-                std::function<void(std::size_t item)> chosen)
+                std::function<void(std::size_t item)> on_choice)
 {
     if (items.empty() || !frame.getPlatformFrame())
         return;
     GenericOptionMenuTheme theme = make_theme();
     frame.getPlatformFrame()->setupGenericOptionMenu(true, &theme);
     const auto menu = makeOwned<COptionMenu>();
-    std::vector<std::size_t> item_of_row; // lines between groups count as rows
+    std::vector<std::size_t> item_of_row; // separators count as rows
     for (std::size_t i = 0; i < items.size(); ++i)
     {
         if (items[i].begins_group)
@@ -60,11 +60,11 @@ void show_popup(CFrame& frame, const CView& view, const std::vector<popup_item>&
     CPoint where(view.getViewSize().left, view.getViewSize().bottom + gap_beneath_view);
     view.translateToGlobal(where, true);
     menu->popup(&frame, where,
-                [item_of_row, chosen = std::move(chosen)](COptionMenu* popped)
+                [item_of_row, on_choice = std::move(on_choice)](COptionMenu* popped)
                 {
                     const std::int32_t row = popped->getLastResult();
                     if (row >= 0 && static_cast<std::size_t>(row) < item_of_row.size())
-                        chosen(item_of_row[static_cast<std::size_t>(row)]);
+                        on_choice(item_of_row[static_cast<std::size_t>(row)]);
                 });
 }
 

@@ -14,12 +14,12 @@ struct popup_item
 {
     std::string text;
     bool is_checked = false;
-    bool begins_group = false; ///< a line above it sets it apart
+    bool begins_group = false; ///< a separator is drawn above it
 };
 
-/// Opens just beneath a view. chosen is called with the item's place in the list;
-/// not at all when the user chooses none.
+/// Opens just beneath a view. on_choice is called with the item's index, and not at all if the user chooses none. Does
+/// nothing in a frame without a window.
 void show_popup(VSTGUI::CFrame& frame, const VSTGUI::CView& view, const std::vector<popup_item>& items,
-                std::function<void(std::size_t item)> chosen);
+                std::function<void(std::size_t item)> on_choice);
 
 } // namespace ov1

@@ -15,7 +15,7 @@ namespace ov1
 namespace
 {
 
-/// Names of more values than these would not be read.
+/// Longer lists of names would not be read.
 constexpr std::size_t most_named_values = 3;
 
 std::vector<std::string> changed_names(std::span<const std::uint8_t> before, std::span<const std::uint8_t> after,
@@ -37,7 +37,7 @@ std::vector<std::string> changed_names(std::span<const std::uint8_t> before, std
 
 std::string first_word(const std::string& name) { return name.substr(0, name.find(' ')); }
 
-/// "Sky: Angle, Strength", or nothing where the names do not begin alike.
+/// "Sky: Angle, Strength"; empty if the names do not have the same first word.
 std::string join(const std::vector<std::string>& names)
 {
     const std::string group = first_word(names[0]);

@@ -13,18 +13,18 @@
 namespace ov1
 {
 
-/// "Sky: Angle, Strength" for values of one part of the panel, "Global Chroma" for one value, the number of values for
-/// more than that. Names are the component's parameters'.
+/// Names the change between two states after the component's parameters: "Global Chroma" for one value,
+/// "Sky: Angle, Strength" for up to three with the same first word, else the number of values.
 std::string name_step(std::span<const std::uint8_t> before, std::span<const std::uint8_t> after,
                       icomponent_v1& component, language_id language);
 
-/// Names given to steps that are more than their values: a preset, a random look.
+/// Names of steps that are more than a change of values: a preset, a random look.
 class step_labels
 {
 public:
-    /// For the step that the component's present position stands for.
+    /// Names the step that led to the component's present position.
     void remember(icomponent_v1& component, std::string name);
-    /// Null for a step without a name, or whose position has come to hold another state.
+    /// Null if the step has no name, or if the position holds another state by now.
     const std::string* find(icomponent_v1& component, int position) const;
 
 private:
@@ -41,10 +41,10 @@ struct history_step
 {
     int position = 0;
     std::string name;
-    bool is_present = false; ///< the grade is at this position
+    bool is_present = false; ///< the component is at this position
 };
 
-/// The positions that a user may jump to, the latest first; the oldest is the state that the history begins with.
+/// The positions that a user may go to, the latest first. The oldest is the state at the beginning of the history.
 std::vector<history_step> list_history(icomponent_v1& component, const step_labels& labels, language_id language);
 
 } // namespace ov1

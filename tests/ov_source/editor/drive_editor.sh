@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Drives the editor as a user does, with mouse and keys in a desktop of its own, and checks what comes of it.
+# Drives the editor with mouse and keys under its own X server, and checks the results.
 #   drive_editor.sh VERIDIAL MAKE_SAMPLES REOPEN_EDITOR
 set -euo pipefail
 veridial=$1 make_samples=$2 reopen_editor=$3
@@ -17,12 +17,12 @@ fail() {
   exit 1
 }
 
-# within SECONDS COMMAND...: until the command succeeds.
+# within SECONDS COMMAND...: repeats the command until it succeeds.
 within() {
   local end=$((SECONDS + $1))
   shift
   until "$@"; do
-    [ $SECONDS -lt $end ] || fail "still not: $*"
+    [ $SECONDS -lt $end ] || fail "timed out: $*"
     sleep 0.05
   done
 }
@@ -31,7 +31,7 @@ windows() { xdotool search --onlyvisible --name '' 2>/dev/null | wc -l; }
 has_windows() { [ "$(windows)" -ge "$1" ]; }
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
-# The editor has two windows, of which the inner one takes the events.
+# The editor has two windows; the inner one gets the events.
 start_editor() {
   local before
   before=$(windows)
@@ -40,7 +40,7 @@ start_editor() {
   within 60 has_windows $((before + 2))
 }
 
-# The server passes on the last of several moves at once: each of them waits for the one before.
+# The server merges moves that come at once into the last one, so each move waits a moment.
 drag() {
   local x=$1 y=$2 to_x=$3 to_y=$4 steps=5 i
   xdotool mousemove "$x" "$y" sleep 0.03 mousedown 1 sleep 0.03
@@ -51,7 +51,7 @@ drag() {
 }
 click() { xdotool mousemove "$1" "$2" sleep 0.03 mousedown 1 sleep 0.03 mouseup 1 sleep 0.03; }
 
-# Panels and menus come and go between events; under a sanitizer that takes its time.
+# Panels and menus open and close between events, which is slow under a sanitizer.
 settle() { sleep 2; }
 
 ends_with() {
@@ -71,8 +71,8 @@ printed_near() {
     fail "$1 is \"$value\", not $2"
 }
 
-# The window is 1229 x 528 on this screen. Its column of controls begins at 735, beneath a toolbar of 64; the panel lies
-# within the column's frame of 1.
+# The window is 1229 x 528 on this screen. The column of controls begins at x = 735, beneath a toolbar 64 high; the
+# panel lies inside the column's frame, which is 1 wide.
 toolbar_x=735 panel_x=736 panel_y=65
 Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>display 2>server_said &
 server=$!
@@ -83,11 +83,11 @@ export DISPLAY
 
 echo "a grade by mouse, a preset, and the close button"
 start_editor landscape.png -o out.png --json
-# The highlights' pad is 121 wide, its middle at 391.5, 220.5.
+# The highlights pad is 121 wide; its centre is at 391.5, 220.5.
 drag $((panel_x + 361)) $((panel_y + 190)) $((panel_x + 371)) $((panel_y + 185))
-# The arc of the global chroma, off the pad: a quarter of its travel of 112 above its middle.
+# The arc of Global Chroma, outside the pad: a quarter of its travel of 112 above its centre.
 drag $((panel_x + 170)) $((panel_y + 101)) $((panel_x + 172)) $((panel_y + 73))
-# The handle of the shadows' saturation, whose travel is 92.
+# The handle of Shadows Saturation, whose travel is 92.
 drag $((panel_x + 92)) $((panel_y + 361)) $((panel_x + 115)) $((panel_y + 361))
 click $((panel_x + 241)) $((panel_y + 233)) # inspire
 click $((toolbar_x + 191)) 32               # save
@@ -97,7 +97,7 @@ within 20 test -s "home/.local/share/orvane/Plugin Presets/Veridial/By chance.js
 click $((toolbar_x + 287)) 32 # undo
 click $((toolbar_x + 470)) 32 # close
 ends_with 0
-# Up and left by 20.5 and 35.5 of 109 each half, and 96 % of them is the rim.
+# Up by 20.5 and left by 35.5, each of 109 / 2; the rim lies at 96 % of that.
 printed_near 'Highlights Hue' 30.0 1
 printed_near 'Highlights Chroma' 78.3 2
 printed_near 'Global Chroma' 50 3
@@ -106,7 +106,7 @@ printed_near 'Shadows Range' 0 0 # as before the random look
 printed_near 'Sky Strength' 0 0
 "$veridial" preset show 'By chance' >look
 grep -q 'Shadows Range.*7' look && grep -q 'Mids Smoothness.*100' look || fail "the preset is not the random look: $(cat look)"
-# The picture is that of the printed values, from an effect that no editor was open on.
+# The picture must equal the one that `grade` makes from the printed values.
 options=()
 for name in 'Highlights Hue' 'Highlights Chroma' 'Global Chroma' 'Highlights Lightness' 'Shadows Saturation'; do
   options+=(-s "$name=$(printed_value "$name")")
@@ -114,7 +114,7 @@ done
 "$veridial" grade landscape.png -o expected.png "${options[@]}" 2>said
 cmp out.png expected.png || fail "the picture written is not that of the values printed"
 
-echo "a grade that is thrown away by Escape twice"
+echo "a grade that is discarded by Escape twice"
 start_editor landscape.png -o discarded.png --json
 drag $((panel_x + 361)) $((panel_y + 190)) $((panel_x + 371)) $((panel_y + 185))
 xdotool key --delay 50 Escape Escape
@@ -123,14 +123,14 @@ ends_with 130
 
 echo "a preset found by its name, and a step back to it in the history"
 start_editor landscape.png -o found.png --json
-for keys in 'Escape Escape' ''; do # in the panel they close the panel alone
+for keys in 'Escape Escape' ''; do # in the panel they close only the panel
   click $((toolbar_x + 90)) 32
   xdotool type --delay 30 'TEAL cine'
   settle
   [ -z "$keys" ] || xdotool key --delay 50 $keys
   [ -z "$keys" ] || settle
 done
-click $((toolbar_x + 86)) 156 # the one cell that is left
+click $((toolbar_x + 86)) 156 # the only cell that matches
 settle
 drag $((panel_x + 361)) $((panel_y + 190)) $((panel_x + 371)) $((panel_y + 185))
 click $((toolbar_x + 345)) 32 # history: the wheel, the preset, the beginning

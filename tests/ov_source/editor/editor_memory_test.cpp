@@ -25,7 +25,7 @@ struct memory_stage : editor_stage
     void click_bar(const std::string& tooltip) { click_on(button<preview_bar>(tooltip)); }
 };
 
-TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
+TEST(editor_memory, a_new_editor_opens_as_the_last_one_was_left)
 {
     memory_stage stage;
     stage.show_frame();
@@ -43,7 +43,7 @@ TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
         .setText((stage.home / "tables/a.cube").c_str());
     stage.type(VSTGUI::VirtualKey::Return);
     stage.shown->resized(1300, 700);
-    for (int sitting = 0; sitting < 2; ++sitting) // the second without a change
+    for (int session = 0; session < 2; ++session) // the second makes no change
     {
         stage.reopen();
         EXPECT_EQ(stage.ui->get_rect(), (rect{0, 0, 1300, 700}));
@@ -54,7 +54,7 @@ TEST(editor_memory, a_new_editor_is_as_the_last_one_was_left)
     }
 }
 
-TEST(editor_memory, what_makes_no_sense_counts_as_never_kept)
+TEST(editor_memory, invalid_settings_count_as_missing)
 {
     memory_stage stage; // on a screen of 1920 x 1080
     const rect suitable = stage.ui->get_rect();
@@ -70,7 +70,7 @@ TEST(editor_memory, what_makes_no_sense_counts_as_never_kept)
         for (const char* text : texts)
         {
             SCOPED_TRACE(std::string(key) + ": " + text);
-            stage.ui->close(); // which keeps what it has
+            stage.ui->close(); // which writes its own settings
             ASSERT_TRUE(iutils::get_instance().set_string(key, text));
             stage.reopen();
             EXPECT_EQ(stage.ui->get_rect(), suitable);
@@ -81,7 +81,7 @@ TEST(editor_memory, what_makes_no_sense_counts_as_never_kept)
     stage.ui->close();
     stage.home.with_file("settings/veridial.settings", "\xff\xfe %G\nstring editor%20split 0.25\nstring editor%2");
     stage.reopen();
-    EXPECT_EQ(stage.split(), 0.25) << "what is whole counts";
+    EXPECT_EQ(stage.split(), 0.25) << "the valid lines are read";
 }
 
 TEST(scopes_in_the_editor, each_one_shows_its_count_of_the_frame_beside_the_preview)
@@ -99,7 +99,7 @@ TEST(scopes_in_the_editor, each_one_shows_its_count_of_the_frame_beside_the_prev
     stage.click_bar("Scopes");
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(preview_left(), panel.getViewSize().right);
-    stage.click_scope("Vector"); // the waveform alone is left
+    stage.click_scope("Vector"); // only the waveform is left
     std::set<std::vector<std::uint8_t>> pictures;
     for (const auto& [shown, next] :
          {std::pair("Wave", "Parade"), {"Parade", "Vector"}, {"Vector", "Histo"}, {"Histo", "Wave"}})
@@ -110,7 +110,7 @@ TEST(scopes_in_the_editor, each_one_shows_its_count_of_the_frame_beside_the_prev
         EXPECT_TRUE(picture_at(-30) == dark && pictures.insert(dark).second);
         stage.click_scope(next);
         stage.click_scope(shown);
-        EXPECT_TRUE(stage.effect->get_host()->component_is_dirty()) << "a frame is asked for";
+        EXPECT_TRUE(stage.effect->get_host()->component_is_dirty()) << "a frame is requested";
     }
     stage.click_bar("Scopes");
     EXPECT_FALSE(panel.isVisible());

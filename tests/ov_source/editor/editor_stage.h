@@ -1,4 +1,4 @@
-// The effect with its editor open, in a frame without a window and a home of its own.
+// The effect with its editor open, in a frame without a window and with a temporary home folder.
 #pragma once
 
 #include "editor/toolbar/cov_plugin_toolbar.h"
@@ -24,14 +24,14 @@
 namespace ov1
 {
 
-/// High enough that all of the panel is seen.
+/// High enough to show the whole panel.
 struct headless_ui : veridial_ui
 {
     using veridial_ui::veridial_ui;
     void init_view() override
     {
         build_frame(1200, 900);
-        getFrame()->attached(getFrame()); // as opening it in a window does
+        getFrame()->attached(getFrame()); // as it is when a window opens it
         get_window()->set_resize_listener([this](int width, int height) { resize(width, height); });
     }
 };
@@ -52,7 +52,7 @@ inline std::string tooltip_of(const VSTGUI::CView& view)
     return text.c_str();
 }
 
-/// The one child of its class; deep for one of a child, too.
+/// The only child of its class; with deep, among all descendants.
 template <class T>
 T& child_of(const VSTGUI::CViewContainer& parent, bool deep = false)
 {
@@ -61,7 +61,7 @@ T& child_of(const VSTGUI::CViewContainer& parent, bool deep = false)
     return *found.front();
 }
 
-/// One at a time, as the toolkit is.
+/// Only one at a time, because there is one toolkit.
 struct editor_stage : frame_driver
 {
     explicit editor_stage(language_id language = language_id::english)
@@ -78,7 +78,7 @@ struct editor_stage : frame_driver
     }
     editor_stage& operator=(editor_stage&&) = delete;
 
-    /// Closes the editor; another effect's is opened in the same home.
+    /// Closes the editor and opens one of a new effect in the same home.
     void reopen()
     {
         close();
@@ -118,10 +118,10 @@ struct editor_stage : frame_driver
         return *found;
     }
 
-    /// The left and the right half of the frame that show_frame shows.
+    /// The colours of the left and the right half of the frame that show_frame shows.
     static constexpr argb_float halves[] = {{1, 200 / 255.f, 120 / 255.f, 60 / 255.f},
                                             {1, 40 / 255.f, 90 / 255.f, 170 / 255.f}};
-    /// As a session does, before and after the present grade.
+    /// Shows the frame before and after the present grade, as an editor session does.
     void show_frame() const
     {
         image source(296, 168, image::pixel_type::argb_f32, image::origin::top_left);
@@ -135,7 +135,7 @@ struct editor_stage : frame_driver
         ui->idle();
     }
 
-    /// In the frame, counted from the middle of the view.
+    /// A point of the frame, as an offset from the centre of the view.
     static VSTGUI::CPoint at(const VSTGUI::CView& view, double x = 0, double y = 0)
     {
         VSTGUI::CPoint point = view.getViewSize().getCenter();

@@ -1,4 +1,5 @@
-// Opens and closes an editor so many times in one process, with a picture and a change of the grade each time.
+// reopen_editor COUNT: opens and closes an editor COUNT times in one process, each time with a picture and a change of
+// the grade.
 #include "editor/editor_guard.h"
 #include "framework/chost_v1.h"
 #include "framework/create_ccomponent.h"
@@ -21,7 +22,7 @@ std::shared_ptr<image> make_picture()
     return std::make_shared<image>(64, 36, image::pixel_type::argb_f32, image::origin::top_left);
 }
 
-bool sit(const std::shared_ptr<icomponent_v1>& effect, int sitting)
+bool run_session(const std::shared_ptr<icomponent_v1>& effect, int hue_degrees)
 {
     editor_session session(effect);
     session.set_picture(make_picture(), make_picture());
@@ -31,7 +32,7 @@ bool sit(const std::shared_ptr<icomponent_v1>& effect, int sitting)
     {
         const auto hue = effect->get_parameter("Mids Hue");
         param_value record = hue->get_param_value();
-        record.value = param_cell::of(static_cast<float>(sitting));
+        record.value = param_cell::of(static_cast<float>(hue_degrees));
         if (++turns == 2)
             hue->set_param_value(record, false);
         if (turns == 5)
@@ -49,7 +50,7 @@ int main(int, char** arguments)
     effect->initialize(std::make_shared<chost_v1>(effect));
     bool all_opened = true;
     for (int i = 0; i < std::atoi(arguments[1]) && all_opened; ++i)
-        all_opened = sit(effect, i);
+        all_opened = run_session(effect, i);
     effect->terminate();
     std::puts(all_opened ? "opened all" : "an editor did not open");
     return all_opened ? 0 : 1;

@@ -82,7 +82,7 @@ TEST(veridial_ui, smoothness_spreads_its_own_panels_range_arc_by_up_to_15_degree
     }
 }
 
-TEST(veridial_ui, a_held_pad_follows_the_mouse_alone_until_it_is_let_go)
+TEST(veridial_ui, a_dragged_pad_ignores_its_parameters_until_it_is_released)
 {
     editor_stage stage;
     const auto& pad = stage.pad(panel_slot::mids);
@@ -101,12 +101,12 @@ TEST(veridial_ui, closing_switches_the_bypass_off)
     stage.effect->set_bypass(true);
     stage.ui->close();
     EXPECT_FALSE(stage.effect->get_bypass() || stage.ui->is_open());
-    stage.set("Sky Angle", 20); // which nobody shows
+    stage.set("Sky Angle", 20); // no view shows it
 }
 
 TEST(veridial_ui, one_gesture_is_one_step_of_the_history)
 {
-    // Arcs are alone outside their pad's rim. Handles of sliders begin in the middle, and low.
+    // Arcs get the mouse outside their pad's rim. Sliders are dragged by their handle, below the centre of the view.
     const std::pair<const char*, void (*)(editor_stage&)> gestures[] = {
         {"pad", [](editor_stage& s) { s.drag_over(s.pad(panel_slot::sky), -30, -30); }},
         {"arc", [](editor_stage& s) { s.drag_over(s.control("Global Chroma"), -34, -12); }},
@@ -154,7 +154,7 @@ TEST(veridial_ui, undo_and_redo_wait_for_the_end_of_a_gesture)
     EXPECT_NE(stage.value("Sky Strength"), 0);
 }
 
-TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
+TEST(veridial_ui, inspire_makes_a_new_look_at_each_press)
 {
     editor_stage stage;
     auto& dice = *stage.ui->get_controls().inspire;
@@ -176,7 +176,7 @@ TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
     stage.press_on(dice, 0, 0);
     stage.drag(5, 5);
     stage.release(5, 5);
-    EXPECT_EQ(stage.effect->get_undo_range(), (undo_range{0, 1, 2})) << "let go elsewhere it is no step";
+    EXPECT_EQ(stage.effect->get_undo_range(), (undo_range{0, 1, 2})) << "released elsewhere it is no step";
     stage.click_on(dice);
     VSTGUI::MouseDownEvent second(stage.at(dice), MouseButton::Left);
     second.clickCount = 2;
@@ -185,7 +185,7 @@ TEST(veridial_ui, inspire_makes_one_new_look_for_each_press)
     EXPECT_EQ(stage.undo_position(), 3) << "two quick ones are two";
 }
 
-TEST(veridial_ui, what_another_thread_sets_is_shown_at_the_next_idle)
+TEST(veridial_ui, values_set_on_another_thread_are_shown_at_the_next_idle)
 {
     const editor_stage stage;
     std::thread(
@@ -243,7 +243,7 @@ TEST(veridial_ui, escape_twice_goes_back_to_the_state_at_opening_and_closes)
 {
     editor_stage stage;
     const auto at_opening = stage.state();
-    stage.frame->onActivate(true); // or the keyboard reaches nothing
+    stage.frame->onActivate(true); // else no key arrives
     stage.set("Sky Strength", 50);
     stage.type(VSTGUI::VirtualKey::Escape);
     EXPECT_TRUE(stage.shown->open);

@@ -9,7 +9,7 @@ namespace ov1
 namespace
 {
 
-/// The panel over an editor that shows a frame: first come two presets of the user's own, then the bundled ones.
+/// An editor that shows a frame, with the preset panel open: two of the user's own presets, then the bundled ones.
 struct preset_stage : editor_stage
 {
     static constexpr std::size_t own_presets = 2;
@@ -24,12 +24,12 @@ struct preset_stage : editor_stage
         set("Global Chroma", 0);
         drag_over(pad(panel_slot::mids), -30, -30);
         show_frame();
-        frame->onActivate(true); // or the keyboard reaches nothing
+        frame->onActivate(true); // else no key arrives
         press_preset_button();
     }
     void press_preset_button() { click_on(button<COVPluginToolbar>("Choose a preset")); }
 
-    /// Null while it is closed.
+    /// Null while the panel is closed.
     preset_panel* panel() const
     {
         std::vector<preset_panel*> found;
@@ -44,22 +44,23 @@ struct preset_stage : editor_stage
     void point_at(std::size_t preset) { send(VSTGUI::MouseMoveEvent(at(*cells()[preset]))); }
     void wait_for_pictures() const
     {
-        for (int turn = 0; turn < 2000 && panel()->countPictures() < cells().size();
+        for (int turn = 0; turn < 2000 && panel()->count_pictures() < cells().size();
              ++turn, toolkit_guard::process_events())
             ui->idle();
-        ASSERT_EQ(panel()->countPictures(), cells().size());
+        ASSERT_EQ(panel()->count_pictures(), cells().size());
     }
 
-    /// An effect with that preset, and no editor.
+    /// An effect with that preset and without an editor.
     std::shared_ptr<icomponent_v1> load(std::size_t preset) const
     {
         const auto loaded = create_ccomponent();
         loaded->initialize(std::make_shared<chost_v1>(loaded));
-        const preset_choice choice{cells()[preset]->getName(), preset >= own_presets};
+        const preset_choice choice{cells()[preset]->get_name(), preset >= own_presets};
         EXPECT_TRUE(preset_session(loaded).load(choice)) << choice.name;
         return loaded;
     }
-    /// The frame through an effect's grade, around a place on the screen; the middles of its halves are apart.
+    /// Expects the frame through an effect's grade around a point on the screen; `apart` lies between the centres of
+    /// its halves.
     void expect_shown(icomponent_v1& graded, const VSTGUI::CPoint& middle, double apart) const
     {
         const auto whole = frame->getViewSize();
@@ -72,7 +73,7 @@ struct preset_stage : editor_stage
             const auto found = pixel(*screen, middle.x + side * apart, middle.y);
             for (const auto& [is, wanted] :
                  {std::pair(found.red, colour.r), {found.green, colour.g}, {found.blue, colour.b}})
-                EXPECT_NEAR(is, std::round(wanted * 255), 1) << side << "; what is zoomed is rounded again";
+                EXPECT_NEAR(is, std::round(wanted * 255), 1) << side << "; zooming rounds once more";
         }
     }
     /// The preview is 706 x 900, of which a bar takes 34.
@@ -90,7 +91,7 @@ TEST(preset_browser, each_cell_shows_the_frame_through_its_own_preset)
     }
 }
 
-TEST(preset_browser, a_search_leaves_the_names_that_hold_all_of_its_words)
+TEST(preset_browser, a_search_shows_the_names_that_contain_all_of_its_words)
 {
     preset_stage stage;
     auto& field = child_of<VSTGUI::CTextEdit>(*stage.panel());
@@ -101,15 +102,15 @@ TEST(preset_browser, a_search_leaves_the_names_that_hold_all_of_its_words)
     {
         field.setText(text);
         field.valueChanged();
-        EXPECT_EQ(stage.panel()->countShown(), count) << text;
+        EXPECT_EQ(stage.panel()->count_shown(), count) << text;
     }
     stage.press(first.x, first.y);
     stage.ui->idle();
     EXPECT_EQ(stage.toolbar().getPresets().get_session().get_current(), (preset_choice{"zinc noon", false}))
-        << "it has moved up";
+        << "the only match has moved up";
 }
 
-TEST(preset_browser, pointing_tries_a_preset_and_a_click_loads_it_as_one_step)
+TEST(preset_browser, hovering_previews_a_preset_and_a_click_loads_it_as_one_step)
 {
     preset_stage stage;
     stage.wait_for_pictures();
@@ -122,7 +123,7 @@ TEST(preset_browser, pointing_tries_a_preset_and_a_click_loads_it_as_one_step)
     stage.send(VSTGUI::MouseMoveEvent({100, 100}));
     stage.expect_in_preview(*stage.effect);
     EXPECT_TRUE(stage.state() == before);
-    EXPECT_EQ(stage.undo_position(), 1) << "the pad's";
+    EXPECT_EQ(stage.undo_position(), 1) << "the step of the pad";
     stage.click_on(*stage.cells()[1]);
     stage.ui->idle();
     EXPECT_FALSE(stage.panel());
@@ -132,7 +133,7 @@ TEST(preset_browser, pointing_tries_a_preset_and_a_click_loads_it_as_one_step)
     EXPECT_TRUE(stage.state() == before);
 }
 
-TEST(preset_browser, escape_closes_the_panel_alone_and_changes_nothing)
+TEST(preset_browser, escape_closes_only_the_panel_and_changes_nothing)
 {
     preset_stage stage;
     const auto before = stage.state();

@@ -17,7 +17,7 @@ struct history_stage : editor_stage
             found.push_back((step.is_present ? "> " : "") + step.name);
         return found;
     }
-    /// As a click in the menu does, which needs a window.
+    /// What a click in the menu does: the menu itself needs a window.
     void choose(std::size_t row) const { effect->jump_undo_stack(toolbar().getHistory().list()[row].position); }
     void inspire() { click_on(*ui->get_controls().inspire); }
     void change(const std::string& parameter) { drag_over(control(parameter), 0, 14); }
@@ -47,7 +47,7 @@ TEST(history, names_every_gesture_and_goes_to_its_state)
         EXPECT_TRUE(stage.state() == kept[row]) << row;
         auto expected = names;
         expected[row].insert(0, "> ");
-        EXPECT_EQ(stage.names(), expected) << "what can be redone stays";
+        EXPECT_EQ(stage.names(), expected) << "what can be redone is kept";
     }
     stage.change("Shadows Saturation");
     EXPECT_EQ(stage.names(), (std::vector<std::string>{"> Shadows Saturation", "Mids Saturation", "Global Chroma",
@@ -56,7 +56,7 @@ TEST(history, names_every_gesture_and_goes_to_its_state)
     EXPECT_TRUE(stage.state() == kept[2]);
 }
 
-TEST(history, goes_back_by_the_last_31_steps)
+TEST(history, goes_back_by_at_most_31_steps)
 {
     history_stage stage;
     states kept;

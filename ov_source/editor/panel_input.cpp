@@ -1,4 +1,4 @@
-#include "editor/editor_hand.h"
+#include "editor/panel_input.h"
 
 #include "vstgui/lib/cscrollview.h"
 #include "vstgui/lib/events.h"
@@ -18,8 +18,8 @@ constexpr std::uint64_t pause_between_steps_ms = 1000;
 
 } // namespace
 
-editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& panel, std::span<const panel_stop> stops,
-                         language_id language, hand_links all_links)
+panel_input::panel_input(CFrame& frame, CScrollView& column, CViewContainer& panel, std::span<const panel_stop> stops,
+                         language_id language, panel_input_links all_links)
     : frame(frame)
     , column(column)
     , links(std::move(all_links))
@@ -28,7 +28,7 @@ editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& pan
              [this](const panel_stop& stop, const std::vector<float>& typed)
              {
                  change_in_one_step([&] { set_values(stop, typed); });
-                 focus.give_to(stop); // the keys go on where something was typed
+                 focus.give_to(stop); // the next keys act on the control that was typed into
              })
     , focus(frame, column, panel, stops)
     , keys(frame, [this](key_action action, const KeyboardEvent& event) { return act(action, event); })
@@ -36,39 +36,39 @@ editor_hand::editor_hand(CFrame& frame, CScrollView& column, CViewContainer& pan
     frame.registerMouseObserver(this);
 }
 
-editor_hand::~editor_hand()
+panel_input::~panel_input()
 {
     end_nudges();
     frame.unregisterMouseObserver(this);
 }
 
-int editor_hand::undo_position() const
+int panel_input::undo_position() const
 {
     const auto component = links.component();
     return component ? component->get_undo_range().position : 0;
 }
 
-bool editor_hand::begins(const CControl& control)
+bool panel_input::begins(const CControl& control)
 {
     changed(control);
     return find_stop(stops, &control) && is_second_click && edited_last == &control &&
            position_after == undo_position();
 }
 
-void editor_hand::changed(const CControl& control)
+void panel_input::changed(const CControl& control)
 {
     if (const auto* const stop = find_stop(stops, &control))
         values.show_bubble(*stop);
 }
 
-void editor_hand::ends(const CControl& control)
+void panel_input::ends(const CControl& control)
 {
     values.hide_bubble();
     edited_last = &control;
     position_after = undo_position();
 }
 
-void editor_hand::idle(std::uint64_t now_ms)
+void panel_input::idle(std::uint64_t now_ms)
 {
     values.idle(now_ms);
     if (!nudged)
@@ -79,7 +79,7 @@ void editor_hand::idle(std::uint64_t now_ms)
         end_nudges();
 }
 
-void editor_hand::onMouseEvent(MouseEvent& event, CFrame*)
+void panel_input::onMouseEvent(MouseEvent& event, CFrame*)
 {
     if (event.type == EventType::MouseDown)
     {
@@ -97,7 +97,7 @@ void editor_hand::onMouseEvent(MouseEvent& event, CFrame*)
     values.point_at(is_over_panel ? std::optional(event.mousePosition) : std::nullopt);
 }
 
-bool editor_hand::act(key_action action, const KeyboardEvent& event)
+bool panel_input::act(key_action action, const KeyboardEvent& event)
 {
     const bool is_dragging = std::ranges::any_of(stops, [](const panel_stop& s) { return s.control->isEditing(); });
     if (is_dragging || values.is_typing())
@@ -116,19 +116,19 @@ bool editor_hand::act(key_action action, const KeyboardEvent& event)
     case key_action::reset_control:
         return reset_current();
     default:
-        links.act(action);
+        links.on_action(action);
         return true;
     }
 }
 
-void editor_hand::show_current()
+void panel_input::show_current()
 {
     const auto* const stop = focus.current();
     focus.show_ring();
     values.keep_shown(stop ? std::optional(stop->slot) : std::nullopt);
 }
 
-bool editor_hand::nudge_current(const CPoint& direction, bool finely)
+bool panel_input::nudge_current(const CPoint& direction, bool finely)
 {
     const auto* const stop = focus.current();
     if (!stop)
@@ -144,7 +144,7 @@ bool editor_hand::nudge_current(const CPoint& direction, bool finely)
     return true;
 }
 
-void editor_hand::end_nudges()
+void panel_input::end_nudges()
 {
     if (!std::exchange(nudged, nullptr))
         return;
@@ -152,7 +152,7 @@ void editor_hand::end_nudges()
     values.hide_bubble();
 }
 
-bool editor_hand::reset_current()
+bool panel_input::reset_current()
 {
     const auto* const stop = focus.current();
     if (!stop)
@@ -163,7 +163,7 @@ bool editor_hand::reset_current()
     return true;
 }
 
-void editor_hand::change_in_one_step(const std::function<void()>& change)
+void panel_input::change_in_one_step(const std::function<void()>& change)
 {
     links.begin_gesture();
     change();

@@ -1,4 +1,4 @@
-#include "editor/editor_hand.h"
+#include "editor/panel_input.h"
 
 #include "editor/controls/widgets/value_text.h"
 #include "framework/parameters/cparameter_continuous_v1.h"
@@ -14,9 +14,9 @@ namespace
 using VSTGUI::VirtualKey;
 const VSTGUI::Modifiers none, shift(VSTGUI::ModifierKey::Shift), control_key(VSTGUI::ModifierKey::Control);
 
-struct hand_stage : editor_stage
+struct input_stage : editor_stage
 {
-    hand_stage() { frame->onActivate(true); } // or the keyboard reaches nothing
+    input_stage() { frame->onActivate(true); } // else no key arrives
 
     bool key(VirtualKey virt, char32_t character = 0, VSTGUI::Modifiers keys = {})
     {
@@ -27,21 +27,21 @@ struct hand_stage : editor_stage
     }
     std::string focused() const
     {
-        const auto* const stop = hand().getFocus().current();
+        const auto* const stop = input().get_focus().current();
         return stop ? stop->parameters.front().lock()->get_name() : std::string();
     }
-    void give_keys_to(const std::string& parameter)
+    void give_focus_to(const std::string& parameter)
     {
         for (int i = 0; i < 40 && focused() != parameter; ++i)
             key(VirtualKey::Tab);
         ASSERT_EQ(focused(), parameter);
     }
-    editor_hand& hand() const { return ui->get_hand(); }
+    panel_input& input() const { return ui->get_input(); }
 };
 
-TEST(editor_hand, tab_walks_panel_by_panel_and_around)
+TEST(panel_input, tab_visits_every_control_panel_by_panel_and_starts_over)
 {
-    hand_stage stage;
+    input_stage stage;
     std::vector<std::string> expected = {"Master Hue", "Global Chroma", "Global Luminance"};
     for (const std::string zone : {"Shadows", "Mids", "Highlights"})
         for (const char* control : {" Hue", " Range", " Lightness", " Smoothness", " Saturation"})
@@ -53,16 +53,16 @@ TEST(editor_hand, tab_walks_panel_by_panel_and_around)
     {
         EXPECT_TRUE(stage.key(VirtualKey::Tab));
         EXPECT_EQ(stage.focused(), name);
-        EXPECT_TRUE(stage.hand().getFocus().is_ring_shown());
+        EXPECT_TRUE(stage.input().get_focus().is_ring_shown());
     }
     stage.key(VirtualKey::Tab, 0, shift);
     EXPECT_EQ(stage.focused(), "Film Contrast Angle");
     stage.press_on(stage.pad(panel_slot::sky), 0, 0);
-    EXPECT_FALSE(stage.hand().getFocus().is_ring_shown()) << "the mouse needs none";
+    EXPECT_FALSE(stage.input().get_focus().is_ring_shown()) << "a press needs no focus ring";
     EXPECT_EQ(stage.focused(), "Sky Angle");
 }
 
-TEST(editor_hand, arrows_nudge_by_a_hundredth_and_with_shift_by_a_thousandth)
+TEST(panel_input, arrows_nudge_by_a_hundredth_and_with_shift_by_a_thousandth)
 {
     struct nudge_case
     {
@@ -84,34 +84,34 @@ TEST(editor_hand, arrows_nudge_by_a_hundredth_and_with_shift_by_a_thousandth)
           {"Mids Saturation", VirtualKey::Down, none, "Mids Saturation", -1}})
     {
         SCOPED_TRACE(parameter);
-        hand_stage stage;
+        input_stage stage;
         stage.set("Sky Angle", 90); // left
         stage.set("Sky Strength", 30);
-        stage.give_keys_to(control);
+        stage.give_focus_to(control);
         EXPECT_TRUE(stage.key(arrow, 0, keys));
         EXPECT_NEAR(stage.value(parameter), value, 1e-3);
     }
 }
 
-TEST(editor_hand, nudges_are_one_step_until_a_pause_of_a_second)
+TEST(panel_input, nudges_are_one_step_until_a_pause_of_a_second)
 {
-    hand_stage stage;
+    input_stage stage;
     const auto nudge_at = [&](std::uint64_t ms)
     {
         stage.key(VirtualKey::Up);
-        stage.hand().idle(ms);
+        stage.input().idle(ms);
     };
-    stage.give_keys_to("Global Chroma");
+    stage.give_focus_to("Global Chroma");
     for (const std::uint64_t ms : {100, 1000, 1900})
         nudge_at(ms);
     EXPECT_TRUE(stage.ui->is_editing());
-    stage.hand().idle(2899);
+    stage.input().idle(2899);
     nudge_at(2900);
-    stage.hand().idle(3900);
+    stage.input().idle(3900);
     EXPECT_FALSE(stage.ui->is_editing());
     EXPECT_EQ(stage.undo_position(), 1);
     nudge_at(4000);
-    EXPECT_TRUE(stage.key(VirtualKey::None, 0x1a, control_key)) << "Control-Z, as X11 writes it, ends the run";
+    EXPECT_TRUE(stage.key(VirtualKey::None, 0x1a, control_key)) << "Control-Z, as X11 reports it, ends the undo step";
     EXPECT_NEAR(stage.value("Global Chroma"), 4, 1e-4);
     stage.key(VirtualKey::None, 'z', control_key);
     EXPECT_EQ(stage.value("Global Chroma"), 0);
@@ -119,16 +119,16 @@ TEST(editor_hand, nudges_are_one_step_until_a_pause_of_a_second)
     EXPECT_NEAR(stage.value("Global Chroma"), 4, 1e-4);
 }
 
-TEST(editor_hand, resets_are_one_step_each)
+TEST(panel_input, resets_are_one_step_each)
 {
-    hand_stage stage;
+    input_stage stage;
     stage.set("Sky Angle", 200);
     stage.set("Sky Strength", 40);
-    stage.give_keys_to("Sky Angle");
+    stage.give_focus_to("Sky Angle");
     for (int twice = 0; twice < 2; ++twice)
         EXPECT_TRUE(stage.key(VirtualKey::Delete));
     EXPECT_TRUE(stage.value("Sky Angle") == 0 && stage.value("Sky Strength") == 0);
-    EXPECT_EQ(stage.undo_position(), 1) << "nothing was left to reset";
+    EXPECT_EQ(stage.undo_position(), 1) << "the second had nothing to reset";
 
     stage.set("Mids Range", 5);
     const VSTGUI::CPoint where = stage.at(stage.control("Mids Range"), -20, 30);
@@ -151,7 +151,7 @@ VSTGUI::CTextEdit* find_field(const VSTGUI::CViewContainer& container)
     return found.empty() ? nullptr : found.front();
 }
 
-TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
+TEST(panel_input, typed_values_are_taken_whole_or_not_at_all)
 {
     struct entry
     {
@@ -172,11 +172,11 @@ TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
         for (const VirtualKey last : {VirtualKey::Return, VirtualKey::Escape})
         {
             SCOPED_TRACE(typed);
-            hand_stage stage;
-            stage.give_keys_to(parameter);
-            const panel_stop stop = *stage.hand().getFocus().current();
+            input_stage stage;
+            stage.give_focus_to(parameter);
+            const panel_stop stop = *stage.input().get_focus().current();
             stage.frame->onActivate(false); // the toolkit's text field needs a window for its caret
-            stage.hand().getValues().type_over(stop);
+            stage.input().get_values().type_over(stop);
             ASSERT_TRUE(find_field(*stage.frame));
             find_field(*stage.frame)->setText(typed);
             stage.key(VirtualKey::None, 'b');
@@ -186,14 +186,15 @@ TEST(editor_hand, typed_values_are_taken_whole_or_not_at_all)
             EXPECT_EQ(stage.value(parameter), changes ? values.first : 0);
             EXPECT_EQ(stage.value("Sky Strength"), changes ? values.second : 0);
             EXPECT_EQ(stage.undo_position(), changes ? 1 : 0);
-            EXPECT_EQ(stage.hand().getValues().get_bubble().get_text().empty(), is_taken || last == VirtualKey::Escape);
+            EXPECT_EQ(stage.input().get_values().get_bubble().get_text().empty(),
+                      is_taken || last == VirtualKey::Escape);
         }
 }
 
-TEST(editor_hand, the_bubble_says_what_is_set_for_as_long_as_it_is_dragged)
+TEST(panel_input, the_bubble_shows_the_value_during_a_drag)
 {
-    hand_stage stage;
-    const auto& bubble = stage.hand().getValues().get_bubble();
+    input_stage stage;
+    const auto& bubble = stage.input().get_values().get_bubble();
     const VSTGUI::CPoint where = stage.at(stage.pad(panel_slot::master), 20, -50); // near the toolbar
     stage.press(where.x, where.y);
     EXPECT_EQ(bubble.get_text(), pad_value_text(stage.value("Master Hue"), stage.value("Master Chroma")));
@@ -206,16 +207,16 @@ TEST(editor_hand, the_bubble_says_what_is_set_for_as_long_as_it_is_dragged)
     EXPECT_GE(bubble.get_place().left, 0);
 }
 
-TEST(editor_hand, keys_switch_what_the_buttons_switch_and_wait_for_questions)
+TEST(panel_input, keys_do_what_buttons_do_and_are_ignored_during_questions)
 {
-    hand_stage stage;
+    input_stage stage;
     stage.key(VirtualKey::None, 'b');
     EXPECT_TRUE(stage.effect->get_bypass());
     stage.key(VirtualKey::None, 'r');
     EXPECT_EQ(stage.undo_position(), 2);
     stage.key(VirtualKey::F1);
     ASSERT_TRUE(stage.frame->getModalView());
-    EXPECT_TRUE(stage.key(VirtualKey::None, 'b')) << "closes the help, and does no more";
+    EXPECT_TRUE(stage.key(VirtualKey::None, 'b')) << "only closes the help";
     EXPECT_TRUE(stage.effect->get_bypass());
     EXPECT_FALSE(stage.frame->getModalView());
     stage.key(VirtualKey::None, 'b');
