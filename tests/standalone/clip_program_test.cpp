@@ -177,7 +177,7 @@ TEST_F(clip_program, mistakes_and_losses_are_said_on_one_line)
         {"$V grade c.avi -o o.mov", 4, "its codec, cinepak, cannot be written (ask for another, as in --codec h264"},
         {"$V grade a.mov -o o.png", 4, "shot.%04d.png"},
         {"$V grade a.mov -o o.xyz", 4, "end it in .mov, .mp4 or .mkv"},
-        {"$V grade a.mov --codec prores -o p.mp4", 4, "mp4 holds no prores of this kind"},
+        {"$V grade a.mov --codec prores -o p.mp4", 4, "mp4 cannot hold this kind of prores"},
         {"$V grade a.mov --codec h265 -o o.mov", 4, "--codec takes h264, hevc"},
         {"$V grade a.mov --codec prores --quality 50 -o o.mov", 4, "prores_lt"},
         {"$V grade a.mov --codec prores --depth 8 -o o.mov", 4, "it takes yuv422p10le"},
