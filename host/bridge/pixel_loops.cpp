@@ -1,5 +1,7 @@
 #include "host/bridge/pixel_loops.h"
 
+#include "shared/clamp.h"
+
 #include <algorithm>
 
 namespace ov1
@@ -23,8 +25,6 @@ T* destination_row(const tile_pair& tile, std::size_t y)
     return reinterpret_cast<T*>(tile.destination + y * tile.destination_bytes_per_row);
 }
 
-float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; } // a NaN fails the comparison
-
 } // namespace
 
 std::optional<tile_format> tile_format_of(const surface_layout& layout)
@@ -44,10 +44,9 @@ void render_half_row(const row_renderer& renderer, const tile_pair& tile, std::s
 void render_float_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y)
 {
     auto* const out = destination_row<argb_float>(tile, y);
-    // The destination row holds the limited input, which is then rendered in place: no extra row is needed.
+    // The destination row holds the clamped input, which is then rendered in place: no extra row is needed.
     std::transform(source_row<argb_float>(tile, y), source_row<argb_float>(tile, y) + tile.width, out,
-                   [](const argb_float& p)
-                   { return argb_float{limited(p.a), limited(p.r), limited(p.g), limited(p.b)}; });
+                   [](const argb_float& p) { return clamped(p); });
     renderer.render_row(y, out, out, tile.width);
 }
 

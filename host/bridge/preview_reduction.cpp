@@ -1,5 +1,6 @@
 #include "host/bridge/preview_reduction.h"
 
+#include "shared/clamp.h"
 #include "shared/half_float.h"
 
 #include <algorithm>
@@ -57,11 +58,7 @@ argb_float sum_of(const host_frame& frame, span rows, span columns)
     return sum;
 }
 
-float mean(float sum, std::size_t count)
-{
-    const float v = sum / static_cast<float>(count);
-    return v > 0.0f ? std::min(v, 1.0f) : 0.0f; // a NaN fails the comparison
-}
+float mean(float sum, std::size_t count) { return clamped(sum / static_cast<float>(count)); }
 
 } // namespace
 

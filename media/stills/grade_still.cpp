@@ -2,6 +2,7 @@
 
 #include "media/samples/object_pool.h"
 #include "media/samples/transfer_curve.h"
+#include "shared/clamp.h"
 
 #include <algorithm>
 #include <atomic>
@@ -34,9 +35,6 @@ void multiply_by_alpha(argb_float& c)
     for_channels(c, [a = c.a](float v) { return v * a; });
 }
 
-/// The comparison sends NaN to 0.
-float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; }
-
 /// Limits colours to 0..1 and returns how many pixels had one outside.
 std::uint64_t limit(argb_float* row, std::size_t count)
 {
@@ -45,7 +43,7 @@ std::uint64_t limit(argb_float* row, std::size_t count)
     for (argb_float& c : std::span(row, count))
     {
         outside += is_outside(c.r) || is_outside(c.g) || is_outside(c.b);
-        for_channels(c, limited);
+        for_channels(c, [](float v) { return clamped(v); });
     }
     return outside;
 }

@@ -1,28 +1,18 @@
 #include "framework/row_renderer.h"
 
-#include <algorithm>
+#include "shared/clamp.h"
+
 #include <vector>
 
 namespace ov1
 {
 
-namespace
-{
-
-float limited(half_bits half)
-{
-    const float v = half_to_float(half);
-    return v > 0.0f ? std::min(v, 1.0f) : 0.0f; // a NaN fails the comparison
-}
-
-} // namespace
-
 void row_renderer::render_row_half(std::size_t y, const half_bits* in, half_bits* out, std::size_t count) const
 {
-    std::vector<argb_float> row(count); // in one piece: pixels are told their column
+    std::vector<argb_float> row(count); // one call for the whole row: a renderer counts columns from 0
     for (argb_float& pixel : row)
     {
-        pixel = {limited(in[3]), limited(in[0]), limited(in[1]), limited(in[2])};
+        pixel = clamped({half_to_float(in[3]), half_to_float(in[0]), half_to_float(in[1]), half_to_float(in[2])});
         in += 4;
     }
     render_row(y, row.data(), row.data(), count);

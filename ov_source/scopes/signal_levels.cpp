@@ -1,5 +1,7 @@
 #include "scopes/signal_levels.h"
 
+#include "shared/clamp.h"
+
 namespace ov1
 {
 
@@ -11,13 +13,6 @@ namespace
 using signal_plane = std::array<float, signal_levels::most>;
 
 constexpr auto scale = static_cast<float>(last_level);
-
-/// A NaN fails both comparisons and gives 0.
-float limited(float v)
-{
-    const float above = v > 0.f ? v : 0.f;
-    return above < 1.f ? above : 1.f;
-}
 
 /// The whole number next to what is not negative.
 std::uint32_t rounded(float v) { return static_cast<std::uint32_t>(static_cast<std::int32_t>(v + 0.5f)); }
@@ -41,9 +36,9 @@ void read_levels(const argb_float* pixels, std::size_t count, const signal_selec
     signal_plane r, g, b;
     for (std::size_t i = 0; i < count; ++i)
     {
-        r[i] = limited(pixels[i].r);
-        g[i] = limited(pixels[i].g);
-        b[i] = limited(pixels[i].b);
+        r[i] = clamped(pixels[i].r);
+        g[i] = clamped(pixels[i].g);
+        b[i] = clamped(pixels[i].b);
     }
     if (selection.channels)
     {

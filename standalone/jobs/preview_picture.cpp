@@ -2,6 +2,7 @@
 
 #include "media/samples/transfer_curve.h"
 #include "shared/argb_float.h"
+#include "shared/clamp.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,13 +18,11 @@ constexpr std::uint32_t chart_width = 1600;
 constexpr std::uint32_t chart_height = 900;
 constexpr std::uint32_t chart_bands = 6;
 
-float limited(float v) { return v > 0.0f ? std::min(v, 1.0f) : 0.0f; }
-
 /// The fully saturated colour of a hue, 0..1 around the circle.
 argb_float hue_at(float place)
 {
     const auto channel = [&](float offset)
-    { return limited(std::abs(std::fmod(place * 6.0f + offset, 6.0f) - 3.0f) - 1.0f); };
+    { return clamped(std::abs(std::fmod(place * 6.0f + offset, 6.0f) - 3.0f) - 1.0f); };
     return {1.0f, channel(0.0f), channel(4.0f), channel(2.0f)};
 }
 
@@ -54,7 +53,7 @@ media::reduced_picture make_gradable_picture(const media::still_reader& source, 
             p = {p.a, p.r / p.a, p.g / p.a, p.b / p.a};
         if (linear)
             p = {p.a, media::srgb_encoded(p.r), media::srgb_encoded(p.g), media::srgb_encoded(p.b)};
-        p = {limited(p.a), limited(p.r), limited(p.g), limited(p.b)};
+        p = clamped(p);
     }
     return picture;
 }

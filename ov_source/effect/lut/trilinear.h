@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shared/argb_float.h"
+#include "shared/clamp.h"
 
 #include <cstddef>
 
@@ -20,9 +21,7 @@ struct grid_position
 /// counts as 0: no input reads outside the table.
 constexpr grid_position grid_position_at(float x, std::size_t edge)
 {
-    const auto last = static_cast<float>(edge - 1);
-    x = x > 0.0f ? x : 0.0f; // a NaN fails the comparison
-    x = x < last ? x : last;
+    x = clamped(x, static_cast<float>(edge - 1));
     const auto lower = static_cast<std::size_t>(x);
     return {lower, (lower < edge - 2 ? lower : edge - 2) + 1, x - static_cast<float>(lower)};
 }

@@ -1,6 +1,7 @@
 #include "effect/reference/lut_utils.h"
 
 #include "effect/lut/integer_hsl.h"
+#include "shared/clamp.h"
 
 #include <algorithm>
 
@@ -9,12 +10,6 @@ namespace ov1::lut_utils
 
 namespace
 {
-
-float within_unit(float v)
-{
-    v = v > 0.0f ? v : 0.0f; // a NaN fails the comparison
-    return v < 1.0f ? v : 1.0f;
-}
 
 /// The share of a chroma push that a colour gets, by its own chroma.
 double push_share(double chroma_percent)
@@ -48,7 +43,7 @@ void add(lut_argb<edge>& dst, const lut_argb<edge>& src, float amount, bool limi
                 to->g += (from->g - static_cast<float>(j) * step) * amount;
                 to->b += (from->b - static_cast<float>(k) * step) * amount;
                 if (limit)
-                    *to = {1.0f, within_unit(to->r), within_unit(to->g), within_unit(to->b)};
+                    *to = {1.0f, clamped(to->r), clamped(to->g), clamped(to->b)};
             }
 }
 
