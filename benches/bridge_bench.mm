@@ -2,12 +2,11 @@
 
 #include "frames.h"
 #include "framework/icomponent_v1.h"
-#include "framework/row_renderer.h"
+#include "framework/render_rows.h"
 #include "host/fxplug/fcp_wrapper_veridialfcpx_3_7_0_0.h"
 #include "host/simulator/simulated_host.h"
 #include "host/simulator/tile_maker.h"
 #include "interleaved.h"
-#include "platform/rows.h"
 
 #include <cstring>
 
@@ -40,16 +39,15 @@ T* row_of(IOSurface* surface, std::size_t y)
 void render_bare(const row_renderer& renderer, IOSurface* from, IOSurface* to)
 {
     const surface_shape shape = [from shape];
-    const auto* const in = static_cast<const std::byte*>([from pixels]);
-    auto* const out = static_cast<std::byte*>([to pixels]);
-    for_each_picture_piece(shape.width, shape.height, 0,
-                           [&](std::size_t first, std::size_t end)
-                           {
-                               for (std::size_t y = first; y < end; ++y)
-                                   renderer.render_row_half(
-                                       y, reinterpret_cast<const half_bits*>(in + y * shape.bytes_per_row),
-                                       reinterpret_cast<half_bits*>(out + y * shape.bytes_per_row), shape.width);
-                           });
+    const std::size_t row_length = shape.bytes_per_row / sizeof(half_bits);
+    render_rows(renderer,
+                picture_rows<half_bits>{.in = row_of<const half_bits>(from, 0),
+                                        .out = row_of<half_bits>(to, 0),
+                                        .in_step = row_length,
+                                        .out_step = row_length,
+                                        .width = shape.width,
+                                        .height = shape.height},
+                0);
 }
 
 /// Bytes of pixels that differ; the rows' ends are not looked at.

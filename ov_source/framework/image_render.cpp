@@ -1,7 +1,6 @@
 #include "framework/image_render.h"
 
-#include "framework/row_renderer.h"
-#include "platform/rows.h"
+#include "framework/render_rows.h"
 #include "shared/image.h"
 
 namespace ov1
@@ -22,19 +21,16 @@ bool render_image(const row_renderer& renderer, const image& source, image& dest
 {
     if (!are_alike(source, destination))
         return false;
-    const std::uint32_t width = source.get_width(), height = source.get_height();
-    const bool upside_down = source.get_origin() == image::origin::bottom_left;
-    const auto render_rows = [&](std::size_t first, std::size_t end)
-    {
-        for (std::size_t row = first; row < end; ++row)
-        {
-            const auto memory_row = static_cast<std::uint32_t>(row);
-            renderer.render_row(upside_down ? height - 1 - row : row,
-                                reinterpret_cast<const argb_float*>(source.row(memory_row)),
-                                reinterpret_cast<argb_float*>(destination.row(memory_row)), width);
-        }
-    };
-    for_each_picture_piece(width, height, 0, render_rows);
+    const std::size_t row_length = source.get_bytes_per_row() / sizeof(argb_float);
+    render_rows(renderer,
+                {.in = reinterpret_cast<const argb_float*>(source.pixels()),
+                 .out = reinterpret_cast<argb_float*>(destination.pixels()),
+                 .in_step = row_length,
+                 .out_step = row_length,
+                 .width = source.get_width(),
+                 .height = source.get_height(),
+                 .is_bottom_up = source.get_origin() == image::origin::bottom_left},
+                0);
     return true;
 }
 

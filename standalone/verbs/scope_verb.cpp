@@ -6,7 +6,7 @@
 #include "command_line/failure_line.h"
 #include "command_line/number.h"
 #include "command_line/run_options.h"
-#include "platform/rows.h"
+#include "framework/render_rows.h"
 #include "scopes/scope_type.h"
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/preview_picture.h"
@@ -137,16 +137,14 @@ std::vector<failure> read_picture(const scope_command& command, media::reduced_p
     const bool is_graded = asks_for_values(command.grade) || !command.grade.presets.empty();
     if (!is_graded || effect.get().get_bypass())
         return {};
-    const auto renderer = effect.get_renderer();
-    const auto render = [&](std::size_t first, std::size_t end)
-    {
-        for (std::size_t y = first; y < end; ++y)
-        {
-            argb_float* const row = picture.pixels.data() + y * picture.width;
-            renderer->render_row(y, row, row, picture.width);
-        }
-    };
-    for_each_picture_piece(picture.width, picture.height, static_cast<unsigned>(command.run.threads), render);
+    render_rows(*effect.get_renderer(),
+                picture_rows<argb_float>{.in = picture.pixels.data(),
+                                         .out = picture.pixels.data(),
+                                         .in_step = picture.width,
+                                         .out_step = picture.width,
+                                         .width = picture.width,
+                                         .height = picture.height},
+                static_cast<unsigned>(command.run.threads));
     return {};
 }
 
