@@ -2,12 +2,13 @@
 
 #include "framework/ihost_v1.h"
 #include "framework/iview_v1.h"
-#include "framework/parameters/iparameter_v1.h"
+#include "framework/parameters/cparameter_v1.h"
 #include "framework/restore_guard.h"
 #include "framework/row_renderer.h"
 #include "framework/state_blob.h"
 #include "platform/iutils.h"
 
+#include <algorithm>
 #include <cassert>
 #include <utility>
 
@@ -98,7 +99,7 @@ void ccomponent_v1::terminate()
     set_view(nullptr);
     leaving->notify({event_kind::terminated});
     // Destroyed after the lock is released: a parameter's end may run code of the effect.
-    parameter_list gone;
+    std::vector<registered_parameter> gone;
     with_records_locked(
         [&]
         {
@@ -137,14 +138,22 @@ void ccomponent_v1::notify(event) {}
 
 void ccomponent_v1::idle() {}
 
-void ccomponent_v1::register_parameter(std::shared_ptr<iparameter_v1> parameter)
+void ccomponent_v1::register_parameter(std::shared_ptr<cparameter_v1> parameter)
 {
-    with_records_locked([&] { parameters.push_back(std::move(parameter)); });
+    const uid id = parameter->get_uid();
+    const std::uint32_t flags = parameter->get_flags();
+    with_records_locked([&] { parameters.push_back({std::move(parameter), id, flags}); });
 }
 
-ccomponent_v1::parameter_list ccomponent_v1::copy_parameters() const
+template <typename predicate>
+std::shared_ptr<iparameter_v1> ccomponent_v1::find_parameter(const predicate& is_wanted) const
 {
-    return with_records_locked([this] { return parameters; });
+    return with_records_locked(
+        [&]() -> std::shared_ptr<iparameter_v1>
+        {
+            const auto found = std::ranges::find_if(parameters, is_wanted);
+            return found != parameters.end() ? found->parameter : nullptr;
+        });
 }
 
 int ccomponent_v1::get_parameter_count() const
@@ -158,16 +167,13 @@ std::shared_ptr<iparameter_v1> ccomponent_v1::get_parameter(int index)
         [&]() -> std::shared_ptr<iparameter_v1>
         {
             const auto i = static_cast<std::size_t>(index);
-            return index >= 0 && i < parameters.size() ? parameters[i] : nullptr;
+            return index >= 0 && i < parameters.size() ? parameters[i].parameter : nullptr;
         });
 }
 
 std::shared_ptr<iparameter_v1> ccomponent_v1::get_parameter(uid id)
 {
-    for (auto& parameter : copy_parameters())
-        if (parameter->get_uid() == id)
-            return parameter;
-    return nullptr;
+    return find_parameter([id](const registered_parameter& p) { return p.id == id; });
 }
 
 std::shared_ptr<iparameter_v1> ccomponent_v1::get_parameter(std::string name) { return get_parameter(make_uid(name)); }
@@ -176,10 +182,7 @@ std::shared_ptr<std::mutex> ccomponent_v1::get_record_lock() const { return reco
 
 std::shared_ptr<iparameter_v1> ccomponent_v1::find_bypass() const
 {
-    for (auto& parameter : copy_parameters())
-        if (parameter->get_flags() & parameter_is_bypass)
-            return parameter;
-    return nullptr;
+    return find_parameter([](const registered_parameter& p) { return (p.flags & parameter_is_bypass) != 0; });
 }
 
 bool ccomponent_v1::has_bypass() { return find_bypass() != nullptr; }
@@ -203,8 +206,13 @@ bool ccomponent_v1::get_bypass()
 std::vector<std::uint8_t> ccomponent_v1::get_state()
 {
     std::vector<state_record> records;
-    for (const auto& parameter : copy_parameters())
-        records.push_back({parameter->get_param_value(), parameter->get_uid()});
+    with_records_locked(
+        [&]
+        {
+            records.reserve(parameters.size());
+            for (const registered_parameter& p : parameters)
+                records.push_back({p.parameter->record_under_lock(), p.id});
+        });
     return records.empty() ? std::vector<std::uint8_t>() : write_state(records);
 }
 
@@ -213,10 +221,12 @@ std::size_t ccomponent_v1::get_state_size() const
     return state_header_size + state_record_size * static_cast<std::size_t>(get_parameter_count());
 }
 
-bool ccomponent_v1::set_state(std::vector<std::uint8_t>& blob, bool edit)
+bool ccomponent_v1::set_state(std::vector<std::uint8_t>& blob, bool edit) { return restore(blob, edit); }
+
+bool ccomponent_v1::restore(std::span<const std::uint8_t> state, bool edit)
 {
     std::vector<state_record> records;
-    if (get_parameter_count() == 0 || !read_state(blob, records))
+    if (get_parameter_count() == 0 || !read_state(state, records))
         return false;
     const restore_guard restoring(*this);
     for (const state_record& record : records)
@@ -234,8 +244,6 @@ bool ccomponent_v1::set_state(std::vector<std::uint8_t>& blob, bool edit)
     }
     return true;
 }
-
-void ccomponent_v1::restore(std::vector<std::uint8_t> state) { set_state(state, false); }
 
 bool ccomponent_v1::is_state_rejected(std::vector<std::uint8_t>&, bool, std::string& message)
 {
@@ -261,7 +269,7 @@ void ccomponent_v1::end_restore()
     assert(before > 0);
 }
 
-void ccomponent_v1::reset_to_default() { restore(default_state); }
+void ccomponent_v1::reset_to_default() { restore(default_state, false); }
 
 void ccomponent_v1::save_cancel_state() { cancel_state = get_state(); }
 
@@ -269,7 +277,7 @@ void ccomponent_v1::cancel_effect()
 {
     if (const auto listening = get_host())
         listening->notify({event_kind::cancelled});
-    restore(cancel_state);
+    restore(cancel_state, false);
 }
 
 int ccomponent_v1::save_state(bool advance)
@@ -285,7 +293,7 @@ void ccomponent_v1::undo()
         return;
     const raised guard(in_undo);
     if (auto state = undo_states.step_back())
-        restore(std::move(*state));
+        restore(*state, false);
 }
 
 void ccomponent_v1::redo()
@@ -294,7 +302,7 @@ void ccomponent_v1::redo()
         return;
     const raised guard(in_redo);
     if (auto state = undo_states.step_forward())
-        restore(std::move(*state));
+        restore(*state, false);
 }
 
 void ccomponent_v1::jump_undo_stack(int position)
@@ -303,7 +311,7 @@ void ccomponent_v1::jump_undo_stack(int position)
         return;
     const raised guard(position < undo_states.get_position() ? in_undo : in_redo);
     if (auto state = undo_states.jump(position))
-        restore(std::move(*state));
+        restore(*state, false);
 }
 
 void ccomponent_v1::flush_state_stack() { undo_states.flush(); }

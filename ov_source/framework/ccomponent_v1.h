@@ -4,9 +4,12 @@
 #include "framework/icomponent_v1.h"
 
 #include <atomic>
+#include <span>
 
 namespace ov1
 {
+
+class cparameter_v1;
 
 /// An effect overrides init_component, create_view, notify, handle_unknown_parameter, render_pixel and what else it
 /// does differently, and is made with std::make_shared.
@@ -67,8 +70,9 @@ protected:
     /// Called when the outermost restore guard begins, before any value arrives.
     virtual void restore_started() {}
 
-    /// Appends a parameter; its place is its place in every stored state.
-    void register_parameter(std::shared_ptr<iparameter_v1> parameter);
+    /// Appends a parameter; its place is its place in every stored state. The first of several with one uid is the one
+    /// that is found.
+    void register_parameter(std::shared_ptr<cparameter_v1> parameter);
     /// What get_view gives from now on.
     void set_view(std::shared_ptr<iview_v1> view);
     /// For the parameters' and the editor's look back.
@@ -83,18 +87,26 @@ protected:
     }
 
 private:
-    using parameter_list = std::vector<std::shared_ptr<iparameter_v1>>;
+    /// What never changes of a parameter is kept beside it, so that a search calls nothing while it holds the lock.
+    struct registered_parameter
+    {
+        std::shared_ptr<cparameter_v1> parameter;
+        uid id = invalid_id;
+        std::uint32_t flags = 0;
+    };
 
-    parameter_list copy_parameters() const;
+    /// The first parameter that the predicate accepts; null when there is none.
+    template <typename predicate>
+    std::shared_ptr<iparameter_v1> find_parameter(const predicate& is_wanted) const;
     std::shared_ptr<iparameter_v1> find_bypass() const;
-    void restore(std::vector<std::uint8_t> state);
+    bool restore(std::span<const std::uint8_t> state, bool edit);
     bool view_is_open();
     bool is_in_gesture();
 
     const std::shared_ptr<std::mutex> record_lock;
     std::shared_ptr<ihost_v1> host;
     std::shared_ptr<iview_v1> view;
-    parameter_list parameters;
+    std::vector<registered_parameter> parameters;
 
     undo_ring undo_states;
     bool in_undo = false;

@@ -92,7 +92,7 @@ struct test_component : ccomponent_v1
         steps = std::make_shared<cparameter_integral_v1>(get_self(), "Steps", -10, 10, 0);
         on = std::make_shared<cparameter_boolean_v1>(get_self(), "On", false);
         tint = std::make_shared<cparameter_color_v1>(get_self(), "Tint", param_argb{1, 0, 0.5f, 1});
-        for (const std::shared_ptr<iparameter_v1>& p : {std::shared_ptr<iparameter_v1>(amount), {steps}, {on}, {tint}})
+        for (const std::shared_ptr<cparameter_v1>& p : {std::shared_ptr<cparameter_v1>(amount), {steps}, {on}, {tint}})
             register_parameter(p);
     }
     void notify(event e) override { set_while_restoring += e.type == event_kind::changed && is_restoring(); }
