@@ -260,14 +260,9 @@ void veridial_ui::valueChanged(CControl* control)
         input->changed(*control);
 }
 
-void veridial_ui::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
+void veridial_ui::update_control(iparameter_v1& parameter, bool edit)
 {
-    if (defer(parameter, edit))
-        return;
-    cview_v1::set_control_from_parameter(parameter, edit);
-    if (!frame)
-        return;
-    if (!show_parameter(stops, *parameter) && edit)
+    if (frame && !show_parameter(stops, parameter) && edit)
         frame->invalid();
 }
 

@@ -43,7 +43,6 @@ public:
     bool idle() override;
     /// Builds the whole window; nothing if the toolkit cannot open its frame.
     void init_view() override;
-    void set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
 
     // A control's tag is its parameter's uid, a pad's tag is that of its angle.
     void valueChanged(VSTGUI::CControl* control) override;
@@ -75,6 +74,7 @@ public:
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
 protected:
+    void update_control(iparameter_v1& parameter, bool edit) override;
     /// Called when the inside of the window has another size, in screen pixels.
     void resize(int new_width, int new_height);
 

@@ -15,6 +15,13 @@
 namespace ov1
 {
 
+namespace
+{
+
+bool is_shown(const window& window) { return window.get_native_handle() != nullptr && window.is_open(); }
+
+} // namespace
+
 cview_v1::cview_v1(std::weak_ptr<icomponent_v1> component)
     : component(std::move(component))
 {
@@ -84,7 +91,7 @@ void cview_v1::close()
 bool cview_v1::is_open()
 {
     const auto shown = get_window();
-    return shown && shown->get_native_handle() && shown->is_open();
+    return shown && is_shown(*shown);
 }
 
 bool cview_v1::idle()
@@ -101,26 +108,31 @@ bool cview_v1::idle()
     return true;
 }
 
-bool cview_v1::defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit)
+void cview_v1::defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit)
 {
-    const std::scoped_lock guard(shared_mutex);
-    if (!opened || editor_thread == std::this_thread::get_id())
-        return false;
     const auto same = [&](const change& c) { return c.parameter == parameter; };
     if (const auto known = std::ranges::find_if(deferred, same); known != deferred.end())
         known->edit |= edit;
     else
         deferred.push_back({parameter, edit});
-    return true;
 }
 
 void cview_v1::set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit)
 {
-    if (!is_open() || defer(parameter, edit))
-        return;
-    const auto told = listeners; // which may come and go meanwhile
-    for (iparameter_change_listener_v1* listener : told)
-        listener->parameter_changed(parameter, edit);
+    std::shared_ptr<window> shown;
+    {
+        const std::scoped_lock guard(shared_mutex);
+        if (opened && editor_thread != std::this_thread::get_id())
+            return defer(parameter, edit);
+        shown = opened;
+    }
+    if (shown && is_shown(*shown))
+    {
+        const auto notified = listeners; // a listener may register or unregister others
+        for (iparameter_change_listener_v1* listener : notified)
+            listener->parameter_changed(parameter, edit);
+    }
+    update_control(*parameter, edit);
 }
 
 void cview_v1::update_controls(bool edit)

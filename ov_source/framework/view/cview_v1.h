@@ -37,7 +37,7 @@ public:
     /// Also shows what other threads have set since the last call.
     bool idle() override;
     void init_view() override {}
-    /// From another thread than the one that opened the view, the showing waits for the next idle.
+    /// On any thread but the one that opened the view, the parameter is shown at the next idle.
     void set_control_from_parameter(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
     void update_controls(bool edit) override;
     void register_parameter_change_listener(iparameter_change_listener_v1* listener) override;
@@ -51,8 +51,9 @@ protected:
     std::shared_ptr<icomponent_v1> get_component() const { return component.lock(); }
     /// Null while closed.
     std::shared_ptr<window> get_window() const;
-    /// Whether the call comes from another thread than the editor's; then the parameter is kept for the next idle.
-    [[nodiscard]] bool defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit);
+    /// Shows a parameter in the editor's own controls. Called on the editor's thread, after the listeners, and also for
+    /// parameters that change before open.
+    virtual void update_control(iparameter_v1&, bool) {}
     /// A gesture that no parameter's control makes; nested gestures count as one.
     void begin_gesture();
     void end_gesture();
@@ -66,6 +67,8 @@ private:
         bool edit;
     };
 
+    /// For the next idle; the caller holds shared_mutex.
+    void defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit);
     bool stands_for_parameter(VSTGUI::CControl& control) const;
 
     const std::weak_ptr<icomponent_v1> component;
