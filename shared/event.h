@@ -1,4 +1,4 @@
-// The one notification record that travels between parameters, component and host.
+// The notification that parameters, component and host send each other.
 #pragma once
 
 #include "shared/image.h"

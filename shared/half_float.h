@@ -10,13 +10,13 @@ namespace ov1
 /// The bits of a half float: 1 of sign, 5 of exponent, 10 of mantissa.
 using half_bits = std::uint16_t;
 
-/// Exact. A NaN stays one.
+/// Exact. A NaN stays a NaN.
 constexpr float half_to_float(half_bits half)
 {
     const std::uint32_t sign = (half & 0x8000u) << 16;
     const std::uint32_t size = half & 0x7fffu;
     std::uint32_t bits;
-    if (size < 0x0400) // subnormal: so many 2^-24
+    if (size < 0x0400) // subnormal: a multiple of 2^-24
         bits = std::bit_cast<std::uint32_t>(static_cast<float>(size) * 0x1p-24f);
     else if (size < 0x7c00)
         bits = (size << 13) + ((127 - 15) << 23);
@@ -25,8 +25,8 @@ constexpr float half_to_float(half_bits half)
     return std::bit_cast<float>(sign | bits);
 }
 
-/// The nearest half, ties to even; infinity from 65,520 on. A NaN becomes a quiet one with the upper bits of its
-/// mantissa, as processors do it.
+/// The nearest half, ties to even; infinity from 65,520 on. A NaN becomes a quiet NaN with the upper bits of its
+/// mantissa, as processors convert it.
 constexpr half_bits float_to_half(float value)
 {
     const auto bits = std::bit_cast<std::uint32_t>(value);

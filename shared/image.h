@@ -8,8 +8,8 @@
 namespace ov1
 {
 
-/// Size, pixel type and origin of a picture, with its pixels. Owns the pixels; held through a shared pointer.
-/// Who fills an image keeps others from reading it meanwhile.
+/// Size, pixel type, origin and pixels. Owns the pixels; shared through a shared pointer. Not synchronised: the writer
+/// makes sure that nobody reads meanwhile.
 class image
 {
 public:
@@ -24,7 +24,7 @@ public:
         bottom_left = 1, ///< row 0 is the bottom row
     };
 
-    /// Width and height in pixels. Rows follow one another without padding; all bytes are zero.
+    /// Width and height in pixels. Rows have no padding; all bytes are zero.
     image(std::uint32_t width, std::uint32_t height, pixel_type type, origin from);
 
     std::byte* pixels() { return data.get(); }
@@ -35,7 +35,7 @@ public:
     pixel_type get_pixel_type() const { return type; }
     origin get_origin() const { return first_row; }
 
-    /// Start of a row, 0 being the first row in memory; the caller keeps y below the height.
+    /// Start of a row; row 0 is the first in memory, and y must be below the height.
     std::byte* row(std::uint32_t y) { return data.get() + std::size_t{y} * bytes_per_row; }
     const std::byte* row(std::uint32_t y) const { return data.get() + std::size_t{y} * bytes_per_row; }
 

@@ -12,7 +12,7 @@ struct param_argb
     float green = 0.0f;
     float blue = 0.0f;
 
-    /// Channel by channel; a NaN equals nothing, itself included.
+    /// Compares all channels; a NaN is not equal to anything, itself included.
     bool operator==(const param_argb&) const = default;
 };
 

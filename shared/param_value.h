@@ -20,7 +20,7 @@ enum class param_type : std::uint32_t
     unset = 0xFFFFFFFFu,
 };
 
-/// The number of valid kinds; a kind at or beyond it is no kind.
+/// The number of valid kinds; kinds from this number on are invalid.
 inline constexpr std::uint32_t param_type_count = 4;
 
 /// Sixteen bytes that hold a value of any kind, little-endian, unused bytes zero.
@@ -66,8 +66,8 @@ struct param_value
     param_bound min;
     param_bound max;
 
-    /// Brings v within the bounds that v itself carries, the lower bound first, so that crossed bounds end at max.
-    /// Leaves v alone when its kind is not this record's, and booleans and colours always.
+    /// Clamps v to the bounds that v itself carries, first to min, then to max. Leaves v unchanged if its kind is not
+    /// this record's, or if it is a boolean or a colour.
     void bounce_and_quantize(param_value& v) const;
 
     /// Whether v is of this record's kind, the kind is one of the four, and the value lies within the bounds that v
@@ -78,8 +78,8 @@ struct param_value
     [[nodiscard]] bool is_default_value() const;
 };
 
-/// Equality of two cells as values of a kind: a NaN differs from itself, -0.0 equals 0.0. Cells of no kind are compared
-/// byte by byte.
+/// Whether two cells are equal as values of a kind: a NaN differs from itself, -0.0 equals 0.0. Cells of an invalid
+/// kind are compared byte by byte.
 [[nodiscard]] bool same_value(param_type type, const param_cell& x, const param_cell& y);
 
 } // namespace ov1

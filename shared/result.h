@@ -1,4 +1,4 @@
-// What an operation that may fail returns: its value, or the failure.
+// The return type of operations that may fail: the value, or the failure.
 //
 //   result<> save(...);                      if (const auto saved = save(...); !saved)
 //   result<table> read(...);                     return saved.error();
@@ -13,7 +13,7 @@
 namespace ov1
 {
 
-/// Either a value or a failure; made from either. Ignoring one is a compiler warning.
+/// A value or a failure, constructed from either. Ignoring it is a compiler warning.
 template <typename T = void>
 class [[nodiscard]] result
 {
@@ -30,14 +30,14 @@ public:
 
     explicit operator bool() const { return content.index() == 0; }
 
-    /// Only where there is a value.
+    /// Only if there is a value.
     T& operator*() & { return *std::get_if<0>(&content); }
     const T& operator*() const& { return *std::get_if<0>(&content); }
     T&& operator*() && { return std::move(*std::get_if<0>(&content)); }
     T* operator->() { return std::get_if<0>(&content); }
     const T* operator->() const { return std::get_if<0>(&content); }
 
-    /// Only where there is none.
+    /// Only if there is no value.
     failure& error() & { return *std::get_if<1>(&content); }
     const failure& error() const& { return *std::get_if<1>(&content); }
     failure&& error() && { return std::move(*std::get_if<1>(&content)); }
@@ -46,7 +46,7 @@ private:
     std::variant<T, failure> content;
 };
 
-/// Done, or a failure.
+/// Success, or a failure.
 template <>
 class [[nodiscard]] result<void>
 {
@@ -60,7 +60,7 @@ public:
 
     explicit operator bool() const { return !problem.has_value(); }
 
-    /// Only where it failed.
+    /// Only after a failure.
     failure& error() & { return *problem; }
     const failure& error() const& { return *problem; }
     failure&& error() && { return std::move(*problem); }
@@ -69,7 +69,7 @@ private:
     std::optional<failure> problem;
 };
 
-/// The same failure, told of a subject: what a caller adds that knows how the user named it.
+/// The same failure with a subject, for callers that know how the user named it.
 inline failure about(std::string subject, failure why)
 {
     why.subject = std::move(subject);

@@ -1,4 +1,4 @@
-// Rows of pixels whose colour channels lie apart.
+// Rows of pixels with one array per colour channel.
 #pragma once
 
 namespace ov1

@@ -16,7 +16,7 @@ struct version
     bool operator==(const version&) const = default;
 };
 
-/// The version of this product; documents and presets of one major version read each other.
+/// The version of this product. Documents and presets are compatible within a major version.
 inline constexpr version product_version{3, 7, 0, 0};
 
 } // namespace ov1

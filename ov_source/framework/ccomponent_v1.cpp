@@ -18,24 +18,24 @@ namespace ov1
 namespace
 {
 
-/// Raises a flag for the length of a scope.
-class raised
+/// Sets a flag while it exists.
+class flag_guard
 {
 public:
-    explicit raised(bool& flag)
+    explicit flag_guard(bool& flag)
         : flag(flag)
     {
         flag = true;
     }
-    ~raised() { flag = false; }
-    raised(const raised&) = delete;
-    raised& operator=(const raised&) = delete;
+    ~flag_guard() { flag = false; }
+    flag_guard(const flag_guard&) = delete;
+    flag_guard& operator=(const flag_guard&) = delete;
 
 private:
     bool& flag;
 };
 
-/// Rows as the component itself renders them.
+/// Renders rows through the component itself.
 class component_rows : public row_renderer
 {
 public:
@@ -98,7 +98,7 @@ void ccomponent_v1::terminate()
         return;
     set_view(nullptr);
     leaving->notify({event_kind::terminated});
-    // Destroyed after the lock is released: a parameter's end may run code of the effect.
+    // Destroyed after the lock is released: a parameter's destructor may run code of the effect.
     std::vector<registered_parameter> gone;
     with_records_locked(
         [&]
@@ -291,7 +291,7 @@ void ccomponent_v1::undo()
 {
     if (is_in_gesture())
         return;
-    const raised guard(in_undo);
+    const flag_guard guard(in_undo);
     if (auto state = undo_states.step_back())
         restore(*state, false);
 }
@@ -300,7 +300,7 @@ void ccomponent_v1::redo()
 {
     if (is_in_gesture())
         return;
-    const raised guard(in_redo);
+    const flag_guard guard(in_redo);
     if (auto state = undo_states.step_forward())
         restore(*state, false);
 }
@@ -309,7 +309,7 @@ void ccomponent_v1::jump_undo_stack(int position)
 {
     if (is_in_gesture())
         return;
-    const raised guard(position < undo_states.get_position() ? in_undo : in_redo);
+    const flag_guard guard(position < undo_states.get_position() ? in_undo : in_redo);
     if (auto state = undo_states.jump(position))
         restore(*state, false);
 }
@@ -326,7 +326,7 @@ void ccomponent_v1::render_row(std::size_t y, const argb_float* in, argb_float* 
 {
     for (std::size_t x = 0; x < count; ++x)
     {
-        const argb_float pixel = in[x]; // in and out may be one
+        const argb_float pixel = in[x]; // in and out may be the same
         render_pixel(x, y, pixel, out[x]);
     }
 }

@@ -1,4 +1,4 @@
-// The component that effects derive from: everything but their parameters, pictures and editor.
+// The base class of effects: everything except their parameters, pixels and editor.
 #pragma once
 
 #include "framework/icomponent_v1.h"
@@ -11,8 +11,8 @@ namespace ov1
 
 class cparameter_v1;
 
-/// An effect overrides init_component, create_view, notify, handle_unknown_parameter, render_pixel and what else it
-/// does differently, and is made with std::make_shared.
+/// An effect overrides init_component, create_view, notify, handle_unknown_parameter, render_pixel and whatever else it
+/// does differently. Must be created with std::make_shared.
 class ccomponent_v1 : public icomponent_v1, public std::enable_shared_from_this<ccomponent_v1>
 {
 public:
@@ -63,22 +63,23 @@ public:
     undo_range get_undo_range() const override;
     std::vector<std::uint8_t> get_undo_state(int position) const override;
 
-    /// Whether a restore guard is open, on any thread.
+    /// Whether a restore guard exists, on any thread.
     bool is_restoring() const { return open_restores > 0; }
 
 protected:
-    /// Called when the outermost restore guard begins, before any value arrives.
+    /// Called when the outermost restore begins, before any value is set.
     virtual void restore_started() {}
 
     /// Appends a parameter; its place is its place in every stored state. The first of several with one uid is the one
     /// that is found.
     void register_parameter(std::shared_ptr<cparameter_v1> parameter);
-    /// What get_view gives from now on.
+    /// Replaces what get_view returns.
     void set_view(std::shared_ptr<iview_v1> view);
-    /// For the parameters' and the editor's look back.
+    /// For parameters and editor, which refer to the component weakly.
     std::weak_ptr<icomponent_v1> get_self() { return weak_from_this(); }
 
-    /// Runs f, which calls nothing outside, while no record can change: cparameter_v1::record_under_lock.
+    /// Runs f under the record lock, so that no record changes meanwhile: see cparameter_v1::record_under_lock. f must
+    /// not call the host, the view or a parameter.
     template <typename F>
     auto with_records_locked(F&& f) const
     {

@@ -1,4 +1,4 @@
-// The default host: fixed answers, two flags, and every event passed on to the component.
+// The default host: fixed answers, two flags, and every event forwarded to the component.
 #pragma once
 
 #include "framework/ihost_v1.h"
@@ -11,9 +11,9 @@ namespace ov1
 
 class icomponent_v1;
 
-/// Made before icomponent_v1::initialize is called with it; the component owns it, it looks back weakly. All
-/// operations may be called from any thread. A host of another program derives from it and hands its events to
-/// chost_v1::notify, so that flags and component see them.
+/// Passed to icomponent_v1::initialize; the component owns it, and it refers to the component weakly. All operations
+/// may be called on any thread. A derived host that overrides notify also calls chost_v1::notify, which updates the
+/// flags and the component.
 class chost_v1 : public ihost_v1
 {
 public:
@@ -38,7 +38,7 @@ public:
     bool has_legacy_parameters() const override;
 
 protected:
-    /// Null once the component is gone; hold it for one call only.
+    /// Null after the component is destroyed. Keep it for one call only.
     std::shared_ptr<icomponent_v1> get_component() const { return component.lock(); }
 
 private:

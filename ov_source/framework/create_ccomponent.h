@@ -1,4 +1,4 @@
-// The one function by which programs get the effect that they are linked with.
+// Creates the effect that a program is linked with.
 #pragma once
 
 #include <memory>

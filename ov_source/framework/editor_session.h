@@ -1,4 +1,4 @@
-// One sitting at the editor: its window opened, its preview kept up to date, until the user closes it.
+// One editor session: opens the window and keeps the preview up to date until the user closes it.
 #pragma once
 
 #include <functional>
@@ -13,33 +13,33 @@ class image;
 class iview_v1;
 class window;
 
-/// What a program adds to the sitting; every member may be left empty.
+/// What a program adds to the session; every member may be empty.
 struct editor_session_options
 {
     std::string icon = "ov_icon";
-    /// Called once a turn, for a program whose own run loop must turn meanwhile.
+    /// Called once per iteration of the event loop, for a program whose own run loop must also run.
     std::function<void()> pump = {};
-    /// Frames that the user may choose from for the preview; 1 offers no choice.
+    /// The number of frames to choose the preview from; 1 offers no choice.
     int frame_count = 1;
-    /// The user chose a frame, counted from 0: the program reads it and calls set_picture.
+    /// Called when the user chooses a frame, counted from 0. The program reads it and calls set_picture.
     std::function<void(int frame)> frame_chosen = {};
 };
 
-/// Belongs to the editor's thread. The component must have a host.
+/// Used on the editor's thread only. The component must have a host.
 class editor_session
 {
 public:
     explicit editor_session(std::shared_ptr<icomponent_v1> component);
 
-    /// The preview's picture, and where it is rendered to: alike in size, type and origin, or both null for none. May
-    /// be changed while the editor is open.
+    /// The preview's picture and the image it is rendered to: equal in size, type and origin, or both null for no
+    /// preview. May be changed while the editor is open.
     void set_picture(std::shared_ptr<image> source, std::shared_ptr<image> destination);
 
-    /// Opens the component's editor in a window above the host's, modally, and serves it until it is closed. False when
-    /// there is no editor or no window to be had.
+    /// Opens the component's editor in a modal window above the host's and runs its event loop until the window is
+    /// closed. Returns false if there is no editor or no window can be opened.
     [[nodiscard]] bool run(const editor_session_options& options);
 
-    /// Brings the window to the front; nothing while none is open.
+    /// Brings the window to the front. Does nothing while no window is open.
     void raise();
 
 private:

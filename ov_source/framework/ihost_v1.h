@@ -1,4 +1,4 @@
-// What the component and its parameters know of the program that runs them.
+// The program around the effect, as the component and its parameters see it.
 #pragma once
 
 #include "shared/event.h"
@@ -34,26 +34,25 @@ public:
     virtual std::string get_vendor() const = 0;
     virtual std::string get_name() const = 0;
     virtual version get_version() const = 0;
-    /// The language for everything that the user reads.
+    /// The language of all texts for the user.
     virtual language_id get_language() const = 0;
 
-    /// The native handle of the window that editors attach to. Returns false, with *handle as it was, when there is
-    /// none.
+    /// The native handle of the window that editors attach to. Returns false, with *handle unchanged, if there is none.
     [[nodiscard]] virtual bool get_host_window(void** handle) = 0;
     virtual project_info get_project_info() const = 0;
 
     virtual bool has_working_color_profile() const = 0;
-    /// False, with the argument unchanged, where there is no such profile.
+    /// Returns false, with the argument unchanged, if there is no such profile.
     [[nodiscard]] virtual bool convert_to_working_color_profile(param_argb& color) = 0;
     [[nodiscard]] virtual bool convert_to_monitor_color_profile(image& picture) = 0;
 
-    /// Asks for a new render; returns whether there will be one.
+    /// Requests a new render; returns whether there will be one.
     virtual bool schedule_render() = 0;
 
-    /// The channel on which parameters and component report, from any thread. Passes the event on to the component.
+    /// Receives the events of parameters and component, on any thread, and forwards them to the component.
     virtual void notify(event e) = 0;
 
-    /// Whether something changed since event_kind::render_begins.
+    /// Whether a parameter changed since event_kind::render_begins.
     virtual bool component_is_dirty() const = 0;
     /// Whether a restored state named parameters that no longer exist, since event_kind::initialized.
     virtual bool has_legacy_parameters() const = 0;

@@ -1,4 +1,4 @@
-// A whole picture through the effect.
+// Renders an image through the effect.
 #pragma once
 
 namespace ov1
@@ -7,8 +7,8 @@ namespace ov1
 class image;
 class row_renderer;
 
-/// Renders every row of source into destination, on all cores. Both are argb_f32, of one size and one origin; row 0 of
-/// the renderer is the top row. Returns false, with nothing rendered, when they do not fit together.
+/// Renders every row of source into destination, on all cores. Row 0 of the renderer is the top row. Returns false,
+/// with nothing rendered, unless both are argb_f32 and equal in size and origin.
 [[nodiscard]] bool render_image(const row_renderer& renderer, const image& source, image& destination);
 
 } // namespace ov1

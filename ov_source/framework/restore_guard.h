@@ -1,4 +1,4 @@
-// Marks the time in which a component is given back values that belong together.
+// Marks the time during which saved values are restored to a component.
 #pragma once
 
 #include "framework/icomponent_v1.h"
@@ -6,7 +6,8 @@
 namespace ov1
 {
 
-/// The restore lasts as long as the scope; scopes nest, within the component's own too. The component outlives it.
+/// The restore lasts while the guard exists. Guards may be nested, also inside the component's own. The component must
+/// outlive the guard.
 class restore_guard
 {
 public:

@@ -11,7 +11,7 @@ namespace
 {
 
 constexpr std::uint32_t magic = 0x63763173; // "s1vc"
-// A header alone is no state, even when it announces no records.
+// A header alone is not a state, even if its count is 0.
 constexpr std::size_t smallest_state = state_header_size + 1;
 
 constexpr std::size_t value_at = 4;
@@ -81,7 +81,7 @@ bool has_header(std::span<const std::uint8_t> bytes)
     return bytes.size() >= smallest_state && get_u32(bytes.data()) == magic;
 }
 
-/// Of a header that is there.
+/// Needs a complete header.
 std::int32_t announced_count(std::span<const std::uint8_t> bytes)
 {
     return static_cast<std::int32_t>(get_u32(bytes.data() + 4));

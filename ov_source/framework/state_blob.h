@@ -37,15 +37,15 @@ struct state_record
 /// The records in the given order, under a header.
 std::vector<std::uint8_t> write_state(std::span<const state_record> records);
 
-/// Appends to records what the bytes hold, and reads nothing outside them: the first record that does not fit ends the
-/// list, as does the count; a negative count means none; bytes after the last record are ignored. Returns false, with
-/// records as they were, for fewer than 9 bytes or another magic.
-/// Cells of the four kinds come with their unused bytes zeroed and booleans as 0 or 1; a record of another kind keeps
-/// its bytes as they are.
+/// Appends the records in the bytes, as many as the count says or as are complete. Never reads outside the bytes. A
+/// negative count means none; bytes after the last record are ignored. Returns false, with records unchanged, for fewer
+/// than 9 bytes or another magic.
+/// Values of the four kinds get their unused bytes zeroed and booleans 0 or 1; a record of another kind keeps its
+/// bytes.
 [[nodiscard]] bool read_state(std::span<const std::uint8_t> bytes, std::vector<state_record>& records);
 
-/// Checks bytes from outside before set_state: fails (invalid_grade) when they are no state, or hold fewer records than
-/// they announce. More bytes may follow.
+/// Checks bytes from outside before set_state. Fails (invalid_grade) if they are not a state or hold fewer records than
+/// the count says. More bytes may follow.
 result<> check_state_blob(std::span<const std::uint8_t> bytes);
 
 } // namespace ov1

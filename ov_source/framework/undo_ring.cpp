@@ -21,7 +21,7 @@ int undo_ring::store(bytes state, bool advance)
     oldest_intact = std::max(oldest_intact, stored - slot_mask);
     if (advance)
     {
-        // Reached by steps beyond range(): of what lies below, nothing is left.
+        // After steps beyond range() nothing below this position is intact.
         oldest_intact = std::min(oldest_intact, stored);
         position += 1;
         top = position;

@@ -1,4 +1,4 @@
-// The undo history: 32 slots of bytes on a ring, which knows no parameter.
+// The undo history: a ring of 32 slots of bytes.
 #pragma once
 
 #include <array>
@@ -9,7 +9,7 @@
 namespace ov1
 {
 
-/// Positions of an undo history, oldest <= newest. A user is offered these and no others.
+/// The positions of an undo history that a user may go to, oldest <= newest.
 struct undo_range
 {
     int oldest = 0;
@@ -21,25 +21,26 @@ struct undo_range
     bool operator==(const undo_range&) const = default;
 };
 
-/// Position p lies in slot p mod 32; positions only grow until flush. Stepping and jumping reach 32 positions back,
-/// of which the last shares its slot with the newest and, beyond 64 positions, lower ones with later ones: the ring
-/// is kept so, and range() leaves out what another position has overwritten.
+/// Position p is stored in slot p mod 32; positions only grow until flush. Stepping and jumping accept 32 positions
+/// back, although the last of them shares its slot with the newest and, beyond 64 positions, more slots are shared.
+/// This is meant; range() excludes positions whose slot has been overwritten.
 class undo_ring
 {
 public:
     static constexpr int slot_count = 32;
     using bytes = std::vector<std::uint8_t>;
 
-    /// Replaces the current slot. With advance the slot is committed: the position moves on and all later positions are
-    /// discarded. Returns the position before.
+    /// Replaces the current slot. With advance, the slot is committed: the position increases by one and all later
+    /// positions are discarded. Returns the previous position.
     int store(bytes state, bool advance);
 
-    /// Move the position and give the bytes stored there (empty where nothing was); nothing, with no move, at the ends.
+    /// Move the position and return the bytes stored there, which may be empty. At the ends they return nothing and do
+    /// not move.
     [[nodiscard]] std::optional<bytes> step_back();
     [[nodiscard]] std::optional<bytes> step_forward();
     [[nodiscard]] std::optional<bytes> jump(int to);
 
-    /// What is stored at a position of range(); empty where nothing is, and for other positions.
+    /// The bytes stored at a position of range(); empty for other positions.
     bytes peek(int at) const;
 
     /// Back to position 0 with slot 0 empty.
@@ -49,11 +50,11 @@ public:
     int get_top() const { return top; }
     int get_depth() const { return depth; }
 
-    /// At most the last 31 steps: the positions whose slots still hold their own states.
+    /// The positions whose slots still hold their own state: at most the last 31 steps.
     undo_range range() const;
 
 private:
-    /// The lowest position that stepping and jumping reach.
+    /// The lowest position that stepping and jumping accept.
     int bottom() const;
     bytes move_to(int to);
 

@@ -1,4 +1,4 @@
-// A native window that an editor is shown in, free of any toolkit.
+// A native window for an editor, without types of a toolkit.
 #pragma once
 
 #include <functional>
@@ -6,34 +6,36 @@
 namespace ov1
 {
 
-/// Made by a window_factory and owned by a shared pointer. Belongs to the thread that made it.
+/// Created by a window_factory and owned by a shared pointer. Used only on the thread that created it.
 class window
 {
 public:
     virtual ~window() = default;
 
-    /// Takes the window off the screen. The native window itself lives as long as this object: the view closes what it
-    /// has put into it first.
+    /// Removes the window from the screen. The native window exists as long as this object; the view removes its own
+    /// content first.
     virtual void close() = 0;
-    /// From its making until it is closed, by close or by the user.
+    /// True from construction until the window is closed, by close() or by the user.
     virtual bool is_open() const = 0;
     /// The system's handle; null when there is no native window.
     virtual void* get_native_handle() const = 0;
 
-    /// While modal, the window stands above its parent, and pop_pending_messages serves it. Closing ends it.
+    /// While modal, the window stays above its parent. Closing the window ends the modal state.
     virtual void begin_modal() = 0;
     virtual void end_modal() = 0;
     virtual bool is_modal() const = 0;
 
-    /// Works off what has arrived, then waits up to 25 ms for more; input ends the wait.
+    /// Processes pending events, then waits up to 25 ms for more; input ends the wait.
     virtual void pop_pending_messages() = 0;
-    /// Called once in every pop_pending_messages: for a program whose own run loop must turn too. Empty removes it.
+    /// The hook is called once in every pop_pending_messages, for a program whose own run loop must also run. An empty
+    /// hook removes it.
     virtual void set_pump_hook(std::function<void()> hook) = 0;
 
-    /// Above the other windows, with the keyboard.
+    /// Puts the window above all others and gives it the keyboard focus.
     virtual void raise() = 0;
 
-    /// Called with the new size of the contents in screen pixels when the user resizes the window. Empty removes it.
+    /// The listener is called with the new size of the content in screen pixels when the user resizes the window. An
+    /// empty listener removes it.
     virtual void set_resize_listener(std::function<void(int width, int height)> listener) = 0;
 };
 

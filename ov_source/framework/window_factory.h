@@ -1,4 +1,4 @@
-// Where native windows come from: a seam that the view side fills, empty in a program without windows.
+// Creates native windows. The toolkit's half installs the window maker; a program without windows has none.
 #pragma once
 
 #include "framework/window.h"
@@ -11,16 +11,16 @@
 namespace ov1
 {
 
-/// Makes windows that carry one icon.
+/// Creates windows with one icon.
 class window_factory
 {
 public:
-    /// One for each icon, made at the first call and never destroyed. The icon is a picture among the resources, named
-    /// without its ".png"; a missing one leaves the desktop's own. Any thread.
+    /// One factory per icon, created at the first call and never destroyed. icon is the name of a resource without
+    /// ".png"; if it is missing, the desktop's default icon is shown. Any thread.
     static window_factory& get_instance(const std::string& icon);
 
-    /// A shown window of the rectangle's size, above the parent where there is one. Null where there are no windows or
-    /// the desktop refuses. The calling thread becomes the window's.
+    /// A visible window of the rectangle's size, above the parent if there is one. Null if no window maker is installed
+    /// or the desktop fails. The calling thread becomes the window's.
     std::shared_ptr<window> create_window(const rect& size, const std::string& title, void* parent);
 
 private:
@@ -32,7 +32,7 @@ private:
 using window_maker = std::function<std::shared_ptr<window>(const std::string& icon, const rect& size,
                                                            const std::string& title, void* parent)>;
 
-/// For the whole process, from any thread; replaces the one before, and an empty one removes it.
+/// For the whole process; replaces the previous maker, an empty one removes it. Any thread.
 void install_window_maker(window_maker maker);
 
 } // namespace ov1

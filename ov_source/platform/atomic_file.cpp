@@ -45,7 +45,7 @@ bool read_to_end(int descriptor, std::vector<std::uint8_t>& bytes, std::size_t l
         return false;
     }
     std::size_t used = 0;
-    // One byte more than the file is said to hold, so that its end shows without growing.
+    // One byte more than the reported size, so that the end of the file is seen without another allocation.
     bytes.resize(facts.st_size > 0 ? std::min(static_cast<std::size_t>(facts.st_size), limit) + 1 : chunk_size);
     while (used <= limit)
     {

@@ -18,7 +18,7 @@ namespace ov1
 /// replaced file keeps its mode. A pipe or device is written to directly.
 result<> replace_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// The same, but an existing file is never replaced: "exists already", even if it appears during the call.
+/// The same, but an existing file is never replaced: "exists already", even if the file appears during the call.
 result<> create_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
 /// Reads a file, pipe or device to its end. Folders and content of more than `limit` bytes are failures (unreadable).

@@ -135,7 +135,7 @@ bool cutils_linux::alert_box(void* parent_window, const std::string& title, cons
 
 bool cutils_linux::get_resource(const std::string& name, std::vector<std::uint8_t>& bytes)
 {
-    // Top level only: a name never leads out of the folder.
+    // Top level only: a name cannot point outside the folder.
     if (name.empty() || name.find('/') != std::string::npos)
         return false;
     auto found = read_file(environment.resource_folder + '/' + name, resource_limit);
@@ -150,7 +150,7 @@ bool cutils_linux::is_main_thread() { return gettid() == getpid(); }
 
 bool cutils_linux::create_dir(const std::string& path)
 {
-    // With the user's own mask: who wants folders that others can write to has said so there.
+    // The user's umask applies: users who want folders that others can write to have set it so.
     return !path.empty() && mkdir(path.c_str(), 0777) == 0;
 }
 

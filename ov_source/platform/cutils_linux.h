@@ -8,8 +8,9 @@
 namespace ov1
 {
 
-/// Settings are files of the two names, with ".settings" behind, in the environment's settings folder. An empty name
-/// means that the domain is missing. What only a desktop can tell comes from the installed desktop_services.
+/// Settings are two files in the environment's settings folder, VENDOR.settings and PRODUCT.settings; with an empty
+/// name the settings of that kind can be neither read nor written. Alerts, screen sizes and dpi come from the installed
+/// desktop_services.
 class cutils_linux : public iutils
 {
 public:

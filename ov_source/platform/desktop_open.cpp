@@ -16,7 +16,7 @@ namespace ov1
 namespace
 {
 
-/// Openers that were started and not yet waited for. Each is reaped by the next opener's start.
+/// Openers that were started and have not been waited for. Starting the next opener reaps those that have ended.
 struct opener_list
 {
     std::mutex mutex;
@@ -46,11 +46,11 @@ bool spawn(const char* program, const std::string& argument, pid_t& child)
     posix_spawnattr_init(&attributes);
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         posix_spawn_file_actions_addopen(&files, descriptor, "/dev/null", O_RDWR, 0);
-    // A process group of its own: Ctrl-C in our terminal is not meant for the user's browser.
+    // In its own process group, so that Ctrl-C in our terminal does not end the user's browser.
     sigset_t none;
     sigemptyset(&none);
     posix_spawnattr_setsigmask(&attributes, &none);
-    // Nor does it share what this process ignores.
+    // Signals that this process ignores get their default action again.
     sigset_t all;
     sigfillset(&all);
     posix_spawnattr_setsigdefault(&attributes, &all);

@@ -16,7 +16,7 @@ struct installed_services
 
 installed_services& installed()
 {
-    static installed_services& all = *new installed_services; // as long-lived as the utilities that ask for it
+    static installed_services& all = *new installed_services; // never destroyed, like the utilities that use it
     return all;
 }
 

@@ -1,4 +1,4 @@
-// The steps of file handling that every system does in its own way.
+// File operations that differ between Linux and macOS.
 #pragma once
 
 #include <string>
@@ -6,14 +6,13 @@
 namespace ov1
 {
 
-/// What stands before the last separator; "." without one.
+/// The part of a path before the last separator; "." if there is none.
 std::string folder_of(const std::string& path);
 
-/// Whether a path is a name of a file that some process holds open, like those that /dev/stdout leads to, rather than a
-/// place in a folder.
+/// Whether a path names an open file of some process, like the target of /dev/stdout, and not an entry of a folder.
 bool stands_for_open_file(const std::string& path);
 
-/// Renames within one file system and never replaces. Sets errno on failure, EEXIST where the name is taken.
+/// Renames within one file system and never replaces a file. Sets errno on failure; EEXIST when `to` exists.
 [[nodiscard]] bool rename_to_new(const std::string& from, const std::string& to);
 
 } // namespace ov1

@@ -30,7 +30,7 @@ bool rename_to_new(const std::string& from, const std::string& to)
         return true;
     if (errno != EINVAL && errno != ENOSYS)
         return false;
-    // A file system without that flag: a hard link refuses a taken name as well.
+    // The file system does not support the flag. A hard link also fails when the name exists.
     return link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
 }
 

@@ -13,7 +13,7 @@ bool is_directory(const std::string& folder, const dirent& entry)
 {
     if (entry.d_type != DT_UNKNOWN)
         return entry.d_type == DT_DIR;
-    // A file system that does not say it in the listing.
+    // This file system does not report the type in the listing.
     struct stat facts;
     return lstat((folder + '/' + entry.d_name).c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
 }

@@ -1,4 +1,4 @@
-// What a folder holds.
+// The entries of a folder.
 #pragma once
 
 #include <string>
@@ -7,7 +7,8 @@
 namespace ov1
 {
 
-/// iutils::list_dir on every system.
+/// The portable implementation of iutils::list_dir: entries in the system's order, without "." and "..", symbolic links
+/// as files. Returns false for an empty path, for two null outputs, and when the folder cannot be read.
 [[nodiscard]] bool list_folder(const std::string& path, std::vector<std::string>* files,
                                std::vector<std::string>* directories, bool full_paths);
 

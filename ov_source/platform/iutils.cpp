@@ -16,7 +16,7 @@ iutils& iutils::get_instance()
 {
     if (iutils* replacement = replacement_instance.load(std::memory_order_acquire))
         return *replacement;
-    // Never destroyed: objects that end after main may still ask for it.
+    // Never destroyed: destructors that run after main may still use it.
     static iutils& system_instance = *make_system_utils().release();
     return system_instance;
 }

@@ -1,4 +1,4 @@
-// The single point of contact with the operating system for everything that is not drawing.
+// All services of the operating system that the program uses, except drawing.
 #pragma once
 
 #include "shared/language_id.h"
@@ -13,33 +13,33 @@
 namespace ov1
 {
 
-/// Settings, resources, folders, alerts, screen and system names. Failures are told by the result alone: nothing is
-/// thrown or shown, and what goes out through a reference keeps its value. Texts are UTF-8, paths are bytes. Every
-/// operation may be called from any thread, except alert_box and get_screen_dimensions: those belong to the thread of
-/// the window.
+/// Settings, resources, folders, alerts, screen and system names. Failures are reported only through the return value:
+/// nothing is thrown or shown, and output references keep their value. Texts are UTF-8; paths are bytes in the system's
+/// encoding. Every operation may be called on any thread, except alert_box and get_screen_dimensions, which must be
+/// called on the thread of the window.
 class iutils
 {
 public:
     virtual ~iutils() = default;
 
-    /// The utilities of this process, made at the first call and never destroyed. A utils_guard replaces them.
+    /// The utilities of this process, created at the first call and never destroyed. A utils_guard replaces them.
     static iutils& get_instance();
 
-    /// Picks the pieces of one language out of a localised literal, "{en:...}{de:...}". Text outside the pieces is
-    /// kept, pieces of other languages are dropped, and there is no fallback: a literal without a piece in the language
-    /// gives its common text alone. Braces inside a piece must be balanced.
+    /// Selects one language from a localised literal such as "Save{en: as}{de: unter}". Text outside the braces is
+    /// kept, pieces in other languages are dropped. There is no fallback: a literal without a piece in the language
+    /// gives only its common text. Braces inside a piece must be balanced.
     static std::string translate(language_id language, std::string_view text);
 
-    /// Settings of this product. False for an empty key, and where the settings cannot be read or written; the getters
-    /// also where the key is missing or holds another kind of value.
+    /// Settings of this product. They return false for an empty key and when the settings cannot be read or written;
+    /// the getters also when the key is missing or its value has another kind.
     [[nodiscard]] virtual bool set_bytes(const std::string& key, std::span<const std::uint8_t> bytes) = 0;
     [[nodiscard]] virtual bool get_bytes(const std::string& key, std::vector<std::uint8_t>& bytes) = 0;
-    /// Removes a key of any kind; removing what is not there succeeds.
+    /// Removes a key of any kind. Removing a key that does not exist succeeds.
     [[nodiscard]] virtual bool del_bytes(const std::string& key) = 0;
     [[nodiscard]] virtual bool set_string(const std::string& key, const std::string& text) = 0;
     [[nodiscard]] virtual bool get_string(const std::string& key, std::string& text) = 0;
 
-    /// The same for the settings that all products of the maker share.
+    /// The same for the settings that all products of the vendor share.
     [[nodiscard]] virtual bool set_vendor_bytes(const std::string& key, std::span<const std::uint8_t> bytes) = 0;
     [[nodiscard]] virtual bool get_vendor_bytes(const std::string& key, std::vector<std::uint8_t>& bytes) = 0;
     [[nodiscard]] virtual bool del_vendor_key(const std::string& key) = 0;
@@ -50,47 +50,49 @@ public:
 
     /// The system's family, "Linux".
     virtual std::string get_os_name_string() = 0;
-    /// The running system's version, major, minor and patch joined by dots.
+    /// The version of the running system: major.minor.patch.
     [[nodiscard]] virtual bool get_os_version_string(std::string& text) = 0;
-    /// The system as its users know it, with its word size: "Debian GNU/Linux 12 (bookworm) (64 Bits)".
+    /// The name and version that users know the system by, with its word size: "Debian GNU/Linux 12 (bookworm) (64
+    /// Bits)".
     [[nodiscard]] virtual bool get_os_string(std::string& text) = 0;
 
     /// A modal alert with one button.
     virtual bool alert_box(void* parent_window, const std::string& title, const std::string& message,
                            const std::string& button) = 0;
-    /// A modal alert; a button without a text is not shown. True exactly when the first button was chosen.
+    /// A modal alert; a button without text is not shown. Returns true exactly when the first button was chosen.
     virtual bool alert_box(void* parent_window, const std::string& title, const std::string& message,
                            const std::string& first_button, const std::string& second_button) = 0;
 
-    /// Reads a file from the top level of the product's resources, by its name with extension.
+    /// Reads a file in the top folder of the product's resources; the name includes the extension.
     [[nodiscard]] virtual bool get_resource(const std::string& name, std::vector<std::uint8_t>& bytes) = 0;
-    /// Opens a web page or a document with the program that the user prefers for it, and does not wait for it.
+    /// Opens a web page or a document with the user's preferred program and does not wait for it.
     virtual void open_url(const std::string& text) = 0;
     virtual bool is_main_thread() = 0;
-    /// Makes one directory. False for an empty path, for one that exists already, and where its parent is missing.
+    /// Creates one directory. Returns false for an empty path, an existing one, and one whose parent is missing.
     [[nodiscard]] virtual bool create_dir(const std::string& path) = 0;
     virtual const std::string& get_path_separator() = 0;
-    /// Size in unscaled pixels of the screen that shows most of the window, or of the main screen without one.
+    /// Size in unscaled pixels of the screen that shows most of the window, or of the main screen for a null
+    /// window.
     virtual void get_screen_dimensions(void* window, int& width, int& height) = 0;
-    /// A directory of the user's that all products of the maker share; made if missing, empty if there is no home.
+    /// The user's directory that all products of the vendor share, created if missing; empty without a home folder.
     virtual std::string get_common_directory() = 0;
-    /// Replaces what is in the outputs by the entries of a directory, without "." and "..", in the system's order.
-    /// Symbolic links count as files. Needs a path and at least one output.
+    /// Replaces the outputs with the entries of a directory, without "." and "..", in the system's order. Symbolic
+    /// links count as files. One of the outputs may be null. full_paths puts the directory before each name.
     [[nodiscard]] virtual bool list_dir(const std::string& path, std::vector<std::string>* files,
                                         std::vector<std::string>* directories, bool full_paths) = 0;
-    /// How many screen pixels one unit of the editor's layout takes.
+    /// Screen pixels per unit of the editor's layout.
     virtual double get_dpi_scale() = 0;
-    /// The folder that get_resource reads, for resources in folders of their own; empty where they lie in no folder.
+    /// The folder that get_resource reads, for resources in sub-folders; empty if the resources are not in a folder.
     virtual std::string get_resource_directory() { return {}; }
 
 private:
     friend class utils_guard;
 
-    /// Puts another instance in place, or the system's own for null; gives what stood there.
+    /// Installs another instance, or the system's own for null; returns the previous one.
     static iutils* exchange_instance(iutils* replacement);
 };
 
-/// The utilities of the system that this was built for; get_instance calls it once.
+/// Creates the utilities of the system that the program was built for; get_instance calls it once.
 std::unique_ptr<iutils> make_system_utils();
 
 } // namespace ov1

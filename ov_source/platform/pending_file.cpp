@@ -21,13 +21,13 @@ namespace ov1
 namespace
 {
 
-constexpr int link_limit = 40; // as many as Linux itself follows
+constexpr int link_limit = 40; // the limit of Linux itself
 constexpr int name_attempts = 100;
 constexpr unsigned permission_bits = 0777;
 constexpr unsigned all_mode_bits = 07777;
-constexpr unsigned new_file_mode = 0666; // less the user's own mask
+constexpr unsigned new_file_mode = 0666; // the user's umask applies
 
-/// The temporaries of this process. Their making, renaming and removing happen under the mutex.
+/// The temporary files of this process. They are created, renamed and removed under the mutex.
 struct temporary_list
 {
     std::mutex mutex;
@@ -38,12 +38,12 @@ struct temporary_list
 
 temporary_list& temporaries()
 {
-    static temporary_list& list = *new temporary_list; // used until the very end of the process
+    static temporary_list& list = *new temporary_list; // never destroyed: signals may arrive during exit
     return list;
 }
 
-/// Replaces a path by what its symbolic links lead to, existing or not. Names that stand for an open file are
-/// left. Sets errno on failure.
+/// Replaces a path with the target of its symbolic links, which need not exist. Names of open files are kept. Sets
+/// errno on failure.
 bool follow_links(std::string& path)
 {
     for (int i = 0; i < link_limit; ++i)
@@ -51,7 +51,7 @@ bool follow_links(std::string& path)
         std::array<char, PATH_MAX> text;
         const ssize_t length = readlink(path.c_str(), text.data(), text.size());
         if (length < 0 || stands_for_open_file(path))
-            return true; // no link; whatever else is wrong shows when the file is opened
+            return true; // not a link; opening the file reports any other error
         const std::string link(text.data(), static_cast<std::size_t>(length));
         path = link.starts_with('/') ? link : folder_of(path) + '/' + link;
     }
@@ -67,12 +67,12 @@ std::string random_leaf()
     return text.data();
 }
 
-/// Some file systems cannot sync; that alone is no reason to fail.
+/// File systems that cannot sync are accepted.
 bool synced(int descriptor) { return fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP; }
 
 failure cannot_write(int error_number) { return {failure_kind::cannot_write, {}, plain_reason(error_number)}; }
 
-/// So that the new name survives a crash, too; the file is in its place already, so a failure changes nothing.
+/// Lets the new name survive a crash. The rename is already done, so failures are ignored.
 void sync_folder(const std::string& folder)
 {
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -98,20 +98,20 @@ result<> pending_file::open(const std::string& path, existing_file wanted_rule)
     else if ((exists && S_ISDIR(facts.st_mode)) || path.ends_with('/'))
         errno = exists ? EISDIR : ENOENT;
     else if (exists && (!S_ISREG(facts.st_mode) || stands_for_open_file(path)))
-        return open_straight(path);
+        return open_direct(path);
     else if (!follow_links(target))
         errno = ELOOP;
     else if (exists && stands_for_open_file(target))
-        return open_straight(path);
+        return open_direct(path);
     else if (rule == existing_file::refuse && (exists || target != path))
-        errno = EEXIST; // a link that leads nowhere is there, too
+        errno = EEXIST; // a symbolic link without a target exists as well
     else if (!exists)
         return open_beside(new_file_mode);
     else if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0)
     {
         if (auto opened = open_beside(facts.st_mode & permission_bits); !opened)
             return opened;
-        // Only the superuser may give a file away. The special bits belong to the old owner.
+        // Only the superuser may change the owner. Set-user-ID and similar bits are kept only for the old owner.
         const bool same_owner = fchown(descriptor, facts.st_uid, facts.st_gid) == 0;
         fchmod(descriptor, facts.st_mode & (same_owner ? all_mode_bits : permission_bits));
         return {};
@@ -119,13 +119,13 @@ result<> pending_file::open(const std::string& path, existing_file wanted_rule)
     return cannot_write(errno);
 }
 
-result<> pending_file::open_straight(const std::string& path)
+result<> pending_file::open_direct(const std::string& path)
 {
-    // Appending, because what stands behind /dev/stdout may be a file that others have written to before.
+    // Appends, because /dev/stdout may be a file that already has content.
     descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
         return cannot_write(errno);
-    straight = true;
+    is_direct = true;
     written_path = path;
     return {};
 }
@@ -176,7 +176,7 @@ bool pending_file::move_into_place() const
 
 result<> pending_file::commit()
 {
-    if (straight)
+    if (is_direct)
     {
         if (close(std::exchange(descriptor, -1)) != 0)
             return cannot_write(errno);
@@ -198,19 +198,19 @@ void pending_file::discard()
 {
     if (descriptor >= 0)
         close(std::exchange(descriptor, -1));
-    if (!straight && !written_path.empty())
+    if (!is_direct && !written_path.empty())
     {
         const std::scoped_lock lock(temporaries().mutex);
         unlink(written_path.c_str());
         temporaries().forget(written_path);
     }
     written_path.clear();
-    straight = false;
+    is_direct = false;
 }
 
 void abandon_pending_files_and_exit(int exit_code)
 {
-    // Held to the end: who is about to make or move a temporary waits here and never wakes.
+    // Never unlocked: threads that are about to create or rename a temporary file block until the process ends.
     temporaries().mutex.lock();
     for (const std::string& path : temporaries().paths)
         unlink(path.c_str());

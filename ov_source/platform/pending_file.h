@@ -1,4 +1,4 @@
-// A file that is written beside its place and takes it only when it is whole.
+// A file that is written under a temporary name and renamed when it is complete.
 #pragma once
 
 #include "shared/result.h"
@@ -12,15 +12,15 @@ namespace ov1
 
 enum class existing_file
 {
-    replace, ///< the new file takes the place of the old one and keeps its mode and, where allowed, its owner
-    refuse,  ///< an old one stays, also when it appears while the new one is being written
+    replace, ///< the new file replaces the old one and keeps its mode and, where permitted, its owner
+    refuse,  ///< an old file is kept, even if it appears while the new one is written
 };
 
-/// Writes under a name of its own in the folder of the target; commit() gives it the target's name in one step, and
-/// without a commit the destructor removes it. So a full disk, a crash or a refusal leaves the old file as it was.
-/// A symbolic link is followed, so that its target is replaced and not the link. Where the target exists and is no
-/// regular file (a pipe, a device, /dev/stdout) the bytes go straight into it, whatever the rule says.
-/// One thread at a time uses one object. Failures are failure_kind::cannot_write with a short reason and no subject.
+/// Writes to a temporary file in the target's folder. commit() renames it to the target in one step; without a commit
+/// the destructor removes it. A full disk, a crash or a failure therefore leaves an old file unchanged. A symbolic link
+/// is followed: its target is replaced, not the link. If the target exists and is not a regular file (a pipe, a device,
+/// /dev/stdout), the bytes are written directly to it, whatever the rule. An object may be used by one thread at a
+/// time. Failures are failure_kind::cannot_write with a short reason and no subject.
 class pending_file
 {
 public:
@@ -29,23 +29,23 @@ public:
     pending_file(const pending_file&) = delete;
     pending_file& operator=(const pending_file&) = delete;
 
-    /// Makes the temporary. Fails early where commit() would: on a folder, on a write-protected old file, or on an old
-    /// file that is to be refused.
+    /// Creates the temporary file. Already fails when the target is a folder, a write-protected file, or a file that
+    /// exists and must not be replaced.
     result<> open(const std::string& path, existing_file rule);
 
     /// Appends all bytes.
     result<> write(std::span<const std::uint8_t> bytes);
 
-    /// For writers that need a name or a descriptor of their own. The name is the target's where it is written
-    /// straight into.
+    /// For writers that need a file name or a descriptor: those of the temporary file, or of the target when it is
+    /// written directly.
     const std::string& get_path() const { return written_path; }
     int get_descriptor() const { return descriptor; }
 
-    /// Brings the bytes to the disk and the file to its place. Called once, last.
+    /// Flushes the bytes to the disk and renames the file to the target. Call it once, last.
     result<> commit();
 
 private:
-    result<> open_straight(const std::string& path);
+    result<> open_direct(const std::string& path);
     result<> open_beside(unsigned mode);
     bool move_into_place() const;
     void discard();
@@ -54,11 +54,11 @@ private:
     std::string written_path;
     existing_file rule = existing_file::replace;
     int descriptor = -1;
-    bool straight = false;
+    bool is_direct = false;
 };
 
-/// Removes every temporary of this process and ends it at once with the exit code, for the thread that waits for
-/// signals: other threads can neither make a new temporary nor finish one meanwhile. Runs no destructors.
+/// Removes all temporary files of this process and ends it at once with the exit code, without running destructors. For
+/// the thread that waits for signals: meanwhile no other thread can create or rename a temporary file.
 [[noreturn]] void abandon_pending_files_and_exit(int exit_code);
 
 } // namespace ov1

@@ -13,7 +13,7 @@ std::string plain_reason(int error_number)
     case ENOENT:
         return "no such folder";
     case ENOTDIR:
-        return "a part of the path is no folder";
+        return "a part of the path is not a folder";
     case EISDIR:
         return "is a folder";
     case EEXIST:

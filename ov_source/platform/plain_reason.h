@@ -1,4 +1,4 @@
-// What went wrong with a file, in a user's words.
+// System errors in words for users.
 #pragma once
 
 #include <string>
@@ -6,8 +6,9 @@
 namespace ov1
 {
 
-/// A system error number as a short reason without a capital or a full stop: "permission denied", "the disk is full".
-/// ENOENT is a missing folder, which it is wherever a file was to be made; readers say "no such file" themselves.
+/// A system error number as a short reason in lower case, without a full stop: "permission denied", "the disk is full".
+/// ENOENT is reported as a missing folder, its meaning when a file is created; code that reads files reports "no such
+/// file" itself.
 std::string plain_reason(int error_number);
 
 } // namespace ov1

@@ -28,7 +28,7 @@ namespace ov1::row_pieces
 namespace
 {
 
-/// Workers take the next piece until none is left, so that at most as many pieces run at a time as there are workers.
+/// Each worker takes the next piece until none is left, so that no more pieces than workers run at the same time.
 struct row_work
 {
     std::size_t rows;
@@ -61,7 +61,7 @@ void run_workers(std::size_t workers, row_work& shared)
 
 #elif defined(OV1_UNDER_THREAD_SANITIZER)
 
-// The sanitizer does not see how oneTBB, built without it, hands work over, and reports races that are none.
+// The sanitizer cannot see the synchronisation inside oneTBB, which is built without it, and would report false races.
 
 unsigned usual_workers() { return std::max(2u, std::thread::hardware_concurrency()); }
 

@@ -14,16 +14,15 @@ using function = void (*)(const void* context, std::size_t first, std::size_t en
 /// for_each_row_piece with the function as a pointer.
 void run(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const void* context, function piece);
 
-/// Below so many pixels a picture is done sooner on one thread than others are woken.
+/// Pictures with fewer pixels are faster on one thread: waking others takes longer than the work.
 inline constexpr std::size_t least_pixels_for_threads = 16 * 1024;
-inline constexpr std::size_t usual_rows = 16;
+inline constexpr std::size_t usual_rows = 16; ///< per piece
 
 } // namespace row_pieces
 
-/// Calls piece(first, end) once for all rows first..end-1 of each piece: first is a multiple of rows_per_piece, and
-/// only the last piece may be shorter. At most max_threads run at a time, 0 being as many as there are processors; the
-/// caller's is one of them. Returns when all pieces are done. The pieces come in any order; what they throw ends the
-/// program.
+/// Calls piece(first, end) for the rows first..end-1 of each piece. first is a multiple of rows_per_piece; only the
+/// last piece may be shorter. Uses at most max_threads threads, the caller's included; 0 means one per processor.
+/// Pieces run in any order. Returns when all pieces are done. An exception from a piece ends the program.
 template <class function>
 void for_each_row_piece(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const function& piece)
 {
@@ -32,8 +31,8 @@ void for_each_row_piece(std::size_t rows, std::size_t rows_per_piece, unsigned m
                     { (*static_cast<const function*>(context))(first, end); });
 }
 
-/// for_each_row_piece over a picture, in pieces that suit the pixel loops; a small picture stays on the caller's
-/// thread.
+/// for_each_row_piece over a picture, with pieces of a size that suits the pixel loops. A small picture is processed on
+/// the caller's thread.
 template <class function>
 void for_each_picture_piece(std::size_t width, std::size_t rows, unsigned max_threads, const function& piece)
 {

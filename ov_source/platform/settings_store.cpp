@@ -16,7 +16,7 @@ namespace
 
 constexpr std::size_t size_limit = std::size_t{64} << 20;
 
-/// Holds the lock file beside the settings; it stays there, since removing it would let two processes lock two files.
+/// Locks a file beside the settings. The file is never removed: otherwise two processes could lock two different files.
 class file_lock
 {
 public:
@@ -71,7 +71,7 @@ bool settings_store::change(const std::string& key, const Edit& edit) const
     std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
     const file_lock lock(path + ".lock");
     settings_text text;
-    // What cannot be read is not overwritten.
+    // A file that cannot be read is not overwritten.
     if (!lock.is_held() || !read(text))
         return false;
     const std::string before = text.to_text();

@@ -1,4 +1,4 @@
-// A small persistent store of settings: one file that several processes share.
+// Persistent settings in one file that several processes may use at the same time.
 #pragma once
 
 #include "platform/settings_text.h"
@@ -8,22 +8,22 @@
 namespace ov1
 {
 
-/// Every call reads the file anew, so that what another process wrote is seen; a change is made under a lock file and
-/// written whole, so that no process loses another's keys and a full disk loses none. Any thread.
+/// Every call reads the file again, so that changes of other processes are seen. Changes hold a lock file and replace
+/// the settings file as a whole, so that no process loses another's keys and a full disk loses none. Any thread.
 class settings_store
 {
 public:
-    /// The file and its folder are made by the first change. Without a path nothing can be stored.
+    /// The first change creates the file and its folder. With an empty path nothing can be stored.
     explicit settings_store(std::string path)
         : path(std::move(path))
     {
     }
 
-    /// False for an empty key, and where the file cannot be read, locked or written; then nothing changed.
+    /// Return false, with nothing changed, for an empty key and when the file cannot be read, locked or written.
     [[nodiscard]] bool set(const std::string& key, setting value) const;
     [[nodiscard]] bool remove(const std::string& key) const;
 
-    /// True exactly when there is a value of the kind T (one of setting's) under the key.
+    /// Returns true exactly when the key has a value of kind T, one of the alternatives of `setting`.
     template <typename T>
     [[nodiscard]] bool get(const std::string& key, T& value) const
     {

@@ -98,7 +98,7 @@ struct value_writer
     }
 };
 
-/// Takes the text before the next blank off the front.
+/// Removes the text up to the next blank from the front and returns it.
 std::string_view take_field(std::string_view& text)
 {
     const std::size_t end = std::min(text.find(' '), text.size());

@@ -1,4 +1,4 @@
-// The text of a settings file: typed entries, one to a line.
+// The text of a settings file: typed entries, one per line.
 //
 //   # Orvane settings: kind, key and value; bytes outside ! to ~, and %, are written %XX
 //   uint32 editor.width 1600
@@ -15,21 +15,22 @@
 namespace ov1
 {
 
-/// A value of one of the three kinds. Strings and bytes may be empty and hold any byte.
+/// A value of one of three kinds. Strings and byte arrays may be empty and may contain any byte.
 using setting = std::variant<std::vector<std::uint8_t>, std::string, std::uint32_t>;
 
-/// The lines of a settings file. A line that is no entry (a comment, damage, a kind of a later version) is passed over
-/// by the readers and kept as it is by the writers, and so is every entry that is not touched.
+/// The lines of a settings file. A line that is not an entry (a comment, a damaged line, a kind of a later version) is
+/// ignored when reading and kept when writing. Entries that are not set or removed are written back unchanged.
 class settings_text
 {
 public:
     settings_text() = default;
     explicit settings_text(std::string_view text);
 
-    /// The last entry under a key, or null.
+    /// The last entry with this key, or null. Valid until the next change.
     const setting* find(std::string_view key) const;
 
-    /// Replaces the entry where it stands, or appends one; further entries under the same key go. Keys are not empty.
+    /// Replaces the entry in its line, or appends one. Other entries with the same key are removed. The key is not
+    /// empty.
     void set(std::string_view key, setting value);
 
     void remove(std::string_view key);
@@ -40,7 +41,7 @@ private:
     struct line
     {
         std::string text;
-        std::string key; ///< empty where the line is no entry
+        std::string key; ///< empty if the line is not an entry
         setting value;
     };
     std::vector<line> lines;

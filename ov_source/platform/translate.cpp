@@ -40,7 +40,7 @@ std::string iutils::translate(language_id language, std::string_view text)
         if (close == std::string_view::npos)
             break;
         result += text.substr(copied, open - copied);
-        // A brace within the code, "{a}:", closes the piece before its content begins; no language has such a code.
+        // A brace inside the code, as in "{a}:", ends the piece before its content; no language has such a code.
         if (text.substr(open + 1, 2) == wanted)
             result += text.substr(open + 4, close - open - 4);
         copied = close + 1;

@@ -22,7 +22,7 @@ constexpr std::string_view resource_folder_from_program = "share/veridial";
 constexpr double smallest_scale = 0.5;
 constexpr double largest_scale = 4.0;
 
-/// A folder of the maker's under the one that a variable names, or under its default below the home.
+/// The vendor's folder inside the folder that a variable names, or inside its default below the home folder.
 std::string vendor_folder_under(const std::string& variable, const std::string& home, std::string_view usual)
 {
     std::filesystem::path base = variable;
@@ -50,7 +50,7 @@ std::string home_of_user()
     return found->pw_dir;
 }
 
-/// Empty where the system does not tell.
+/// Empty if the system does not report it.
 std::filesystem::path path_of_program()
 {
 #if defined(__APPLE__)

@@ -1,4 +1,4 @@
-// Other utilities for the length of a scope: for tests, and for a program that brings its own.
+// Replaces the utilities of the process: for tests, and for a program with its own.
 #pragma once
 
 #include "platform/iutils.h"
@@ -6,8 +6,8 @@
 namespace ov1
 {
 
-/// While it lives, iutils::get_instance() gives the replacement, which must live longer. Scopes nest; other threads see
-/// the change too, so none of them may be amid a call to the instance when a scope begins or ends.
+/// While it exists, iutils::get_instance() returns the replacement, which must outlive it. Guards may be nested. Other
+/// threads see the change as well: none of them may be calling the instance while a guard is created or destroyed.
 class utils_guard
 {
 public:

@@ -13,10 +13,10 @@ namespace
 {
 
 constexpr int margin = 4;    // around the plot, in line widths
-constexpr int mark_size = 5; // of the squares for clipped channels, in line widths
+constexpr int mark_size = 5; // side of the squares for clipped channels, in line widths
 constexpr int scale_parts = 4;
 constexpr std::array<const char*, scale_parts + 1> scale_texts{"0", "25", "50", "75", "100"};
-/// What a channel adds to the background. All three together are a pale grey.
+/// The light that a channel adds to the background. All three together give a pale grey.
 constexpr std::array<scope_colour, 3> channel_light{{{122, 26, 22}, {22, 104, 30}, {26, 32, 132}}};
 constexpr std::array<scope_colour, 3> channel_colours{{{255, 92, 84}, {92, 226, 104}, {104, 146, 255}}};
 
@@ -39,7 +39,8 @@ void draw_scale(const rect& plot, int line_width, scope_picture& picture)
     }
 }
 
-/// The count that is as high as the plot. Where only the ends are filled, it is theirs.
+/// The count that has the height of the plot: the largest between the ends, or the number of pixels if all are at the
+/// ends.
 std::uint32_t full_count(const histogram_counts& counts)
 {
     std::uint32_t inner = 0;
@@ -85,7 +86,7 @@ void draw_channel(const height_row& heights, const tent_axis& levels, const scop
     }
 }
 
-/// Three squares, one below the other, beside the plot's upper corners.
+/// Three squares, one below the other, next to the upper corners of the plot.
 void draw_clip_marks(const histogram_counts& counts, const rect& plot, int line_width, scope_picture& picture)
 {
     const trace_curve& curve = trace_curve::get();
@@ -128,13 +129,13 @@ void draw_histogram(const histogram_counts& counts, const rect& area, int line_w
 
 scope_labels histogram_labels(const rect& area, int line_width)
 {
-    constexpr double beside = 12, above = 8; // in line widths: the text's middle from its line and from the edge
+    constexpr double beside = 12, above = 8; // of the text's centre from its line and from the edge, in line widths
     const rect plot = plot_of(area, line_width);
     scope_labels labels;
     for (int i = 0; i <= scale_parts; ++i)
     {
         const double x = column_of(static_cast<double>(i) / scale_parts, plot);
-        // To the left of its line at the right end, where nothing fits beside it.
+        // The rightmost text is to the left of its line, where there is room.
         labels.push_back({scale_texts[static_cast<std::size_t>(i)],
                           i == scale_parts ? x - beside * line_width : x + beside * line_width,
                           plot.y + plot.height - above * line_width});

@@ -1,4 +1,4 @@
-// The histogram: how many pixels have which level of red, green and blue.
+// The histogram: the number of pixels at each level of red, green and blue.
 #pragma once
 
 #include "scopes/scope_labels.h"
@@ -19,11 +19,10 @@ struct histogram_counts
     void add(const histogram_counts& other);
 };
 
-/// Draws the three channels over one another, level 0 at the left; where they meet their colours add up. Heights are
-/// square roots of counts, so that small ones are seen; the largest count between the first and the last level is as
-/// high as the area, and taller ones are cut. Small squares in the upper corners mark the channels that have pixels at
-/// level 0 or 255 or outside. The area lies within the
-/// picture; line widths in pixels.
+/// Draws the three channels over each other, level 0 at the left; their colours are added where they overlap. Heights
+/// are square roots of counts, so that small counts are visible. The largest count between the first and the last level
+/// has the height of the area; larger counts are cut off. Small squares in the upper corners mark channels with pixels
+/// at or beyond level 0 or 255. The area must be inside the picture; line_width is in pixels.
 void draw_histogram(const histogram_counts& counts, const rect& area, int line_width, scope_picture& picture);
 
 /// 0, 25, 50, 75 and 100 percent at the lower edge.

@@ -11,13 +11,13 @@ namespace ov1
 /// Red, green, blue.
 using parade_counts = std::array<waveform_counts, 3>;
 
-/// The parts of an area for the three waveforms, from the left, with a gap between them; together as wide as the area.
+/// Divides an area into the parts of the three waveforms, from left to right, with gaps between them.
 std::array<rect, 3> parade_areas(const rect& area, int line_width);
 
-/// As draw_waveform, each in the colour of its channel.
+/// Like draw_waveform for each channel, in its colour.
 void draw_parade(const parade_counts& counts, const rect& area, int line_width, scope_picture& picture);
 
-/// The waveform's, at the left one alone.
+/// Those of the left waveform.
 scope_labels parade_labels(const rect& area, int line_width);
 
 } // namespace ov1

@@ -12,7 +12,7 @@ namespace ov1
 namespace
 {
 
-/// For each pixel of a row the start of its column's bins.
+/// For each pixel of a row the offset of the bins of its column.
 using column_starts = std::vector<std::uint32_t>;
 
 column_starts starts_of(std::size_t width, std::size_t columns)
@@ -93,7 +93,7 @@ struct scope_counter::plan
     std::size_t parade_columns;
     std::size_t row_step;
     signal_selection signals{};
-    bool counts_histogram = false; ///< not beside the parade, whose columns add up to it
+    bool counts_histogram = false; ///< false with the parade, whose columns add up to the histogram
     column_starts waveform_starts{};
     column_starts parade_starts{};
 };

@@ -1,4 +1,4 @@
-// One picture through the scopes that are wanted, on several threads.
+// Counts a picture for the selected scopes, on several threads.
 #pragma once
 
 #include "scopes/histogram.h"
@@ -16,7 +16,7 @@ namespace ov1
 
 class image;
 
-/// Pixels in rows without padding, in either order of rows; not owned.
+/// Pixels in rows without padding, top or bottom row first; not owned.
 struct scope_frame
 {
     const argb_float* pixels = nullptr;
@@ -38,13 +38,13 @@ struct scope_selection
 
 struct scope_sampling
 {
-    std::size_t waveform_columns = 1; ///< limited to 1 .. the frame's width, as is the next
-    std::size_t parade_columns = 1;   ///< of each of the three
-    std::size_t row_step = 1;         ///< 1 or more: one row of so many is counted; 2 is for a drag that must not wait
-    unsigned max_threads = 0;         ///< 0 for as many as there are processors; the counts do not depend on it
+    std::size_t waveform_columns = 1; ///< clamped to 1..width of the frame, like the next
+    std::size_t parade_columns = 1;   ///< per waveform
+    std::size_t row_step = 1;         ///< at least 1: every row_step-th row is counted; use 2 during a drag
+    unsigned max_threads = 0;         ///< 0 for one per processor; the counts do not depend on it
 };
 
-/// What was not selected is undefined.
+/// Scopes that were not selected are undefined.
 struct scope_counts
 {
     waveform_counts waveform; ///< of luma
@@ -53,11 +53,11 @@ struct scope_counts
     histogram_counts histogram;
 };
 
-/// Keeps its storage from frame to frame. For one caller at a time.
+/// Keeps its memory between frames. One caller at a time.
 class scope_counter
 {
 public:
-    /// Counts every pixel of the rows 0, row_step, 2 row_step .. once in each selected scope.
+    /// Counts every pixel of the rows 0, row_step, 2 * row_step ... once in each selected scope.
     void count(const scope_frame& frame, const scope_selection& selection, const scope_sampling& sampling);
 
     const scope_counts& get_counts() const { return total; }
@@ -71,9 +71,9 @@ private:
     void merge(const plan& wanted);
 
     scope_counts total;
-    std::mutex workers_mutex;                           ///< held for a choice or a return alone
-    std::vector<std::unique_ptr<scope_counts>> workers; ///< those before used_workers take part in this frame
-    std::vector<scope_counts*> idle_workers;            ///< those of them that count nothing now
+    std::mutex workers_mutex;                           ///< held only to take or return a worker
+    std::vector<std::unique_ptr<scope_counts>> workers; ///< the first used_workers work on this frame
+    std::vector<scope_counts*> idle_workers;            ///< of these, the ones that are not counting now
     std::size_t used_workers = 0;
 };
 

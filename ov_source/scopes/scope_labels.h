@@ -1,4 +1,4 @@
-// Where the words of a graticule stand; who shows the scope draws them in a face of its own.
+// Positions of the texts of a graticule. The code that shows the scope draws them in its own font.
 #pragma once
 
 #include <vector>
@@ -6,7 +6,7 @@
 namespace ov1
 {
 
-/// A text of the English scale, the same in every language, and its middle in pixels of the scope's picture.
+/// A text, the same in every language, and its centre in pixels of the scope's picture.
 struct scope_label
 {
     const char* text;

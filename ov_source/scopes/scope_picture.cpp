@@ -8,7 +8,7 @@ namespace ov1
 namespace
 {
 
-/// Blends every pixel whose centre is near a shape; distance(x, y) is measured from the shape's middle line.
+/// Blends every pixel whose centre is near a shape; distance(x, y) is the distance from the centre line of the shape.
 template <class function>
 void paint_near(scope_picture& picture, double left, double top, double right, double bottom, double thickness,
                 const scope_colour& colour, const function& distance)
@@ -65,7 +65,8 @@ void paint_circle(scope_picture& picture, double x, double y, double radius, dou
     const auto distance = [&](double px, double py)
     {
         const double squared = (px - x) * (px - x) + (py - y) * (py - y);
-        const bool is_far = squared < inner * inner || squared > outer * outer; // most are: no root for them
+        const bool is_far =
+            squared < inner * inner || squared > outer * outer; // true for most pixels, which saves the square root
         return is_far ? outer : std::abs(std::sqrt(squared) - radius);
     };
     paint_near(picture, x - radius, y - radius, x + radius, y + radius, thickness, colour, distance);

@@ -1,4 +1,4 @@
-// The picture that a scope is drawn as, and the few shapes it is drawn with.
+// The picture that a scope is drawn into, and the shapes it consists of.
 #pragma once
 
 #include "shared/rect.h"
@@ -11,7 +11,7 @@
 namespace ov1
 {
 
-/// Channels 0..255 of a screen.
+/// Screen codes 0..255.
 struct scope_colour
 {
     std::uint8_t r = 0;
@@ -24,14 +24,14 @@ inline constexpr scope_colour graticule_colour{58, 58, 58};
 inline constexpr scope_colour limit_colour{92, 92, 92}; ///< the lines at 0 and 1
 inline constexpr scope_colour clip_colour{255, 84, 64};
 
-/// Opaque pixels in rows from the top, without padding; in memory blue, green, red, 255.
+/// Opaque pixels, top row first, without padding; bytes in memory: blue, green, red, 255.
 struct scope_picture
 {
     int width = 0;
     int height = 0;
     std::vector<std::uint32_t> pixels;
 
-    /// Takes a size, neither side negative, and fills it with the background; storage is used again.
+    /// Sets the size, neither side negative, and fills the picture with the background. Keeps its memory.
     void reset(int new_width, int new_height);
 
     std::uint32_t* row(int y) { return pixels.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width); }
@@ -41,7 +41,7 @@ struct scope_picture
     }
 };
 
-/// A pixel moved towards a colour, as far as the cover (0..1) goes.
+/// A pixel blended with a colour; cover 0 gives the pixel, 1 the colour.
 inline std::uint32_t blended(std::uint32_t pixel, const scope_colour& colour, float cover)
 {
     const auto share = static_cast<std::int32_t>(cover * 256);
@@ -54,14 +54,14 @@ inline std::uint32_t blended(std::uint32_t pixel, const scope_colour& colour, fl
            moved(pixel & 255, colour.b);
 }
 
-/// Shapes in pixels, the upper left corner of the picture at 0, 0; what lies outside is cut off.
+/// Shapes in pixels; 0, 0 is the upper left corner of the picture. Parts outside the picture are clipped.
 void paint_rect(scope_picture& picture, const rect& area, const scope_colour& colour, float cover = 1);
-/// A smooth line from point to point.
+/// An antialiased line between two points.
 void paint_line(scope_picture& picture, double x0, double y0, double x1, double y1, double thickness,
                 const scope_colour& colour);
 void paint_circle(scope_picture& picture, double x, double y, double radius, double thickness,
                   const scope_colour& colour);
-/// The frame of a square around a point, reach to either side.
+/// The outline of a square around a point; reach is half its side.
 void paint_frame(scope_picture& picture, double x, double y, double reach, double thickness,
                  const scope_colour& colour);
 

@@ -1,4 +1,4 @@
-// The four scopes as one, for who lets a user choose.
+// The four scopes behind one interface, for code that lets a user choose.
 #pragma once
 
 #include "scopes/scope_counter.h"
@@ -18,11 +18,11 @@ inline constexpr std::size_t scope_type_count = 4;
 bool& chosen(scope_selection& selection, scope_type type);
 bool is_chosen(const scope_selection& selection, scope_type type);
 
-/// A column for each pixel that a waveform or a parade is wide within an area.
+/// Columns of a waveform and of a parade: one per pixel of their width in an area.
 scope_sampling sampling_for(const rect& area, int line_width);
 
-/// Draws one scope of the counts, the waveform in a neutral grey; see each scope's own. The skin line is the
-/// vectorscope's alone.
+/// Draws one scope as its own draw function does, the waveform in a neutral grey. Only the vectorscope has the skin
+/// line.
 void draw_scope(scope_type type, const scope_counts& counts, bool skin_line, const rect& area, int line_width,
                 scope_picture& picture);
 

@@ -8,13 +8,13 @@ namespace ov1
 namespace
 {
 
-// Loops over one or a few planes, written so that the compiler does several pixels at once.
+// Simple loops over one to three arrays, so that the compiler vectorises them.
 
 using signal_plane = std::array<float, signal_levels::most>;
 
 constexpr auto scale = static_cast<float>(last_level);
 
-/// The whole number next to what is not negative.
+/// The nearest whole number of a value that is not negative.
 std::uint32_t rounded(float v) { return static_cast<std::uint32_t>(static_cast<std::int32_t>(v + 0.5f)); }
 
 void read_plane(const signal_plane& signal, std::size_t count, signal_levels::plane& levels)

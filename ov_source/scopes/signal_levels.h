@@ -1,4 +1,4 @@
-// Pixels as a scope reads them: 8-bit levels of red, green, blue and luma, and of the two colour differences.
+// Converts pixels to the 8-bit levels that scopes count: red, green, blue, luma and the two colour differences.
 #pragma once
 
 #include "shared/argb_float.h"
@@ -11,7 +11,7 @@
 namespace ov1
 {
 
-/// Level i stands for the code values next to i / 255: one bin for each code that an 8-bit screen shows.
+/// Level i holds the code values nearest to i / 255: one bin per code of an 8-bit screen.
 inline constexpr std::size_t level_count = 256;
 inline constexpr std::size_t last_level = level_count - 1;
 
@@ -38,17 +38,17 @@ constexpr colour_difference colour_difference_of(float r, float g, float b)
     return {(b - y) * (1 / cb_span), (r - y) * (1 / cr_span)};
 }
 
-/// The channels of a colour difference at luma 0.5, not limited: the inverse of the above.
+/// The inverse at luma 0.5: the channels of a colour difference, not clamped.
 constexpr argb_float colour_of(const colour_difference& c)
 {
     const float r = 0.5f + cr_span * c.cr, b = 0.5f + cb_span * c.cb;
     return {1, r, (0.5f - red_luma * r - blue_luma * b) * (1 / green_luma), b};
 }
 
-/// Level of a colour difference of 0; a step of one level is 1 / 255, so that +0.5 is held to the last level.
+/// The level of a colour difference of 0. One level is 1 / 255, so that +0.5 is clamped to the last level.
 inline constexpr float difference_centre = 128;
 
-/// Which of the levels are read.
+/// Which levels are computed.
 struct signal_selection
 {
     bool channels = false;
@@ -56,7 +56,7 @@ struct signal_selection
     bool difference = false;
 };
 
-/// Levels of up to most pixels, side by side. What was not selected is undefined.
+/// Levels of up to `most` pixels, one array per signal. Signals that were not selected are undefined.
 struct signal_levels
 {
     static constexpr std::size_t most = 256;
@@ -69,9 +69,9 @@ struct signal_levels
     plane difference; ///< Cr's level * level_count + Cb's
 };
 
-/// Reads up to signal_levels::most pixels. Channels are limited to 0..1 first, as a screen shows them, and a NaN counts
-/// as 0; so what lies outside is counted at level 0 or 255, and luma and colour difference are those of what is shown.
-/// Alpha is ignored.
+/// Converts up to signal_levels::most pixels. Channels are first clamped to 0..1, as a screen clamps them, and a NaN
+/// becomes 0: values outside are counted at level 0 or 255, and luma and colour differences are those of the clamped
+/// channels. Alpha is ignored.
 void read_levels(const argb_float* pixels, std::size_t count, const signal_selection& selection, signal_levels& levels);
 
 } // namespace ov1

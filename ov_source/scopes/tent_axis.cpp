@@ -23,7 +23,7 @@ tent_axis::tent_axis(std::size_t bins, std::size_t pixels, double first, double 
         const auto lowest = static_cast<std::size_t>(std::max(0.0, std::ceil(place - reach)));
         const auto highest = static_cast<std::size_t>(std::min(last_bin, std::floor(place + reach)));
         const tap_list tap{lowest, highest - lowest + 1, weights.size()};
-        // Rounding may leave a bin at the tent's foot a little below 0.
+        // Rounding can make the outermost weight slightly negative.
         const auto weight_of = [&](std::size_t k)
         { return std::max(0.0, reach - std::abs(static_cast<double>(k) - place)); };
         double sum = 0;

@@ -1,4 +1,4 @@
-// A row of bins read at the places of a row of pixels.
+// Resamples a row of bins to a row of pixels.
 #pragma once
 
 #include <cstddef>
@@ -7,18 +7,18 @@
 namespace ov1
 {
 
-/// For each pixel the weights of neighbouring bins, none negative; they add up to 1, or there are none. Interpolates
-/// where pixels stand closer than bins, averages where they stand wider apart.
+/// The weights of neighbouring bins for each pixel: not negative, with a sum of 1, or none at all. Interpolates if
+/// pixels are closer together than bins, else averages.
 class tent_axis
 {
 public:
-    /// Pixel i reads place first + i * step, in bins; bin k is at place k. Half a bin beyond the last one and further
-    /// the values are 0.
+    /// Pixel i is at position first + i * step, bin k at position k. From half a bin outside the bins on, the values
+    /// are 0.
     tent_axis(std::size_t bins, std::size_t pixels, double first, double step);
 
     std::size_t size() const { return taps.size(); }
 
-    /// The value at a pixel.
+    /// The interpolated value at a pixel.
     float at(std::size_t pixel, const float* bins) const
     {
         const tap_list& tap = taps[pixel];
@@ -28,8 +28,8 @@ public:
         return sum;
     }
 
-    /// The values at a pixel of many rows of bins side by side: bin k of all stands in rows[k * width ..]; sums takes
-    /// width values.
+    /// The values of `width` rows at a pixel: bin k of all rows is at rows[k * width], consecutively. Writes width
+    /// values to sums.
     void at_all(std::size_t pixel, const float* rows, std::size_t width, float* sums) const;
 
 private:
@@ -37,7 +37,7 @@ private:
     {
         std::size_t first;
         std::size_t count;
-        std::size_t offset; ///< into weights
+        std::size_t offset; ///< in weights
     };
 
     std::vector<tap_list> taps;

@@ -1,4 +1,4 @@
-// How brightly a scope shows a bin: nearly the logarithm of what it holds, so that thin traces are seen.
+// The brightness of a bin: approximately the logarithm of its count, so that thin traces are visible.
 #pragma once
 
 #include <algorithm>
@@ -10,14 +10,14 @@
 namespace ov1
 {
 
-/// log(1 + 10,000 d) / log(10,001) of a density d: 0 for 0, 1 for 1 and above, 0.08 for 1 / 10,000. Read from a table
-/// of 32 steps an octave.
+/// log(1 + 10,000 d) / log(10,001) of a density d: 0 for 0, 1 for 1 and above, 0.08 for 1 / 10,000. Uses a table with
+/// 32 steps per octave.
 class trace_curve
 {
 public:
     static const trace_curve& get();
 
-    /// 0..1; the density is not negative, and what lies below 2^-20 gives 0.
+    /// Returns 0..1. The density must not be negative; below 2^-20 the result is 0.
     float operator()(float density) const
     {
         const auto bits = static_cast<std::int32_t>(std::bit_cast<std::uint32_t>(density)) - least_bits;
@@ -28,7 +28,7 @@ private:
     trace_curve();
 
     static constexpr int octaves = 20;
-    static constexpr int step_bits = 18; // of a float's 23 bits of fraction: the upper 5 count
+    static constexpr int step_bits = 18; // drops all but the upper 5 of a float's 23 fraction bits
     static constexpr std::int32_t last = octaves << (23 - step_bits);
     static constexpr std::int32_t least_bits = (127 - octaves) << 23;
 

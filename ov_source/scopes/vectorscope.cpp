@@ -19,9 +19,9 @@ constexpr float target_level = 0.75f;
 constexpr double circle_radius = 0.5;
 constexpr double cross_reach = 0.03;
 constexpr double frame_reach = 0.022;
-constexpr double label_distance = 1.17; // of the label from the centre, the frame's being 1
+constexpr double label_distance = 1.17; // of the label from the centre, relative to that of the square
 constexpr scope_colour skin_colour{200, 156, 116};
-/// A bin with so small a share of the picture is as bright as can be: a picture's colours spread over many bins.
+/// The share of the picture at which a bin has full brightness. It is small, because colours spread over many bins.
 constexpr float brightest_share = 1.f / 256;
 
 struct target
@@ -67,7 +67,7 @@ void draw_scale(bool skin_line, const rect& area, int line_width, scope_picture&
     paint_line(picture, x, y, x + radius * std::cos(angle), y - radius * std::sin(angle), line_width, skin_colour);
 }
 
-/// The bins' shares of the picture, read at the square's columns: level_count rows of so many.
+/// The share of the picture in each bin, resampled to the columns of the square: level_count rows of square.width.
 std::vector<float> read_columns(const vectorscope_counts& counts, const tent_axis& columns)
 {
     const std::uint32_t pixels = std::accumulate(counts.bins.begin(), counts.bins.end(), 0u);
@@ -87,8 +87,8 @@ std::vector<float> read_columns(const vectorscope_counts& counts, const tent_axi
 void draw_trace(const vectorscope_counts& counts, const rect& square, scope_picture& picture)
 {
     const auto side = static_cast<std::size_t>(square.width);
-    const double step = 2 * shown_reach / square.width; // of colour difference, for each pixel
-    const double first = -shown_reach + step / 2;       // of the left column, and of the row at the bottom
+    const double step = 2 * shown_reach / square.width; // colour difference per pixel
+    const double first = -shown_reach + step / 2;       // at the left column and the bottom row
     const auto level_at = [](double difference)
     { return difference * static_cast<double>(last_level) + static_cast<double>(difference_centre); };
     const tent_axis columns(level_count, side, level_at(first), step * static_cast<double>(last_level));

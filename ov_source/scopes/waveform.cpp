@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-constexpr int mark_height = 3; // of the strips for clipped columns, in line widths, and the gap to the plot
+constexpr int mark_height = 3; // of the strips for clipped columns and of the gap to the plot, in line widths
 constexpr int mark_gap = 2;
 constexpr int scale_parts = 4;
 constexpr std::array<const char*, scale_parts + 1> scale_texts{"0", "25", "50", "75", "100"};
@@ -22,14 +22,14 @@ using density_column = std::array<float, level_count>;
 
 int margin_of(int line_width) { return (mark_height + mark_gap) * line_width; }
 
-/// The row in whose middle a share (0..1) of the scale lies.
+/// The row that shows a position (0..1) of the scale.
 double row_of(double share, const rect& area, int line_width)
 {
     const int margin = margin_of(line_width);
     return area.y + margin + (1 - share) * (area.height - 2 * margin - 1);
 }
 
-/// The share of the column's pixels at each level, for the counts' columns first..end-1.
+/// The share of the pixels of a column at each level, for the columns first..end-1.
 void read_densities(const waveform_counts& counts, std::size_t first, std::size_t end, density_column& densities)
 {
     std::array<std::uint32_t, level_count> sums{};
@@ -104,12 +104,12 @@ void draw_waveform(const waveform_counts& counts, const scope_colour& trace, con
 
 scope_labels waveform_labels(const rect& area, int line_width)
 {
-    constexpr double from_left = 12, above = 6; // in line widths: the text's middle from the edge and from its line
+    constexpr double from_left = 12, above = 6; // of the text's centre from the edge and from its line, in line widths
     scope_labels labels;
     for (int i = 0; i <= scale_parts; ++i)
     {
         const double y = row_of(static_cast<double>(i) / scale_parts, area, line_width);
-        // Beneath its line at the top, where nothing fits above.
+        // The text of the top line is below it, where there is room.
         labels.push_back({scale_texts[static_cast<std::size_t>(i)], area.x + from_left * line_width,
                           i == scale_parts ? y + above * line_width : y - above * line_width});
     }

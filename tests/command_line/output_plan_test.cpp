@@ -120,7 +120,7 @@ TEST_F(output_plan_test, refuses_what_would_lose_something)
          "2 \"@/new.png\": several inputs need an output folder" + new_folder},
         {"a missing folder", "a.png", "no/where.png", {}, "6 \"@/no\": no such folder\n"},
         {"a folder in a missing one", "a.png", "no/where/", {}, "6 \"@/no\": no such folder\n"},
-        {"below a file", "a.png", "old.png/x.png", dry_run, "6 \"@/old.png\": a part of the path is no folder\n"},
+        {"below a file", "a.png", "old.png/x.png", dry_run, "6 \"@/old.png\": a part of the path is not a folder\n"},
     };
     for (const auto& [name, inputs, output, rules, result] : rows)
     {

@@ -26,7 +26,7 @@ TEST(half_float, every_half_is_its_mantissa_times_its_power_of_two)
     EXPECT_TRUE(std::signbit(half_to_float(0x8000)));
 }
 
-TEST(half_float, what_lies_between_two_halfs_goes_to_the_nearest_and_ties_to_the_even_one)
+TEST(half_float, values_between_two_halfs_round_to_nearest_ties_to_even)
 {
     for (unsigned low = 0; low + 1 < infinite; ++low)
     {

@@ -29,7 +29,7 @@ param_value color(const param_argb& value)
     return {param_type::color, param_cell::of(value), param_cell::of(param_argb{}), {}, {}};
 }
 
-TEST(param_value, bounces_to_the_candidates_own_bounds_lower_first)
+TEST(param_value, clamps_to_the_bounds_of_the_candidate_min_first)
 {
     const param_value self = continuous(50, -1000, 1000);
     const struct
@@ -50,7 +50,7 @@ TEST(param_value, bounces_to_the_candidates_own_bounds_lower_first)
     EXPECT_EQ(whole.value.as_integral(), -10);
 }
 
-TEST(param_value, leaves_a_candidate_of_another_kind_alone)
+TEST(param_value, does_not_change_a_candidate_of_another_kind)
 {
     param_value v = integral(99, 0, 5);
     continuous(0, 0, 5).bounce_and_quantize(v);
@@ -60,7 +60,7 @@ TEST(param_value, leaves_a_candidate_of_another_kind_alone)
     EXPECT_EQ(c.value.as_color().red, 2.0f);
 }
 
-TEST(param_value, is_valid_takes_values_within_bounds_of_the_same_kind)
+TEST(param_value, is_valid_accepts_values_of_the_same_kind_within_bounds)
 {
     const param_value self = continuous(0, 0, 5);
     EXPECT_TRUE(self.is_valid(continuous(0, 0, 5)));
@@ -82,7 +82,7 @@ TEST(param_value, is_valid_takes_values_within_bounds_of_the_same_kind)
         EXPECT_FALSE(color({}).is_valid(color(out)));
 }
 
-TEST(param_value, compares_with_the_default_as_its_own_kind)
+TEST(param_value, compares_with_the_default_by_kind)
 {
     EXPECT_TRUE(continuous(-0.0f, 0, 1).is_default_value()) << "-0.0 equals 0.0 although its bytes differ";
     EXPECT_FALSE(continuous(nan, 0, 1, nan).is_default_value());

@@ -23,7 +23,7 @@ TEST(result, holds_a_value_or_a_failure)
     EXPECT_EQ(refused.error(), disk_full);
 }
 
-TEST(result, a_default_value_is_no_failure)
+TEST(result, a_default_value_is_not_a_failure)
 {
     EXPECT_TRUE(result<int>(0));
     EXPECT_TRUE(result<bool>(false));
@@ -31,20 +31,20 @@ TEST(result, a_default_value_is_no_failure)
     EXPECT_FALSE(result<>(failure{}));
 }
 
-TEST(result, gives_its_value_away)
+TEST(result, its_value_can_be_moved_out)
 {
     result<std::unique_ptr<int>> owner(std::make_unique<int>(7));
     const std::unique_ptr<int> taken = *std::move(owner);
     EXPECT_EQ(*taken, 7);
 }
 
-TEST(failure, a_caller_adds_the_subject_and_keeps_the_rest)
+TEST(failure, about_sets_the_subject_and_keeps_the_rest)
 {
-    const failure told = about("shot.mov", disk_full);
-    EXPECT_EQ(told.subject, "shot.mov");
-    EXPECT_EQ(told.kind, disk_full.kind);
-    EXPECT_EQ(told.reason, disk_full.reason);
-    EXPECT_EQ(told.hint, disk_full.hint);
+    const failure named = about("shot.mov", disk_full);
+    EXPECT_EQ(named.subject, "shot.mov");
+    EXPECT_EQ(named.kind, disk_full.kind);
+    EXPECT_EQ(named.reason, disk_full.reason);
+    EXPECT_EQ(named.hint, disk_full.hint);
 }
 
 } // namespace

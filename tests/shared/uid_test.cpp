@@ -8,7 +8,7 @@ namespace ov1
 namespace
 {
 
-TEST(uid, hashes_as_published)
+TEST(uid, gives_the_published_hashes)
 {
     // Vectors of the FNV reference code, 32-bit FNV-1a.
     EXPECT_EQ(make_uid(""), 0x811C9DC5u);
@@ -27,14 +27,14 @@ public:
     }
 };
 
-TEST(iobject, answers_its_own_name_only)
+TEST(iobject, accepts_only_its_own_class_name)
 {
     thing object;
     iobject* found = nullptr;
     EXPECT_TRUE(object.query_interface("thing", &found));
     EXPECT_EQ(found, &object);
     EXPECT_FALSE(object.query_interface("iobject", &found));
-    EXPECT_EQ(found, nullptr) << "a refused query clears what was there";
+    EXPECT_EQ(found, nullptr) << "a failed query stores null";
     EXPECT_FALSE(object.query_interface("thing", nullptr));
 }
 

@@ -1,4 +1,4 @@
-// A component with one parameter of each kind, and a host and a view that note what they are told.
+// A component with one parameter of each kind, and a host and a view that record their notifications.
 #pragma once
 
 #include "framework/ccomponent_v1.h"
@@ -39,7 +39,7 @@ private:
     std::vector<T> list;
 };
 
-using told = std::vector<std::pair<event_kind, uid>>;
+using sent_events = std::vector<std::pair<event_kind, uid>>;
 
 struct test_host : chost_v1
 {

@@ -12,7 +12,7 @@ public:
     cparameter_color_v1(std::weak_ptr<icomponent_v1> component, std::string name, const param_argb& default_value);
 
     virtual param_argb get_value();
-    /// Dropped unless every channel is within 0..1.
+    /// Ignored unless every channel is within 0..1.
     virtual void set_value(param_argb v, bool edit);
 };
 

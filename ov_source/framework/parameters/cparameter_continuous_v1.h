@@ -6,18 +6,18 @@
 namespace ov1
 {
 
-/// The normalized value is the place between the bounds: 0 at min, 1 at max. Bounds differ.
+/// The normalized value is 0 at min, 1 at max and linear between them. The bounds must differ.
 class cparameter_continuous_v1 : public cparameter_v1
 {
 public:
-    /// Starts at default_value, brought within the bounds.
+    /// Starts at default_value, clamped to the bounds.
     cparameter_continuous_v1(std::weak_ptr<icomponent_v1> component, std::string name, float min, float max,
                              float default_value);
 
     virtual float get_value();
     virtual void set_value(float v, bool edit);
     virtual float get_value_normalized();
-    /// n outside 0..1 gives the nearer bound; a NaN is dropped.
+    /// n outside 0..1 sets the nearer bound; a NaN is ignored.
     virtual void set_value_normalized(float n, bool edit);
 };
 

@@ -10,10 +10,10 @@ namespace ov1
 namespace
 {
 
-/// Two bounds may lie further apart than an int reaches.
+/// The distance may exceed the range of an int.
 float distance(std::int32_t from, std::int32_t to) { return static_cast<float>(std::int64_t{to} - from); }
 
-/// Towards zero; beyond an int, the nearer of its ends.
+/// Truncates towards zero; values outside the range of an int give its nearer end.
 std::int32_t truncated(float x)
 {
     using limits = std::numeric_limits<std::int32_t>;

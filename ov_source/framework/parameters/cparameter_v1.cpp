@@ -108,7 +108,7 @@ void cparameter_v1::set_param_value(param_value v, bool edit)
     if (const auto listening = host.lock())
         listening->notify({edit ? event_kind::edited : event_kind::changed, id});
     if (taken == outcome::changed)
-        tell_view(edit);
+        notify_view(edit);
 }
 
 cparameter_v1::outcome cparameter_v1::take(param_value v)
@@ -123,7 +123,7 @@ cparameter_v1::outcome cparameter_v1::take(param_value v)
     return differ(value, previous) ? outcome::changed : outcome::unchanged;
 }
 
-void cparameter_v1::tell_view(bool edit)
+void cparameter_v1::notify_view(bool edit)
 {
     const auto owner = component.lock();
     const auto view = owner ? owner->get_view() : nullptr;

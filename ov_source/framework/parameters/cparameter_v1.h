@@ -1,4 +1,4 @@
-// The parameter that all kinds share: a record, who is told of its changes, and its texts.
+// The base class of all parameters: the record, the notification of changes, and the texts.
 #pragma once
 
 #include "framework/parameters/iparameter_v1.h"
@@ -12,15 +12,15 @@ namespace ov1
 class icomponent_v1;
 class ihost_v1;
 
-/// Owned by a shared pointer, as the view is handed one. Its record is guarded by the component's record lock, which is
-/// never held while host or view are called.
+/// Owned by a shared pointer, which it passes to the view. Its record is guarded by the component's record lock, which
+/// is never held while the host or the view is called.
 class cparameter_v1 : public iparameter_v1, public std::enable_shared_from_this<cparameter_v1>
 {
 public:
     static constexpr uid ifc_id = make_uid("cparameter_v1");
 
-    /// A record of the given kind, otherwise zero; the previous record is unset. The host is the one that the component
-    /// has now: a parameter made before the component is initialized never tells a host anything.
+    /// A record of the given kind, otherwise zero; the previous record is unset. Events go to the host that the
+    /// component has now: a parameter created before the component is initialized never notifies a host.
     cparameter_v1(std::weak_ptr<icomponent_v1> component, std::string name, param_type type);
 
     bool query_interface(const std::string& name, iobject** out) override;
@@ -40,12 +40,12 @@ public:
     [[nodiscard]] bool get_value_from_string(std::string text, param_value& v) override;
     std::uint32_t get_flags() const override;
 
-    /// The current record, for a caller that holds the component's record lock: several parameters can so be read as
-    /// they stood at one moment.
+    /// The current record, for a caller that holds the component's record lock and can thus read several parameters at
+    /// one moment.
     const param_value& record_under_lock() const { return value; }
 
 protected:
-    /// Starts with the given record, brought within its bounds; the previous record equals it.
+    /// Starts with the given record, clamped to its bounds; the previous record equals it.
     cparameter_v1(std::weak_ptr<icomponent_v1> component, std::string name, const param_value& initial);
 
 private:
@@ -56,12 +56,12 @@ private:
         changed,
     };
     outcome take(param_value v);
-    void tell_view(bool edit);
+    void notify_view(bool edit);
 
     const std::weak_ptr<icomponent_v1> component;
     const std::string name;
     const uid id;
-    const std::shared_ptr<std::mutex> lock; ///< guards the four below
+    const std::shared_ptr<std::mutex> lock; ///< guards the next four members
     param_value value;
     param_value previous;
     bool enabled = true;

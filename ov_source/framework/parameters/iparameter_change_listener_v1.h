@@ -1,4 +1,4 @@
-// Who is told of a value that is shown.
+// Listens to the parameters that a view shows.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@ namespace ov1
 
 class iparameter_v1;
 
-/// Registered with a view, which does not own it.
+/// Registered with a view, which does not own it. Called on the editor's thread.
 class iparameter_change_listener_v1
 {
 public:

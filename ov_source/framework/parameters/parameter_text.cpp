@@ -27,7 +27,7 @@ param_argb color_of(std::uint32_t u)
 
 bool is_hexadecimal(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 
-/// What the hexadecimal digits of a text make together, whatever stands between them.
+/// The number that the hexadecimal digits of a text form, whatever characters are between them.
 bool read_hexadecimal(std::string text, std::uint32_t& v)
 {
     std::erase_if(text, [](char c) { return !is_hexadecimal(c); });
@@ -57,7 +57,7 @@ bool read_cell(const std::string& text, param_type type, param_cell& cell)
     switch (type)
     {
     case param_type::continuous:
-        // Some libraries read "inf" and "nan", others do not.
+        // Not all standard libraries read "inf" and "nan".
         return read(text, number) && std::isfinite(number) && take(number);
     case param_type::integral:
         return read(text, whole) && take(whole);

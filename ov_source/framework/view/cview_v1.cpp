@@ -177,7 +177,7 @@ void cview_v1::controlEndEdit(VSTGUI::CControl* control)
 void cview_v1::begin_gesture()
 {
     editing = true;
-    // The state before the first of them is what undo goes back to.
+    // Undo returns to the state before the outermost gesture.
     const bool joins = std::exchange(joins_last_gesture, false);
     if (open_gestures++ == 0 && !joins)
         if (const auto alive = get_component())

@@ -1,4 +1,4 @@
-// The view that editors derive from: window, listeners and undo brackets, but no controls of its own.
+// The base class of editors: window, listeners and undo brackets, without controls of its own.
 #pragma once
 
 #include "framework/icomponent_v1.h"
@@ -26,15 +26,15 @@ public:
     ~cview_v1() override;
 
     bool query_interface(const std::string& name, iobject** out) override;
-    /// Nine tenths of the screen that shows the host's window, at least 1024 x 528.
+    /// view_size_for_screen for the screen that shows the host's window.
     rect get_rect() const override;
-    /// Also keeps the state for cancelling and begins the undo history. Says "Cannot open GUI window." on stderr when
-    /// it fails.
+    /// Also saves the state for cancelling and clears the undo history. Writes "Cannot open GUI window." to stderr on
+    /// failure.
     [[nodiscard]] bool open(std::shared_ptr<window> window) override;
     void close() override;
     bool is_open() override;
     bool is_editing() override { return editing; }
-    /// Also shows what other threads have set since the last call.
+    /// Also shows the parameters that other threads have set since the last call.
     bool idle() override;
     void init_view() override {}
     /// On any thread but the one that opened the view, the parameter is shown at the next idle.
@@ -54,10 +54,10 @@ protected:
     /// Shows a parameter in the editor's own controls. Called on the editor's thread, after the listeners, and also for
     /// parameters that change before open.
     virtual void update_control(iparameter_v1&, bool) {}
-    /// A gesture that no parameter's control makes; nested gestures count as one.
+    /// For gestures that do not come from a parameter's control. Nested gestures are one undo step.
     void begin_gesture();
     void end_gesture();
-    /// The next gesture goes on with the one before: both are one step.
+    /// Makes the next gesture part of the previous one: both are one undo step.
     void join_gestures() { joins_last_gesture = true; }
 
 private:

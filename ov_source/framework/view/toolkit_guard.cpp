@@ -26,7 +26,7 @@ struct toolkit_guard::parts
     std::unique_ptr<x11_desktop> desktop;
     bool has_toolkit_connection = false;
 
-    /// Null without an X server; tried again at the next call.
+    /// Null without an X server; the next call tries again.
     x11_desktop* connect();
     std::shared_ptr<window> make_window(const std::string& icon, const rect& size, const std::string& title,
                                         void* parent);
@@ -47,7 +47,7 @@ std::shared_ptr<window> toolkit_guard::parts::make_window(const std::string& ico
 {
     if (!connect())
         return nullptr;
-    if (!std::exchange(has_toolkit_connection, true)) // held until the end: see the class
+    if (!std::exchange(has_toolkit_connection, true)) // kept until the end: see the class
 #if VSTGUI_VERSION_MINOR >= 15
         VSTGUI::X11::RunLoop::init();
 #else
@@ -111,12 +111,12 @@ void toolkit_guard::process_events()
 {
     constexpr std::chrono::milliseconds longest_wait(25);
     if (running)
-        running->loop->turn(longest_wait);
+        running->loop->run_once(longest_wait);
 }
 
 bool toolkit_guard::open_frame(VSTGUI::CFrame& frame, void* native_handle)
 {
-    // The toolkit does not survive opening a frame without its connection.
+    // Without its connection the toolkit would crash here.
     if (!running || !running->has_toolkit_connection || !native_handle)
         return false;
     VSTGUI::X11::FrameConfig config;

@@ -1,4 +1,4 @@
-// The toolkit, its run loop and the connection to the desktop, for as long as a program shows windows.
+// Initialises the toolkit, its run loop and the connection to the desktop.
 #pragma once
 
 #include <memory>
@@ -11,10 +11,10 @@ class CFrame;
 namespace ov1
 {
 
-/// One at a time, made and destroyed by the editor's thread, and held for the life of the program or plug-in: the
-/// toolkit does not survive that its connection to the desktop is closed and opened again. Installs the window maker
-/// and the desktop's services, and removes them at its end. Works without a desktop, too; windows are then not to be
-/// had.
+/// At most one exists at a time, created and destroyed on the editor's thread and kept for the life of the program or
+/// plug-in: the toolkit cannot close its connection to the desktop and open it again. Installs the window maker and the
+/// desktop services, and removes them in the destructor. Without a desktop it works as well, but no window can be
+/// opened.
 class toolkit_guard
 {
 public:
@@ -23,16 +23,16 @@ public:
     toolkit_guard(const toolkit_guard&) = delete;
     toolkit_guard& operator=(const toolkit_guard&) = delete;
 
-    /// Serves windows and timers once, waiting up to 25 ms: for questions that are asked in the middle of an event, and
-    /// for tests.
+    /// Processes pending events and timers once, waiting up to 25 ms. For modal questions asked while an event is being
+    /// handled, and for tests.
     static void process_events();
 
-    /// Opens the frame in a window's native handle. False where the toolkit or the desktop refuses.
+    /// Opens the frame in a native window. Returns false if the toolkit or the desktop fails.
     [[nodiscard]] static bool open_frame(VSTGUI::CFrame& frame, void* native_handle);
 
 private:
     struct parts;
-    static parts* running; ///< those of the scope that there is
+    static parts* running; ///< of the existing guard, or null
     const std::unique_ptr<parts> held;
 };
 

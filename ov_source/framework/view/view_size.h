@@ -1,4 +1,4 @@
-// How large an editor is on a screen.
+// The size of an editor on a screen.
 #pragma once
 
 #include "shared/rect.h"
@@ -6,12 +6,12 @@
 namespace ov1
 {
 
-/// The smallest window that the editor's parts fit into, in unscaled pixels.
+/// The smallest size that fits the parts of the editor, in unscaled pixels.
 inline constexpr int least_view_width = 1024;
 inline constexpr int least_view_height = 528;
 
-/// Width and height in unscaled pixels for a screen of that size: nine tenths of its width, at least 1024; below 1280
-/// the height is 528, above it follows the width in the proportion 988 : 528, up to nine tenths of the screen's.
+/// Width and height for a screen, all in unscaled pixels. The width is nine tenths of the screen's, at least 1024. The
+/// height is 528 below a width of 1280, else width * 528 / 988, at most nine tenths of the screen's height.
 rect view_size_for_screen(int screen_width, int screen_height);
 
 } // namespace ov1

@@ -6,8 +6,8 @@
 namespace ov1
 {
 
-/// Settings are the user's defaults of two suites; an empty suite name means that the domain is missing. Resources lie
-/// in the program's own bundle. Window handles are an NSView or an NSWindow.
+/// Settings are the user defaults of two suites; with an empty suite name the settings of that kind can be neither read
+/// nor written. Resources are in the main bundle. A window handle is an NSView or an NSWindow.
 class cutils_mac : public iutils
 {
 public:
@@ -37,12 +37,12 @@ public:
                    const std::string& button) override;
     bool alert_box(void* parent_window, const std::string& title, const std::string& message,
                    const std::string& first_button, const std::string& second_button) override;
-    /// The extension is what stands behind the name's last dot.
+    /// The extension is the part after the last dot.
     bool get_resource(const std::string& name, std::vector<std::uint8_t>& bytes) override;
-    /// A text that is no web address is opened as a file.
+    /// A text that is not a URL is opened as a file.
     void open_url(const std::string& text) override;
     bool is_main_thread() override;
-    /// Open to all users, whatever the process's mask.
+    /// Accessible to all users, whatever the umask of the process.
     bool create_dir(const std::string& path) override;
     const std::string& get_path_separator() override;
     void get_screen_dimensions(void* window, int& width, int& height) override;
@@ -50,7 +50,7 @@ public:
     std::string get_common_directory() override;
     bool list_dir(const std::string& path, std::vector<std::string>* files, std::vector<std::string>* directories,
                   bool full_paths) override;
-    /// The system scales by itself: 1.
+    /// Always 1: the system scales windows itself.
     double get_dpi_scale() override;
     std::string get_resource_directory() override;
 
@@ -59,7 +59,7 @@ private:
     void* const product_domain; ///< likewise
 };
 
-/// The suites of this maker and this product.
+/// The suites of this vendor and this product.
 inline constexpr const char* vendor_suite_name = "com.orvane";
 inline constexpr const char* product_suite_name = "com.orvane.veridialfcpx";
 

@@ -40,7 +40,7 @@ bool set_value(void* domain, const std::string& key, id value)
     return true;
 }
 
-/// Nil unless the domain has a value of the class.
+/// Nil unless the domain has a value of this class.
 id get_value(void* domain, const std::string& key, Class kind)
 {
     if (domain == nullptr || key.empty())
@@ -168,7 +168,7 @@ bool cutils_mac::get_vendor_uint32(const std::string& key, std::uint32_t& value)
 {
     @autoreleasepool
     {
-        // Reading a key that is not there as a number would give 0.
+        // A missing key would read as the number 0.
         NSNumber* const number = get_value(vendor_domain, key, [NSNumber class]);
         const long long wide = [number longLongValue];
         if (number == nil || wide < 0 || wide > std::numeric_limits<std::uint32_t>::max())
@@ -218,7 +218,7 @@ bool cutils_mac::get_resource(const std::string& name, std::vector<std::uint8_t>
 {
     @autoreleasepool
     {
-        // Top level only: a name never leads out of the folder.
+        // Top level only: a name cannot point outside the folder.
         NSString* const whole = text_of(name);
         if ([whole length] == 0 || name.find('/') != std::string::npos)
             return false;
@@ -249,7 +249,7 @@ bool cutils_mac::is_main_thread() { return [NSThread isMainThread]; }
 
 bool cutils_mac::create_dir(const std::string& path)
 {
-    // The mode is set afterwards: the mask belongs to all threads and is left alone.
+    // The mode is set afterwards, because changing the umask would affect all threads.
     return !path.empty() && mkdir(path.c_str(), 0777) == 0 && chmod(path.c_str(), 0777) == 0;
 }
 

@@ -31,27 +31,28 @@ void drag(stage& s, float to)
     s.component->save_state(false);
 }
 
-TEST(ccomponent_v1, is_born_with_a_host_and_ends_with_it)
+TEST(ccomponent_v1, starts_with_a_host_and_releases_it_at_the_end)
 {
     const auto component = std::make_shared<test_component>();
     const auto host = std::make_shared<test_host>(component);
     component->initialize(nullptr);
-    EXPECT_EQ(component->get_parameter_count(), 0) << "no host, no start";
+    EXPECT_EQ(component->get_parameter_count(), 0) << "without a host nothing starts";
     component->initialize(host);
     component->set_view(std::make_shared<test_view>());
     host->meanwhile = [&]
     {
-        EXPECT_EQ(component->get_view(), nullptr) << "the view goes before the host hears of it";
-        EXPECT_EQ(component->get_parameter_count(), 4) << "the parameters after";
+        EXPECT_EQ(component->get_view(), nullptr) << "the view is released before the host is notified";
+        EXPECT_EQ(component->get_parameter_count(), 4) << "the parameters are released afterwards";
     };
     component->terminate();
     component->terminate();
-    EXPECT_EQ(host->events.take(), (told{{event_kind::initialized, invalid_id}, {event_kind::terminated, invalid_id}}));
+    EXPECT_EQ(host->events.take(),
+              (sent_events{{event_kind::initialized, invalid_id}, {event_kind::terminated, invalid_id}}));
     EXPECT_EQ(component->get_parameter_count(), 0);
     EXPECT_EQ(host.use_count(), 1);
 }
 
-TEST(ccomponent_v1, finds_parameters_by_place_uid_and_name)
+TEST(ccomponent_v1, finds_parameters_by_index_uid_and_name)
 {
     stage s;
     test_component& c = *s.component;
@@ -61,7 +62,7 @@ TEST(ccomponent_v1, finds_parameters_by_place_uid_and_name)
     EXPECT_EQ(c.get_parameter("Steps"), c.steps);
 }
 
-TEST(ccomponent_v1, gives_back_a_state_to_the_bit)
+TEST(ccomponent_v1, restores_a_state_bit_for_bit)
 {
     stage s;
     test_component& c = *s.component;
@@ -87,7 +88,7 @@ TEST(ccomponent_v1, gives_back_a_state_to_the_bit)
     EXPECT_FALSE(c.set_state(state, false));
 }
 
-TEST(ccomponent_v1, takes_of_a_state_what_fits)
+TEST(ccomponent_v1, restores_the_complete_records_of_a_state)
 {
     const bytes two = state_of({continuous_record("Amount", 7), continuous_record("Gone", 8)});
     const auto cut = [&](int size) { return bytes(two.begin(), two.begin() + size); };
@@ -114,7 +115,7 @@ TEST(ccomponent_v1, takes_of_a_state_what_fits)
     }
 }
 
-TEST(ccomponent_v1, hands_on_what_it_does_not_know)
+TEST(ccomponent_v1, forwards_unknown_records)
 {
     stage s;
     state_record strange = continuous_record("Sky", -40);
@@ -124,10 +125,10 @@ TEST(ccomponent_v1, hands_on_what_it_does_not_know)
     EXPECT_TRUE(s.component->set_state(state, true));
     const auto& [id, handed] = s.component->unknowns.at(0);
     EXPECT_TRUE(id == make_uid("Sky") && handed.value == strange.value.value);
-    EXPECT_EQ(s.host->events.take(), (told{{event_kind::unknown_parameter, id}}));
+    EXPECT_EQ(s.host->events.take(), (sent_events{{event_kind::unknown_parameter, id}}));
 }
 
-TEST(ccomponent_v1, knows_that_it_is_restored)
+TEST(ccomponent_v1, reports_that_a_restore_is_running)
 {
     stage s;
     s.component->amount->set_value(1, false);
@@ -137,7 +138,7 @@ TEST(ccomponent_v1, knows_that_it_is_restored)
         s.component->reset_to_default();
         s.component->amount->set_value(2, false);
     }
-    EXPECT_EQ(s.component->restores, 1) << "the scope within another starts nothing";
+    EXPECT_EQ(s.component->restores, 1) << "a nested guard starts no further restore";
     EXPECT_EQ(s.component->set_while_restoring, 5);
     EXPECT_FALSE(s.component->is_restoring());
     s.component->reset_to_default();
@@ -171,7 +172,7 @@ TEST(ccomponent_v1, undoes_and_redoes_gestures)
     }
 }
 
-TEST(ccomponent_v1, stores_no_state_without_an_open_view_or_within_a_step)
+TEST(ccomponent_v1, stores_no_state_without_an_open_view_or_during_undo)
 {
     stage s;
     drag(s, 10);
@@ -189,10 +190,10 @@ TEST(ccomponent_v1, stores_no_state_without_an_open_view_or_within_a_step)
     EXPECT_EQ(s.component->get_undo_range(), (undo_range{0, 0, 1}));
     s.component->jump_undo_stack(1);
     EXPECT_EQ(s.component->save_state(true), 1);
-    EXPECT_EQ(s.component->get_undo_range(), (undo_range{0, 2, 2})) << "both guards are down again";
+    EXPECT_EQ(s.component->get_undo_range(), (undo_range{0, 2, 2})) << "both flags are cleared again";
 }
 
-TEST(ccomponent_v1, takes_no_step_during_a_gesture)
+TEST(ccomponent_v1, ignores_undo_during_a_gesture)
 {
     stage s;
     drag(s, 10);
@@ -206,10 +207,10 @@ TEST(ccomponent_v1, takes_no_step_during_a_gesture)
     EXPECT_EQ(s.component->get_undo_range(), (undo_range{0, 1, 2}));
     s.view->shown = false;
     s.component->undo();
-    EXPECT_EQ(s.component->amount->get_value(), 50) << "a closed view holds nothing up";
+    EXPECT_EQ(s.component->amount->get_value(), 50) << "a closed view blocks nothing";
 }
 
-TEST(ccomponent_v1, cancels_to_the_state_that_was_kept)
+TEST(ccomponent_v1, cancelling_restores_the_saved_state)
 {
     stage s;
     s.component->amount->set_value(10, false);
@@ -221,7 +222,7 @@ TEST(ccomponent_v1, cancels_to_the_state_that_was_kept)
     EXPECT_EQ(s.host->events.take().at(0), std::pair(event_kind::cancelled, invalid_id)) << "before the values";
 }
 
-TEST(ccomponent_v1, bypasses_by_the_first_parameter_with_the_flag)
+TEST(ccomponent_v1, the_first_parameter_with_the_flag_is_the_bypass)
 {
     struct bypass : cparameter_boolean_v1
     {
@@ -238,10 +239,10 @@ TEST(ccomponent_v1, bypasses_by_the_first_parameter_with_the_flag)
     s.component->set_bypass(true);
     EXPECT_TRUE(s.component->has_bypass() && s.component->get_bypass());
     EXPECT_TRUE(first->get_value() && !second->get_value());
-    EXPECT_EQ(s.host->events.take(), (told{{event_kind::changed, make_uid("Bypass")}}));
+    EXPECT_EQ(s.host->events.take(), (sent_events{{event_kind::changed, make_uid("Bypass")}}));
 }
 
-TEST(ccomponent_v1, renders_rows_in_place_and_limits_halfs_on_the_way_in_alone)
+TEST(ccomponent_v1, renders_rows_in_place_and_clamps_only_the_input_of_halfs)
 {
     std::vector<argb_float> row = {{1, 0.1f, 0.2f, 0.3f}, {1, 0.4f, 0.5f, 0.6f}};
     const auto rows = stage().component->get_row_renderer(); // keeps the component alive
@@ -257,7 +258,7 @@ TEST(ccomponent_v1, renders_rows_in_place_and_limits_halfs_on_the_way_in_alone)
     EXPECT_EQ(got, (std::vector<float>{0.5f, 0, 1, 70, 0.75f, 0, 0.125f, 71}));
 }
 
-TEST(ccomponent_v1, opens_the_manual_among_the_resources)
+TEST(ccomponent_v1, opens_the_manual_of_the_resources)
 {
     struct opening_utils : cutils_linux
     {
@@ -270,7 +271,7 @@ TEST(ccomponent_v1, opens_the_manual_among_the_resources)
     EXPECT_TRUE(utils.opened == "/somewhere/share/manual/index.html" || is_url(utils.opened)) << utils.opened;
 }
 
-TEST(ccomponent_v1, is_used_from_several_threads)
+TEST(ccomponent_v1, works_on_several_threads)
 {
     stage s;
     test_component& c = *s.component;
@@ -287,14 +288,14 @@ TEST(ccomponent_v1, is_used_from_several_threads)
     for (int i = 0; i < rounds; ++i)
     {
         const param_argb seen = c.with_records_locked([&] { return c.tint->record_under_lock().value.as_color(); });
-        EXPECT_EQ(seen, (param_argb{seen.red, seen.red, seen.red, seen.red})) << "torn";
+        EXPECT_EQ(seen, (param_argb{seen.red, seen.red, seen.red, seen.red})) << "a value mixed from two sets";
         EXPECT_EQ(c.get_state().size(), white.size());
         c.set_view(i % 2 == 0 ? s.view : nullptr);
         s.host->schedule_render();
     }
     setter.join();
     restorer.join();
-    EXPECT_EQ(s.host->events.take().size(), 1u + rounds * (1 + 4 + 1)) << "nobody's set was lost";
+    EXPECT_EQ(s.host->events.take().size(), 1u + rounds * (1 + 4 + 1)) << "no set was lost";
     EXPECT_FALSE(c.is_restoring());
 }
 

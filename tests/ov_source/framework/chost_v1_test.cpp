@@ -17,9 +17,9 @@ struct listening_component : ccomponent_v1
     std::vector<event_kind> heard;
 };
 
-TEST(chost_v1, keeps_its_flags_by_the_kind_of_event)
+TEST(chost_v1, sets_and_clears_its_flags_by_event_kind)
 {
-    // the kind, then the dirty and the legacy flag: 1 raised, 0 lowered, -1 left as it was
+    // the kind, then the dirty and the legacy flag: 1 set, 0 cleared, -1 unchanged
     const std::tuple<int, int, int> rows[] = {{0, -1, 0},  {1, -1, -1}, {2, 1, -1},  {3, 1, -1},
                                               {4, -1, -1}, {5, 0, -1},  {6, -1, -1}, {7, -1, -1},
                                               {8, 1, -1},  {9, -1, -1}, {10, -1, 1}, {11, -1, -1}};
@@ -36,7 +36,7 @@ TEST(chost_v1, keeps_its_flags_by_the_kind_of_event)
         }
 }
 
-TEST(chost_v1, passes_events_on_while_the_component_lives)
+TEST(chost_v1, forwards_events_while_the_component_exists)
 {
     auto component = std::make_shared<listening_component>();
     chost_v1 host(component);
@@ -48,7 +48,7 @@ TEST(chost_v1, passes_events_on_while_the_component_lives)
     EXPECT_TRUE(host.has_legacy_parameters());
 }
 
-TEST(editor_factory, makes_editors_while_installed)
+TEST(editor_factory, creates_editors_while_installed)
 {
     const auto view = std::make_shared<test_view>();
     install_editor_factory([&](auto) { return view; });

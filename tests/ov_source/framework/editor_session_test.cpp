@@ -86,7 +86,7 @@ TEST_F(editor_session_fixture, the_preview_is_rendered_once_and_again_after_each
     EXPECT_EQ(next_window->modal_changes, 2);
 }
 
-TEST_F(editor_session_fixture, another_frame_is_shown_and_graded_without_a_change_of_values)
+TEST_F(editor_session_fixture, another_frame_is_shown_and_graded_without_a_parameter_change)
 {
     editor_session session(component);
     session.set_picture(make_image(3), make_image(3));

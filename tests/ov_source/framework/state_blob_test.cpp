@@ -21,7 +21,7 @@ bytes with(bytes blob, std::size_t at, std::uint32_t v)
 bytes resized(bytes blob, std::size_t size)
 {
     blob.resize(size, 0xEE);
-    blob.shrink_to_fit(); // so that a reader who goes too far is caught
+    blob.shrink_to_fit(); // so that reading past the end is detected
     return blob;
 }
 
@@ -33,7 +33,7 @@ bytes one_of_each_kind()
     return write_state(records);
 }
 
-TEST(state_blob, lies_little_endian_at_its_offsets)
+TEST(state_blob, is_little_endian_at_the_documented_offsets)
 {
     const state_record one = {{param_type::integral, param_cell::of(0x11223344), param_cell::of(5), param_bound::of(-2),
                                param_bound::of(0x01000000)},
@@ -48,7 +48,7 @@ TEST(state_blob, lies_little_endian_at_its_offsets)
     EXPECT_EQ(write_state(read), expected);
 }
 
-TEST(state_blob, reads_what_fits_and_checks_what_is_missing)
+TEST(state_blob, reads_complete_records_and_reports_missing_ones)
 {
     const bytes whole = one_of_each_kind();
     const std::string cut = "the state is cut short: ";
@@ -80,7 +80,7 @@ TEST(state_blob, reads_what_fits_and_checks_what_is_missing)
 
 TEST(state_blob, cleans_cells_of_known_kinds_and_keeps_others)
 {
-    // kind, the bytes of the cell that come through, the first of them
+    // kind, the number of bytes kept, the first byte
     const std::tuple<std::uint32_t, int, std::uint8_t> rows[] = {{0, 4, 0xEE},  {1, 4, 0xEE},  {2, 1, 1},
                                                                  {3, 16, 0xEE}, {4, 16, 0xEE}, {~0u, 16, 0xEE}};
     for (const auto& [kind, kept, first] : rows)
@@ -114,7 +114,7 @@ TEST(state_blob, survives_any_bytes)
         const bool is_state = read_state(blob, read);
         ASSERT_LE(read.size() * state_record_size + (is_state ? state_header_size : 0), blob.size());
         ASSERT_TRUE(!check_state_blob(blob) || (is_state && blob[4] == read.size() && blob[5] == 0))
-            << "all announced is there";
+            << "all announced records are complete";
     }
 }
 

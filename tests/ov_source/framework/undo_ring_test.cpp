@@ -26,14 +26,14 @@ TEST(undo_ring, forty_commits_keep_thirty_two)
     EXPECT_EQ(ring.get_depth(), 32);
     for (int position = 39; position > 8; --position)
         ASSERT_EQ(ring.step_back(), mark(position));
-    EXPECT_EQ(ring.step_back(), mark(40)) << "position 8 lies in the slot that position 40 has overwritten";
+    EXPECT_EQ(ring.step_back(), mark(40)) << "position 40 has overwritten the slot of position 8";
     EXPECT_EQ(ring.step_back(), std::nullopt);
     EXPECT_EQ(ring.store(mark(50), true), 8);
-    EXPECT_EQ(ring.range(), (undo_range{8, 9, 9})) << "of what lies below, nothing is left";
+    EXPECT_EQ(ring.range(), (undo_range{8, 9, 9})) << "nothing below is intact";
     EXPECT_EQ(ring_of(100).range(), (undo_range{69, 100, 100})) << "never an overwritten step";
 }
 
-TEST(undo_ring, reaches_down_to_the_bottom_of_the_ring)
+TEST(undo_ring, steps_and_jumps_reach_the_bottom_of_the_ring)
 {
     // commits, lowest position: (top - depth) mod 32
     for (const auto& [commits, lowest] : {std::pair(0, 0), {1, 0}, {32, 0}, {33, 1}, {63, 31}, {64, 0}, {70, 6}})
@@ -50,7 +50,7 @@ TEST(undo_ring, reaches_down_to_the_bottom_of_the_ring)
     }
 }
 
-TEST(undo_ring, every_step_that_is_offered_gives_the_state_of_its_gesture)
+TEST(undo_ring, every_position_of_the_range_has_its_own_state)
 {
     std::mt19937 random(20240611);
     undo_ring ring;

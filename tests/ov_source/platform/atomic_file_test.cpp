@@ -26,7 +26,7 @@ std::span<const std::uint8_t> bytes_of(std::string_view text)
 
 struct on_files : testing::Test
 {
-    /// Keeps the reason of a failure, which is one of writing.
+    /// Keeps the reason of a failure.
     bool done(const result<>& outcome)
     {
         if (outcome)
@@ -43,7 +43,7 @@ struct on_files : testing::Test
     std::string reason;
 };
 
-TEST_F(on_files, replacing_writes_the_whole_file_with_its_mode_and_leaves_nothing_beside_it)
+TEST_F(on_files, replacing_writes_the_file_keeps_its_mode_and_leaves_no_temporary)
 {
     const mode_t mask = umask(027);
     for (const std::string_view text : {"a long first text", "short", ""})
@@ -52,14 +52,14 @@ TEST_F(on_files, replacing_writes_the_whole_file_with_its_mode_and_leaves_nothin
         EXPECT_EQ(text_of_file(folder / "f"), text);
     }
     umask(mask);
-    EXPECT_EQ(fs::status(folder / "f").permissions(), fs::perms{0640}) << "a new file follows the user's mask";
+    EXPECT_EQ(fs::status(folder / "f").permissions(), fs::perms{0640}) << "a new file follows the user's umask";
     fs::permissions(folder / "f", fs::perms{0606});
     EXPECT_TRUE(replace(folder / "f", "y"));
     EXPECT_EQ(fs::status(folder / "f").permissions(), fs::perms{0606}) << "an old one keeps its mode";
     EXPECT_EQ(folder.count(), 1);
 }
 
-TEST_F(on_files, replacing_follows_links_to_the_file_that_they_mean)
+TEST_F(on_files, replacing_follows_links_and_replaces_their_target)
 {
     folder.with_file("real/f", "old");
     for (const auto& [link, target] :
@@ -74,19 +74,19 @@ TEST_F(on_files, replacing_follows_links_to_the_file_that_they_mean)
     EXPECT_EQ(reason, "too many symbolic links");
 }
 
-TEST_F(on_files, replacing_writes_straight_into_what_is_no_regular_file)
+TEST_F(on_files, replacing_writes_directly_to_pipes_and_open_files)
 {
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
     const int pipe = open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
     EXPECT_TRUE(replace(folder / "pipe", "through")) << reason;
-    EXPECT_TRUE(create(folder / "pipe", "!")) << "nothing is lost there: " << reason;
+    EXPECT_TRUE(create(folder / "pipe", "!")) << "a pipe has no content to lose: " << reason;
     char text[20] = {};
     EXPECT_EQ(read(pipe, text, sizeof text), 8);
     EXPECT_STREQ(text, "through!");
     close(pipe);
     EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 
-    // What stands behind /dev/stdout may be a regular file, one that others write to as well.
+    // /dev/stdout may be a regular file that others write to as well.
     folder.with_file("log", "first");
     const int log = open((folder / "log").c_str(), O_WRONLY);
     const std::string name = "/proc/self/fd/" + std::to_string(log);
@@ -97,7 +97,7 @@ TEST_F(on_files, replacing_writes_straight_into_what_is_no_regular_file)
     EXPECT_EQ(text_of_file(folder / "log"), "first second third");
 }
 
-TEST_F(on_files, replacing_says_in_plain_words_why_it_failed_and_leaves_the_old_file)
+TEST_F(on_files, replacing_gives_a_plain_reason_and_keeps_the_old_file)
 {
     folder.with_file("file", "old");
     fs::create_directory(folder / "protected");
@@ -106,7 +106,7 @@ TEST_F(on_files, replacing_says_in_plain_words_why_it_failed_and_leaves_the_old_
     fs::permissions(folder / "protected", fs::perms{0555});
     fs::permissions(folder.path, fs::perms::all);
     const std::pair<std::string, const char*> rows[] = {{folder / "missing/f", "no such folder"},
-                                                        {folder / "file/f", "a part of the path is no folder"},
+                                                        {folder / "file/f", "a part of the path is not a folder"},
                                                         {folder / "protected", "is a folder"},
                                                         {folder / "missing/", "no such folder"},
                                                         {"", "no such folder"},
@@ -128,7 +128,7 @@ TEST_F(on_files, replacing_says_in_plain_words_why_it_failed_and_leaves_the_old_
     }
     EXPECT_EQ(reason, "the file would be larger than the system allows");
     EXPECT_EQ(text_of_file(folder / "file") + text_of_file(folder / "write-protected"), "oldold");
-    EXPECT_EQ(folder.count(), 3) << "no temporary stays behind";
+    EXPECT_EQ(folder.count(), 3) << "no temporary file is left";
 }
 
 TEST_F(on_files, creating_never_replaces)
@@ -143,7 +143,7 @@ TEST_F(on_files, creating_never_replaces)
     EXPECT_EQ(text_of_file(folder / "f"), "old");
     EXPECT_FALSE(fs::exists(folder / "missing"));
 
-    // A file that appears between the opening and the commit stays.
+    // A file that appears between open and commit is kept.
     pending_file file;
     ASSERT_TRUE(file.open(folder / "g", existing_file::refuse) && file.write(bytes_of("ours")));
     folder.with_file("g", "theirs");
@@ -153,7 +153,7 @@ TEST_F(on_files, creating_never_replaces)
     EXPECT_EQ(folder.count(), 3);
 }
 
-TEST_F(on_files, creating_of_several_at_once_one_wins)
+TEST_F(on_files, only_one_of_several_creating_threads_succeeds)
 {
     for (int round = 0; round < 20; ++round)
     {
@@ -167,7 +167,7 @@ TEST_F(on_files, creating_of_several_at_once_one_wins)
     }
 }
 
-TEST_F(on_files, a_pending_file_is_gone_without_a_commit)
+TEST_F(on_files, a_pending_file_without_a_commit_is_removed)
 {
     {
         pending_file file;
@@ -183,7 +183,7 @@ TEST_F(on_files, a_pending_file_is_gone_without_a_commit)
     EXPECT_EQ(reason, "no such folder");
 }
 
-TEST_F(on_files, abandoning_removes_every_temporary_and_ends_the_process)
+TEST_F(on_files, abandoning_removes_temporary_files_and_ends_the_process)
 {
     const auto abandon = [&]
     {
@@ -212,7 +212,7 @@ TEST_F(on_files, reading_gives_the_whole_file_or_a_reason)
 
     const std::pair<std::string, const char*> rows[] = {{folder / "f", "is larger than 65536 bytes"},
                                                         {folder / "missing", "no such file"},
-                                                        {folder / "f/x", "a part of the path is no folder"},
+                                                        {folder / "f/x", "a part of the path is not a folder"},
                                                         {folder.path, "is a folder"},
                                                         {"/dev/zero", "is larger than 65536 bytes"}};
     for (const auto& [path, expected] : rows)
@@ -224,7 +224,7 @@ TEST_F(on_files, reading_gives_the_whole_file_or_a_reason)
     }
 }
 
-TEST_F(on_files, removing_takes_files_and_links_but_never_a_folder_or_what_a_link_means)
+TEST_F(on_files, removing_removes_files_and_links_but_no_folder_or_link_target)
 {
     folder.with_file("real", "kept");
     fs::create_symlink("real", folder / "link");

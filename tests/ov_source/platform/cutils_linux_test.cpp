@@ -27,7 +27,7 @@ protected:
     cutils_linux utils{"vendor", "veridial", environment};
 };
 
-TEST_F(cutils_linux_test, the_two_scopes_are_apart)
+TEST_F(cutils_linux_test, vendor_and_product_settings_are_separate)
 {
     bytes data;
     std::string text;
@@ -42,10 +42,10 @@ TEST_F(cutils_linux_test, the_two_scopes_are_apart)
     EXPECT_FALSE(utils.get_bytes("k", data));
     EXPECT_TRUE(utils.get_vendor_string("k", text) && utils.del_vendor_key("k"));
     EXPECT_FALSE(utils.get_vendor_string("k", text));
-    EXPECT_EQ(text, "Größe") << "a failure leaves the output";
+    EXPECT_EQ(text, "Größe") << "unchanged after a failure";
 }
 
-TEST_F(cutils_linux_test, an_empty_key_or_a_missing_domain_stores_nothing)
+TEST_F(cutils_linux_test, an_empty_key_or_settings_name_stores_nothing)
 {
     std::uint32_t number = 5;
     cutils_linux product_only("", "veridial", environment);
@@ -71,7 +71,7 @@ TEST_F(cutils_linux_test, resources_come_from_the_top_level_only)
     EXPECT_TRUE(utils.get_resource("plain", data));
 }
 
-TEST_F(cutils_linux_test, create_dir_makes_one_directory_with_the_users_mask)
+TEST_F(cutils_linux_test, create_dir_creates_one_directory_with_the_users_umask)
 {
     const mode_t mask = umask(027);
     EXPECT_TRUE(utils.create_dir(folder / "d"));
@@ -83,7 +83,7 @@ TEST_F(cutils_linux_test, create_dir_makes_one_directory_with_the_users_mask)
     EXPECT_TRUE(fs::is_directory(folder / "data/orvane"));
 }
 
-TEST_F(cutils_linux_test, list_dir_parts_directories_from_everything_else)
+TEST_F(cutils_linux_test, list_dir_separates_directories_from_other_entries)
 {
     folder.with_file("l/a.json", "");
     folder.with_file("l/.hidden", "");
@@ -106,7 +106,7 @@ TEST_F(cutils_linux_test, list_dir_parts_directories_from_everything_else)
     }
 }
 
-TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
+TEST_F(cutils_linux_test, uses_desktop_services_or_defaults)
 {
     int width = 0, height = 0;
     utils.get_screen_dimensions(nullptr, width, height);
@@ -139,10 +139,10 @@ TEST_F(cutils_linux_test, asks_the_desktop_and_does_without_it)
     dpi = 144;
     EXPECT_EQ(utils.get_dpi_scale(), 2.0);
     environment.scale = 1.25;
-    EXPECT_EQ(cutils_linux("", "", environment).get_dpi_scale(), 1.25) << "the user's own word comes first";
+    EXPECT_EQ(cutils_linux("", "", environment).get_dpi_scale(), 1.25) << "VERIDIAL_SCALE has priority";
 }
 
-TEST_F(cutils_linux_test, a_scope_puts_other_utilities_in_place)
+TEST_F(cutils_linux_test, a_guard_replaces_the_utilities)
 {
     iutils& usual = iutils::get_instance();
     cutils_linux other("", "", environment);

@@ -14,7 +14,7 @@ namespace
 
 using bytes = std::vector<std::uint8_t>;
 
-/// The home folder of this program is one of the tests' own.
+/// This program uses a home folder of its own.
 struct cutils_mac_test : ::testing::Test
 {
     cutils_mac utils{"com.orvane.test_vendor", "com.orvane.test_product"};
@@ -22,7 +22,7 @@ struct cutils_mac_test : ::testing::Test
     std::string text;
 };
 
-TEST_F(cutils_mac_test, the_two_suites_are_apart_and_kept)
+TEST_F(cutils_mac_test, the_two_suites_are_separate_and_persistent)
 {
     EXPECT_TRUE(utils.set_bytes("k", bytes{1, 2, 3}) && utils.set_vendor_string("k", "Größe"));
     cutils_mac again("com.orvane.test_vendor", "com.orvane.test_product");
@@ -32,10 +32,10 @@ TEST_F(cutils_mac_test, the_two_suites_are_apart_and_kept)
     EXPECT_FALSE(utils.get_string("k", text) || utils.get_vendor_bytes("k", data)) << "another kind of value";
     EXPECT_TRUE(utils.del_bytes("k") && utils.del_vendor_key("k"));
     EXPECT_FALSE(utils.get_bytes("k", data) || utils.get_vendor_string("k", text));
-    EXPECT_EQ(text, "Größe") << "a failure leaves the output";
+    EXPECT_EQ(text, "Größe") << "unchanged after a failure";
 }
 
-TEST_F(cutils_mac_test, an_empty_key_or_a_missing_domain_stores_nothing)
+TEST_F(cutils_mac_test, an_empty_key_or_settings_name_stores_nothing)
 {
     std::uint32_t number = 5;
     cutils_mac product_only("", "com.orvane.test_product");
@@ -53,7 +53,7 @@ TEST_F(cutils_mac_test, folders)
     EXPECT_TRUE(utils.create_dir(folder / "new"));
     struct stat facts{};
     ASSERT_EQ(stat((folder / "new").c_str(), &facts), 0);
-    EXPECT_EQ(facts.st_mode & 0777u, 0777u) << "whatever the mask";
+    EXPECT_EQ(facts.st_mode & 0777u, 0777u) << "whatever the umask";
     EXPECT_FALSE(utils.create_dir(folder / "new") || utils.create_dir(""));
     folder.with_file("file", "");
     std::vector<std::string> files, folders;

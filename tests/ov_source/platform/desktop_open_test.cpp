@@ -13,7 +13,7 @@ namespace ov1
 namespace
 {
 
-TEST(desktop_open, tells_urls_from_paths)
+TEST(desktop_open, distinguishes_urls_from_paths)
 {
     for (const char* text : {"https://example.org/a?b=c", "mailto:a@example.org", "file:///tmp/x", "/tmp/index.html"})
         EXPECT_EQ(opener_argument(text), text);
@@ -21,7 +21,7 @@ TEST(desktop_open, tells_urls_from_paths)
         EXPECT_EQ(opener_argument(text), "./" + text);
 }
 
-TEST(desktop_open, hands_the_text_to_the_opener_untouched_by_a_shell)
+TEST(desktop_open, passes_the_text_to_the_opener_without_a_shell)
 {
     const temp_folder folder;
     ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);

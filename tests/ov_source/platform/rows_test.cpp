@@ -10,7 +10,7 @@ namespace ov1
 namespace
 {
 
-TEST(rows, every_row_is_in_one_piece_whatever_the_threads)
+TEST(rows, every_row_is_in_exactly_one_piece)
 {
     for (const std::size_t rows : {0, 1, 15, 16, 17, 33, 1000})
         for (const std::size_t rows_per_piece : {1, 7, 16, 5000})
@@ -32,7 +32,7 @@ TEST(rows, every_row_is_in_one_piece_whatever_the_threads)
             }
 }
 
-TEST(rows, no_more_than_so_many_threads_run_at_a_time)
+TEST(rows, no_more_threads_run_than_allowed)
 {
     for (const unsigned max_threads : {1u, 2u, 3u})
     {
@@ -60,7 +60,7 @@ TEST(rows, a_small_picture_stays_on_the_callers_thread)
     EXPECT_EQ(pieces, 9u);
 }
 
-TEST(rows, pieces_may_have_pieces)
+TEST(rows, calls_may_be_nested)
 {
     std::atomic<std::size_t> sum = 0;
     for_each_row_piece(

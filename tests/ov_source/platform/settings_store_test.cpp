@@ -11,7 +11,7 @@ namespace ov1
 namespace
 {
 
-TEST(settings_store, gives_a_value_only_under_its_own_kind)
+TEST(settings_store, returns_a_value_only_as_its_own_kind)
 {
     const temp_folder folder;
     const settings_store store(folder / "deep/er/x.settings");
@@ -32,7 +32,7 @@ TEST(settings_store, gives_a_value_only_under_its_own_kind)
     EXPECT_FALSE(settings_store("").set("k", 1u));
 }
 
-TEST(settings_store, loses_no_key_when_several_write_at_once)
+TEST(settings_store, concurrent_writers_lose_no_key)
 {
     const temp_folder folder;
     const settings_store store(folder / "s");
@@ -52,7 +52,7 @@ TEST(settings_store, loses_no_key_when_several_write_at_once)
     }
 }
 
-TEST(settings_store, keeps_the_old_file_when_the_new_one_does_not_fit)
+TEST(settings_store, keeps_the_old_file_when_the_disk_is_full)
 {
     const temp_folder folder;
     const settings_store store(folder / "s");
@@ -66,7 +66,7 @@ TEST(settings_store, keeps_the_old_file_when_the_new_one_does_not_fit)
     EXPECT_EQ(value, 1u);
 }
 
-TEST(settings_store, does_not_overwrite_what_it_cannot_read)
+TEST(settings_store, does_not_overwrite_a_file_that_it_cannot_read)
 {
     const temp_folder folder;
     const std::string path = folder.with_file("s", "uint32 a 1\n");

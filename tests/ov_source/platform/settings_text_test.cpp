@@ -10,7 +10,7 @@ namespace
 
 using bytes = std::vector<std::uint8_t>;
 
-TEST(settings_text, values_and_keys_of_any_bytes_come_back)
+TEST(settings_text, values_and_keys_of_any_bytes_are_read_back)
 {
     std::string all(256, 'x');
     std::iota(all.begin(), all.end(), '\0');
@@ -33,7 +33,7 @@ TEST(settings_text, values_and_keys_of_any_bytes_come_back)
     }
 }
 
-TEST(settings_text, passes_over_damaged_lines_and_keeps_them)
+TEST(settings_text, ignores_damaged_lines_and_keeps_them)
 {
     for (const std::string line :
          {"# uint32 k 1", "", "uint32", "uint32 k", "uint32 k x", "uint32 k 1 ", "uint32 k 4294967296", "uint32 k -1",

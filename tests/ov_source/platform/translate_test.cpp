@@ -7,7 +7,7 @@ namespace ov1
 namespace
 {
 
-TEST(translate, picks_the_pieces_of_one_language_and_keeps_the_common_text)
+TEST(translate, selects_one_language_and_keeps_the_common_text)
 {
     const struct
     {

@@ -18,7 +18,7 @@ user_environment read(const std::map<std::string, std::string>& variables)
     return read_user_environment(reader, "/opt/veridial/bin", "/passwd/home");
 }
 
-TEST(user_environment, folders_follow_the_variables_and_then_the_home)
+TEST(user_environment, folders_come_from_the_variables_or_the_home)
 {
     const std::string share = "/opt/veridial/share/veridial";
     const std::pair<std::map<std::string, std::string>, std::string> rows[] = {
@@ -34,7 +34,7 @@ TEST(user_environment, folders_follow_the_variables_and_then_the_home)
     EXPECT_EQ(read_user_environment(nothing, "/bin", "").settings_folder, "");
 }
 
-TEST(user_environment, scale_is_a_number_within_reason_or_not_set)
+TEST(user_environment, scale_is_a_number_in_range_or_0)
 {
     const std::pair<const char*, double> rows[] = {{"", 0},   {"2", 2},   {"1.5", 1.5}, {"0.5", 0.5},
                                                    {"4", 4},  {"0.4", 0}, {"4.1", 0},   {"1,5", 0},
@@ -43,7 +43,7 @@ TEST(user_environment, scale_is_a_number_within_reason_or_not_set)
         EXPECT_EQ(read({{"VERIDIAL_SCALE", text}}).scale, scale) << text;
 }
 
-TEST(user_environment, language_is_that_of_the_first_locale_variable_set)
+TEST(user_environment, language_comes_from_the_first_locale_variable_set)
 {
     const std::tuple<const char*, const char*, const char*, bool> rows[] = {{"", "", "", false},
                                                                             {"", "", "de_DE.UTF-8", true},

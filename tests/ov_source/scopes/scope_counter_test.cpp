@@ -30,7 +30,7 @@ std::vector<argb_float> ramps(std::size_t rows)
     return pixels;
 }
 
-TEST(scope_counter, a_ramp_is_a_diagonal_and_its_columns_are_shared_out)
+TEST(scope_counter, a_ramp_is_a_diagonal_and_pixels_are_divided_among_columns)
 {
     const scope_counts counts = counts_of(ramps(3), 256, {256, 64});
     for (std::size_t x = 0; x < 256; ++x)
@@ -46,9 +46,9 @@ TEST(scope_counter, a_ramp_is_a_diagonal_and_its_columns_are_shared_out)
     }
 }
 
-TEST(scope_counter, colours_stand_where_the_standards_formula_puts_them)
+TEST(scope_counter, colours_are_where_the_formula_of_the_standard_puts_them)
 {
-    // Cb = (B - Y) / 1.8556 and Cr = (R - Y) / 1.5748, by hand, times 255 and from 128 on.
+    // Cb = (B - Y) / 1.8556 and Cr = (R - Y) / 1.5748, computed by hand, times 255, plus 128.
     const struct
     {
         const char* name;
@@ -70,7 +70,7 @@ TEST(scope_counter, colours_stand_where_the_standards_formula_puts_them)
     }
 }
 
-TEST(scope_counter, what_lies_outside_counts_at_the_ends_and_what_is_no_number_as_0)
+TEST(scope_counter, values_outside_count_at_the_ends_and_nan_as_0)
 {
     constexpr float infinity = std::numeric_limits<float>::infinity(), nan = std::numeric_limits<float>::quiet_NaN();
     const scope_counts counts =
@@ -79,14 +79,14 @@ TEST(scope_counter, what_lies_outside_counts_at_the_ends_and_what_is_no_number_a
     EXPECT_EQ(counts.histogram.bins[0][255], 1u);
     EXPECT_EQ(counts.histogram.bins[1][255], 2u);
     EXPECT_EQ(counts.histogram.bins[2][0], 3u);
-    EXPECT_EQ(counts.vectorscope.at(30, 12), 2u) << "they are green to the eye";
+    EXPECT_EQ(counts.vectorscope.at(30, 12), 2u) << "they are shown as green";
 }
 
 TEST(scope_counter, sizes_threads_and_other_scopes_change_no_count)
 {
     std::mt19937 random(5);
     std::uniform_real_distribution<float> value(-0.1f, 1.1f);
-    scope_counter counter; // one for all sizes: nothing of the last frame may stay
+    scope_counter counter; // one for all sizes: nothing of the previous frame may remain
     for (const auto& [width, height] : {std::pair(517, 133), std::pair(1, 1), std::pair(257, 64), std::pair(3, 9001)})
     {
         SCOPED_TRACE(width);

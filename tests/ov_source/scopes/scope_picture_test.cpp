@@ -21,7 +21,7 @@ int brightness(const scope_picture& picture, int x, int y)
     return static_cast<int>((p & 255) + (p >> 8 & 255) + (p >> 16 & 255));
 }
 
-/// The place of the brightest pixel among those of a part of a picture.
+/// The position of the brightest pixel in a part of a picture.
 std::pair<int, int> brightest(const scope_picture& picture, const rect& part)
 {
     std::pair<int, int> place{part.x, part.y};
@@ -32,7 +32,7 @@ std::pair<int, int> brightest(const scope_picture& picture, const rect& part)
     return place;
 }
 
-TEST(scope_picture, a_waveform_stands_upright_and_runs_to_the_right)
+TEST(scope_picture, a_waveform_has_level_0_at_the_bottom_and_column_0_at_the_left)
 {
     std::vector<argb_float> dark_to_bright;
     for (const float v : {0.25f, 0.75f})
@@ -40,12 +40,12 @@ TEST(scope_picture, a_waveform_stands_upright_and_runs_to_the_right)
     scope_picture picture;
     picture.reset(40, 120);
     draw_waveform(counts_of(dark_to_bright, 2).waveform, {255, 255, 255}, {0, 0, 40, 120}, 1, picture);
-    // The plot's 110 rows begin 5 below the top; level 191 and 64 of 255 are that far from its lower end.
+    // The plot's 110 rows begin 5 below the top; level 191 and 64 of 255 are measured from its lower end.
     EXPECT_NEAR(brightest(picture, {30, 6, 1, 108}).second, 5 + 109 * 0.25, 1);
     EXPECT_NEAR(brightest(picture, {10, 6, 1, 108}).second, 5 + 109 * 0.75, 1);
 }
 
-TEST(scope_picture, clipped_columns_are_marked_beyond_the_ends_and_no_others)
+TEST(scope_picture, only_clipped_columns_are_marked)
 {
     const std::vector<argb_float> pixels{{1, 0, 0, 0}, {1, 0.5f, 0.5f, 0.5f}, {1, 2, 2, 2}};
     scope_picture picture;
@@ -58,7 +58,7 @@ TEST(scope_picture, clipped_columns_are_marked_beyond_the_ends_and_no_others)
         EXPECT_EQ(brightness(picture, x, y), plain) << x << ", " << y;
 }
 
-TEST(scope_picture, vectorscope_traces_fall_into_their_frames_and_skin_beside_its_line)
+TEST(scope_picture, vectorscope_colours_are_in_their_squares_and_skin_near_its_line)
 {
     const rect area{10, 4, 221, 201};
     for (const argb_float& c :
@@ -78,8 +78,8 @@ TEST(scope_picture, vectorscope_traces_fall_into_their_frames_and_skin_beside_it
     const vectorscope_place full = place_of({0.5f, -0.0458f}, area);
     EXPECT_GT(brightness(blue, static_cast<int>(full.x), static_cast<int>(full.y)), 200);
     EXPECT_LT(brightness(blue, static_cast<int>(full.x) + 5, static_cast<int>(full.y)), 100)
-        << "nothing lies beyond 0.5";
-    // 123 degrees: to the left of the middle by 0.545 and above it by 0.839 of the radius.
+        << "no colour is beyond 0.5";
+    // 123 degrees: 0.545 left of the centre and 0.839 above it, in radii.
     scope_picture with, without;
     for (scope_picture* picture : {&with, &without})
     {
@@ -91,7 +91,7 @@ TEST(scope_picture, vectorscope_traces_fall_into_their_frames_and_skin_beside_it
     EXPECT_GT(brightness(with, x, y), brightness(without, x, y));
 }
 
-TEST(scope_picture, a_lone_pixel_is_seen_and_more_is_brighter)
+TEST(scope_picture, a_single_pixel_is_visible_and_more_are_brighter)
 {
     std::vector<argb_float> pixels(5000, {1, 0.2f, 0.2f, 0.2f});
     pixels[7].g = 0.6f;
@@ -101,7 +101,7 @@ TEST(scope_picture, a_lone_pixel_is_seen_and_more_is_brighter)
     EXPECT_LT(brightness(picture, 5, 100) + 20, brightness(picture, 5, 109)) << "0.6 of 259 rows from the lower end";
 }
 
-TEST(scope_picture, every_size_is_drawn_within_itself)
+TEST(scope_picture, drawing_stays_inside_pictures_of_every_size)
 {
     std::vector<argb_float> pixels;
     for (int i = 0; i < 64; ++i)
@@ -111,7 +111,7 @@ TEST(scope_picture, every_size_is_drawn_within_itself)
          {std::pair(0, 0), std::pair(1, 1), std::pair(3, 11), std::pair(17, 2), std::pair(2, 600), std::pair(601, 31)})
     {
         SCOPED_TRACE(width);
-        scope_picture picture; // the sanitizers watch its ends
+        scope_picture picture; // the sanitizers detect writes outside it
         picture.reset(width, height);
         const rect area{0, 0, width, height};
         draw_waveform(counts.waveform, {255, 255, 255}, area, 2, picture);
@@ -124,7 +124,7 @@ TEST(scope_picture, every_size_is_drawn_within_itself)
     }
 }
 
-TEST(scope_picture, histograms_add_channels_and_keep_small_counts_in_sight)
+TEST(scope_picture, histograms_add_channels_and_show_small_counts)
 {
     std::vector<argb_float> pixels(100, {1, 0.4f, 0.2f, 0.2f}); // levels 102 and 51, no line of the scale
     pixels[0] = {1, 0.6f, 0.2f, 0.2f};
@@ -138,7 +138,7 @@ TEST(scope_picture, histograms_add_channels_and_keep_small_counts_in_sight)
             --y;
         return 204 - y;
     };
-    EXPECT_NEAR(height_at(102), 199, 2) << "99 of the full count of 100, by its root";
+    EXPECT_NEAR(height_at(102), 199, 2) << "99 of the full count of 100, by the square root";
     EXPECT_NEAR(height_at(51), 200, 1);
     EXPECT_NEAR(height_at(153), 20, 1) << "1 of 100";
 }

@@ -1,4 +1,4 @@
-// A window of macOS for an editor.
+// A window for an editor on macOS.
 #pragma once
 
 #include "framework/window.h"
@@ -10,11 +10,11 @@
 namespace ov1
 {
 
-/// Its handle is the window's content view, an NSView. is_open may be asked from any thread.
+/// The native handle is the window's content view, an NSView. is_open may be called on any thread.
 class cocoa_window final : public window
 {
 public:
-    /// Shown at once, in the middle of the screen. Needs the application; the main thread.
+    /// Visible at once, in the middle of the screen. Needs an NSApplication. Main thread only.
     cocoa_window(const rect& size, const std::string& title);
     ~cocoa_window() override;
     cocoa_window(const cocoa_window&) = delete;
@@ -26,7 +26,7 @@ public:
     void begin_modal() override;
     void end_modal() override;
     bool is_modal() const override;
-    /// Runs the modal session once, then the main run loop and the thread's own.
+    /// Runs the modal session once, then the main run loop and the thread's run loop.
     void pop_pending_messages() override;
     void set_pump_hook(std::function<void()> hook) override;
     void raise() override;

@@ -8,7 +8,7 @@
 namespace
 {
 
-/// What the window's delegate tells; outlives the window.
+/// What the window's delegate reports; outlives the window.
 struct window_news
 {
     std::atomic<bool> open = true;
@@ -17,7 +17,7 @@ struct window_news
 
 } // namespace
 
-/// Takes note of what the user does to the window.
+/// Records what the user does to the window.
 @interface cocoa_window_delegate : NSObject
 {
     window_news* news;
@@ -58,7 +58,7 @@ namespace
 {
 
 constexpr NSTimeInterval longest_wait = 0.025; // seconds
-// The least contents that the editor's layout fits into.
+// The smallest content that fits the layout of the editor.
 constexpr double least_width = 1024, least_height = 528;
 constexpr NSUInteger style =
     NSWindowStyleMaskTitled | NSWindowStyleMaskClosable | NSWindowStyleMaskMiniaturizable | NSWindowStyleMaskResizable;
@@ -85,7 +85,7 @@ cocoa_window::cocoa_window(const rect& size, const std::string& title)
                                                      backing:NSBackingStoreBuffered
                                                        defer:NO];
         [held->window setTitle:[NSString stringWithUTF8String:title.c_str()]];
-        [held->window setReleasedWhenClosed:NO]; // it is ours
+        [held->window setReleasedWhenClosed:NO]; // owned by this object
         [held->window setContentMinSize:NSMakeSize(least_width, least_height)];
         [held->window setDelegate:static_cast<id>(held->delegate)];
         [held->window center];
@@ -144,7 +144,7 @@ void cocoa_window::pop_pending_messages()
             if (answer == NSModalResponseStop || answer == NSModalResponseAbort)
                 end_modal();
         }
-        // The pause between two turns, which input ends; the event stays for the next one.
+        // Waits for input; the event stays in the queue for the next call.
         [NSApp nextEventMatchingMask:static_cast<NSEventMask>(NSUIntegerMax)
                            untilDate:[NSDate dateWithTimeIntervalSinceNow:longest_wait]
                               inMode:NSModalPanelRunLoopMode

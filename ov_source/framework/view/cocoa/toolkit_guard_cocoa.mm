@@ -9,17 +9,18 @@
 namespace ov1
 {
 
-/// The system has the run loop and the connection to the desktop; windows are made by who links them.
+/// Empty: the system provides the run loop and the connection to the desktop. Programs that link cocoa_window install
+/// it.
 struct toolkit_guard::parts
 {
 };
 
-toolkit_guard::parts* toolkit_guard::running = nullptr; // nothing to look up: the system keeps it all
+toolkit_guard::parts* toolkit_guard::running = nullptr; // not needed: the system keeps everything
 
 toolkit_guard::toolkit_guard()
     : held(std::make_unique<parts>())
 {
-    VSTGUI::init(CFBundleGetMainBundle()); // where the toolkit finds its pictures
+    VSTGUI::init(CFBundleGetMainBundle()); // the toolkit reads its pictures there
 }
 
 toolkit_guard::~toolkit_guard() { VSTGUI::exit(); }

@@ -12,7 +12,7 @@ namespace ov1
 namespace
 {
 
-/// The toolkit's pixels on Linux are premultiplied, blue first.
+/// On Linux the toolkit's pixels are premultiplied, blue first.
 std::uint32_t straight(const std::uint8_t* bgra)
 {
     const std::uint32_t alpha = bgra[3];

@@ -1,4 +1,4 @@
-// A picture of the resources as window managers want their icons.
+// A picture from the resources in the format of window icons.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace ov1
 {
 
 /// Width, height, then the pixels by rows from the top, each 0xAARRGGBB with straight alpha (EWMH, _NET_WM_ICON).
-/// Empty when the resources hold no such picture. name is without ".png".
+/// Empty if the resources have no such picture. name has no ".png".
 std::vector<std::uint32_t> read_icon_pixels(const std::string& name);
 
 } // namespace ov1

@@ -28,7 +28,7 @@ bool poll_run_loop::unregisterTimer(toolkit_timer_handler* handler)
     return std::erase_if(timers, [&](const timer& t) { return t.handler == handler; }) > 0;
 }
 
-void poll_run_loop::turn(std::chrono::milliseconds longest_wait)
+void poll_run_loop::run_once(std::chrono::milliseconds longest_wait)
 {
     wait(longest_wait);
     call_event_handlers();
@@ -48,8 +48,8 @@ void poll_run_loop::wait(std::chrono::milliseconds longest)
 
 void poll_run_loop::call_event_handlers()
 {
-    // All of them, whether their descriptor has spoken or not: an answer that was waited for leaves later events in the
-    // connection's own queue, where poll cannot see them.
+    // All handlers, readable or not: waiting for a reply may have moved later events into the connection's own queue,
+    // where poll cannot see them.
     const auto present = descriptors;
     for (const descriptor& d : present)
         if (std::ranges::any_of(descriptors, [&](const descriptor& now) { return now.id == d.id; }))

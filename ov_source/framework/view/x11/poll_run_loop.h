@@ -1,4 +1,4 @@
-// The toolkit's run loop on Linux: file descriptors and timers of all editors of the process, served by poll.
+// The toolkit's run loop on Linux: polls the file descriptors and timers of all editors of the process.
 #pragma once
 
 #include "vstgui/lib/platform/iplatformframe.h"
@@ -24,8 +24,8 @@ using toolkit_event_handler = VSTGUI::X11::IEventHandler;
 using toolkit_timer_handler = VSTGUI::X11::ITimerHandler;
 #endif
 
-/// Belongs to one thread. Handlers and timers may come and go while a turn runs, and a handler may run turns of its
-/// own, as a modal question does.
+/// Used on one thread. Handlers and timers may be added and removed while run_once runs, and a handler may call
+/// run_once itself, as a modal question does.
 class poll_run_loop final : public VSTGUI::AtomicReferenceCounted, public toolkit_run_loop
 {
 public:
@@ -34,8 +34,8 @@ public:
     bool registerTimer(std::uint64_t period_ms, toolkit_timer_handler* handler) override;
     bool unregisterTimer(toolkit_timer_handler* handler) override;
 
-    /// Waits for input, a timer, or at most so long, and calls what is due.
-    void turn(std::chrono::milliseconds longest_wait);
+    /// Waits for input or a timer, at most the given time, and calls what is due.
+    void run_once(std::chrono::milliseconds longest_wait);
 
 private:
     using clock = std::chrono::steady_clock;

@@ -16,7 +16,7 @@ namespace ov1
 namespace
 {
 
-/// Answers of the server are freed by who asked.
+/// The caller frees the reply of the server.
 struct free_answer
 {
     void operator()(void* p) const { std::free(p); }
@@ -43,7 +43,7 @@ x11_atoms intern_atoms(xcb_connection_t* connection)
     return {got[0], got[1], got[2], got[3], got[4], got[5], got[6], got[7]};
 }
 
-/// Of the events that our windows select, all that belong to one.
+/// The window of an event, for the events that our windows select.
 xcb_window_t window_of(const xcb_generic_event_t& event)
 {
     switch (event.response_type & 0x7f)
@@ -143,11 +143,11 @@ void x11_desktop::onEvent()
 
 void x11_desktop::lose_server()
 {
-    // The dead descriptor would wake poll for ever.
+    // The closed descriptor would wake poll forever.
     is_lost = true;
     loop->unregisterEventHandler(this);
-    const auto told = listeners;
-    for (const auto& [id, listener] : told)
+    const auto notified = listeners;
+    for (const auto& [id, listener] : notified)
         listener(nullptr);
 }
 
@@ -181,7 +181,7 @@ rect x11_desktop::get_monitor_size(xcb_window_t window)
 
 std::optional<double> x11_desktop::get_dpi()
 {
-    // Desktops keep it in the root window's resource texts, a line "Xft.dpi:\t96".
+    // Desktops store it in a resource text of the root window, as the line "Xft.dpi:\t96".
     constexpr std::uint32_t longest_in_words = 16 * 1024;
     const auto reply = own(xcb_get_property_reply(
         connection,

@@ -1,4 +1,4 @@
-// Our own connection to the X server: the windows that editors live in, screens and their resolution.
+// Our own connection to the X server: events of editor windows, screens and their resolution.
 #pragma once
 
 #include "framework/view/x11/poll_run_loop.h"
@@ -16,20 +16,20 @@
 namespace ov1
 {
 
-/// Atoms of the conventions for window managers that we speak.
+/// Atoms of the window manager conventions that we use (ICCCM, EWMH).
 struct x11_atoms
 {
     xcb_atom_t wm_protocols, wm_delete_window, utf8_string, net_wm_name, net_wm_icon, net_wm_state, net_wm_state_modal,
         net_active_window;
 };
 
-/// Belongs to the editor's thread.
+/// Used on the editor's thread only.
 class x11_desktop final : public toolkit_event_handler
 {
 public:
     using event_listener = std::function<void(const xcb_generic_event_t& event)>;
 
-    /// Null when no X server can be reached.
+    /// Null if no X server can be reached.
     static std::unique_ptr<x11_desktop> connect(VSTGUI::SharedPointer<poll_run_loop> loop);
     ~x11_desktop() noexcept;
     x11_desktop(const x11_desktop&) = delete;
@@ -39,15 +39,15 @@ public:
     const xcb_screen_t& get_screen() const { return *screen; }
     const x11_atoms& get_atoms() const { return atoms; }
 
-    /// Events of one window go to its listener; a null event says that the server is gone.
+    /// Sends the events of a window to its listener; a null event means that the connection is lost.
     void add_window(xcb_window_t id, std::function<void(const xcb_generic_event_t*)> listener);
     void remove_window(xcb_window_t id);
-    /// Returns when the server has done all that it was asked.
+    /// Returns after the server has processed all requests.
     void round_trip();
 
-    /// Size in pixels of the monitor that shows most of the window, or of the main one for none.
+    /// Size in pixels of the monitor that shows most of the window, or of the main monitor for none.
     rect get_monitor_size(xcb_window_t window);
-    /// What the desktop's settings say; nothing when they are silent.
+    /// From the desktop's settings; nothing if they have no value.
     std::optional<double> get_dpi();
 
 private:

@@ -16,7 +16,7 @@ namespace
 
 constexpr std::chrono::milliseconds longest_wait(25);
 
-/// WM_NORMAL_HINTS as the window managers' conventions lay it out (ICCCM 4.1.2.3).
+/// The layout of WM_NORMAL_HINTS (ICCCM 4.1.2.3).
 struct size_hints
 {
     static constexpr std::uint32_t has_least_size = 1 << 4;
@@ -49,7 +49,7 @@ x11_window::x11_window(x11_desktop& desktop, poll_run_loop& loop, const std::str
     set_properties(icon, size, title);
     desktop.add_window(id, [this](const xcb_generic_event_t* event) { take_event(event); });
     xcb_map_window(desktop.get_connection(), id);
-    // The toolkit makes its window within ours over a connection of its own: the server must know ours first.
+    // The toolkit creates its window inside ours over its own connection, so the server must have created ours first.
     desktop.round_trip();
 }
 
@@ -122,7 +122,7 @@ void x11_window::pop_pending_messages()
 {
     if (pump_hook)
         pump_hook();
-    loop.turn(longest_wait);
+    loop.run_once(longest_wait);
 }
 
 void x11_window::raise()
@@ -130,7 +130,7 @@ void x11_window::raise()
     xcb_connection_t* const connection = desktop.get_connection();
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(connection, id, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-    // A window manager is asked, since it decides who has the keyboard (EWMH, _NET_ACTIVE_WINDOW).
+    // The window manager decides which window has the keyboard focus (EWMH, _NET_ACTIVE_WINDOW).
     xcb_client_message_event_t request{};
     request.response_type = XCB_CLIENT_MESSAGE;
     request.format = 32;

@@ -12,11 +12,11 @@
 namespace ov1
 {
 
-/// Its handle is the window's number. is_open may be asked from any thread.
+/// The native handle is the X11 window id. is_open may be called on any thread.
 class x11_window final : public window
 {
 public:
-    /// parent is the handle of another window, or null. The desktop and the loop outlive the window.
+    /// parent is the handle of another window, or null. Desktop and loop must outlive the window.
     x11_window(x11_desktop& desktop, poll_run_loop& loop, const std::string& icon, const rect& size,
                const std::string& title, void* parent);
     ~x11_window() override;

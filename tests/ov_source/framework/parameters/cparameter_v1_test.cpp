@@ -15,7 +15,7 @@ constexpr float inf = std::numeric_limits<float>::infinity();
 constexpr int low = std::numeric_limits<int>::min();
 constexpr int high = std::numeric_limits<int>::max();
 
-TEST(cparameter_v1, clamps_then_tells_host_and_view)
+TEST(cparameter_v1, clamps_then_notifies_host_and_view)
 {
     stage s;
     const std::shared_ptr<iparameter_v1> amount = s.component->amount;
@@ -26,12 +26,13 @@ TEST(cparameter_v1, clamps_then_tells_host_and_view)
         SCOPED_TRACE(candidate);
         s.component->amount->set_value(candidate, edit);
         EXPECT_EQ(s.component->amount->get_value(), value);
-        EXPECT_EQ(s.host->events.take(), (told{{edit ? event_kind::edited : event_kind::changed, make_uid("Amount")}}));
+        EXPECT_EQ(s.host->events.take(),
+                  (sent_events{{edit ? event_kind::edited : event_kind::changed, make_uid("Amount")}}));
         EXPECT_EQ(s.view->controls.take(), std::vector(view_told, std::pair(amount, edit)));
     }
 }
 
-TEST(cparameter_v1, drops_what_is_not_valid_and_tells_nobody)
+TEST(cparameter_v1, ignores_invalid_values_and_notifies_nobody)
 {
     stage s;
     test_component& c = *s.component;
@@ -49,7 +50,7 @@ TEST(cparameter_v1, drops_what_is_not_valid_and_tells_nobody)
     EXPECT_TRUE(s.host->events.take().empty() && s.view->controls.take().empty());
 }
 
-TEST(cparameter_v1, drops_every_set_while_disabled)
+TEST(cparameter_v1, ignores_every_set_while_disabled)
 {
     stage s;
     cparameter_continuous_v1& amount = *s.component->amount;
@@ -61,8 +62,9 @@ TEST(cparameter_v1, drops_every_set_while_disabled)
     amount.set_value_normalized(0.75f, true);
     amount.reset_to_default();
     EXPECT_EQ(amount.get_value(), 20);
-    EXPECT_TRUE(amount.get_is_reset()) << "noted although the set was dropped";
-    EXPECT_EQ(s.host->events.take(), (told{{event_kind::enabled_changed, make_uid("Amount")}})) << "told once";
+    EXPECT_TRUE(amount.get_is_reset()) << "true although the set was ignored";
+    EXPECT_EQ(s.host->events.take(), (sent_events{{event_kind::enabled_changed, make_uid("Amount")}}))
+        << "notified once";
     amount.set_enabled(true);
     amount.set_value(30, true);
     EXPECT_EQ(amount.get_value(), 30);
@@ -105,7 +107,7 @@ TEST(cparameter_v1, takes_default_and_bounds_from_the_candidate)
     EXPECT_EQ(steps.get_value(), 90);
 }
 
-TEST(cparameter_v1, maps_between_its_bounds)
+TEST(cparameter_v1, maps_normalized_values_to_its_bounds)
 {
     const std::tuple<int, int, float, int> rows[] = {{-10, 10, 0.26f, -4}, {-10, 10, 0.74f, 4},   {-10, 10, 1.5f, 10},
                                                      {-10, 10, -1, -10},   {-10, 10, inf, 10},    {low, high, 0, low},
@@ -149,7 +151,7 @@ TEST(cparameter_v1, reads_and_writes_texts_of_valid_records_only)
     EXPECT_EQ(amount.get_value(), 50) << "reading sets nothing";
 }
 
-TEST(cparameter_v1, holds_no_lock_while_others_are_told)
+TEST(cparameter_v1, holds_no_lock_during_notifications)
 {
     stage s;
     float seen = 0;

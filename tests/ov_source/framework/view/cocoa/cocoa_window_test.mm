@@ -1,4 +1,4 @@
-// Run under an X server of the tests' own.
+// Run under a private X server.
 #include "framework/view/cocoa/cocoa_window.h"
 
 #import <AppKit/AppKit.h>
@@ -19,7 +19,7 @@ struct cocoa_window_test : ::testing::Test
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
 };
 
-TEST_F(cocoa_window_test, is_open_from_its_making_until_the_user_or_the_program_closes_it)
+TEST_F(cocoa_window_test, is_open_until_the_user_or_the_program_closes_it)
 {
     cocoa_window by_user({0, 0, 1030, 540}, "Größe"), by_program({0, 0, 1030, 540}, "B");
     EXPECT_TRUE(by_user.is_open() && by_program.is_open());
@@ -32,7 +32,7 @@ TEST_F(cocoa_window_test, is_open_from_its_making_until_the_user_or_the_program_
     EXPECT_FALSE([native(by_program) isVisible]);
 }
 
-TEST_F(cocoa_window_test, a_modal_session_ends_with_the_window_and_the_hook_turns_in_every_pump)
+TEST_F(cocoa_window_test, a_modal_session_ends_with_the_window_and_every_pump_calls_the_hook)
 {
     cocoa_window w({0, 0, 1030, 540}, "A");
     int turns = 0;
@@ -53,7 +53,7 @@ TEST_F(cocoa_window_test, a_modal_session_ends_with_the_window_and_the_hook_turn
     EXPECT_FALSE(w.is_modal()) << "a closed window is not";
 }
 
-TEST_F(cocoa_window_test, a_new_size_is_told_in_pixels_of_the_contents)
+TEST_F(cocoa_window_test, a_new_size_is_reported_in_pixels_of_the_content)
 {
     cocoa_window w({0, 0, 1030, 540}, "A");
     int width = 0, height = 0;
