@@ -45,7 +45,7 @@ std::optional<std::vector<std::string>> list_presets(const std::string& folder)
     std::vector<std::string> files, names;
     if (!iutils::get_instance().list_dir(folder, &files, nullptr, false))
         return std::nullopt;
-    for (const std::string& file : files)
+    for (const std::string& file : files) // names that no operation would accept are left out
     {
         if (!file.ends_with(extension))
             continue;
@@ -153,6 +153,7 @@ result<> preset_manager::load(const std::string& name)
     return apply_preset(*std::move(content), *effect);
 }
 
+/// The text is made in memory first, so that a failure leaves no half-written file.
 result<> preset_manager::save(const std::string& name, bool overwrite)
 {
     const auto effect = component.lock();

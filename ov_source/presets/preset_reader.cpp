@@ -106,6 +106,7 @@ const char* name_of_value(param_type type)
     }
 }
 
+/// Numbers beyond the range of float are limited to it; the parameter's bounds limit them further.
 float float_of(const json_value& v)
 {
     constexpr double largest = std::numeric_limits<float>::max();
@@ -201,12 +202,14 @@ result<std::vector<std::uint8_t>> read_state_bytes(const json_value& root)
     return state;
 }
 
+/// Whether the user is dragging a control of the open view: undo, redo and loading wait for the end of a gesture.
 bool is_held(icomponent_v1& component)
 {
     const auto view = component.get_view();
     return view && view->is_open() && view->is_editing();
 }
 
+/// A parameter that was renamed since has another name under the same id, or the same name under another id.
 void apply_entry(const preset_entry& entry, icomponent_v1& component)
 {
     const auto parameter = component.get_parameter(entry.id);
@@ -243,6 +246,8 @@ std::vector<uid> decided_by_state(const std::vector<state_record>& records, icom
     return decided;
 }
 
+/// In the format's order: defaults, entries, state. The guard keeps the coupling of chroma and lightness from changing
+/// the values that were saved.
 void restore_preset(preset_content& content, const std::vector<state_record>& records, icomponent_v1& component)
 {
     const restore_guard restoring(component);
@@ -300,6 +305,7 @@ result<> apply_preset(preset_content content, icomponent_v1& component)
         return invalid("a control is being moved");
     if (auto accepted = check_preset(content, component); !accepted)
         return accepted;
+    // Read before the history moves: what is refused leaves no empty step, and keeps what can be redone.
     if (!read_state(content.state, records))
         return invalid("not a state");
     component.save_state(true);

@@ -85,6 +85,7 @@ const preset_choice* preset_session::get_own_current() const
     return current && !current->is_bundled ? &*current : nullptr;
 }
 
+/// The bypass is left out: it belongs to the session and not to the look.
 void preset_session::set_current(const preset_choice& choice, icomponent_v1& effect)
 {
     forget_current();
@@ -94,6 +95,7 @@ void preset_session::set_current(const preset_choice& choice, icomponent_v1& eff
             values.push_back({parameter->get_uid(), parameter->get_param_value().value});
 }
 
+/// Called at every event of a drag: one value is read and compared, and the others are known from before.
 bool preset_session::parameter_changed(iparameter_v1& parameter)
 {
     const auto found = std::ranges::find(values, parameter.get_uid(), &preset_value::id);

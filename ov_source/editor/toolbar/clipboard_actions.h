@@ -16,6 +16,7 @@ class clipboard_actions
 public:
     clipboard_actions(std::weak_ptr<icomponent_v1> component, const editor_dialogs& dialogs, history_actions& history);
 
+    /// Other editors of the user, in this or another process, can paste the grade.
     void copy() const;
     /// One undo step.
     void paste() const;

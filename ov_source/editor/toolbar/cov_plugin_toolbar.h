@@ -39,18 +39,23 @@ public:
     void setDiscardAction(std::function<void()> action) { discard = std::move(action); }
     void setWindow(std::weak_ptr<window> window) { opened = std::move(window); }
 
+    // What the buttons do, for keys and for the other parts of the editor. Without a component they do nothing.
     preset_actions& getPresets() { return presets; }
     history_actions& getHistory() { return history; }
     lut_export_action& getLutExport() { return lut_export; }
     const clipboard_actions& getClipboard() const { return clipboard; }
 
+    /// Every value to its default; no preset is current afterwards.
     void resetGrade();
     void toggleBypass();
+    /// In the user's web browser.
     void openManual();
+    /// Closes the window; the session then closes the view. Discarding runs the discard action instead.
     void closeEditor(bool discard_changes);
 
     /// Shows what can be undone and deleted, and whether the effect is bypassed.
     void idle();
+    /// Updates the star. Reads this one parameter only: it is called at every event of a drag.
     void parameter_changed(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
 
     void valueChanged(VSTGUI::CControl* control) override;
@@ -90,7 +95,7 @@ private:
     clipboard_actions clipboard;
     std::function<void()> discard;
     std::function<void()> preset_chooser;
-    bool shift_is_held = false;
+    bool shift_is_held = false; ///< at the last press
 
     COVRoundedGreyButton* preset_button = nullptr;
     std::array<COVButton*, static_cast<std::size_t>(tool::count)> buttons{};

@@ -16,8 +16,8 @@ namespace ov1
 struct editor_question
 {
     std::string title;
-    std::string message;
-    std::string yes;
+    std::string message;                          ///< or the label of the text field
+    std::string yes;                              ///< the button that agrees; the Return key presses it
     std::string no = "{en:Cancel}{de:Abbrechen}"; ///< empty for no second button
 };
 
@@ -40,6 +40,7 @@ public:
 
     /// Shows a message: the lead, a localised literal, and the reason of the failure after it.
     void report(const std::string& title, const std::string& lead, const failure& why) const;
+    /// Shows a message; both texts are localised literals or plain text.
     void show(const std::string& title, const std::string& message) const;
 
     /// Runs the toolkit's loop until the question is answered. False if the frame is closed first.

@@ -22,8 +22,10 @@ public:
     /// What undo and redo do instead of stepping on the component's own history; an empty one leaves its step as it is.
     void set_callbacks(std::function<void()> on_undo, std::function<void()> on_redo);
 
+    /// One step; nothing at the ends of the history and during a drag.
     void undo();
     void redo();
+    /// Always true with a callback.
     bool can_undo() const;
     bool can_redo() const;
 

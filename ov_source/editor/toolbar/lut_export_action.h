@@ -19,7 +19,8 @@ enum class lut_file
     threedl_17 ///< .3dl with 17 points per axis
 };
 
-/// Writes the table of the present grade. An existing file is replaced whole.
+/// Writes the table of the present grade, brought up to date first. An existing file is replaced whole. Failures name
+/// no subject.
 result<> write_lut(icomponent_v1& component, const std::string& path, lut_file kind);
 
 /// The dialogs outlive it. Belongs to the editor's thread.
