@@ -221,6 +221,26 @@ TEST_F(preset_reader, a_state_without_a_number_leaves_the_default)
     EXPECT_EQ(on.component->amount->get_value(), 50);
 }
 
+/// Maps a former parameter to "Steps" by the value that "Amount" has at that moment.
+struct mapping_component : test_component
+{
+    void handle_unknown_parameter(uid, const param_value&, bool edit) override
+    {
+        steps->set_value(static_cast<std::int32_t>(amount->get_value() / 10), edit);
+    }
+};
+
+TEST(preset_reader_mapping, a_former_parameter_meets_the_defaults_and_not_the_old_grade)
+{
+    const auto component = std::make_shared<mapping_component>();
+    component->initialize(std::make_shared<chost_v1>(component));
+    component->amount->set_value(80, false);
+    const state_record records[] = {continuous_record("Former", 1), continuous_record("Amount", 20)};
+    ASSERT_TRUE(apply_preset({{}, write_state(records)}, *component));
+    EXPECT_EQ(component->steps->get_value(), 5) << "the default of 50 and not 80";
+    EXPECT_EQ(component->amount->get_value(), 20);
+}
+
 struct preset_round_trip : testing::Test, effect_stage
 {
     void expect_round_trip()
