@@ -1,6 +1,5 @@
 #include "effect/lut/integer_hsl.h"
 
-#include "effect/lut/angle_weights.h"
 #include "effect/lut/skin_square.h"
 
 #include <cmath>
@@ -58,21 +57,6 @@ TEST(integer_hsl, hue_comes_back_from_the_hexcone)
         EXPECT_NEAR(hexcone_hue(c), hue, 1.6) << hue;
     }
     EXPECT_EQ(hexcone_hue({7, 7, 7}), 0.0);
-}
-
-TEST(angle_weights, sit_at_the_quarters_and_sum_to_one)
-{
-    const std::pair<double, std::array<double, 4>> rows[] = {
-        {0, {1, 0, 0, 0}},   {90, {0, 1, 0, 0}},     {180, {0, 0, 1, 0}},     {270, {0, 0, 0, 1}},
-        {360, {1, 0, 0, 0}}, {45, {0.5, 0.5, 0, 0}}, {315, {0.5, 0, 0, 0.5}},
-    };
-    for (const auto& [angle, weights] : rows)
-        EXPECT_EQ(angle_weights(angle), weights) << angle;
-    for (double angle = 0; angle <= 360; angle += 0.7)
-    {
-        const auto w = angle_weights(angle);
-        EXPECT_NEAR(w[0] + w[1] + w[2] + w[3], 1.0, 1e-12) << angle;
-    }
 }
 
 TEST(skin_square, reaches_sides_and_corners_and_is_unbroken)

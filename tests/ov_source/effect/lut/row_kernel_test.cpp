@@ -17,23 +17,11 @@ namespace
 
 using layout = render_table::layout;
 
-constexpr std::array unusual = {0.0f,
-                                -0.0f,
-                                1.0f,
-                                -1.0f,
-                                0.0625f,
-                                0.99999994f,
-                                0.93749994f, // just below a grid point
-                                1.0000001f,
-                                1e-40f, // subnormal
-                                -1e-40f,
-                                1e-20f,
-                                3e38f,
-                                -3e38f,
-                                std::numeric_limits<float>::infinity(),
-                                -std::numeric_limits<float>::infinity(),
-                                std::numeric_limits<float>::quiet_NaN(),
-                                -std::numeric_limits<float>::quiet_NaN()};
+constexpr float inf = std::numeric_limits<float>::infinity(), nan = std::numeric_limits<float>::quiet_NaN();
+
+/// Among them the floats beside grid points, and subnormals.
+constexpr std::array unusual = {0.0f,    -0.0f,  1.0f,  -1.0f,  0.0625f, 0.99999994f, 0.93749994f, 1.0000001f, 1e-40f,
+                                -1e-40f, 1e-20f, 3e38f, -3e38f, inf,     -inf,        nan,         -nan};
 
 /// Every entry differs, alpha too; with a wide range also in magnitude, so that halfs underflow and overflow.
 lut_argb<17> scrambled(bool wide_range = false)
@@ -65,6 +53,14 @@ std::vector<argb_float> pixels(std::size_t count, unsigned seed)
     return row;
 }
 
+std::vector<argb_float> looked_up(const lut_argb<17>& table, const std::vector<argb_float>& row)
+{
+    std::vector<argb_float> colours;
+    for (const argb_float& pixel : row)
+        colours.push_back(table.lookup(pixel));
+    return colours;
+}
+
 template <class sample>
 bool same_bits(const sample* a, const sample* b, std::size_t count)
 {
@@ -90,9 +86,7 @@ TEST(row_kernel, rows_of_floats_have_the_bits_of_lookup)
 {
     const auto in = pixels(100'000, 1);
     const lut_argb<17> table = scrambled();
-    std::vector<argb_float> wanted;
-    for (const argb_float& pixel : in)
-        wanted.push_back(table.lookup(pixel));
+    const auto wanted = looked_up(table, in);
     everywhere(table,
                [&](const render_table& rendered)
                {
@@ -107,9 +101,7 @@ TEST(row_kernel, every_width_and_alignment_gives_the_same_bits_and_writes_nothin
     constexpr std::size_t widest = 300;
     const auto in = pixels(widest, 2);
     const lut_argb<17> table = scrambled();
-    std::vector<argb_float> wanted;
-    for (const argb_float& pixel : in)
-        wanted.push_back(table.lookup(pixel));
+    const auto wanted = looked_up(table, in);
     const argb_float untouched{9, 9, 9, 9};
     everywhere(table,
                [&](const render_table& rendered)

@@ -27,22 +27,6 @@ TEST(lut, no_points_and_points_that_stay_give_the_identity)
     EXPECT_EQ(bent({{grey, grey, 140, 0}}).get_entries(), table().get_entries());
 }
 
-TEST(lut, a_point_moves_its_source_by_its_whole_offset_and_fades_linearly)
-{
-    // radius 1 + 255 * t with R = 510 t + 2: t = 0.2 gives R = 104 and a reach of 10,816.
-    const argb_float source{0, 4 * step, 8 * step, 12 * step};
-    const lut<17> t = bent({{source, {0, source.r + 1000, source.g - 2000, source.b + 3000}, 52, 0}});
-    const auto moved = [&](std::size_t g, std::size_t b, float argb_float::* channel)
-    { return (t.get_direct(4, g, b).*channel - table().get_direct(4, g, b).*channel) * 65535; };
-    // Tolerance: the falloff has 65,535 steps and an offset of 3,000; entries are floats near 1.
-    constexpr float tolerance = 0.05f;
-    EXPECT_NEAR(moved(8, 12, &argb_float::r), 1000, tolerance);
-    EXPECT_NEAR(moved(8, 12, &argb_float::g), -2000, tolerance);
-    EXPECT_NEAR(moved(8, 12, &argb_float::b), 3000, tolerance);
-    EXPECT_NEAR(moved(9, 12, &argb_float::b), 3000 * (1 - step / 10816), tolerance);
-    EXPECT_EQ(moved(8, 9, &argb_float::r), 0) << "three steps are farther than the reach";
-}
-
 TEST(lut, radius_and_values_are_limited_and_offsets_add_up)
 {
     const argb_float source{0, 5 * step, 5 * step, 5 * step};

@@ -38,13 +38,6 @@ void modify(table& t, const amounts& by)
                                  moved(&argb_float::g, -0.05f));
 }
 
-/// The grid point that is most skin.
-std::size_t skin_entry()
-{
-    const auto& weights = lut_masks::select_skintones.weights;
-    return static_cast<std::size_t>(std::ranges::max_element(weights) - weights.begin());
-}
-
 TEST(modify_skin_tones, nothing_asked_for_leaves_every_bit)
 {
     table odd;
@@ -57,58 +50,6 @@ TEST(modify_skin_tones, nothing_asked_for_leaves_every_bit)
     EXPECT_EQ(odd, before);
     modify(odd, {0, 0.024, 0, 0}); // 0.96 percent of chroma, whole percents act
     EXPECT_EQ(odd, before);
-}
-
-TEST(modify_skin_tones, signs_choose_the_reference_and_protection_comes_first)
-{
-    const std::size_t i = skin_entry();
-    const float w = lut_masks::select_skintones.weights[i];
-    ASSERT_GT(w, 0.95f);
-    const std::tuple<const char*, amounts, float, float, float> rows[] = {
-        {"yellowish", {0, 0, 0.5, 0}, -0.01f, 0, 0},
-        {"reddened", {0, 0, -1, 0}, 0, 0.03f, 0},
-        {"lighter", {0, 0, 0, 1}, 0, 0, 0.04f},
-        {"darker", {0, 0, 0, -0.5}, 0, -0.025f, 0},
-        {"two at once", {0, 0, 1, -1}, -0.02f, -0.05f, 0},
-        {"none", {1, 0, 0, 0}, 0, 0, 0},
-    };
-    const argb_float still = table().get_entries()[i];
-    for (const auto& [name, asked, r, g, b] : rows)
-        for (const double protect : {0.0, 0.25, 1.0})
-        {
-            SCOPED_TRACE(name);
-            table graded = moved(&argb_float::r, -0.1f);
-            amounts by = asked;
-            by.protect = protect;
-            modify(graded, by);
-            const argb_float got = graded.get_entries()[i];
-            const float left = 1.0f - w * static_cast<float>(protect);
-            EXPECT_NEAR(got.r, still.r - 0.1f * left + w * r, 1e-6);
-            EXPECT_NEAR(got.g, still.g + w * g, 1e-6);
-            EXPECT_NEAR(got.b, still.b + w * b, 1e-6);
-        }
-}
-
-TEST(modify_skin_tones, a_chroma_push_moves_nothing_outside_the_mask)
-{
-    const table before = moved(&argb_float::r, -0.1f);
-    for (const double push : {1.0, -1.0})
-    {
-        table t = before;
-        lut_utils::add(t, table(), 1.0f, true); // the limits that a push sets are not the matter here
-        const table limited = t;
-        modify(t, {0, push, 0, 0});
-        double inside = 0.0;
-        for (std::size_t i = 0; i < t.get_entries().size(); ++i)
-        {
-            const argb_float &got = t.get_entries()[i], &was = limited.get_entries()[i];
-            const double change = (got.r - got.b) - (was.r - was.b);
-            const double selected = 1.0 - lut_masks::select_skintones_extreme.weights[i];
-            ASSERT_LE(std::abs(change), selected > 0.0 ? 0.42 : 1e-6) << i;
-            inside = push > 0 ? std::max(inside, change) : std::min(inside, change);
-        }
-        EXPECT_GT(inside * push, 0.2); // of 0.4 asked for
-    }
 }
 
 rgb_double graded(const table& t, const rgb_double& c)
