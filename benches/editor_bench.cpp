@@ -43,6 +43,7 @@ public:
     {
         component->initialize(std::make_shared<chost_v1>(component));
         const grade_settings settings = everything_active();
+        // From 1 on: parameter 0 is the bypass.
         for (std::size_t i = 1; i < parameter_count; ++i)
             set_value(static_cast<int>(i), settings.settings[i].value);
         std::memcpy(source->pixels(), frame_pixels.pixels.data(), frame_pixels.pixels.size() * sizeof(argb_float));
@@ -77,6 +78,7 @@ public:
         return most;
     }
 
+    /// A drag as the host runs it: set a value, build, render the preview, draw.
     void step()
     {
         move_wheel();
@@ -90,6 +92,7 @@ public:
         drawn->endDraw();
     }
 
+    /// The same without the view: plain build, plain pixels, one bitmap.
     void plain_step()
     {
         move_wheel();

@@ -10,6 +10,7 @@ namespace ov1::bench
 namespace
 {
 
+/// Nearly uniform, 0..1. Distributions of the standard library differ from one library to another.
 float next(std::minstd_rand& engine) { return static_cast<float>(engine()) / static_cast<float>(engine.max()); }
 
 /// A wave along an axis, -1..1.
@@ -45,6 +46,7 @@ frame make_frame(content what, std::size_t width, std::size_t height)
             paint(picture, channel, phase);
     const float grain = what == content::natural ? 0.03f : 1.0f;
     const float middle = what == content::natural ? 0.5f : 0.0f;
+    // The standard fixes its numbers: the same grain everywhere.
     std::minstd_rand engine(3840);
     for (argb_float& pixel : picture.pixels)
         for (const auto& [channel, phase] : channels)

@@ -15,12 +15,14 @@ enum class content
     random,  ///< every pixel is an independent random colour
 };
 
+/// A picture in memory.
 struct frame
 {
     std::size_t width;
     std::size_t height;
     std::vector<argb_float> pixels; ///< row by row, 0..1, alpha 1
 
+    /// In pixels.
     std::size_t count() const { return pixels.size(); }
 };
 

@@ -30,11 +30,13 @@ std::vector<double> median_seconds(const std::vector<contender>& contenders, int
 {
     const std::size_t count = contenders.size();
     std::vector<std::vector<double>> times(count);
+    // Fills caches and allocates; not counted.
     for (const contender& each : contenders)
         each.run();
     for (int round = 0; round < rounds; ++round)
         for (std::size_t i = 0; i < count; ++i)
         {
+            // Each round begins with another contender, so that none always runs after the same one.
             const std::size_t which = (i + static_cast<std::size_t>(round)) % count;
             times[which].push_back(time_of(contenders[which]));
         }

@@ -8,6 +8,7 @@
 namespace ov1::bench
 {
 
+/// A piece of work, called once per round.
 struct contender
 {
     std::string name;

@@ -21,6 +21,7 @@ namespace ov1::bench
 namespace
 {
 
+/// Ends the program: without the peer there is nothing to measure.
 void require(bool holds, const char* what)
 {
     if (holds)
@@ -76,6 +77,7 @@ lut3d_peer::lut3d_peer(const lut_argb<lut_edge>& table, interpolation kind, cons
 {
     const auto file = std::filesystem::temp_directory_path() / fmt::format("veridial-bench-{}.cube", getpid());
     write_exact_cube(table, file);
+    // One thread, as the contender on our side.
     peer->graph->nb_threads = 1;
     peer->source = peer->add(
         "buffer", fmt::format("video_size={}x{}:pix_fmt={}:time_base=1/25:pixel_aspect=1/1", width, height, format));
@@ -85,6 +87,7 @@ lut3d_peer::lut3d_peer(const lut_argb<lut_edge>& table, interpolation kind, cons
     peer->sink = peer->add("buffersink", "");
     require(avfilter_link(peer->source, 0, filter, 0) >= 0 && avfilter_link(filter, 0, peer->sink, 0) >= 0, "link");
     require(avfilter_graph_config(peer->graph, nullptr) >= 0, "configuration");
+    // The filter has read the file when the graph is configured.
     std::filesystem::remove(file);
 
     peer->in->format = av_get_pix_fmt(format.c_str());
@@ -102,6 +105,7 @@ unsigned char* lut3d_peer::in_row(int plane, std::size_t y)
 
 void lut3d_peer::render()
 {
+    // Releases the frame rendered before.
     av_frame_unref(peer->out);
     require(av_buffersrc_add_frame_flags(peer->source, peer->in, AV_BUFFERSRC_FLAG_KEEP_REF) >= 0, "sending a frame");
     require(av_buffersink_get_frame(peer->sink, peer->out) >= 0, "rendering a frame");

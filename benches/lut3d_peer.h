@@ -22,6 +22,7 @@ public:
 
     /// A row of the frame to render: floats of a plane (0 green, 1 blue, 2 red), or bytes r, g, b in plane 0.
     unsigned char* in_row(int plane, std::size_t y);
+    /// Renders the frame that in_row filled; it can be rendered again.
     void render();
     /// A row of the frame rendered last.
     const unsigned char* out_row(int plane, std::size_t y) const;

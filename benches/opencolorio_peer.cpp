@@ -25,6 +25,7 @@ opencolorio_peer::opencolorio_peer(const lut_argb<lut_edge>& table, interpolatio
                 const argb_float& entry = table.get_direct(r, g, b);
                 transform->setValue(r, g, b, entry.r, entry.g, entry.b);
             }
+    // Samples keep their depth from input to output.
     peer->depth = samples == sample_kind::f32 ? OCIO::BIT_DEPTH_F32 : OCIO::BIT_DEPTH_F16;
     peer->processor = OCIO::Config::CreateRaw()->getProcessor(transform)->getOptimizedCPUProcessor(
         peer->depth, peer->depth, OCIO::OPTIMIZATION_DEFAULT);

@@ -9,12 +9,14 @@
 namespace ov1::bench
 {
 
+/// How a peer reads between grid points. Ours is always trilinear.
 enum class interpolation
 {
     trilinear,
     tetrahedral,
 };
 
+/// 32-bit or 16-bit floats.
 enum class sample_kind
 {
     f32,
@@ -25,9 +27,11 @@ enum class sample_kind
 class opencolorio_peer
 {
 public:
+    /// Copies the table. Throws what OpenColorIO throws.
     opencolorio_peer(const lut_argb<lut_edge>& table, interpolation kind, sample_kind samples);
     ~opencolorio_peer();
 
+    /// width x height pixels without gaps between rows; in and out do not overlap.
     void render(const void* in, void* out, std::size_t width, std::size_t height) const;
 
 private:

@@ -37,6 +37,7 @@ enum place : std::size_t
     lut3d_rgb24,
 };
 
+// The order of FFmpeg's planar RGB formats is G, B, R.
 constexpr int red_plane = 2, green_plane = 0, blue_plane = 1;
 
 /// In both frames a pixel is four samples.
@@ -116,6 +117,7 @@ public:
     }
 
 private:
+    /// The picture in the layouts of the filter: planes of floats, and packed bytes.
     void fill_lut3d_frames()
     {
         for (std::size_t y = 0; y < in.height; ++y)
@@ -133,6 +135,7 @@ private:
             unsigned char* bytes = lut3d[2].in_row(0, y);
             for (std::size_t x = 0; x < in.width; ++x)
                 for (const float value : {row[x].r, row[x].g, row[x].b})
+                    // Rounded to bytes; byte_difference starts from the same bytes.
                     *bytes++ = static_cast<unsigned char>(value * 255.0f + 0.5f);
         }
     }
@@ -193,6 +196,7 @@ private:
             const forced_instruction_set forced(set);
             for (const unsigned threads : {1u, 2u})
             {
+                // Cleared, so that pixels that are not written count as wrong.
                 std::fill(out.begin(), out.end(), argb_float{});
                 render_floats(threads);
                 to.answer(fmt::format("Veridial, float, {}, {} (pixels)", set.name, threads), differing_pixels(), 0);
@@ -207,6 +211,7 @@ private:
         }
     }
 
+    /// Pixels of out that have other bits than the lookup.
     double differing_pixels() const
     {
         std::size_t different = 0;
@@ -215,11 +220,13 @@ private:
         return static_cast<double>(different);
     }
 
+    /// The largest difference of the three channels.
     static double difference(const argb_float& a, float r, float g, float b)
     {
         return std::max({std::abs(a.r - r), std::abs(a.g - g), std::abs(a.b - b)});
     }
 
+    /// Of the last float result of OpenColorIO; right(i) is the colour of pixel i.
     template <class function>
     double packed_difference(const function& right) const
     {
@@ -229,6 +236,7 @@ private:
         return largest;
     }
 
+    /// The same for halfs. The lookup starts from the halfs, so only the rounding of the result differs.
     double half_difference() const
     {
         double largest = 0.0;
@@ -242,6 +250,7 @@ private:
         return largest;
     }
 
+    /// The same for planes of floats of the filter.
     template <class function>
     double planar_difference(const lut3d_peer& peer, const function& right) const
     {
@@ -256,6 +265,7 @@ private:
         return largest;
     }
 
+    /// The same for bytes, tetrahedrally.
     double byte_difference(lut3d_peer& peer) const
     {
         constexpr float code = 1 / 255.0f;
@@ -284,6 +294,7 @@ private:
     std::vector<float> in_rgba;
 };
 
+/// Speed of ours divided by that of the peer, each with its floor.
 void report_ratios(report& to, content what, const std::vector<double>& seconds)
 {
     const bool natural = what == content::natural;

@@ -1,4 +1,5 @@
 // Measures a frame through the table: our loops, plain code, memcpy and other LUT renderers.
+// All contenders render one frame with one table; times are compared only after the answers are.
 #pragma once
 
 #include "effect/lut/lut_argb.h"

@@ -9,6 +9,7 @@
 namespace ov1::bench
 {
 
+/// One virtual call for each pixel.
 class pixel_renderer
 {
 public:
@@ -16,6 +17,7 @@ public:
     virtual void render_pixel(std::size_t x, std::size_t y, const argb_float& in, argb_float& out) const = 0;
 };
 
+/// A renderer with a copy of the table. Its results have the bits of lut_argb::lookup.
 std::unique_ptr<pixel_renderer> make_plain_renderer(const lut_argb<lut_edge>& table);
 
 /// Tetrahedral interpolation in double precision: the results that tetrahedral peers are checked against.

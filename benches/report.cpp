@@ -9,6 +9,7 @@ namespace ov1::bench
 void report::say(std::string_view line) const
 {
     fmt::print("{}\n", line);
+    // Each line at once: a run takes minutes.
     std::fflush(stdout);
 }
 

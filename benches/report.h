@@ -8,6 +8,7 @@
 namespace ov1::bench
 {
 
+/// Collects answers and ratios of one run. Not thread-safe.
 class report
 {
 public:
@@ -23,7 +24,9 @@ public:
     /// Prints all ratios with their floors.
     void print_ratios() const;
 
+    /// True until an answer was wrong.
     bool answers_agree() const { return wrong_answers == 0; }
+    /// Whether every recorded ratio reaches its floor.
     bool floors_hold() const;
 
 private:

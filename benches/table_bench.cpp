@@ -32,6 +32,7 @@ void to_screen(const std::vector<argb_float>& row, std::uint32_t* to)
         to[i] = static_cast<std::uint32_t>(code(row[i].r) << 16 | code(row[i].g) << 8 | code(row[i].b)) | 0xff000000u;
 }
 
+/// Stricter than ==, which takes -0 for 0.
 bool same_bits(const lut_argb<lut_edge>& a, const lut_argb<lut_edge>& b)
 {
     return std::memcmp(a.get_entries().data(), b.get_entries().data(), a.get_entries().size() * sizeof(argb_float)) ==
@@ -53,6 +54,7 @@ public:
                 to.answer(fmt::format("build, {}", set.name), same_bits(plain_table, built) ? 0 : 1, 0);
             }
         }
+        // The buffers are exchanged, so the first result is compared with the second.
         screen by_plain_code = pixels;
         drag_step();
         by_plain_code.swap(pixels);
@@ -110,6 +112,7 @@ private:
     screen pixels = screen(preview.count());
 };
 
+/// Prints the median times and returns them in seconds.
 std::vector<double> time(report& to, const std::vector<contender>& contenders, int rounds)
 {
     const auto seconds = median_seconds(contenders, rounds);

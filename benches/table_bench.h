@@ -1,4 +1,5 @@
 // Measures the build of the table, and one step of a drag without the editor.
+// Plain code is the reference build, pixel by pixel through a virtual call (plain_code.h).
 #pragma once
 
 #include "effect/grade_settings.h"

@@ -37,6 +37,7 @@ struct options
     int rounds = 9;
 };
 
+/// False for an unknown option or a bad number.
 bool read(int count, char** arguments, options& to)
 {
     for (int i = 1; i < count; ++i)
@@ -68,6 +69,7 @@ std::string processor_name()
     return "processor unknown";
 }
 
+/// The load of the last minute: times taken on a busy machine are worth less.
 std::string load_average()
 {
     std::ifstream file("/proc/loadavg");
@@ -86,7 +88,9 @@ int run(const options& given)
                        std::thread::hardware_concurrency(), level_2_cache_bytes() / 1024, load_average(), sets));
 
     lut_argb<lut_edge> table;
+    // One table for all, with every step of the build in it.
     build_lut(everything_active(), veridial_luts(), skin_tables(), table);
+    // A quarter of the width and height is enough to check answers.
     const std::size_t width = given.brief ? 960 : 3840, height = given.brief ? 540 : 2160;
     const int rounds = given.brief ? 3 : given.rounds;
     run_table_bench(to, rounds);

@@ -12,6 +12,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace ov1;
+    // One of each kind, with bounds that can be left.
     static const std::array<std::shared_ptr<iparameter_v1>, 4> parameters{
         std::make_shared<cparameter_continuous_v1>(std::weak_ptr<icomponent_v1>(), "continuous", -100.0f, 100.0f, 0.0f),
         std::make_shared<cparameter_integral_v1>(std::weak_ptr<icomponent_v1>(), "integral", -10, 10, 0),

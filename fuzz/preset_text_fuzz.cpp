@@ -46,6 +46,7 @@ void load(std::string_view text, icomponent_v1& component)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    // Made once: a component for every input would take most of the time.
     static const auto component = []
     {
         auto made = std::make_shared<four_kinds>();
@@ -56,6 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!content)
     {
         const std::string& reason = content.error().reason;
+        // Reasons are shown on one line.
         require(!reason.empty() && reason.find('\n') == std::string::npos);
         return 0;
     }

@@ -28,6 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     component->reset_to_default();
     std::vector<std::uint8_t> blob(data, data + size);
     (void)component->set_state(blob, true);
+    // Whatever the bytes did, the state that results must survive a restore.
     auto restored = component->get_state();
     component->reset_to_default();
     if (!component->set_state(restored, false) || component->get_state() != restored)

@@ -9,7 +9,8 @@
 namespace ov1
 {
 
-/// A plain copy. A new one holds the defaults.
+/// A plain copy, taken under the lock of the records, so that a build never mixes two states. A new one holds the
+/// defaults.
 struct grade_settings
 {
     struct setting
@@ -18,6 +19,7 @@ struct grade_settings
         float max;   ///< the record's upper bound; the wheels' values are shares of it
     };
 
+    /// Indexed by parameter_index.
     std::array<setting, parameter_count> settings = []
     {
         std::array<setting, parameter_count> rows{};
@@ -29,6 +31,7 @@ struct grade_settings
     /// Floats as doubles: the build computes in double precision.
     double value(parameter_index i) const { return settings[static_cast<std::size_t>(i)].value; }
     double max(parameter_index i) const { return settings[static_cast<std::size_t>(i)].max; }
+    /// Whether the effect is switched off and the table the identity.
     bool bypass() const { return value(parameter_index::global_bypass) != 0.0; }
 
     /// Byte by byte: -0.0 differs from 0.0. Equal settings give equal tables.

@@ -28,6 +28,7 @@ double number_in(const param_value& value)
     return std::numeric_limits<double>::quiet_NaN();
 }
 
+/// The angle at which the pad has the look bright (kind 1), olive (2) or yellow (3). Another kind gives `otherwise`.
 float greenery_angle_of(double kind, float otherwise)
 {
     const double whole = std::trunc(kind);
@@ -70,6 +71,7 @@ std::vector<parameter_change> legacy_parameters::map_skin() const
 {
     if (boost == not_received || hue == not_received)
         return {};
+    // The skin pad has more colour at 0 degrees and yellowish at 90 (skin_square.h).
     const double degrees = std::atan2(hue, boost) * 180.0 / std::numbers::pi;
     const double strength = std::min(std::sqrt(boost * boost + hue * hue), 100.0);
     return {{parameter_index::skin_tone_strength, static_cast<float>(strength)},

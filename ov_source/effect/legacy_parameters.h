@@ -20,8 +20,10 @@ struct parameter_change
     float value;
 };
 
-/// Maps the values of earlier parameters as they arrive. The two skin values act together, so the first one is kept
-/// until the other arrives. Not thread-safe: the caller locks.
+/// Maps the values of earlier parameters as they arrive: "Sky" and "Film Contrast", whose sign becomes a direction and
+/// whose magnitude a strength; "Greenery Kind", which becomes an angle; "Boost Skin Tones" and "Skin Tone Hue", the two
+/// coordinates of a point that becomes an angle and a strength. The two skin values act together, so the first one is
+/// kept until the other arrives. Not thread-safe: the caller locks.
 class legacy_parameters
 {
 public:
@@ -36,6 +38,7 @@ public:
 private:
     static constexpr double not_received = std::numeric_limits<double>::infinity();
 
+    /// Empty until both skin values are there. The strength is 100 at most.
     std::vector<parameter_change> map_skin() const;
 
     double boost = not_received;

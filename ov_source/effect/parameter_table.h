@@ -15,6 +15,7 @@ enum class parameter_index : std::size_t
     master_chroma,
     global_chroma,
     global_luminance,
+    // Three wheels of six parameters each, in the order of zone_control: zone_parameter (zone.h) relies on it.
     shadows_hue,
     shadows_chroma,
     shadows_range,
@@ -33,6 +34,7 @@ enum class parameter_index : std::size_t
     highlights_lightness,
     highlights_smoothness,
     highlights_saturation,
+    // Pads: the angle and the distance of the handle.
     sky_angle,
     sky_strength,
     greenery_angle,
@@ -41,6 +43,7 @@ enum class parameter_index : std::size_t
     film_contrast_strength,
     skin_angle,
     skin_tone_strength,
+    // The two arcs of the skin pad.
     skin_tone_brightness,
     protect_skin_tones,
 };

@@ -23,22 +23,27 @@ public:
     {
     }
 
+    /// in and out are the same row or do not overlap.
     void render_row(std::size_t, const argb_float* in, argb_float* out, std::size_t count) const override
     {
         row_kernel::render_argb(table, in, out, count);
     }
 
+    /// The same for halfs in the order R, G, B, A.
     void render_row_half(std::size_t, const half_bits* in, half_bits* out, std::size_t count) const override
     {
         row_kernel::render_half(table, in, out, count);
     }
 
+    /// The same for one row of each channel, in place; there is no alpha.
     void render_row_planes(std::size_t, const rgb_planes<float>& row, std::size_t count) const override
     {
         row_kernel::render_planes(table, {row.r, row.g, row.b}, row, count);
     }
 
+    /// For single lookups and for exports.
     const lut_argb<lut_edge>& get_table() const { return table.get_table(); }
+    /// Whether a build with these settings would give the same table.
     bool is_built_from(const grade_settings& settings) const { return built_from && built_from->same_bytes(settings); }
 
 private:

@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+// The names are German: Haut, skin; heller, lighter; dunkler, darker; Gelbsucht, jaundice; Sonnenbrand, sunburn.
 using skin_table_data = std::array<argb_float, lut_argb<lut_edge>::entry_count>;
 
 extern const skin_table_data skintone_lut_haut_heller_data;  ///< skin lighter

@@ -5,6 +5,7 @@
 namespace ov1
 {
 
+// The data are arrays of the program file; tables need entries of their own.
 skin_tables::skin_tables()
     : lighter(lut_argb<lut_edge>::from_std_array(skintone_lut_haut_heller_data))
     , darker(lut_argb<lut_edge>::from_std_array(skintone_lut_haut_dunkler_data))

@@ -11,6 +11,7 @@ struct skin_tables
 {
     skin_tables();
 
+    /// At full strength; the mask decides where each acts.
     lut_argb<lut_edge> lighter;
     lut_argb<lut_edge> darker;
     lut_argb<lut_edge> yellowish;

@@ -92,6 +92,7 @@ void veridial::notify(event e)
 {
     switch (e.type)
     {
+    // A component that starts again must not render with the grade of before.
     case event_kind::initialized:
         publish_identity();
         break;
@@ -121,6 +122,7 @@ void veridial::restore_started()
 void veridial::handle_unknown_parameter(uid id, const param_value& value, bool edit)
 {
     ccomponent_v1::handle_unknown_parameter(id, value, edit);
+    // Read before the lock, because reading takes the lock of the records.
     const auto greenery_angle = static_cast<float>(read_settings().value(parameter_index::greenery_angle));
     std::vector<parameter_change> changes;
     {
@@ -160,6 +162,7 @@ void veridial::bring_up_to_date()
     if (get_published()->is_built_from(settings))
         return;
     const shared_tables& shared = get_shared_tables();
+    // Not filled first: build_lut writes every entry.
     lut_argb<lut_edge> table(lut_argb<lut_edge>::init_mode::none);
     build_lut(settings, shared.looks, shared.skin, table);
     publish(std::move(table), settings);
@@ -202,6 +205,7 @@ bool veridial::get_lut(lut_argb_variable* out)
     if (out == nullptr)
         return false;
     bring_up_to_date();
+    // Another thread may have published a newer table by now, which serves as well.
     *out = lut_argb_variable::from_lut_argb(get_published()->get_table());
     return true;
 }
@@ -236,6 +240,7 @@ void veridial::parameter_was_set(uid id, bool edit)
     // A drag in the editor sets with edit false; values from hosts, the command line and restores are kept as they are.
     if (!edit && !is_restoring())
         is_chroma ? couple_lightness(z, settings) : couple_chroma(z, settings);
+    // The coupling sets the other control of the wheel, so the value read above is still the one that was set.
     wheels.note(z, control, static_cast<float>(settings.value(zone_parameter(z, control))));
 }
 

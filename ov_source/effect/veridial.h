@@ -31,8 +31,11 @@ public:
     bool query_interface(const std::string& name, iobject** out) override;
     /// The editor, made by the installed factory; null if none is installed.
     std::shared_ptr<iview_v1> create_view() override;
+    /// Registers the 33 parameters and reads the look tables.
     void init_component() override;
+    /// Builds before a render, couples the wheels at an edit, and passes previews to the editor.
     void notify(event e) override;
+    /// Sets the present parameters that a value of an earlier version stands for.
     void handle_unknown_parameter(uid id, const param_value& value, bool edit) override;
 
     /// With the table published now, which is fetched for every pixel: loops use get_row_renderer instead.
@@ -50,17 +53,28 @@ protected:
     void restore_started() override;
 
 private:
+    /// All values at one moment. The defaults before init_component.
     grade_settings read_settings() const;
+    /// As a user or a host would, with all notifications. Nothing happens before init_component.
     void set_parameter(parameter_index i, float value, bool edit);
 
+    /// Builds and publishes, unless the published table was built from the present values. Any thread; waits for a
+    /// build on another one.
     void bring_up_to_date();
+    /// Exchanges the published table. Renderers that hold the old one keep it alive.
     void publish(lut_argb<lut_edge> table, std::optional<grade_settings> built_from);
+    /// Never null: the constructor publishes the identity.
     std::shared_ptr<const published_table> get_published() const;
+    /// The identity as a table that is out of date: the next render builds.
     void publish_identity();
 
+    /// Couples the controls of a wheel when one is dragged, and remembers the value.
     void parameter_was_set(uid id, bool edit);
+    /// Sets the zone's Chroma after its Lightness or Range was dragged (coupled_chroma).
     void couple_chroma(zone z, const grade_settings& settings);
+    /// Sets the zone's Lightness after its Chroma was dragged (coupled_lightness).
     void couple_lightness(zone z, const grade_settings& settings);
+    /// Gives a rendered preview to the editor if one is open.
     void hand_preview_over(const event& e);
 
     std::array<std::shared_ptr<cparameter_v1>, parameter_count> parameters;

@@ -3,6 +3,7 @@
 namespace ov1
 {
 
+// A name is spelled out for each table: a search for a file name finds its table.
 veridial_luts::veridial_luts()
     : filmkontrast_100(table::from_bin_resource("filmkontrast_100.bin"))
     , filmkontrast_minus100(table::from_bin_resource("filmkontrast_minus100.bin"))
@@ -27,6 +28,7 @@ veridial_luts::veridial_luts()
 
 veridial_luts::directions veridial_luts::film_contrast() const
 {
+    // Up, left, down, right, here and in the other two pads.
     return {&film_contrast_highlights_north, &filmkontrast_minus100, &film_contrast_shadows_south, &filmkontrast_100};
 }
 

@@ -18,6 +18,7 @@ public:
     /// The tables of a pad's directions 1 to 4: up, left, down, right (angle_weights.h).
     using directions = std::array<const table*, 4>;
 
+    /// Reads eighteen files through iutils.
     veridial_luts();
 
     directions film_contrast() const;
@@ -27,6 +28,7 @@ public:
     const table& saturation(zone z, bool more) const;
 
 private:
+    // Named as their files. Schatten are shadows, Mitten mids, Lichter highlights; 100 is more, minus100 less.
     table filmkontrast_100;
     table filmkontrast_minus100;
     table film_contrast_highlights_north;

@@ -1,4 +1,5 @@
 // The effect's own parameter classes.
+// They differ from the general boolean only in their flags. All other parameters are plain continuous ones.
 #pragma once
 
 #include "framework/parameters/cparameter_boolean_v1.h"

@@ -23,6 +23,7 @@ public:
             lightness[static_cast<std::size_t>(z)] = value;
     }
 
+    /// In the unit of the parameters; 0 until a value was set.
     float last_chroma(zone z) const { return chroma[static_cast<std::size_t>(z)]; }
     float last_lightness(zone z) const { return lightness[static_cast<std::size_t>(z)]; }
 

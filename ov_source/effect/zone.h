@@ -40,6 +40,7 @@ struct zone_constants
 
 constexpr zone_constants constants_of(zone z)
 {
+    // Shadows, mids, highlights: grades of all versions depend on these numbers.
     constexpr std::array<zone_constants, 3> rows{{{23, 75, 55}, {50, 90, 50}, {78, 90, 44}}};
     return rows[static_cast<std::size_t>(z)];
 }
@@ -51,6 +52,7 @@ constexpr parameter_index zone_parameter(zone z, zone_control control)
                                         static_cast<std::size_t>(z) * 6 + static_cast<std::size_t>(control));
 }
 
+// zone_parameter computes an index: these two fail if the order of the parameters changes.
 static_assert(zone_parameter(zone::mids, zone_control::lightness) == parameter_index::mids_lightness);
 static_assert(zone_parameter(zone::highlights, zone_control::saturation) == parameter_index::highlights_saturation);
 

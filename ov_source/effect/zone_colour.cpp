@@ -36,6 +36,7 @@ double coupled_chroma(const grade_settings& settings, zone z, double last_chroma
     const double luma = chroma_luma_of(settings, z).luma;
     // In HSL a colour has room for twice the distance of its lightness from black or white, whichever is nearer.
     const double room = luma <= 50.0 ? luma : 100.0 - luma;
+    // At the maximum of Chroma, the rim of the wheel, the colour has chroma_scale percent.
     const double max = settings.max(zone_parameter(z, zone_control::chroma));
     return std::min(2.0 * room * max / constants_of(z).chroma_scale, last_chroma);
 }

@@ -11,6 +11,7 @@ namespace
 
 // Grid steps between largest and smallest channel over which a move sets in. Lightness sets in more slowly, because the
 // eye sees edges in lightness first.
+// From one step on: cells on the grey diagonal keep all their corners.
 constexpr double grey_steps = 1.0;
 constexpr double full_colour_steps = 3.5;
 constexpr double full_lightness_steps = 5.0;
@@ -39,6 +40,8 @@ rgb_double moved(const rgb_double& code, const colour_region& region, const colo
         return code;
     // Black and white have no room for a change of lightness.
     const double room = std::sqrt(std::max(4.0 * from.lightness * (1.0 - from.lightness), 0.0));
+    // The ratio is a power of the weight, so that a look and its opposite, with the reciprocal ratio, cancel at every
+    // weight.
     const oklch to{from.lightness + for_lightness * move.lightness * room,
                    from.chroma * std::pow(move.chroma_ratio, for_colour), from.hue + for_colour * move.hue};
     return rolled_off(code, code_of(to), roll_off);

@@ -14,6 +14,7 @@ constexpr double degrees = 180.0 / std::numbers::pi;
 /// The function f of CIE 15: a cube root that becomes a straight line near black.
 double lab_response(double t)
 {
+    // At knee^3 value and slope of both parts agree.
     constexpr double knee = 6.0 / 29.0;
     return t > knee * knee * knee ? std::cbrt(t) : t / (3.0 * knee * knee) + 4.0 / 29.0;
 }
@@ -70,6 +71,7 @@ cielab cielab_of(const rgb_double& code)
 
 rgb_double code_of(const oklab& colour)
 {
+    // The published inverses of the matrices above.
     const auto cube = [](double v) { return v * v * v; };
     const double l = cube(colour.lightness + 0.3963377774 * colour.a + 0.2158037573 * colour.b);
     const double m = cube(colour.lightness - 0.1055613458 * colour.a - 0.0638541728 * colour.b);
@@ -83,6 +85,7 @@ rgb_double code_of(const oklch& colour) { return code_of(oklab_of(colour)); }
 
 double hue_difference(double from, double to) { return std::remainder(to - from, 360.0); }
 
+// Of a grey, OKLab lightness is the cube root of linear light.
 double grey_of_lightness(double lightness) { return code_of_linear(lightness * lightness * lightness); }
 
 } // namespace ov1

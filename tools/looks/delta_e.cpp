@@ -20,6 +20,7 @@ double pow_7(double v) { return v * v * v * v * v * v * v; }
 /// sqrt(c^7 / (c^7 + 25^7))
 double chroma_share(double c) { return std::sqrt(pow_7(c) / (pow_7(c) + 6103515625.0)); }
 
+/// Degrees, 0..360. A grey has hue 0, as the paper asks.
 double hue_of(double a, double b)
 {
     if (a == 0.0 && b == 0.0)
@@ -28,6 +29,7 @@ double hue_of(double a, double b)
     return h < 0.0 ? h + 360.0 : h;
 }
 
+/// From one hue to another the short way round, -180..180 degrees.
 double hue_step(double h1, double h2)
 {
     const double d = h2 - h1;
@@ -36,6 +38,7 @@ double hue_step(double h1, double h2)
     return d > 180.0 ? d - 360.0 : d + 360.0;
 }
 
+/// The middle of the shorter arc between two hues.
 double mean_hue(double h1, double h2)
 {
     if (std::abs(h1 - h2) <= 180.0)
@@ -54,6 +57,7 @@ double rotation(double mean_c, double mean_h)
 
 double delta_e_2000(const cielab& one, const cielab& other)
 {
+    // g stretches a* of near-greys: the correction that the paper begins with.
     const double g = 0.5 * (1.0 - chroma_share((std::hypot(one.a, one.b) + std::hypot(other.a, other.b)) / 2.0));
     const double a1 = (1.0 + g) * one.a, a2 = (1.0 + g) * other.a;
     const double c1 = std::hypot(a1, one.b), c2 = std::hypot(a2, other.b);
@@ -62,6 +66,7 @@ double delta_e_2000(const cielab& one, const cielab& other)
 
     const double mean_l = (one.lightness + other.lightness) / 2.0;
     const double mean_c = (c1 + c2) / 2.0;
+    // With a grey the paper takes the hue of the other colour: the grey's own is 0, so the sum is it.
     const double mean_h = grey ? h1 + h2 : mean_hue(h1, h2);
     const double t = 1.0 - 0.17 * cos_of(mean_h - 30.0) + 0.24 * cos_of(2.0 * mean_h) +
                      0.32 * cos_of(3.0 * mean_h + 6.0) - 0.20 * cos_of(4.0 * mean_h - 63.0);

@@ -8,6 +8,7 @@ namespace ov1
 namespace
 {
 
+// Measure 3 bounds it: curves of greys keep slopes of 0.5 to 1.6.
 constexpr double height = 0.085; ///< of a hump, in code values
 
 /// v^4 (1 - v)^2 scaled to `height` at its maximum, 2/3. Flat at both ends, so that black and white stay.
@@ -29,6 +30,7 @@ rgb_double curved(const rgb_double& code, double upper, double lower)
     if (max == min)
         return {top, top, top};
     const double bottom = curve(min);
+    // The same share between the two outer channels as before keeps the hexcone hue.
     const auto between = [&](double v) { return bottom + (top - bottom) * ((v - min) / (max - min)); };
     return {between(code.r), between(code.g), between(code.b)};
 }

@@ -31,6 +31,7 @@ void for_each_grid_point(visitor visit)
                                  static_cast<double>(b) / last});
 }
 
+/// A look at every grid point.
 look_table table_of(rgb_double (*look)(const rgb_double&))
 {
     look_table table(look_table::init_mode::none);

@@ -41,9 +41,11 @@ enum class look_id : std::size_t
     skin_reddened,
 };
 
+// The first 18 are files of the product; the last four are compiled into the engine.
 inline constexpr std::size_t resource_count = 18;
 inline constexpr std::size_t look_count = 22;
 
+/// How a table is made and called.
 struct look_row
 {
     look_id id;
@@ -57,6 +59,7 @@ extern const std::array<look_row, look_count> look_rows;
 /// 4913 weights in table order.
 using mask_weights = std::vector<float>;
 
+/// All data in one place: what make_looks writes and what measure() judges.
 struct look_data
 {
     std::array<look_table, look_count> tables;

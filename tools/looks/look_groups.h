@@ -8,6 +8,7 @@
 namespace ov1
 {
 
+// region_looks are all that act on one range of hues: sky, greenery and skin. Measure 1 holds them to greys.
 inline constexpr look_id film_looks[] = {look_id::film_100, look_id::film_minus100, look_id::film_north,
                                          look_id::film_south};
 inline constexpr look_id sky_looks[] = {look_id::sky_100, look_id::sky_minus100, look_id::sky_purple,

@@ -102,6 +102,8 @@ double outside(const look_data& data)
 
 std::vector<measured> measure_greys(const look_data& data)
 {
+    // Saturation looks change colours one step from grey, and a grey between grid points is interpolated from those:
+    // unlike for the other looks, small shifts are allowed.
     const grey_curve film = film_curve(data);
     return {
         {1, "sky, greenery, skin: greys, dE00", grey_shift(data, region_looks), 0.0, 0.01},

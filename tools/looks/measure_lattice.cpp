@@ -69,6 +69,8 @@ matrix_3 derivative(const cell_corners& corners, const vector_3& position)
             for (std::size_t k = 0; k < 3; ++k)
             {
                 const bool upper = (i >> (2 - k) & 1) != 0;
+                // Along the axis itself the upper corners count positive and the lower ones negative; the position
+                // weights the other two axes.
                 weight *= k == axis ? (upper ? 1.0 : -1.0) : (upper ? position[k] : 1.0 - position[k]);
             }
             for (std::size_t channel = 0; channel < 3; ++channel)
@@ -87,6 +89,7 @@ void widen(lattice_range& range, const cell_corners& corners)
 {
     for (int i = 0; i < 27; ++i)
     {
+        // At 0, 1/2 and 1 along each axis of the cell.
         const matrix_3 m = derivative(corners, {i / 9 / 2.0, i / 3 % 3 / 2.0, i % 3 / 2.0});
         range.least_determinant = std::min(range.least_determinant, determinant(m));
         range.largest_gain = std::max(range.largest_gain, largest_gain(m));
@@ -103,6 +106,7 @@ void widen(lattice_range& range, const look_table& table)
                 widen(range, corners_of(table, r, g, b));
 }
 
+/// Over all of the looks.
 lattice_range range_of(const look_data& data, std::span<const look_id> looks)
 {
     lattice_range range;

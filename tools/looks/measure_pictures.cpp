@@ -38,6 +38,7 @@ int reversals(const look_table& table, const gradient& run)
     return count;
 }
 
+/// By any film look, in degrees of OKLCh.
 double largest_hue_shift(const look_data& data, std::span<const named_colour> colours)
 {
     double largest = 0.0;
@@ -59,6 +60,7 @@ std::vector<named_colour> skin_colours()
     return found;
 }
 
+/// One look after the other, as the effect applies the zones.
 rgb_double through_all(const look_data& data, std::span<const look_id> looks, rgb_double code)
 {
     for (const look_id id : looks)
@@ -66,6 +68,7 @@ rgb_double through_all(const look_data& data, std::span<const look_id> looks, rg
     return code;
 }
 
+/// The chroma that remains when all zones are desaturated, over the whole cube.
 double largest_residual_chroma(const look_data& data)
 {
     constexpr int points = 49; // per axis: the grid and two points between its points
@@ -127,6 +130,7 @@ private:
     look_table table;
 };
 
+/// Colours that a skin mask must not select.
 std::vector<rgb_double> greys_and_grass()
 {
     std::vector<rgb_double> colours{patch("foliage"), patch("green"), patch("yellow green")};
@@ -135,6 +139,7 @@ std::vector<rgb_double> greys_and_grass()
     return colours;
 }
 
+/// The rows of measure 15 for one mask.
 void append_masks(std::vector<measured>& rows, const std::string& name, const mask_lookup& mask)
 {
     rows.push_back({15, name + ": greys and grass, largest", mask.largest(greys_and_grass()), 0.0, 0.0});

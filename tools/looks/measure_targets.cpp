@@ -54,6 +54,7 @@ double median(std::vector<double> values)
     return *middle;
 }
 
+/// The median dE00 by which a look moves colours.
 double median_move(const look_table& table, const std::vector<rgb_double>& colours)
 {
     std::vector<double> moves;
@@ -85,6 +86,7 @@ int wrong_signs(const look_data& data, const direction_row& row)
     return count;
 }
 
+/// The largest dE00 of any patch that the looks of a subject should leave alone.
 double largest_off_target(const look_data& data, const memory_colour& subject, std::span<const look_id> looks)
 {
     double largest = 0.0;
@@ -101,6 +103,7 @@ struct oklab_move
     double length;
 };
 
+/// The way that a look moves a colour, in OKLab, and how far.
 oklab_move move_of(const look_table& table, const rgb_double& code)
 {
     const oklab from = oklab_of(code), to = oklab_of(through(table, code));

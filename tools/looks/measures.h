@@ -9,6 +9,7 @@
 namespace ov1
 {
 
+/// One row of the report.
 struct measured
 {
     int number;       ///< 1..15

@@ -16,6 +16,7 @@ constexpr std::string_view related_to_sky[] = {"blue sky", "blue flower", "bluis
 constexpr std::string_view related_to_greenery[] = {"foliage", "yellow green", "green", "yellow", "bluish green"};
 constexpr std::string_view related_to_skin[] = {"dark skin", "light skin", "orange", "orange yellow", "moderate red"};
 
+/// Whether no channel is outside 0..1.
 bool within_srgb(const rgb_double& code)
 {
     return std::min({code.r, code.g, code.b}) >= 0.0 && std::max({code.r, code.g, code.b}) <= 1.0;
@@ -54,6 +55,7 @@ const std::array<named_colour, 10> monk_skin_tones{{
     {"Monk 10", of_u8(0x29, 0x24, 0x20)},
 }};
 
+// Patch; hue in degrees, chroma and lightness of OKLCh, each from and to; related patches.
 const memory_colour real_sky{"blue sky", 206, 265, 0.014, 0.107, 0.48, 0.98, related_to_sky};
 const memory_colour real_greenery{"foliage", 110, 146, 0.034, 0.216, 0.19, 0.81, related_to_greenery};
 const memory_colour real_skin{"light skin", 21, 79, 0.032, 0.104, 0.43, 0.91, related_to_skin};

@@ -13,6 +13,7 @@
 namespace ov1
 {
 
+/// A colour in code values 0..1.
 struct named_colour
 {
     std::string_view name;
@@ -24,7 +25,7 @@ struct named_colour
 extern const std::array<named_colour, 24> colour_checker;
 inline constexpr std::size_t coloured_patches = 18;
 
-/// The patch with a name, which must exist.
+/// The patch with a name, in code values. An unknown name is a broken invariant.
 rgb_double patch(std::string_view name);
 
 /// The ten tones of the Monk scale, light to dark. Monk, "The Monk Skin Tone Scale" (2019).

@@ -13,6 +13,8 @@ namespace
 // lattice would fold. Greens that are emerald already need no turn towards it, so that region ends early: turned
 // further they would become mint.
 
+// Full weight lies within the hues of real subjects (memory_colours.cpp: sky 206 to 265, leaves 110 to 146, skin 21 to
+// 79), and ends at about their largest chroma: paint and neon light are left alone.
 constexpr colour_region sky{{175, 226, 264, 320}, 0.20, 0.50, 0.115, 0.245};
 constexpr colour_region sky_to_purple{{175, 226, 264, 340}, 0.20, 0.50, 0.115, 0.245};
 constexpr colour_region sky_to_turquoise{{150, 226, 264, 320}, 0.20, 0.50, 0.115, 0.245};
@@ -27,6 +29,8 @@ constexpr colour_region selected_wide_skin{{-20, 26, 84, 108}, 0.10, 0.34, 0.125
 
 } // namespace
 
+// Lightness, chroma ratio and hue of each move. Looks on opposite sides of a pad move colours in opposite directions:
+// measure 8 holds them to it.
 rgb_double sky_dark_turquoise(const rgb_double& code) { return moved(code, sky_to_turquoise, {-0.045, 1.08, -29.0}); }
 rgb_double sky_100(const rgb_double& code) { return moved(code, sky, {-0.090, 1.36, 0.0}); }
 rgb_double sky_bright_purple(const rgb_double& code) { return moved(code, sky_to_purple, {0.045, 1.06, 30.0}); }

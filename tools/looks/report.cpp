@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+/// The allowed range of a measure in as few characters as possible.
 std::string allowed(const measured& row)
 {
     if (std::isinf(row.most))

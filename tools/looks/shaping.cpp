@@ -9,8 +9,11 @@ namespace ov1
 namespace
 {
 
+/// Where x lies between from and to, limited to 0..1.
 double part_of(double x, double from, double to) { return std::clamp((x - from) / (to - from), 0.0, 1.0); }
 
+/// One channel. tanh has slope 1 at 0 and never reaches 1: small steps pass unchanged, and large ones use less than the
+/// share k of the room.
 double rolled_off(double from, double target, double k)
 {
     const double step = target - from;

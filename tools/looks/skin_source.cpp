@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+// {:#} prints the fewest digits that are read back as the same float, always with a point, which the suffix f needs.
 constexpr std::size_t numbers_per_line = 8;
 
 void append_table(std::string& text, const look_row& row, const look_table& table)

@@ -23,6 +23,8 @@ struct zone_weights
 zone_weights weights_of(const oklch& colour)
 {
     const double grey = grey_of_lightness(colour.lightness);
+    // 0.50 and 0.78 are the lightnesses of mids and highlights, 0.23 that of shadows (zone.h): each zone has its full
+    // weight there.
     const double out_of_shadows = smoothstep(grey, 0.23, 0.50);
     const double into_highlights = smoothstep(grey, 0.50, 0.78);
     return {1.0 - out_of_shadows, out_of_shadows - into_highlights, into_highlights};

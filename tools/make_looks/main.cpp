@@ -32,6 +32,7 @@ bool write_file(const std::filesystem::path& path, std::string_view bytes)
 {
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    // Before the check: a full disk may be noticed only when the last bytes are written.
     file.close();
     if (file)
         return true;
@@ -39,6 +40,7 @@ bool write_file(const std::filesystem::path& path, std::string_view bytes)
     return false;
 }
 
+/// The build runs this. It stops at the first file that cannot be written.
 int write_all(const std::filesystem::path& folder, const std::filesystem::path& source)
 {
     const look_data data = compute_looks();

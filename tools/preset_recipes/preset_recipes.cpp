@@ -11,6 +11,7 @@ namespace ov1
 std::span<const preset_recipe> get_preset_recipes()
 {
     static const std::array recipes{
+        // Cold shadows against warm skin: skin is protected, grass is muted.
         preset_recipe{"Cinematic Teal and Orange",
                       {{"Shadows Hue", 190},
                        {"Shadows Chroma", 28},
@@ -27,6 +28,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Angle", 270},
                        {"Film Contrast Strength", 40},
                        {"Global Chroma", -6}}},
+        // Low sun on everything, with a violet sky.
         preset_recipe{"Warm Evening",
                       {{"Master Hue", 32},
                        {"Master Chroma", 22},
@@ -44,6 +46,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Global Luminance", -3},
                        {"Mids Hue", 30},
                        {"Mids Chroma", 12}}},
+        // Pale, blue and flat, but skin keeps some warmth.
         preset_recipe{"Cold Morning",
                       {{"Global Chroma", -18},
                        {"Master Hue", 212},
@@ -59,6 +62,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Protect Skin Tones", 40},
                        {"Film Contrast Angle", 60},
                        {"Film Contrast Strength", 35}}},
+        // An old print: lifted, cool shadows, little contrast, less colour.
         preset_recipe{"Faded Film",
                       {{"Global Chroma", -14},
                        {"Shadows Hue", 205},
@@ -72,6 +76,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Angle", 90},
                        {"Film Contrast Strength", 75},
                        {"Highlights Lightness", -2}}},
+        // Bright mids and light skin; shadows stay open.
         preset_recipe{"High-Key Portrait",
                       {{"Global Chroma", -6},
                        {"Mids Lightness", 4},
@@ -83,6 +88,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Angle", 0},
                        {"Film Contrast Strength", 85},
                        {"Shadows Lightness", 2}}},
+        // More colour in sky and leaves, less of it on faces.
         preset_recipe{"Lush Landscape",
                       {{"Global Chroma", 6},
                        {"Shadows Saturation", 10},
@@ -94,6 +100,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Protect Skin Tones", 30},
                        {"Film Contrast Angle", 270},
                        {"Film Contrast Strength", 30}}},
+        // As if silver stayed in the print: hard contrast, half the colour.
         preset_recipe{"Bleach Bypass",
                       {{"Global Chroma", -46},
                        {"Shadows Hue", 210},
@@ -101,6 +108,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Highlights Saturation", -30},
                        {"Film Contrast Angle", 265},
                        {"Film Contrast Strength", 95}}},
+        // Day for night: dark, blue, nearly without colours of its own.
         preset_recipe{"Moonlight",
                       {{"Global Chroma", -52},
                        {"Global Luminance", -8},
@@ -115,6 +123,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Strength", 45},
                        {"Mids Hue", 220},
                        {"Mids Chroma", 16}}},
+        // Amber highlights over slightly rose shadows.
         preset_recipe{"Golden Hour",
                       {{"Master Hue", 38},
                        {"Master Chroma", 12},
@@ -132,6 +141,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Skin Tone Strength", 10},
                        {"Film Contrast Angle", 340},
                        {"Film Contrast Strength", 35}}},
+        // Little chroma and little contrast, everything light.
         preset_recipe{"Pastel",
                       {{"Global Chroma", -28},
                        {"Shadows Hue", 300},
@@ -148,6 +158,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Strength", 80},
                        {"Mids Lightness", 3},
                        {"Global Luminance", 3}}},
+        // Leaves turn yellow, earth turns brown.
         preset_recipe{"Autumn",
                       {{"Global Chroma", -8},
                        {"Shadows Hue", 25},
@@ -163,6 +174,7 @@ std::span<const preset_recipe> get_preset_recipes()
                        {"Film Contrast Strength", 30},
                        {"Highlights Hue", 36},
                        {"Highlights Chroma", 12}}},
+        // Almost black and white, with a trace of cold in the shadows.
         preset_recipe{"Noir",
                       {{"Global Chroma", -88},
                        {"Shadows Hue", 220},

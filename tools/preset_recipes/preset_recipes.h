@@ -7,6 +7,7 @@
 namespace ov1
 {
 
+/// One control and its value.
 struct recipe_value
 {
     const char* parameter; ///< a name of parameter_table
@@ -20,6 +21,7 @@ struct preset_recipe
     std::vector<recipe_value> values;
 };
 
+/// In the order in which make_presets writes them. The recipes live until the program ends.
 std::span<const preset_recipe> get_preset_recipes();
 
 } // namespace ov1

@@ -28,6 +28,7 @@ argb_float mix(const argb_float& a, const argb_float& b, float t)
     return rgb(a.r + (b.r - a.r) * t, a.g + (b.g - a.g) * t, a.b + (b.b - a.b) * t);
 }
 
+/// A colour in more or less light; not limited.
 argb_float lit(const argb_float& c, float by) { return rgb(c.r * by, c.g * by, c.b * by); }
 
 argb_float sky(float x, float y)
@@ -54,6 +55,7 @@ float ridge_height(float x, int number)
            0.10f * (fractal_noise(x * (1.6f + 0.8f * n) + 9.0f * n, 0.5f, 5, 40u) - 0.5f);
 }
 
+/// Three ridges in front of a colour, the farthest one first and palest.
 argb_float ridges(float x, float y, argb_float c)
 {
     const argb_float tints[] = {rgb(0.56f, 0.65f, 0.74f), rgb(0.42f, 0.53f, 0.53f), rgb(0.30f, 0.40f, 0.27f)};
@@ -68,6 +70,7 @@ argb_float ridges(float x, float y, argb_float c)
     return c;
 }
 
+/// The ground below the horizon, with patches of dry grass.
 argb_float lawn(float x, float y)
 {
     const float near = std::clamp((y - horizon) / (1.0f - horizon), 0.0f, 1.0f);
@@ -80,6 +83,7 @@ argb_float lawn(float x, float y)
     return lit(c, 0.82f + 0.36f * blades);
 }
 
+/// The tree in front of a colour.
 argb_float tree(float x, float y, const argb_float& behind)
 {
     constexpr float centre = 0.34f, crown = 0.40f, ground = 0.735f;

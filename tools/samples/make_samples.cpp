@@ -13,7 +13,7 @@ namespace
 
 using namespace ov1;
 
-/// Draws a picture from a function of position; height 1, four samples per pixel.
+/// One row of a picture that is a function of position; the height is 1. Four samples per pixel.
 template <typename F>
 std::vector<argb_float> drawn_row(std::size_t y, std::size_t width, std::size_t height, F&& colour)
 {
@@ -22,6 +22,7 @@ std::vector<argb_float> drawn_row(std::size_t y, std::size_t width, std::size_t 
     for (std::size_t x = 0; x < width; ++x)
     {
         argb_float& sum = row[x];
+        // A rotated grid: edges that are nearly level or upright get four steps instead of two.
         for (const auto& [dx, dy] : {std::pair{0.25f, 0.375f}, {0.625f, 0.125f}, {0.375f, 0.875f}, {0.875f, 0.625f}})
         {
             const argb_float c = colour((static_cast<float>(x) + dx) * step, (static_cast<float>(y) + dy) * step);

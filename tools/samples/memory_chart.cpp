@@ -18,6 +18,7 @@ constexpr std::array<std::uint32_t, 24> patches{0x735244, 0xc29682, 0x627a9d, 0x
                                                 0x383d96, 0x469449, 0xaf363c, 0xe7c71f, 0xbb5695, 0x0885a1,
                                                 0xf3f3f2, 0xc8c8c8, 0xa0a0a0, 0x7a7a79, 0x555555, 0x343434};
 
+/// Three colours in sRGB, 0xRRGGBB, blended linearly in code values.
 struct ramp
 {
     std::uint32_t from, middle, to;

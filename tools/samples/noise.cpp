@@ -10,6 +10,7 @@ namespace
 {
 
 /// Source of the mixing steps: MurmurHash3's finalizer, public domain.
+/// A random value, 0..1, for a point of the lattice. Integer arithmetic: the same on every machine.
 float lattice(std::int32_t x, std::int32_t y, std::uint32_t seed)
 {
     std::uint32_t h = seed + 0x9E3779B9u * static_cast<std::uint32_t>(x) + 0x85EBCA6Bu * static_cast<std::uint32_t>(y);
@@ -42,6 +43,7 @@ float fractal_noise(float x, float y, int octaves, std::uint32_t seed)
     float sum = 0.0f, height = 1.0f, whole = 0.0f;
     for (int i = 0; i < octaves; ++i, x *= 2.0f, y *= 2.0f, height *= 0.5f)
     {
+        // A seed for each octave, or all octaves would have the same values at the origin.
         sum += height * noise(x, y, seed + static_cast<std::uint32_t>(i));
         whole += height;
     }

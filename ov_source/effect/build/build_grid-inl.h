@@ -25,12 +25,14 @@ struct grid
     chunk identity;    ///< 0..1, with the rounding of an identity table
 };
 
+/// Computes the rest of a grid from its `first`.
 HWY_INLINE void fill(grid& points)
 {
     const floats d;
     each_vector(
         [&](std::size_t i) HWY_ATTR
         {
+            // Table indices are below 2^13, so floats hold them exactly.
             const auto index = hn::Iota(d, static_cast<float>(points.first + i));
             const auto r = whole_quotient(d, index, edge * edge);
             const auto rest = hn::Sub(index, hn::Mul(r, hn::Set(d, static_cast<float>(edge * edge))));
@@ -64,8 +66,10 @@ HWY_INLINE void bend(const std::vector<lut_point>& wheels, const grid& points, c
                 const auto x = hn::Sub(r, hn::Set(d, wheel.source.r));
                 const auto y = hn::Sub(g, hn::Set(d, wheel.source.g));
                 const auto z = hn::Sub(b, hn::Set(d, wheel.source.b));
+                // Summed in the order red, green, blue, as the plain code does.
                 const auto squares = hn::Add(hn::Add(hn::Mul(x, x), hn::Mul(y, y)), hn::Mul(z, z));
                 const auto distance = hn::Min(hn::Sqrt(squares), hn::Set(d, wheel.radius));
+                // Truncated to a whole step: the plain code takes it as an index.
                 const auto step = hn::Trunc(hn::Mul(hn::Set(d, wheel.radius_scale), distance));
                 const auto lost = hn::Div(hn::Min(step, hn::Set(d, u16_max)), hn::Set(d, u16_max));
                 const auto weight = hn::Sub(hn::Set(d, 1.0f), lost);

@@ -19,6 +19,8 @@ namespace ov1::build_kernel
 namespace HWY_NAMESPACE
 {
 
+/// All steps on one chunk, which stays in the cache from the first to the last. No step reads another entry of the
+/// table that is built, so chunks do not depend on each other.
 HWY_INLINE void build_chunk(const build_plan& plan, const skin_steps& skin, std::size_t first, argb_float* table)
 {
     grid points;
@@ -26,6 +28,7 @@ HWY_INLINE void build_chunk(const build_plan& plan, const skin_steps& skin, std:
     fill(points);
     chunk entries;
     bend(plan.wheels, points, entries);
+    // Both looks are summed before the one limit, so that neither limits the other.
     chunk looks = points.identity;
     add_tables(looks, plan.sky_and_greenery, points, false);
     add(entries, looks, points, 1.0f, true);

@@ -36,7 +36,7 @@ namespace build_kernel
 {
 
 /// Writes the 4913 entries of the table that the plan asks for; its bypass is ignored. The reach of the plan's points
-/// is derived (derive_reach). The pointers of skin are not null.
+/// is derived (derive_reach). The pointers of skin are not null. Any thread.
 void run_build(const build_plan& plan, const skin_steps& skin, argb_float* table);
 
 } // namespace build_kernel

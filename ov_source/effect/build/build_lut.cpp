@@ -26,6 +26,7 @@ const lut_argb<lut_edge>& table_of_no_push()
     return converted;
 }
 
+/// Leaves out what does not act, as modify_skin_tones does.
 skin_steps decide(const skin_push& push, const skin_tables& tables)
 {
     const auto acts = [](double amount) { return std::abs(amount) >= least_skin_push; };

@@ -78,6 +78,7 @@ skin_push skin_push_of(const grade_settings& settings)
             strength * tenths(place.v) * -0.001 * 0.01, settings.value(parameter_index::skin_tone_brightness) * 0.01};
 }
 
+/// A look of strength 0 is left out: adding it would change nothing and take time.
 std::vector<table_share> sky_and_greenery_of(const grade_settings& settings, const veridial_luts& looks)
 {
     const double sky = settings.value(parameter_index::sky_strength);
@@ -90,6 +91,7 @@ std::vector<table_share> sky_and_greenery_of(const grade_settings& settings, con
     return shares;
 }
 
+/// The sign chooses the table of a zone, the magnitude is its share.
 std::vector<table_share> saturation_of(const grade_settings& settings, const veridial_luts& looks)
 {
     std::vector<table_share> shares;
@@ -116,6 +118,7 @@ build_plan plan_build(const grade_settings& settings, const veridial_luts& looks
     plan.chroma_percent = settings.value(parameter_index::global_chroma);
     plan.luminance_percent = settings.value(parameter_index::global_luminance);
     plan.saturation = saturation_of(settings, looks);
+    // Not left out at strength 0: adding it still limits the entries to 0..1.
     add_look(looks.film_contrast(), settings.value(parameter_index::film_contrast_strength),
              settings.value(parameter_index::film_contrast_angle), plan.film_contrast);
     return plan;

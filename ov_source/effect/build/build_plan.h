@@ -1,4 +1,5 @@
 // What one build of the table does: the amounts and tables of each step, in the order of the steps.
+// A plan holds decisions and amounts, no entries of the table. The vector code and the plain code follow the same plan.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -14,6 +15,7 @@ namespace ov1
 /// A table and how much of it acts; 1 is all of it.
 struct table_share
 {
+    /// Not owned and never null.
     const lut_argb<lut_edge>* table;
     float amount;
 };

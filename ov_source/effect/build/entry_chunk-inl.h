@@ -23,6 +23,7 @@ namespace HWY_NAMESPACE
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+/// Whole vectors of the instruction set. A chunk is a whole number of them.
 using floats = hn::ScalableTag<float>;
 using doubles = hn::ScalableTag<double>;
 using few_floats = hn::Rebind<float, doubles>; ///< as many floats as a vector holds doubles
@@ -31,7 +32,9 @@ using double_vector = hn::Vec<doubles>;
 
 constexpr std::size_t edge = lut_edge;
 constexpr std::size_t entry_count = lut_argb<edge>::entry_count;
+/// A chunk is 1.5 KB, so those of a whole build fit the first-level cache.
 constexpr std::size_t chunk_entries = 128;
+/// Red, green and blue, in this order wherever channels are numbered.
 constexpr std::size_t channel_count = 3;
 
 /// chunk_entries consecutive entries, one array per channel. Alpha is 1 in all of them and not kept.
@@ -68,6 +71,7 @@ HWY_INLINE void split_channels(const float* argb, chunk& entries)
         });
 }
 
+/// The entries of a table from index `first` on. The table must have chunk_entries from there.
 HWY_INLINE void load(const lut_argb<edge>& table, std::size_t first, chunk& entries)
 {
     split_channels(&table.get_entries()[first].a, entries);

@@ -1,4 +1,6 @@
 // A chunk through the integer hexcone (integer_hsl.h) and back. Included once for every instruction set.
+// The plain code computes with integers and doubles. Here all is in doubles: whole numbers below 2^53 and their sums
+// and products are exact, so the results are the same integers.
 #if defined(OV1_EFFECT_HEXCONE_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_HEXCONE_INL_H
 #undef OV1_EFFECT_HEXCONE_INL_H
@@ -20,6 +22,7 @@ constexpr double full_milli = 100'000.0;  ///< 100 percent
 constexpr double sector_milli = 60'000.0; ///< a sixth of the circle
 constexpr double circle_milli = 360'000.0;
 
+/// Code values 0..1, or 0..255 where a function says so.
 struct rgb_vectors
 {
     double_vector r, g, b;
@@ -48,6 +51,7 @@ HWY_INLINE hexcone_vectors hexcone_of(const rgb_vectors& colour)
     const auto max = hn::Max(hn::Max(colour.r, colour.g), colour.b);
     const auto min = hn::Min(hn::Min(colour.r, colour.g), colour.b);
     const auto chroma = hn::Sub(max, min);
+    // At a tie red comes first, then green, as in hexcone_hue.
     const auto red = hn::Eq(max, colour.r), green = hn::Eq(max, colour.g);
     const auto difference =
         hn::IfThenElse(red, hn::Sub(colour.g, colour.b),
@@ -83,6 +87,7 @@ HWY_INLINE rgb_vectors rgb_of(double_vector hue, double_vector chroma, double_ve
     const doubles d;
     const auto off_middle = hn::Abs(hn::Sub(lightness, hn::Set(d, full_milli / 2)));
     const auto allowed = hn::Sub(hn::Set(d, full_milli), hn::Add(off_middle, off_middle));
+    // The integer division by 2 of the plain code.
     const auto half_range = hn::Trunc(hn::Mul(hn::Min(chroma, allowed), hn::Set(d, 0.5)));
     const auto low = hn::Sub(lightness, half_range);
     const auto range = hn::Add(half_range, half_range);

@@ -1,4 +1,6 @@
 // The skin controls on a chunk: lut_utils::modify_skin_tones. Included once for every instruction set.
+// The masks select skin by grid point, not by the present colour of an entry: wheels and looks that act before do not
+// change which entries count as skin.
 #if defined(OV1_EFFECT_SKIN_PUSH_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_SKIN_PUSH_INL_H
 #undef OV1_EFFECT_SKIN_PUSH_INL_H
@@ -44,6 +46,7 @@ HWY_INLINE void add_chroma(int percent, const float* weights, chunk& entries)
                     });
 }
 
+/// The steps that the plan asks for, in the order of the plain code: protection, chroma, reference tables.
 HWY_INLINE void push_skin(const skin_steps& skin, const grid& points, chunk& entries)
 {
     const floats d;
@@ -58,6 +61,7 @@ HWY_INLINE void push_skin(const skin_steps& skin, const grid& points, chunk& ent
     }
     if (skin.chroma_percent != 0)
     {
+        // Pushed identity minus unpushed one: the scale of the conversion cancels, and only the push is added.
         chunk change = points.identity, unpushed;
         add_chroma(skin.chroma_percent, skin.beyond_skin->weights.data() + points.first, change);
         load(*skin.no_push, points.first, unpushed);
@@ -66,6 +70,7 @@ HWY_INLINE void push_skin(const skin_steps& skin, const grid& points, chunk& ent
     }
     for (const table_share& share : skin.towards)
     {
+        // The identity moved towards the reference where there is skin, then added like a look.
         chunk change = points.identity, reference;
         load(*share.table, points.first, reference);
         mix(change, reference, [&](std::size_t i) HWY_ATTR { return hn::LoadU(d, weights + i); });

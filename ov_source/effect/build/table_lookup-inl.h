@@ -1,4 +1,6 @@
 // The entries of a chunk looked up in another table. Included once for every instruction set.
+// The results have the bits of lut_argb::lookup: positions are found for all entries of a chunk in vectors, then each
+// entry is interpolated along red, green and blue in that order.
 #if defined(OV1_EFFECT_TABLE_LOOKUP_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_TABLE_LOOKUP_INL_H
 #undef OV1_EFFECT_TABLE_LOOKUP_INL_H
@@ -39,6 +41,7 @@ struct alignas(64) positions
     std::int32_t step[channel_count][chunk_entries]; ///< from there to the upper one; 0 at the last grid point
 };
 
+/// Entries may hold any value: those outside 0..1 are limited here.
 HWY_INLINE void find(const chunk& entries, positions& found)
 {
     const floats d;
@@ -51,12 +54,14 @@ HWY_INLINE void find(const chunk& entries, positions& found)
             auto lower = hn::Zero(whole);
             for (std::size_t c = 0; c < channel_count; ++c)
             {
+                // grid_position_at: scale, limit, truncate. A NaN fails the comparison and gives 0.
                 const auto scaled = hn::Mul(hn::Load(d, entries.channel(c) + i), last);
                 const auto x = hn::Min(hn::IfThenElseZero(hn::Gt(scaled, hn::Zero(d)), scaled), last);
                 const auto point = hn::Trunc(x);
                 const auto step = hn::Set(whole, steps[c]);
                 hn::Store(hn::Sub(x, point), d, found.fraction.channel(c) + i);
                 lower = hn::Add(lower, hn::Mul(hn::ConvertTo(whole, point), step));
+                // At the last grid point the upper corner is the lower one, and the fraction is 0.
                 const auto before_end = hn::RebindMask(whole, hn::Lt(point, last));
                 hn::Store(hn::IfThenElseZero(before_end, step), whole, found.step[c] + i);
             }
@@ -95,6 +100,7 @@ HWY_INLINE void follow(const table_share& share, chunk& entries)
 {
     chunk composed;
     look_up(*share.table, entries, composed);
+    // A case of its own, because from + (to - from) is not always to.
     if (share.amount == 1.0f)
         entries = composed;
     else

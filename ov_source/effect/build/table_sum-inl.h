@@ -1,4 +1,5 @@
 // Look tables added to a chunk, and chunks mixed by weights. Included once for every instruction set.
+// Shares can be negative. All sums are single-precision, in the order of the plain code (lut_utils).
 #if defined(OV1_EFFECT_TABLE_SUM_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_TABLE_SUM_INL_H
 #undef OV1_EFFECT_TABLE_SUM_INL_H
@@ -31,6 +32,7 @@ HWY_INLINE void add(chunk& entries, const chunk& look, const grid& points, float
             });
 }
 
+/// Adds the tables one after the other. With limit, the entries are limited to 0..1 after each.
 HWY_INLINE void add_tables(chunk& entries, const std::vector<table_share>& shares, const grid& points, bool limit)
 {
     chunk look;
@@ -51,6 +53,7 @@ HWY_INLINE void mix(chunk& entries, const chunk& others, const function& weight)
             [&](std::size_t i) HWY_ATTR
             {
                 const auto from = hn::Load(d, entries.channel(c) + i);
+                // The operations of lerp, in its order.
                 const auto change = hn::Sub(hn::Load(d, others.channel(c) + i), from);
                 hn::Store(hn::Add(from, hn::Mul(change, weight(i))), d, entries.channel(c) + i);
             });

@@ -1,4 +1,5 @@
 // The weights of a pad's four directions at an angle.
+// Pads have 0 at the top and angles grow counter-clockwise: up, left, down, right.
 #pragma once
 
 #include <array>

@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// Byte by byte, so that the byte order of the machine does not matter.
 float read_f32(const unsigned char* p)
 {
     return std::bit_cast<float>(std::uint32_t{p[0]} | std::uint32_t{p[1]} << 8 | std::uint32_t{p[2]} << 16 |
@@ -27,6 +28,7 @@ void append_f32(std::vector<unsigned char>& bytes, float v)
 
 result<std::vector<argb_float>> read_bin_lut(std::span<const unsigned char> bytes, std::size_t edge)
 {
+    // The size first: it makes sure that there are two bytes to read the edge length from.
     if (bytes.size() != bin_lut_size(edge))
         return failure{failure_kind::unreadable,
                        {},

@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+// A carriage return is a blank, so lines may end in CR LF.
 constexpr std::string_view blanks = " \t\r\v\f";
 
 /// Removes the next word from a line and returns it; empty at the end.
@@ -24,6 +25,7 @@ std::string_view take_word(std::string_view& line)
     return word;
 }
 
+/// Removes the next line from a text and returns it without its line feed; the last line may have none.
 std::string_view take_line(std::string_view& text)
 {
     const std::string_view line = text.substr(0, text.find('\n'));
@@ -31,6 +33,7 @@ std::string_view take_line(std::string_view& text)
     return line;
 }
 
+/// Whether the whole word is a number. A plus sign is allowed, which from_chars does not accept.
 template <typename number>
 bool read_whole(std::string_view word, number& value)
 {
@@ -40,6 +43,7 @@ bool read_whole(std::string_view word, number& value)
     return failure == std::errc() && end == word.data() + word.size();
 }
 
+/// from_chars reads "inf" and "nan" too; a table may hold neither.
 bool read_number(std::string_view word, float& value) { return read_whole(word, value) && std::isfinite(value); }
 
 } // namespace
@@ -70,6 +74,7 @@ public:
     }
 
 private:
+    /// A comment, a keyword or an entry. An unknown keyword is refused: skipping it could change the colours.
     void take(std::string_view line)
     {
         std::string_view rest = line;
@@ -93,8 +98,10 @@ private:
 
     void refuse(const std::string& text) { reason = "line " + std::to_string(line_number) + ": " + text; }
 
+    /// The entries that the size asks for, 256^3 at most.
     std::size_t wanted() const { return made.three_dimensional ? made.size * made.size * made.size : made.size; }
 
+    /// From the first quote to the last, because titles can hold quotes. A title without quotes is ignored.
     void take_title(std::string_view rest)
     {
         const std::size_t open = rest.find('"'), close = rest.rfind('"');
@@ -139,6 +146,7 @@ private:
     void take_entry(std::string_view line)
     {
         std::array<float, 3> entry{};
+        // No number begins with a letter.
         const char first = line[line.find_first_not_of(blanks)];
         if ((first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z'))
             return refuse("no such keyword");
@@ -169,6 +177,7 @@ result<cube_table> cube_table::read(std::string_view text) { return cube_parser(
 namespace
 {
 
+/// From the domain to grid steps; grid_position_at limits the result.
 grid_position position_of(float value, float least, float most, std::size_t size)
 {
     return grid_position_at((value - least) / (most - least) * static_cast<float>(size - 1), size);
@@ -182,6 +191,7 @@ argb_float cube_table::lookup(const argb_float& c) const
     const grid_position g = position_of(c.g, domain_min[1], domain_max[1], size);
     const grid_position b = position_of(c.b, domain_min[2], domain_max[2], size);
     const argb_float* const e = entries.data();
+    // In 1D each channel has a curve of its own.
     if (!three_dimensional)
         return {c.a, lerp(e[r.lower].r, e[r.upper].r, r.fraction), lerp(e[g.lower].g, e[g.upper].g, g.fraction),
                 lerp(e[b.lower].b, e[b.upper].b, b.fraction)};

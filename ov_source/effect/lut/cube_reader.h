@@ -33,8 +33,11 @@ public:
     /// (invalid_grade, no subject) that name the line.
     static result<cube_table> read(std::string_view text);
 
+    /// Whether the text had a LUT_3D_SIZE.
     bool is_3d() const { return three_dimensional; }
+    /// Points per axis, or entries of each curve in 1D; 0 for a table that was not read.
     std::size_t get_size() const { return size; }
+    /// Without its quotes; empty if the text has none.
     const std::string& get_title() const { return title; }
 
     /// Interpolates linearly along each axis. Inputs outside the domain are limited to it, a NaN counts as its lower

@@ -22,6 +22,7 @@ std::string export_title(const std::string& path)
     const std::string separator = iutils::get_instance().get_path_separator();
     const auto slash = path.rfind(separator);
     const auto begin = slash == std::string::npos ? 0 : slash + separator.size();
+    // A dot in the name of a folder does not begin an extension.
     const auto dot = path.rfind('.');
     const auto end = dot == std::string::npos || dot < begin ? path.size() : dot;
     return path.substr(begin, end - begin);

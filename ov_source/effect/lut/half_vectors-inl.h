@@ -1,5 +1,8 @@
 // Rows of half floats to floats and back. Included once for every instruction set, by the loops over rows. Where the
 // instruction set has no conversion, the arithmetic of shared/half_float.h is written in vectors.
+// A half has 1 sign bit, 5 exponent bits with a bias of 15, and 10 mantissa bits; a float has 8 exponent bits with a
+// bias of 127, and 23 mantissa bits. Halfs below 2^-14 are subnormal: whole multiples of 2^-24. 0x7c00 is infinity.
+// IEEE 754.
 #if defined(OV1_EFFECT_HALF_VECTORS_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_HALF_VECTORS_INL_H
 #undef OV1_EFFECT_HALF_VECTORS_INL_H
@@ -34,6 +37,7 @@ HWY_INLINE wide_vector widen(const half_bits* in)
     const auto half = hn::PromoteTo(bits, hn::LoadU(half_bits_tag(), in));
     const auto size = hn::And(half, hn::Set(bits, 0x7fffu));
     const auto sign = hn::ShiftLeft<16>(hn::AndNot(hn::Set(bits, 0x7fffu), half));
+    // Lanes cannot branch: all three kinds are computed and one is selected.
     const auto subnormal = hn::Mul(hn::ConvertTo(d, hn::BitCast(whole, size)), hn::Set(d, 0x1p-24f));
     const auto mantissa = hn::ShiftLeft<13>(size);
     const auto normal = hn::Add(mantissa, hn::Set(bits, (127u - 15u) << 23));
@@ -63,6 +67,8 @@ HWY_INLINE void narrow(wide_vector value, half_bits* out)
     const auto above = [&](std::int32_t least) HWY_ATTR
     { return hn::RebindMask(bits, hn::Gt(hn::BitCast(whole, size), hn::Set(whole, least - 1))); };
     const auto odd = hn::And(hn::ShiftRight<13>(size), hn::Set(bits, 1u));
+    // The exponent becomes smaller by 127 - 15, and 0xfff is just under half of the 13 bits that are dropped. The sum
+    // wraps for small values, but those take the subnormal result.
     const auto rebased = hn::Add(size, hn::Set(bits, 0xfffu - ((127u - 15u) << 23)));
     const auto normal = hn::ShiftRight<13>(hn::Add(rebased, odd));
     const auto subnormal = hn::Sub(hn::BitCast(bits, hn::Add(hn::BitCast(d, size), hn::Set(d, 0.5f))),
@@ -80,7 +86,7 @@ HWY_INLINE void narrow(wide_vector value, half_bits* out)
 #endif
 }
 
-/// Widens all samples; the last vector may be short.
+/// Widens all samples; the last vector may be short. out has the alignment of a vector and room for whole vectors.
 HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
 {
     const wide d;
@@ -99,6 +105,7 @@ HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
 HWY_INLINE void narrow_all(const float* in, std::size_t samples, half_bits* out)
 {
     const wide d;
+    // Within each four lanes: a, r, g, b to r, g, b, a.
     const auto alpha_last = [&](std::size_t i) HWY_ATTR { return hn::Shuffle0321(hn::Load(d, in + i)); };
     std::size_t i = 0;
     for (; i + hn::Lanes(d) <= samples; i += hn::Lanes(d))

@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// Restricts the dispatch of Highway to the sets in `allowed`; 0 lifts the restriction.
 void choose_again([[maybe_unused]] std::int64_t allowed)
 {
 #if HWY_TARGETS & (HWY_TARGETS - 1) // more than one was compiled

@@ -8,6 +8,7 @@
 namespace ov1
 {
 
+/// One set that the loops were compiled for.
 struct instruction_set
 {
     std::string name; ///< such as "AVX2"
@@ -22,6 +23,7 @@ std::vector<instruction_set> present_instruction_sets();
 class forced_instruction_set
 {
 public:
+    /// The set must be one of present_instruction_sets().
     explicit forced_instruction_set(const instruction_set& set);
     ~forced_instruction_set();
     forced_instruction_set(const forced_instruction_set&) = delete;

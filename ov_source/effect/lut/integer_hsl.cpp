@@ -31,17 +31,21 @@ std::int32_t hue_milli_of(double degrees)
     return hue < 0 ? hue + full_circle : hue;
 }
 
+// The order of the operations decides the last bits. channel_of (hexcone-inl.h) must give the same floats.
 double channel_of_milli(std::int32_t v) { return std::min(v * 256'000.0 / 100'000.0 / 1000.0 / 255.0, 1.0); }
 
 rgb_double rgb_of(const hsl_milli& colour)
 {
+    // The first remainder is negative for a negative hue.
     const std::int32_t hue = ((colour.hue % full_circle) + full_circle) % full_circle;
     const std::int32_t lightness = std::clamp(colour.lightness, 0, full);
+    // Half of the chroma has to fit between the lightness and the nearer of black and white.
     const std::int32_t allowed = full - 2 * std::abs(lightness - full / 2);
     const std::int32_t chroma = std::min(std::clamp(colour.chroma, 0, full), allowed);
 
     // Of the three channels one is high, one low, and one between them: it rises in even sectors of the hue, else
     // falls.
+    // Integer halves: an odd chroma loses one thousandth. 64 bits, because the products below reach 6e9.
     const std::int64_t high = lightness + chroma / 2;
     const std::int64_t low = lightness - chroma / 2;
     const std::int32_t within = hue % sector;
@@ -76,6 +80,7 @@ double hexcone_hue(const rgb_double& colour)
     if (!(chroma > 0.0))
         return 0.0;
     double hue;
+    // At a tie red comes first, then green, as in the vector code: the results differ only in rounding.
     if (max == r)
         hue = (g - b) * sector / chroma;
     else if (max == g)
@@ -84,11 +89,13 @@ double hexcone_hue(const rgb_double& colour)
         hue = (r - g) * sector / chroma + 4 * sector;
     if (hue < 0.0)
         hue += full_circle;
+    // A tiny negative hue plus the full circle rounds to the full circle, which is hue 0.
     return hue < full_circle ? hue : hue - full_circle;
 }
 
 hexcone hexcone_of(const argb_float& entry)
 {
+    // In 0..255 first, then in percent: the roundings of this order are part of every grade.
     const rgb_double u8{entry.r * 255.0, entry.g * 255.0, entry.b * 255.0};
     const double max = std::max({u8.r, u8.g, u8.b});
     const double min = std::min({u8.r, u8.g, u8.b});

@@ -12,6 +12,7 @@
 namespace ov1
 {
 
+/// A colour of the hexcone in whole thousandths, ranges as above.
 struct hsl_milli
 {
     std::int32_t hue = 0;
@@ -19,6 +20,7 @@ struct hsl_milli
     std::int32_t lightness = 0;
 };
 
+/// Code values, nominally 0..1 where nothing else is said.
 struct rgb_double
 {
     double r = 0.0;

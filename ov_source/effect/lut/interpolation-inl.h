@@ -1,5 +1,8 @@
 // Groups of pixels: their places in the render table, and the interpolation there. Included once for every instruction
 // set, by the loops over rows.
+// A row is rendered in chunks, each in two passes. place() turns colours into places: the line of the lower corner, and
+// three fractions. interpolate_group() then reads the lines and interpolates. The operations are those of trilinear.h
+// in the same order, and the compiler may not fuse them, so every instruction set gives the same bits.
 #if defined(OV1_EFFECT_INTERPOLATION_INL_H) == defined(HWY_TARGET_TOGGLE)
 #ifdef OV1_EFFECT_INTERPOLATION_INL_H
 #undef OV1_EFFECT_INTERPOLATION_INL_H
@@ -31,9 +34,11 @@ using wide = hn::CappedTag<float, 8>; ///< a group of pixels
 using colour = hn::CappedTag<float, 4>;
 using wide_vector = hn::Vec<wide>;
 
+/// Small enough for the places and colours of a chunk to stay in the first-level cache.
 constexpr std::size_t chunk_pixels = 128;
 constexpr std::size_t group_pixels = hn::MaxLanes(wide()); ///< 8, or 4 where vectors are short
 
+/// Where the pixels of a chunk fall in the render table. Fractions are 0 <= f < 1.
 struct alignas(64) chunk_places
 {
     float red[chunk_pixels]; ///< fractions
@@ -49,6 +54,7 @@ struct group_colours
     wide_vector vectors[4];
 };
 
+/// The same values by channel.
 struct group_channels
 {
     wide_vector r, g, b;
@@ -97,6 +103,8 @@ HWY_INLINE void place(const group_channels& pixels, std::size_t i, chunk_places&
     const wide d;
     const hn::RebindToUnsigned<wide> whole;
     const auto x = on_axis(pixels.r), y = on_axis(pixels.g), z = on_axis(pixels.b);
+    // Positions are not negative, so truncating rounds down. At the last grid point the fraction is 0, and the line
+    // repeats its lower corners (render_table.h): no upper corner needs a limit.
     const auto lower_r = hn::Trunc(x), lower_g = hn::Trunc(y), lower_b = hn::Trunc(z);
     hn::Store(hn::Sub(x, lower_r), d, places.red + i);
     hn::Store(hn::Sub(y, lower_g), d, places.green + i);
@@ -115,11 +123,13 @@ HWY_INLINE void place(const group_channels& pixels, std::size_t i, chunk_places&
     hn::Store(hn::Sub(bits, hn::Set(whole, bits_of_2_23)), whole, places.line + i);
 }
 
+/// The line of the pixel at place i.
 HWY_INLINE const float* line_at(const float* lines, const chunk_places& places, std::size_t i)
 {
     return reinterpret_cast<const float*>(reinterpret_cast<const char*>(lines) + places.line[i]);
 }
 
+/// lerp of trilinear.h in all lanes.
 template <class V>
 HWY_INLINE V between(V from, V to, V fraction)
 {
@@ -131,6 +141,7 @@ template <layout form, class D>
 HWY_INLINE hn::Vec<D> along_red(D d, const float* line, hn::Vec<D> fraction)
 {
     const auto from = hn::Load(d, line);
+    // A stored delta is the difference that the other layout computes here, so both layouts give the same bits.
     if constexpr (form == layout::with_deltas)
         return hn::Add(from, hn::Mul(hn::Load(d, line + render_table::floats_per_line), fraction));
     else
@@ -150,6 +161,7 @@ HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_place
     const auto corners = along_red<form>(all, line, hn::Set(all, places.red[i]));
     const auto lower = hn::LowerHalf(d, corners), upper = hn::UpperHalf(d, corners);
 #else
+    // Eight floats are the corners at b and b + 1. The next eight are those of the green neighbours.
     const auto fraction = hn::Set(d, places.red[i]);
     const auto lower = along_red<form>(d, line, fraction), upper = along_red<form>(d, line + 8, fraction);
 #endif
@@ -163,6 +175,7 @@ struct pixel_pair
     wide_vector second;
 };
 
+/// The pixels at places i and i + 4, without their last step.
 template <layout form>
 HWY_INLINE pixel_pair begin_pair(const float* lines, const chunk_places& places, std::size_t i)
 {
@@ -174,6 +187,8 @@ template <int pair>
 HWY_INLINE wide_vector end_pair(const pixel_pair& pixels, wide_vector blue)
 {
     const wide d;
+    // The lower halves hold the corners at b, the upper ones those at b + 1. Joined by kind, both pixels take one
+    // operation. Broadcast acts on each block of four lanes: the second block gets the fraction of the second pixel.
     const auto lower = hn::ConcatLowerLower(d, pixels.second, pixels.first);
     const auto upper = hn::ConcatUpperUpper(d, pixels.second, pixels.first);
     return between(lower, upper, hn::Broadcast<pair>(blue));
@@ -195,12 +210,14 @@ HWY_INLINE group_colours interpolate_group(const float* lines, const chunk_place
 
 #else
 
+/// The colour at place i, where a vector holds one pixel.
 template <layout form>
 HWY_INLINE wide_vector interpolate_pixel(const float* lines, const chunk_places& places, std::size_t i)
 {
     const colour d;
     const float* line = line_at(lines, places, i);
     const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);
+    // Corners as in render_table.h: (g, b), (g, b+1), (g+1, b), (g+1, b+1).
     const auto corner = [&](std::size_t k) HWY_ATTR { return along_red<form>(d, line + 4 * k, red); };
     const auto lower = between(corner(0), corner(2), green), upper = between(corner(1), corner(3), green);
     return between(lower, upper, hn::Set(d, places.blue[i]));

@@ -34,6 +34,7 @@ template <std::size_t edge>
 void lut_argb<edge>::init()
 {
     // By way of 16-bit units, whose rounding is part of the format: entries can differ from i / 16 in the last bit.
+    // At edge 17 a step is 4095.9375, a short binary fraction, so adding it up 16 times is exact.
     constexpr float step = u16_max / static_cast<float>(edge - 1);
     const auto unit = [](float v) { return v > u16_max ? 1.0f : std::max(v, 0.0f) * unit_per_u16; };
     auto entry = entries.begin();
@@ -53,6 +54,7 @@ void lut_argb<edge>::init()
 template <std::size_t edge>
 const argb_float& lut_argb<edge>::get_direct(std::size_t r, std::size_t g, std::size_t b) const
 {
+    // Each index by itself: a wrong one could still give the index of another entry.
     if (r >= edge || g >= edge || b >= edge)
         throw std::out_of_range("grid point outside the table");
     return entries[index(r, g, b)];
@@ -80,6 +82,7 @@ lut_argb<edge> lut_argb<edge>::from_vec(const std::vector<unsigned char>& bytes)
 template <std::size_t edge>
 lut_argb<edge> lut_argb<edge>::from_bin_resource(const std::string& name)
 {
+    // A missing or damaged look does nothing; it does not stop the program.
     std::vector<unsigned char> bytes;
     return iutils::get_instance().get_resource(name, bytes) ? from_vec(bytes) : lut_argb();
 }

@@ -1,4 +1,5 @@
 // A colour table of fixed edge length and its trilinear lookup.
+// Red is the outermost axis here and in the .bin and .3dl formats; .cube has red innermost (cube_format.h).
 #pragma once
 
 #include "effect/lut/trilinear.h"
@@ -33,6 +34,7 @@ public:
     static constexpr std::size_t edge_length = edge;
     static constexpr std::size_t entry_count = edge * edge * edge;
 
+    /// What a new table holds.
     enum class init_mode : int
     {
         identity = 0,
@@ -67,6 +69,7 @@ public:
     /// Reads a resource of the product in the binary table format; the identity where it cannot be read.
     static lut_argb from_bin_resource(const std::string& name);
 
+    /// Index of a grid point in get_entries(). Not checked: see get_direct.
     static constexpr std::size_t index(std::size_t r, std::size_t g, std::size_t b)
     {
         return (r * edge + g) * edge + b;
@@ -76,6 +79,7 @@ public:
     std::vector<argb_float>& get_entries() { return entries; }
     const std::vector<argb_float>& get_entries() const { return entries; }
 
+    /// Compares floats: -0 equals 0, and a table with a NaN equals none.
     bool operator==(const lut_argb&) const = default;
 
 protected:

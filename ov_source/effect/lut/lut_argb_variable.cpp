@@ -37,8 +37,10 @@ template <std::size_t size>
 argb_float lut_argb_variable::get_integer(std::size_t i, std::size_t j, std::size_t k) const
 {
     const auto n = static_cast<std::size_t>(edge_length);
+    // Checked: the values are public and can be fewer than the edge length says.
     const auto at = [&](std::size_t r, std::size_t g, std::size_t b) -> const argb_float&
     { return values.at((r * n + g) * n + b); };
+    // No interpolation: exported entries are the entries of the table, not roundings of them.
     if (n == size)
         return at(i, j, k);
 

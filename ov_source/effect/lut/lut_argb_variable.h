@@ -16,6 +16,7 @@ namespace ov1
 class lut_argb_variable
 {
 public:
+    /// A copy of the table, with an empty text.
     template <std::size_t edge>
     static lut_argb_variable from_lut_argb(const lut_argb<edge>& table)
     {
@@ -24,6 +25,7 @@ public:
 
     /// The colour at grid point (i, j, k) = (red, green, blue), each 0..size-1, of a grid with size points per axis,
     /// resampled trilinearly if the table's own edge length differs. size is 17 or 32, edge_length at least 2.
+    /// Throws std::out_of_range if there are fewer values than edge_length says.
     template <std::size_t size>
     argb_float get_integer(std::size_t i, std::size_t j, std::size_t k) const;
 
@@ -41,9 +43,9 @@ public:
                       const std::string& author) const;
     bool save_as_3dl(const std::string& path, const std::string& creator, const std::string& author) const;
 
-    std::uint64_t edge_length = 0;
-    std::vector<argb_float> values;
-    std::string text; ///< part of the format; empty in every table that the effect makes
+    std::uint64_t edge_length = 0;  ///< points per axis
+    std::vector<argb_float> values; ///< edge_length^3 of them, nominally 0..1, not limited
+    std::string text;               ///< part of the format; empty in every table that the effect makes
 };
 
 extern template argb_float lut_argb_variable::get_integer<17>(std::size_t, std::size_t, std::size_t) const;

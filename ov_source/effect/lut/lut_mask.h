@@ -9,6 +9,7 @@
 namespace ov1
 {
 
+/// Which weight a mask gives to an entry whose stored weight is m.
 enum class mask_mode : int
 {
     as_is = 0,      ///< weight m

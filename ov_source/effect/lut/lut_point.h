@@ -1,4 +1,6 @@
 // A colour point that bends the grid.
+// A wheel of the editor becomes one point: the grey of its zone moves to the colour of its handle, and colours near it
+// follow.
 #pragma once
 
 #include "shared/argb_float.h"
@@ -24,6 +26,7 @@ static_assert(sizeof(lut_point) == 40);
 /// has fallen to nothing.
 inline void derive_reach(lut_point& point)
 {
+    // A NaN fails the comparison and counts as 1.
     const float radius = point.radius > 1.0f ? point.radius : 1.0f;
     const float t = radius > 256.0f ? 1.0f : (radius - 1.0f) / 255.0f;
     const float reach = t * 510.0f + 2.0f;

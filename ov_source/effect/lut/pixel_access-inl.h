@@ -25,6 +25,7 @@ namespace HWY_NAMESPACE
 template <std::size_t red_member>
 struct interleaved_source
 {
+    /// The first pixel of the row; any alignment.
     const float* in;
 
     /// The group that begins at pixel i.
@@ -38,12 +39,14 @@ struct interleaved_source
     /// The pixels from i to n, fewer than a group; the others are zeros.
     HWY_INLINE group_channels load_rest(std::size_t i, std::size_t n) const
     {
+        // A whole group is read from a copy: reading past the end of the row could touch memory that is not ours.
         float rest[4 * group_pixels] = {};
         std::copy(in + 4 * i, in + 4 * n, rest);
         return interleaved_source{rest}.load(0);
     }
 };
 
+/// Writes a whole group of four floats a pixel, alpha included.
 HWY_INLINE void store(const group_colours& colours, float* out)
 {
     const wide d;
@@ -54,6 +57,7 @@ HWY_INLINE void store(const group_colours& colours, float* out)
 /// One row for each channel; places are in the order of the pixels.
 struct planar_source
 {
+    /// The first samples of the three rows; any alignment.
     rgb_planes<const float> in;
 
     HWY_INLINE group_channels load(std::size_t i) const
@@ -72,6 +76,7 @@ struct planar_source
     }
 };
 
+/// Writes a whole group to the planes from pixel i on; alpha is dropped.
 HWY_INLINE void store(const group_colours& colours, const rgb_planes<float>& out, std::size_t i)
 {
     const wide d;

@@ -15,12 +15,14 @@ namespace
 constexpr std::size_t edge = lut_edge;
 constexpr std::size_t small_level_2_cache = 512 * 1024; // in smaller ones lines alone are faster
 
+/// Decided once: the cache does not change while the program runs.
 render_table::layout faster_layout()
 {
     static const bool is_small = level_2_cache_bytes() < small_level_2_cache;
     return is_small ? render_table::layout::lines_only : render_table::layout::with_deltas;
 }
 
+/// Aligned to a line, so that each line is one line of the cache. Throws std::bad_alloc.
 float* allocate_lines(std::size_t floats)
 {
     void* memory = std::aligned_alloc(render_table::bytes_per_line, floats * sizeof(float));
@@ -36,6 +38,7 @@ struct line
 };
 static_assert(sizeof(line) == render_table::bytes_per_line);
 
+/// The line of a grid point; neighbours beyond the last green or blue repeat it.
 line line_of(const argb_float* entries, std::size_t r, std::size_t g, std::size_t b)
 {
     const auto entry = [&](std::size_t gi, std::size_t bi)
@@ -43,6 +46,7 @@ line line_of(const argb_float* entries, std::size_t r, std::size_t g, std::size_
     return {{entry(g, b), entry(g, b + 1), entry(g + 1, b), entry(g + 1, b + 1)}};
 }
 
+/// The subtraction that a loop over lines alone does for each pixel: the same floats.
 line operator-(const line& upper, const line& lower)
 {
     line delta;
@@ -54,6 +58,7 @@ line operator-(const line& upper, const line& lower)
     return delta;
 }
 
+/// Calls point(r, g, b) in the order of the lines. There can be one more red plane than the table has.
 template <class function>
 void each_point(std::size_t reds, const function& point)
 {

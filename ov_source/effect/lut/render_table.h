@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// A table rearranged for the loops over rows: the eight corners around a colour are two lines of the cache.
 /// Made once per build and never changed, so any number of threads may render through it. Entries are finite.
 ///
 /// Grid point (r, g, b) has a line of 64 bytes, the one at index (r * 17 + g) * 17 + b, that holds the corners (g, b),

@@ -128,6 +128,7 @@ void render_argb_row(const float* lines, const float* in, float* out, std::size_
                                      { store(colours, to + 4 * i); });
                    if (whole == n)
                        return;
+                   // The last group is short: it is computed whole, and only its pixels are copied.
                    float rest[4 * group_pixels];
                    store(interpolate_group<form>(lines, places, whole), rest);
                    std::copy(rest, rest + 4 * (n - whole), to + 4 * whole);
@@ -145,6 +146,8 @@ void render_half_row(const float* lines, const half_bits* in, half_bits* out, st
                    const half_bits* from = in + 4 * first;
                    half_bits* to = out + 4 * first;
                    widen_all(from, 4 * n, colours.values);
+                   // Results replace the widened colours: all places are known by then. The buffer has room for whole
+                   // groups.
                    place_all<form>(interleaved_source<0>{colours.values}, n, places);
                    interpolate<form>(lines, places, n, plan_for(from, to, 4),
                                      [&](std::size_t i, const group_colours& group) HWY_ATTR
@@ -179,6 +182,7 @@ void render_plane_row(const float* lines, const rgb_planes<const float>& in, con
                });
 }
 
+/// The layout is a template argument of the loops, so that they do not test it for each pixel.
 bool has_deltas(const render_table& table) { return table.get_layout() == layout::with_deltas; }
 
 void argb_here(const render_table& table, const argb_float* in, argb_float* out, std::size_t count)

@@ -8,6 +8,8 @@
 //
 // A chunk is rendered in two stages, all places first. Then no interpolation waits for the arithmetic that finds its
 // line, and loads of many pixels are under way at once.
+// Every function gives the same bits on every instruction set, and the same bits for a pixel wherever it is in a row. A
+// count of 0 does nothing.
 #pragma once
 
 #include "effect/lut/render_table.h"

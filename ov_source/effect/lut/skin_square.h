@@ -1,4 +1,6 @@
 // The skin pad's angle, mapped onto the border of a square.
+// The skin pad is a circle, but its two pushes are the coordinates of a square: at 45 degrees both are at full
+// strength.
 #pragma once
 
 namespace ov1

@@ -40,6 +40,7 @@ std::string threedl_text(const lut_argb_variable& table, const std::string& titl
                          const std::string& author)
 {
     std::string text = generated_by_line(creator, author) + title_line(title, creator, author);
+    // 2^4 + 1 points per axis and 10 bits, then the levels of the grid points on an axis.
     text += "\n3DMESH\nMesh 4 10\n0 64 128 192 256 320 384 448 512 576 640 704 768 832 896 960 1023\n\n";
     for (std::size_t r = 0; r < mesh_edge; ++r)
         for (std::size_t g = 0; g < mesh_edge; ++g)

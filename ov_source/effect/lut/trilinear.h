@@ -23,9 +23,11 @@ constexpr grid_position grid_position_at(float x, std::size_t edge)
 {
     x = clamped(x, static_cast<float>(edge - 1));
     const auto lower = static_cast<std::size_t>(x);
+    // At the last grid point the upper one is the same: nothing beyond the axis is read.
     return {lower, (lower < edge - 2 ? lower : edge - 2) + 1, x - static_cast<float>(lower)};
 }
 
+/// fraction 0 gives from exactly; fraction 1 gives to up to a rounding.
 constexpr float lerp(float from, float to, float fraction) { return from + (to - from) * fraction; }
 
 /// All four channels alike, alpha included.

@@ -37,6 +37,7 @@ void build_lut_reference(const grade_settings& settings, const veridial_luts& lo
     table.init();
     if (plan.bypass)
         return;
+    // The order of the steps is that of build_kernel.cpp, which must change together with it.
     table.update(plan.wheels);
 
     // Both looks are added to a table of their own first, so that neither limits the other.

@@ -10,7 +10,8 @@
 namespace ov1
 {
 
-/// As build_lut, with the same bits and several times its cost. Writes every entry of table.
+/// As build_lut, with the same bits and several times its cost: every step is a plain loop over the whole table.
+/// Tests and benchmarks compare build_lut with it. Writes every entry of table.
 void build_lut_reference(const grade_settings& settings, const veridial_luts& looks, const skin_tables& skin,
                          lut<lut_edge>& table);
 

@@ -11,12 +11,14 @@ namespace
 
 constexpr std::size_t falloff_count = 65536;
 
+/// In 16-bit units. The squares are added in the order red, green, blue, as in the vector code.
 float distance(const argb_float& p, const argb_float& q)
 {
     const float r = p.r - q.r, g = p.g - q.g, b = p.b - q.b;
     return std::sqrt(r * r + g * g + b * b);
 }
 
+/// From 16-bit units to code values 0..1, with the rounding of lut_argb::init.
 float limited(float v) { return v > u16_max ? 1.0f : std::max(v, 0.0f) * unit_per_u16; }
 
 /// A grid position moved by all points; in 16-bit units.

@@ -31,6 +31,7 @@ argb_float pushed(const argb_float& entry, double push_percent)
 template <std::size_t edge>
 void add(lut_argb<edge>& dst, const lut_argb<edge>& src, float amount, bool limit)
 {
+    // Compared with exact sixteenths, not with an identity table, whose entries differ in the last bit.
     constexpr float step = 1.0f / static_cast<float>(edge - 1);
     auto to = dst.get_entries().begin();
     auto from = src.get_entries().begin();
@@ -55,6 +56,7 @@ void apply(lut_argb<edge>& dst, const lut_argb<edge>& src, float amount)
     for (argb_float& entry : dst.get_entries())
     {
         const argb_float composed = src.lookup(entry);
+        // A case of its own, because from + (to - from) is not always to.
         entry = amount == 1.0f ? composed : lerp(entry, composed, amount);
     }
 }

@@ -1,4 +1,6 @@
 // Operations on whole tables, of which the build is composed.
+// Each function visits every grid point in table order. All keep single precision between the steps, as the vector code
+// does.
 #pragma once
 
 #include "effect/lut/lut_argb.h"

@@ -12,6 +12,7 @@ namespace ov1::lut_utils
 namespace
 {
 
+/// Moves skin towards the identity. The product is rounded to a float once, as in the vector code.
 template <std::size_t edge>
 void protect_skin(lut_argb<edge>& table, double amount)
 {

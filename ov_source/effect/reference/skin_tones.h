@@ -1,4 +1,5 @@
 // The skin pad and its two arcs: how they change a table.
+// The weights of the masks belong to grid points, not to the present colours of the entries.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
