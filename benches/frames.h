@@ -1,4 +1,5 @@
 // The frames that all contenders render, computed from a few numbers.
+// Both contents matter: neighbours that are alike read the same lines of the table, random ones do not.
 #pragma once
 
 #include "shared/argb_float.h"

@@ -1,4 +1,5 @@
 // FFmpeg's lut3d filter with the same table.
+// Frames go through a graph of buffer source, filter and sink, as in a player.
 #pragma once
 
 #include "effect/lut/lut_argb.h"

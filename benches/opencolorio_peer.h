@@ -1,4 +1,5 @@
 // OpenColorIO's processor for a table of ours.
+// The library is hidden behind a pointer, so that its headers are read in one file only.
 #pragma once
 
 #include "effect/lut/lut_argb.h"

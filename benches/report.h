@@ -1,4 +1,5 @@
 // The results of a run: answers, times, and ratios with a floor.
+// Answers are checked in every run, ratios only with --check-floors: times depend on the machine.
 #pragma once
 
 #include <string>

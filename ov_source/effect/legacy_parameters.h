@@ -1,4 +1,5 @@
 // Parameters of earlier versions of the effect, and the present parameters that replace them.
+// Old documents and presets still carry them. They are recognised by their ids and are not parameters of the component.
 #pragma once
 
 #include "effect/parameter_table.h"

@@ -1,4 +1,5 @@
 // A finished table together with the values that it was built from.
+// The effect publishes a new one for each build and hands out shared pointers: a renderer never waits for a build.
 #pragma once
 
 #include "effect/grade_settings.h"

@@ -1,4 +1,6 @@
 // The effect: its parameters, and the table that is built from them.
+// Data flow: a parameter is set; the next render reads all values, builds a table if they changed, and publishes it;
+// pixels go through the published table.
 #pragma once
 
 #include "effect/grade_settings.h"
@@ -77,16 +79,19 @@ private:
     /// Gives a rendered preview to the editor if one is open.
     void hand_preview_over(const event& e);
 
+    /// Indexed by parameter_index; null before init_component.
     std::array<std::shared_ptr<cparameter_v1>, parameter_count> parameters;
 
     std::mutex build_mutex;           ///< serialises builds
     mutable std::mutex publish_mutex; ///< held only to copy or exchange the pointer
+    /// Read and exchanged under publish_mutex.
     std::shared_ptr<const published_table> published;
 
     wheel_memory wheels;
     std::atomic<bool> updating_lightness = false; ///< a lightness or range change is setting the chroma
     std::atomic<bool> updating_chroma = false;    ///< a chroma change is setting the lightness
 
+    /// Held while `legacy` maps a value, never while a parameter is set.
     std::mutex legacy_mutex;
     legacy_parameters legacy;
 };

@@ -21,8 +21,11 @@ public:
     /// Reads eighteen files through iutils.
     veridial_luts();
 
+    /// Highlights lifted, flat, shadows lowered, S-curve.
     directions film_contrast() const;
+    /// Dark turquoise, deep blue, bright purple, pale.
     directions sky() const;
+    /// Yellow, bright, irish green, olive.
     directions greenery() const;
     /// The table for more or for less saturation of a zone.
     const table& saturation(zone z, bool more) const;

@@ -1,4 +1,5 @@
 // Remembers the chroma and the lightness that a user chose for each wheel.
+// Each value is an atomic of its own: a drag sets one control at a time, so no two of them have to match.
 #pragma once
 
 #include "effect/zone.h"

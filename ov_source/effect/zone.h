@@ -17,6 +17,7 @@ enum class zone : std::size_t
     highlights,
 };
 
+/// From dark to light.
 inline constexpr std::array<zone, 3> all_zones{zone::shadows, zone::mids, zone::highlights};
 
 /// A wheel's controls, in the order in which its parameters are registered.

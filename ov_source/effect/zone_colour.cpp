@@ -47,6 +47,7 @@ double coupled_lightness(const grade_settings& settings, zone z, double last_lig
     const double half_chroma = chroma_luma_of(settings, z).chroma / 2.0;
     const double base = base_luma(settings, z);
     const double max = settings.max(zone_parameter(z, zone_control::lightness));
+    // Without a limit first: where the user wants the luma.
     const double wanted = base + last_lightness * lightness_reach / max;
     const double luma = std::clamp(wanted, half_chroma, 100.0 - half_chroma);
     return (luma - base) * max / lightness_reach;

@@ -1,5 +1,7 @@
 // The colour that a zone's wheel asks for, and how the wheel's chroma and lightness constrain each other: a colour far
 // from middle lightness has room for little chroma.
+// In the hexcone a light or dark colour has room for little chroma. So the controls of a wheel limit each other: the
+// one that is dragged wins, and the other returns to the value that the user chose as soon as there is room.
 #pragma once
 
 #include "effect/grade_settings.h"

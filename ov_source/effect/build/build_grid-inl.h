@@ -34,6 +34,7 @@ HWY_INLINE void fill(grid& points)
         {
             // Table indices are below 2^13, so floats hold them exactly.
             const auto index = hn::Iota(d, static_cast<float>(points.first + i));
+            // The index of an entry is (r * 17 + g) * 17 + b: undone by two divisions.
             const auto r = whole_quotient(d, index, edge * edge);
             const auto rest = hn::Sub(index, hn::Mul(r, hn::Set(d, static_cast<float>(edge * edge))));
             const auto g = whole_quotient(d, rest, edge);
@@ -60,6 +61,8 @@ HWY_INLINE void bend(const std::vector<lut_point>& wheels, const grid& points, c
         {
             const auto r = hn::Load(d, points.units.r + i), g = hn::Load(d, points.units.g + i),
                        b = hn::Load(d, points.units.b + i);
+            // Every wheel measures its distance from the grid point, not from where the other wheels moved it: the
+            // order of the wheels matters only for rounding.
             auto bent_r = r, bent_g = g, bent_b = b;
             for (const lut_point& wheel : wheels)
             {
@@ -71,6 +74,7 @@ HWY_INLINE void bend(const std::vector<lut_point>& wheels, const grid& points, c
                 const auto distance = hn::Min(hn::Sqrt(squares), hn::Set(d, wheel.radius));
                 // Truncated to a whole step: the plain code takes it as an index.
                 const auto step = hn::Trunc(hn::Mul(hn::Set(d, wheel.radius_scale), distance));
+                // The effect falls linearly from 1 at the source to 0 at the reach, in 65,535 steps.
                 const auto lost = hn::Div(hn::Min(step, hn::Set(d, u16_max)), hn::Set(d, u16_max));
                 const auto weight = hn::Sub(hn::Set(d, 1.0f), lost);
                 bent_r = hn::Add(bent_r, hn::Mul(hn::Set(d, wheel.target.r - wheel.source.r), weight));

@@ -42,6 +42,7 @@ HWY_INLINE void build_chunk(const build_plan& plan, const skin_steps& skin, std:
     each_vector(
         [&](std::size_t i) HWY_ATTR
         {
+            // Alpha of a built table is 1 everywhere.
             hn::StoreInterleaved4(hn::Set(d, 1.0f), hn::Load(d, entries.r + i), hn::Load(d, entries.g + i),
                                   hn::Load(d, entries.b + i), d, &table[first + i].a);
         });

@@ -30,6 +30,7 @@ struct skin_push
 };
 
 inline constexpr double least_skin_push = 0.001; ///< a push or brightness of smaller magnitude does nothing
+/// The chroma, in percentage points, that a push of 1 adds at full weight.
 inline constexpr double most_skin_chroma_percent = 40.0;
 
 /// Everything that a build needs to know of the parameters.

@@ -64,6 +64,7 @@ HWY_INLINE void split_channels(const float* argb, chunk& entries)
         [&](std::size_t i) HWY_ATTR
         {
             float_vector a, r, g, b;
+            // Interleaved in tables, planar in chunks, where every lane does the same work.
             hn::LoadInterleaved4(d, argb + 4 * i, a, r, g, b);
             hn::Store(r, d, entries.r + i);
             hn::Store(g, d, entries.g + i);

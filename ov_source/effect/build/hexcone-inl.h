@@ -53,6 +53,7 @@ HWY_INLINE hexcone_vectors hexcone_of(const rgb_vectors& colour)
     const auto chroma = hn::Sub(max, min);
     // At a tie red comes first, then green, as in hexcone_hue.
     const auto red = hn::Eq(max, colour.r), green = hn::Eq(max, colour.g);
+    // Each lane takes the difference of the two other channels, and the hue of the largest one as its centre.
     const auto difference =
         hn::IfThenElse(red, hn::Sub(colour.g, colour.b),
                        hn::IfThenElse(green, hn::Sub(colour.b, colour.r), hn::Sub(colour.r, colour.g)));
@@ -110,6 +111,7 @@ HWY_INLINE void through_hexcone(chunk& entries, const function& change)
     const few_floats f;
     for (std::size_t i = 0; i < chunk_entries; i += hn::Lanes(d))
     {
+        // Floats become doubles before they are scaled, as in integer_hsl.
         const auto u8 = [&](const float* channel) HWY_ATTR
         { return hn::Mul(hn::PromoteTo(d, hn::LoadU(f, channel + i)), hn::Set(d, 255.0)); };
         const hexcone_vectors parts = hexcone_of({u8(entries.r), u8(entries.g), u8(entries.b)});
@@ -132,6 +134,8 @@ HWY_INLINE void change_chroma_and_luminance(double chroma_percent, double lumina
                         double_vector& lightness_milli) HWY_ATTR
                     {
                         const auto thousand = hn::Set(d, 1000.0);
+                        // Percent first, then thousandths: the roundings of with_chroma_and_luminance in the plain
+                        // code.
                         const auto chroma = hn::Mul(parts.chroma, hn::Set(d, percent_per_u8));
                         const auto more = hn::Mul(hn::Set(d, chroma_percent / 100.0), chroma);
                         chroma_milli = hn::Mul(hn::Add(chroma, more), thousand);

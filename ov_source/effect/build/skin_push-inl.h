@@ -36,8 +36,10 @@ HWY_INLINE void add_chroma(int percent, const float* weights, chunk& entries)
                     [&](std::size_t i, const hexcone_vectors& parts, double_vector& chroma_milli,
                         double_vector& lightness_milli) HWY_ATTR
                     {
+                        // The complement is taken in floats, as lut_mask::weight does.
                         const auto weight = hn::PromoteTo(d, hn::Sub(hn::Set(f, 1.0f), hn::LoadU(f, weights + i)));
                         const auto chroma = hn::Mul(parts.chroma, hn::Set(d, percent_per_u8));
+                        // Weight first, then the share: another order could give another last bit.
                         const auto push =
                             hn::Mul(hn::Mul(weight, hn::Set(d, static_cast<double>(percent))), push_share(chroma));
                         chroma_milli = hn::Mul(at_least_0(d, hn::Add(chroma, push)), hn::Set(d, 1000.0));

@@ -47,6 +47,7 @@ HWY_INLINE void find(const chunk& entries, positions& found)
     const floats d;
     const hn::RebindToSigned<floats> whole;
     const auto last = hn::Set(d, static_cast<float>(edge - 1));
+    // From one grid point to the next along red, green and blue, in entries.
     constexpr std::int32_t steps[] = {edge * edge, edge, 1};
     each_vector(
         [&](std::size_t i) HWY_ATTR
@@ -79,6 +80,7 @@ HWY_INLINE void look_up(const lut_argb<edge>& table, const chunk& entries, chunk
     const float* corners = &table.get_entries().data()->a;
     for (std::size_t i = 0; i < chunk_entries; ++i)
     {
+        // Entries to floats: four per entry.
         const float* lower = corners + 4 * at.lower[i];
         const std::ptrdiff_t up_r = 4 * at.step[0][i], up_g = 4 * at.step[1][i], up_b = 4 * at.step[2][i];
         const auto red = hn::Set(colour, at.fraction.r[i]), green = hn::Set(colour, at.fraction.g[i]);

@@ -53,6 +53,7 @@ private:
     bool three_dimensional = true;
     std::size_t size = 0;
     std::string title;
+    // Red, green, blue; domain_min < domain_max in each once an entry was read.
     std::array<float, 3> domain_min{0, 0, 0};
     std::array<float, 3> domain_max{1, 1, 1};
     std::vector<argb_float> entries; ///< in the file's order

@@ -41,6 +41,7 @@ HWY_INLINE wide_vector widen(const half_bits* in)
     const auto subnormal = hn::Mul(hn::ConvertTo(d, hn::BitCast(whole, size)), hn::Set(d, 0x1p-24f));
     const auto mantissa = hn::ShiftLeft<13>(size);
     const auto normal = hn::Add(mantissa, hn::Set(bits, (127u - 15u) << 23));
+    // Infinities and NaN: the largest exponent, with the mantissa kept.
     const auto infinite = hn::Or(mantissa, hn::Set(bits, 0x7f800000u));
     const auto is_normal = hn::Gt(hn::BitCast(whole, size), hn::Set(whole, 0x03ff));
     const auto is_infinite = hn::Gt(hn::BitCast(whole, size), hn::Set(whole, 0x7bff));
@@ -95,6 +96,7 @@ HWY_INLINE void widen_all(const half_bits* in, std::size_t samples, float* out)
         hn::Store(widen(in + i), d, out + i);
     if (i < samples)
     {
+        // A copy, so that nothing beyond the row is read; zeros widen to zeros.
         half_bits rest[group_pixels] = {};
         std::copy(in + i, in + samples, rest);
         hn::Store(widen(rest), d, out + i);

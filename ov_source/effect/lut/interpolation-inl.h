@@ -31,6 +31,7 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 using layout = render_table::layout;
 using wide = hn::CappedTag<float, 8>; ///< a group of pixels
+/// A pixel, in the order a, r, g, b.
 using colour = hn::CappedTag<float, 4>;
 using wide_vector = hn::Vec<wide>;
 
@@ -68,6 +69,7 @@ HWY_INLINE group_channels channels_of(const group_colours& colours)
     const wide d;
     const hn::Repartition<double, wide> two_floats;
     const auto& [v0, v1, v2, v3] = colours.vectors;
+    // A transposition in two steps: pairs of floats of two pixels, then pairs of pairs.
     const auto channels_01_lower = hn::BitCast(two_floats, hn::InterleaveLower(d, v0, v1));
     const auto channels_01_upper = hn::BitCast(two_floats, hn::InterleaveLower(d, v2, v3));
     const auto channels_23_lower = hn::BitCast(two_floats, hn::InterleaveUpper(d, v0, v1));
@@ -112,6 +114,7 @@ HWY_INLINE void place(const group_channels& pixels, std::size_t i, chunk_places&
 
     // The byte offset is computed in floats, which hold whole numbers below 2^23 exactly, and then read from the bits:
     // adding 2^23 moves it into the low ones. On x86 multiplying 32-bit integers is slower.
+    // Bytes from one grid point to the next along blue.
     constexpr float point = render_table::floats_per_point(form) * sizeof(float);
     constexpr float to_low_bits = 0x1p23f;
     constexpr std::uint32_t bits_of_2_23 = 0x4b000000;
@@ -157,6 +160,7 @@ HWY_INLINE wide_vector along_red_and_green(const float* lines, const chunk_place
     const wide d;
     const float* line = line_at(lines, places, i);
 #if HWY_MAX_BYTES >= 64
+    // A whole line in one vector: red is interpolated for all four corners at once.
     const hn::CappedTag<float, 16> all;
     const auto corners = along_red<form>(all, line, hn::Set(all, places.red[i]));
     const auto lower = hn::LowerHalf(d, corners), upper = hn::UpperHalf(d, corners);
@@ -214,6 +218,7 @@ HWY_INLINE group_colours interpolate_group(const float* lines, const chunk_place
 template <layout form>
 HWY_INLINE wide_vector interpolate_pixel(const float* lines, const chunk_places& places, std::size_t i)
 {
+    // Four lanes: the channels of one pixel.
     const colour d;
     const float* line = line_at(lines, places, i);
     const auto red = hn::Set(d, places.red[i]), green = hn::Set(d, places.green[i]);

@@ -80,6 +80,7 @@ struct planar_source
 HWY_INLINE void store(const group_colours& colours, const rgb_planes<float>& out, std::size_t i)
 {
     const wide d;
+    // In group_colours red is the second of four values.
     const group_channels channels = channels_of<1>(colours);
     hn::StoreU(channels.r, d, out.r + i);
     hn::StoreU(channels.g, d, out.g + i);

@@ -30,6 +30,7 @@ public:
 
     static constexpr std::size_t floats_per_line = 16;
     static constexpr std::size_t bytes_per_line = floats_per_line * sizeof(float);
+    /// From the line of one grid point to that of the next along blue.
     static constexpr std::size_t floats_per_point(layout form)
     {
         return form == layout::with_deltas ? 2 * floats_per_line : floats_per_line;
@@ -39,12 +40,14 @@ public:
     explicit render_table(lut_argb<lut_edge> table);
     render_table(lut_argb<lut_edge> table, layout form);
 
+    /// The entries that the lines were made from.
     const lut_argb<lut_edge>& get_table() const { return table; }
     layout get_layout() const { return form; }
     /// The line of grid point (0, 0, 0), aligned to 64 bytes; the table owns them.
     const float* get_lines() const { return lines.get(); }
 
 private:
+    // The lines come from aligned_alloc, so free releases them.
     struct free_lines
     {
         void operator()(float* memory) const { std::free(memory); }

@@ -95,6 +95,7 @@ HWY_INLINE void interpolate(const float* lines, const chunk_places& places, std:
     std::size_t ahead = 0;
     for (std::size_t i = 0; i < n; i += group_pixels)
     {
+        // A step for each group, so that the requests are spread over the chunk.
         for (const std::size_t end = ahead + plan.bytes_per_group; ahead < end; ahead += cache_line)
         {
             hwy::Prefetch(plan.next_in + ahead);
@@ -174,6 +175,7 @@ void render_plane_row(const float* lines, const rgb_planes<const float>& in, con
                                      { store(colours, to, i); });
                    if (whole == n)
                        return;
+                   // As in render_argb_row: a whole group is computed, its pixels are copied.
                    float rest[3][group_pixels];
                    store(interpolate_group<form>(lines, places, whole), {rest[0], rest[1], rest[2]}, 0);
                    std::copy(rest[0], rest[0] + (n - whole), to.r + whole);
@@ -216,6 +218,7 @@ HWY_AFTER_NAMESPACE();
 namespace ov1::row_kernel
 {
 
+// A table of the compiled versions; the first call looks for the best one that the processor has.
 HWY_EXPORT(argb_here);
 HWY_EXPORT(half_here);
 HWY_EXPORT(planes_here);

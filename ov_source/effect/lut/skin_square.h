@@ -17,6 +17,7 @@ struct skin_square
 constexpr skin_square skin_square_of(double angle)
 {
     constexpr double slope = 2.2222223; // 100 / 45 rounded up, so that the corners are always reached
+    // Eight sections, two on each side of the square, in the order of growing angle.
     if (angle <= 45.0)
         return {100.0, -slope * angle};
     if (angle <= 90.0)

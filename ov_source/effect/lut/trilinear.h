@@ -43,6 +43,7 @@ template <class function>
 constexpr argb_float trilinear(const grid_position& r, const grid_position& g, const grid_position& b,
                                const function& entry)
 {
+    // Four edges of the cell along red, then two lines along green, then one along blue.
     const auto along_red = [&](std::size_t green, std::size_t blue)
     { return lerp(entry(r.lower, green, blue), entry(r.upper, green, blue), r.fraction); };
     const argb_float c0 = lerp(along_red(g.lower, b.lower), along_red(g.upper, b.lower), g.fraction);

@@ -1,4 +1,5 @@
 // The identity table bent by colour points.
+// The product bends the grid in build_grid-inl.h; this is the same arithmetic as plain code.
 #pragma once
 
 #include "effect/lut/lut_argb.h"
