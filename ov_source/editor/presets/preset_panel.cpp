@@ -1,6 +1,7 @@
 #include "editor/presets/preset_panel.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/text_field.h"
 #include "editor/controls/style/view_area.h"
 #include "editor/presets/preset_cell.h"
 #include "platform/iutils.h"
@@ -86,13 +87,8 @@ void preset_panel::add_search_field(language_id language)
     const CRect place(margin, margin, getViewSize().getWidth() - margin, margin + search_height);
     search_field = new CTextEdit(place, this, -1);
     search_field->setPlaceholderString(iutils::translate(language, "{en:Search}{de:Suchen}").c_str());
-    search_field->setImmediateTextChange(true);
-    search_field->setFont(style::text_font());
-    search_field->setFontColor(style::bright_text);
-    search_field->setBackColor(style::sunken);
-    search_field->setFrameColor(style::hairline);
-    search_field->setHoriAlign(kLeftText);
-    search_field->setTextInset(CPoint(8, 0));
+    apply_style(*search_field, {style::text_font(), style::bright_text, style::sunken, style::hairline});
+    align_left(*search_field);
     addView(search_field);
 }
 

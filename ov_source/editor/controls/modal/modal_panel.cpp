@@ -3,6 +3,7 @@
 #include "editor/controls/modal/modal_layer.h"
 #include "editor/controls/style/editor_style.h"
 #include "editor/controls/style/round_box.h"
+#include "editor/controls/style/text_field.h"
 #include "editor/controls/style/text_lines.h"
 #include "editor/controls/style/text_measure.h"
 #include "editor/controls/style/view_area.h"
@@ -102,15 +103,9 @@ COVRoundedGreyButton* modal_panel::add_button(const std::string& text, button_ta
 void modal_panel::add_field(const std::string& name)
 {
     field = new VSTGUI::CTextEdit({}, nullptr, -1, name.c_str());
-    field->setFont(message_font);
-    field->setFontColor(style::bright_text);
-    field->setBackColor(style::dialog_field);
-    field->setFrameColor(style::dialog_frame);
-    field->setHoriAlign(VSTGUI::kLeftText);
-    field->setTextInset({8.0, 0.0});
-    field->setStyle(VSTGUI::CTextEdit::kRoundRectStyle);
-    field->setRoundRectRadius(field_corner_radius);
-    field->setImmediateTextChange(true); // Return confirms what is typed while the field has the focus
+    apply_style(*field,
+                {message_font, style::bright_text, style::dialog_field, style::dialog_frame, field_corner_radius});
+    align_left(*field);
     addView(field);
 }
 

@@ -1,6 +1,7 @@
 #include "editor/controls/widgets/value_line.h"
 
 #include "editor/controls/style/editor_style.h"
+#include "editor/controls/style/text_field.h"
 #include "editor/controls/widgets/with_keys.h"
 
 #include <utility>
@@ -21,13 +22,8 @@ public:
         : with_keys(place, nullptr, -1, text.c_str())
         , on_done(std::move(on_done))
     {
-        setFont(style::tiny_font());
-        setFontColor(style::value_hovered_text);
-        setBackColor(style::value_field);
-        setFrameColor(style::value_field_frame);
-        setStyle(kRoundRectStyle);
-        setRoundRectRadius(field_corner_radius);
-        setImmediateTextChange(true); // Return confirms what is typed while the field has the focus
+        apply_style(*this, {style::tiny_font(), style::value_hovered_text, style::value_field, style::value_field_frame,
+                            field_corner_radius});
     }
 
     bool removed(CView* parent) override
