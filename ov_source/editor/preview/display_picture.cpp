@@ -2,6 +2,7 @@
 
 #include "platform/rows.h"
 #include "shared/argb_float.h"
+#include "shared/clamp.h"
 #include "shared/image.h"
 
 #include <algorithm>
@@ -69,7 +70,7 @@ void append_weights(resample_axis& axis, const std::vector<double>& exact)
 /// Appends the taps of screen pixel s. Below zoom 1 they are the picture pixels under it, weighted by area; up to 2 the
 /// interval is one picture pixel wide, which is linear interpolation; above that it is the single pixel under s.
 /// exact is scratch memory.
-void appfinal_taps(resample_axis& axis, double s, double zoom, std::uint32_t size, std::vector<double>& exact)
+void append_taps(resample_axis& axis, double s, double zoom, std::uint32_t size, std::vector<double>& exact)
 {
     double begin = s / zoom, end = (s + 1) / zoom;
     if (zoom >= least_zoom_of_squares)
@@ -103,7 +104,7 @@ resample_axis make_axis(double origin, std::uint32_t count, double zoom, std::ui
     axis.taps.reserve(count);
     std::vector<double> exact;
     for (std::uint32_t i = 0; i < count; ++i)
-        appfinal_taps(axis, origin + i, zoom, size, exact);
+        append_taps(axis, origin + i, zoom, size, exact);
     return axis;
 }
 
@@ -159,13 +160,9 @@ void copy_nearest(const display_picture& picture, const resample_axis& rows, con
 
 void convert_row_to_display(const argb_float* from, std::uint32_t* to, std::size_t count)
 {
-    // Conditional moves, so that the compiler converts several pixels at once. A NaN fails the first comparison: 0.
+    // By way of a signed integer: processors without AVX-512 have no conversion of several floats to unsigned ones.
     const auto code = [](float v)
-    {
-        const float above = v > 0.f ? v : 0.f;
-        const float limited = above < 1.f ? above : 1.f;
-        return static_cast<std::uint32_t>(static_cast<std::int32_t>(limited * 255.f + 0.5f));
-    };
+    { return static_cast<std::uint32_t>(static_cast<std::int32_t>(clamped(v) * 255.f + 0.5f)); };
     for (std::size_t x = 0; x < count; ++x)
         to[x] = opaque | code(from[x].r) << 16 | code(from[x].g) << 8 | code(from[x].b);
 }
