@@ -75,7 +75,7 @@ private:
     {
         auto* const pad = new COVColorWheelXYPad(to_crect(place), &listener, tag_of(p.angle_parameter),
                                                  tag_of(p.radius_parameter), &picture);
-        pad->setFrameColor(style::handle_colour);
+        pad->setFrameColor(style::handle_frame);
         set_tooltip(*pad, p.tooltip);
         container.addView(pad);
         made.pads[static_cast<std::size_t>(p.slot)] = pad;
@@ -121,7 +121,7 @@ private:
 
     void add_label(const rect& place, const char* text)
     {
-        container.addView(make_text_label(to_crect(place), text, style::panel_label_font(), style::label_colour));
+        container.addView(make_text_label(to_crect(place), text, style::panel_label_font(), style::label_text));
     }
 
     void keep(CControl& control, const char* tooltip)

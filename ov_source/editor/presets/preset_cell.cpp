@@ -1,7 +1,6 @@
 #include "editor/presets/preset_cell.h"
 
 #include "editor/controls/style/bitmap_pixels.h"
-#include "editor/controls/style/editor_style.h"
 
 #include "vstgui/lib/cdrawcontext.h"
 #include "vstgui/lib/cdrawmethods.h"
@@ -74,11 +73,10 @@ void preset_cell::draw(CDrawContext* context)
     }
     CRect text = getViewSize();
     text.top = place.bottom + 2;
-    const auto font = style::small_font();
     const auto shown =
         CDrawMethods::createTruncatedText(CDrawMethods::kTextTruncateTail, name.c_str(), font, text.getWidth());
     context->setFont(font);
-    context->setFontColor(is_current ? style::accent : style::text_colour);
+    context->setFontColor(is_current ? style::accent : style::normal_text);
     context->drawString(shown.empty() ? UTF8String(name.c_str()) : shown, text, kCenterText);
     setDirty(false);
 }

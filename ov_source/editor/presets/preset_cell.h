@@ -1,6 +1,7 @@
 // One preset of the preset panel: a picture with a name beneath it.
 #pragma once
 
+#include "editor/controls/style/editor_style.h"
 #include "editor/presets/preset_thumbnails.h"
 
 #include "vstgui/lib/cbitmap.h"
@@ -44,6 +45,7 @@ private:
 
     const std::string name;
     const bool is_current;
+    const style::font_pointer font = style::small_font();
     const std::function<void(bool over)> on_hover;
     const std::function<void()> on_choice;
     bool is_hovered = false;

@@ -77,7 +77,7 @@ CTextLabel* preview_bar::add_label(CCoord width, CHoriTxtAlign alignment)
 {
     const CCoord top = std::floor((getViewSize().getHeight() - label_height) / 2);
     auto* const label = make_text_label(CRect(CPoint(next_left, top), CPoint(width, label_height)), nullptr,
-                                        style::small_font(), style::text_colour);
+                                        style::small_font(), style::normal_text);
     label->setHoriAlign(alignment);
     addView(label);
     next_left += width + label_gap;

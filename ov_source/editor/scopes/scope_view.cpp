@@ -58,7 +58,7 @@ void scope_view::draw(CDrawContext* context)
     heading.bottom = area.top += title_height;
     heading.left += title_indent;
     context->setFont(title_font);
-    context->setFontColor(style::text_colour);
+    context->setFontColor(style::normal_text);
     context->drawString(title.c_str(), heading, kLeftText);
     if (std::exchange(is_outdated, false))
         copy_picture();

@@ -91,7 +91,7 @@ void COVPluginToolbar::addPresetButton()
     preset_button = new COVRoundedGreyButton(CRect(corner, CPoint(preset_width, preset_height)), this, -1, nullptr,
                                              CTextButton::kKickStyle);
     preset_button->setFont(style::text_font());
-    preset_button->setTextColor(style::text_colour);
+    preset_button->setTextColor(style::normal_text);
     preset_button->setRightIcon(load_first_frame("toolbar_presets.png"), 1);
     preset_button->setTooltipText(dialogs.translate("{en:Choose a preset}{de:Preset wählen}").c_str());
     addView(preset_button);

@@ -27,8 +27,8 @@ GenericOptionMenuTheme make_theme()
     theme.selectedBackgroundColor = style::accent;
     theme.textColor = style::bright_text;
     theme.selectedTextColor = style::sunken;
-    theme.disabledTextColor = style::label_colour;
-    theme.titleTextColor = style::label_colour;
+    theme.disabledTextColor = style::label_text;
+    theme.titleTextColor = style::label_text;
     theme.separatorColor = style::hairline;
     theme.inset = CPoint(6, 4);
     theme.menuAnimationTime = 0;

@@ -42,15 +42,15 @@ inline constexpr CColor split_shadow(0, 0, 0, 110);
 
 // Handles.
 inline constexpr CColor arrow(176, 176, 176);
-inline constexpr CColor handle_colour(151, 151, 151);     ///< the circle on a wheel
-inline constexpr CColor handle_filling(255, 255, 255, 0); ///< transparent: the wheel's colour shows
+inline constexpr CColor handle_frame(151, 151, 151);   ///< the circle on a wheel
+inline constexpr CColor handle_fill(255, 255, 255, 0); ///< transparent: the wheel's colour shows
 
 // Text, from dark to bright.
-inline constexpr CColor label_colour(114, 114, 114);
+inline constexpr CColor label_text(114, 114, 114);
 inline constexpr CColor value_text(134, 134, 134);
 inline constexpr CColor scale_text(176, 176, 176); ///< on the scopes
 inline constexpr CColor dialog_text(182, 182, 182);
-inline constexpr CColor text_colour(190, 190, 190);
+inline constexpr CColor normal_text(190, 190, 190);
 inline constexpr CColor button_text(200, 200, 200);
 inline constexpr CColor tip_text(204, 204, 204);
 inline constexpr CColor value_hovered_text(214, 214, 214);

@@ -26,7 +26,7 @@ COVCalloutSlider::COVCalloutSlider(const VSTGUI::CRect& size, VSTGUI::IControlLi
     , font(style::small_font())
 {
     setWheelInc(wheel_increment);
-    setValueColor(style::label_colour);
+    setValueColor(style::label_text);
     setBackground(background);
     if (handle && background)
         setOffsetHandle({0.0, background->getHeight() - handle->getHeight()});

@@ -27,7 +27,7 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     COVColorWheelXYPad::setRoundRectRadius(pad_handle_points); // after the frame width, which it uses
     setDefaultValues(0.5F, 0.5F);
     COVColorWheelXYPad::setValue(pad_centre_value);
-    setFontColor(style::handle_filling);
+    setFontColor(style::handle_fill);
     setWheelInc(wheel_increment);
 }
 
