@@ -27,17 +27,20 @@ within() {
   done
 }
 
-windows() { xdotool search --onlyvisible --name '' 2>/dev/null | wc -l; }
-has_windows() { [ "$(windows)" -ge "$1" ]; }
+# Counts the visible windows, the root included. The search fails without output where a window closes meanwhile: the
+# callers count again until they get the number that they expect.
+windows() { { xdotool search --onlyvisible --name '' 2>/dev/null || true; } | wc -l; }
+has_only_root() { [ "$(windows)" -eq 1 ]; }
+has_editor() { [ "$(windows)" -ge 3 ]; }
 has_ended() { ! kill -0 "$program" 2>/dev/null; }
 
-# The editor has two windows; the inner one gets the events.
+# The editor has two windows, of which the inner one gets the events. The windows of the program before may outlive it
+# for a moment.
 start_editor() {
-  local before
-  before=$(windows)
+  within 20 has_only_root
   "$veridial" edit "$@" >printed 2>said &
   program=$!
-  within 60 has_windows $((before + 2))
+  within 60 has_editor
 }
 
 # The server merges moves that come at once into the last one, so each move waits a moment.
