@@ -21,12 +21,13 @@ namespace
 
 /// A smoothness slider carries its panel's range arc under this attribute, as a pointer that it does not own.
 constexpr CViewAttributeID spread_arc_attribute = 'r' << 24 | 's' << 16 | 'a' << 8 | 't';
-constexpr float slider_reach = 100;                 ///< percent, to either side of 0
-constexpr std::int32_t least_value_on_the_left = 4; ///< the toolkit's style bit
-constexpr CCoord panel_margin = 3;                  ///< the edge of the panel's picture that is not stretched
+constexpr float slider_reach = 100; ///< percent, to either side of 0
+constexpr CCoord panel_margin = 3;  ///< the edge of the panel's picture that is not stretched
 
+/// In points.
 control_size size_of(const CBitmap& picture) { return {picture.getWidth(), picture.getHeight()}; }
 
+/// A control's tag is its parameter's uid.
 std::int32_t tag_of(const char* parameter) { return static_cast<std::int32_t>(make_uid(parameter)); }
 
 /// Creates the controls. Within a panel arcs come first and the pad last, so that it lies above them.
@@ -60,12 +61,14 @@ private:
         for (const panel_arc& arc : p.arcs)
         {
             auto* const slider = make_arc(arc, place);
+            // The first arc of a panel with sliders is its range.
             first_arc = first_arc ? first_arc : slider;
         }
         for (std::size_t i = 0; i < p.sliders.size(); ++i)
         {
             auto* const slider = make_slider(p.sliders[i], place, static_cast<int>(i));
             if (i == 0) // smoothness
+                // Both are children of the container, so the pointer stays valid as long as the slider.
                 slider->setAttribute(spread_arc_attribute, first_arc);
         }
         make_pad(p, place, *picture);
@@ -101,6 +104,7 @@ private:
         auto* const slider =
             new COVCalloutSlider(to_crect(place), &listener, tag_of(s.parameter), travel.min, travel.max, slider_handle,
                                  slider_background, CPoint(0, 0), least_value_on_the_left);
+        // The slider writes its own value, so its range is that of the text: percent.
         slider->setMin(-slider_reach);
         slider->setMax(slider_reach);
         slider->setDefaultValue(0);
@@ -113,6 +117,7 @@ private:
 
     void make_inspire_button()
     {
+        // Tag -1, because it belongs to no parameter.
         made.inspire = new COVButton(to_crect(inspire_button_place), &listener, -1, CTextButton::kKickStyle, nullptr);
         made.inspire->setIcon(load_artwork("inspire_dice.png"));
         set_tooltip(*made.inspire, inspire_tooltip);
@@ -167,6 +172,7 @@ SharedPointer<CBitmap> draw_panel_background(CFrame* frame)
 
 COVArrowArcSlider* find_spread_arc(const CControl& control)
 {
+    // Without the attribute arc stays null.
     COVArrowArcSlider* arc = nullptr;
     return control.getAttribute(spread_arc_attribute, arc) ? arc : nullptr;
 }

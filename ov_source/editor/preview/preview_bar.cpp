@@ -31,7 +31,6 @@ constexpr CCoord colour_width = 268;
 constexpr CCoord frame_label_width = 84;
 constexpr CCoord least_slider_width = 80;
 constexpr CCoord label_height = 16;
-constexpr std::int32_t least_value_on_the_left = 4;
 
 /// Place, and the codes 0..255 before and after: "12, 40    10  20  30  →   11  22  33".
 std::string describe(const picked_colour& c)
@@ -57,6 +56,7 @@ preview_bar::preview_bar(const CRect& size, preview_view& preview, COVScrollView
     split = add_button("toolbar_split.png", toggle,
                        "{en:Before and after, side by side}{de:Vorher und nachher geteilt}", language);
     eyedropper = add_button("toolbar_eyedropper.png", toggle, "{en:Read colours}{de:Farben ablesen}", language);
+    // The bar lies over the preview's lower edge.
     scroller.setCoveredBottom(size.getHeight());
     scroller.setZoomListener([this] { show_zoom(); });
     show_zoom();
@@ -107,6 +107,7 @@ void preview_bar::show_comparison()
 
 void preview_bar::toggle_comparison(comparison mode)
 {
+    // The same button again returns to the graded picture.
     preview.set_comparison(preview.get_comparison() == mode ? comparison::after : mode);
     show_comparison();
 }
@@ -117,6 +118,7 @@ void preview_bar::show_colour(const std::optional<picked_colour>& colour)
         return;
     const bool is_on = eyedropper->getValue() > 0.5f;
     const std::string text = is_on && colour ? describe(*colour) : std::string();
+    // Each movement of the mouse comes here; an unchanged text is not drawn again.
     if (colour_label->getText() == text.c_str())
         return;
     colour_label->setText(text.c_str());

@@ -7,14 +7,17 @@
 namespace ov1
 {
 
+/// A style bit of the toolkit: the value grows to the right.
+inline constexpr std::int32_t least_value_on_the_left = 4;
+
 /// Dragged by its handle, at a tenth of the mouse's speed while Shift is held. Alt with the left button, or a double
 /// click, sets the default value. A drag that begins with Control held moves the partner by the same amount while
 /// Control stays held; the partner reports this as an edit of its own.
 class CSimpleSlider : public VSTGUI::CHorizontalSlider
 {
 public:
-    /// The handle's left edge moves from min_pos to max_pos, in the parent's points; style is the toolkit's set of
-    /// bits: 4 has the smallest value on the left.
+    /// The handle's left edge moves from min_pos to max_pos, in the parent's points; style is a set of the
+    /// toolkit's bits.
     CSimpleSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener* listener, std::int32_t tag, std::int32_t min_pos,
                   std::int32_t max_pos, VSTGUI::CBitmap* handle, const VSTGUI::CPoint& offset, std::int32_t style);
 
