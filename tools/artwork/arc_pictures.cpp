@@ -32,6 +32,7 @@ std::vector<rgb_double> colours_along(const std::function<rgb_double(double posi
 rgb_double colour_at(const std::vector<rgb_double>& colours, double position)
 {
     const double at = std::clamp(position, 0.0, 1.0) * static_cast<double>(colours.size() - 1);
+    // At position 1 the last interval is used, with fraction 1.
     const auto i = std::min(static_cast<std::size_t>(at), colours.size() - 2);
     const double fraction = at - static_cast<double>(i);
     const rgb_double &from = colours[i], &to = colours[i + 1];
@@ -59,6 +60,7 @@ double outside_band(double away, double up)
 {
     constexpr double half = (band_end_points - band_begin_points) / 2.0, middle = band_begin_points + half;
     const double reach = band_reach();
+    // The nearest point of the band's centre line has this angle; the clamp makes the ends round.
     const double angle = std::clamp(std::atan2(up, away), -reach, reach);
     return std::hypot(away - middle * std::cos(angle), up - middle * std::sin(angle)) - half;
 }
@@ -67,6 +69,7 @@ argb_float pixel(const arc_picture& arc, double away, double up)
 {
     constexpr double edge_level = 0.55; // of the colour, on the darkened edge
     const double outside = outside_band(away, up) * artwork_scale;
+    // The transition is one pixel wide, centred on the outline.
     const double cover = std::clamp(0.5 - outside, 0.0, 1.0);
     if (cover == 0.0)
         return {};
@@ -101,6 +104,7 @@ std::vector<argb_float> draw_arc(const arc_picture& arc)
     for (int y = 0; y < arc_height_pixels; ++y)
         for (int x = 0; x < arc_width_pixels; ++x)
         {
+            // In points, from the pixel's middle.
             const double from_left = (x + 0.5) / artwork_scale;
             pixels.push_back(pixel(arc, arc.side == arc_side::right ? from_left : arc_width_points - from_left,
                                    arc_height_points / 2.0 - (y + 0.5) / artwork_scale));

@@ -11,6 +11,7 @@ std::vector<rgb_double> engine_colours::graded(std::span<const rgb_double> colou
     grade_settings settings;
     for (const parameter_setting& v : values)
         settings.settings[static_cast<std::size_t>(v.parameter)].value = static_cast<float>(v.value);
+    // The build that the effect uses, so that a picture shows what its control does.
     build_lut(settings, looks, skin, table);
 
     std::vector<rgb_double> found;

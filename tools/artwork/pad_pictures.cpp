@@ -71,11 +71,13 @@ pad_picture zone_pad(const char* name, zone z)
 
 argb_float pixel(const pad_picture& pad, double x, double y)
 {
+    // Half a pixel less than the picture, so that the anti-aliased rim fits in.
     constexpr double radius = (pad_pixels - 1) / 2.0;
     const double distance = std::hypot(x, y);
     const double cover = std::clamp(radius + 0.5 - distance, 0.0, 1.0);
     if (cover == 0.0)
         return {};
+    // 0 is up, and angles grow counter-clockwise, as pad_geometry has them.
     const double angle = std::atan2(-x, -y) * 180.0 / std::numbers::pi;
     const double strength = std::min(distance / artwork_scale / full_strength_points, 1.0) * 100.0;
     const rgb_double c =

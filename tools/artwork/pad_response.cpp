@@ -30,6 +30,7 @@ pad_response::pad_response(engine_colours& engine, parameter_index angle, parame
 
 const rgb_double& pad_response::point(std::size_t colour, std::size_t angle, std::size_t strength) const
 {
+    // 360 degrees are 0 again; strengths have a point at both ends.
     return graded[angle % angles * (strengths + 1) + strength][colour];
 }
 
@@ -38,6 +39,7 @@ rgb_double pad_response::at(std::size_t colour, double angle, double strength) c
     const double around = std::clamp(angle, 0.0, 360.0) / 360.0 * angles;
     const double out = std::clamp(strength, 0.0, 100.0) / 100.0 * strengths;
     const auto a = static_cast<std::size_t>(around);
+    // At full strength the last interval is used, at its end.
     const auto s = std::min(static_cast<std::size_t>(out), strengths - 1);
     const auto along = [&](std::size_t i)
     { return between(point(colour, i, s), point(colour, i, s + 1), out - static_cast<double>(s)); };

@@ -12,6 +12,7 @@ using namespace VSTGUI;
 namespace
 {
 
+/// Does nothing for controls other than a smoothness slider.
 void spread_arc_of(const CControl& slider, float normalized)
 {
     if (auto* const arc = find_spread_arc(slider))
@@ -42,6 +43,7 @@ void show_in_slider(CControl& control, float normalized)
 /// False where the stop has no control with this tag that may be moved.
 bool show_in_stop(const panel_stop& stop, std::int32_t tag, cparameter_continuous_v1& parameter)
 {
+    // The user holds the control: it must not move under the mouse.
     if (stop.control->isEditing())
         return false;
     if (stop.control->getTag() == tag)
@@ -77,6 +79,7 @@ bool write_parameters(std::span<const panel_stop> stops, CControl& control)
 
 bool show_parameter(std::span<const panel_stop> stops, iparameter_v1& parameter)
 {
+    // The panel has controls for continuous parameters only.
     auto* const continuous = dynamic_cast<cparameter_continuous_v1*>(&parameter);
     const auto tag = static_cast<std::int32_t>(parameter.get_uid());
     return continuous &&

@@ -36,6 +36,7 @@ public:
     /// wheel is the pad of the same panel.
     void surround(const panel_stop& stop, const CRect& wheel)
     {
+        // Redraws the area that the ring leaves.
         invalid();
         outline = stop.pad ? shape::wheel : stop.arc ? shape::arc : shape::box;
         middle = wheel.getCenter();
@@ -52,6 +53,7 @@ public:
     void draw(CDrawContext* context) override
     {
         CRect line = getViewSize();
+        // The line is centred on the path; inset, it stays within the view.
         line.inset(ring_width / 2, ring_width / 2);
         const auto path = owned(context->createGraphicsPath());
         if (!path)
@@ -84,6 +86,7 @@ private:
         const double from = is_left ? 180 - arc_half_angle : -arc_half_angle, to = from + 2 * arc_half_angle;
         const auto circle = [this](CCoord radius)
         { return CRect(middle.x - radius, middle.y - radius, middle.x + radius, middle.y + radius); };
+        // Along the outer edge, and back along the inner one. Angles begin at the right: 180 is to the left.
         path.addArc(circle(outer_radius), from, to, true);
         path.addArc(circle(wheel_radius + 1), to, from, false);
         path.closeSubpath();
@@ -116,6 +119,7 @@ void panel_focus::step(bool back)
     if (count == 0)
         return;
     const auto* const now = current();
+    // Without a focus the first step forward leads to the first control, the first step back to the last.
     const std::size_t at = now ? static_cast<std::size_t>(now - stops.data()) : (back ? 0 : count - 1);
     give_to(stops[(at + (back ? count - 1 : 1)) % count]);
     show_ring();

@@ -8,6 +8,7 @@ namespace ov1
 namespace
 {
 
+// In points.
 constexpr int label_height = 12;
 constexpr int gap_above_pad = 7;
 constexpr int gap_beside_pad = 2;
@@ -29,6 +30,7 @@ rect place_pad(const control_size& picture, int x_offset, int top)
 
 rect place_panel_label(const rect& pad)
 {
+    // The picture's width: the pad's view is larger by the margin.
     const int width = pad.width - pad_margin_points;
     return {rounded(middle_x(pad) - width / 2.0), pad.y - gap_above_pad - label_height, width, label_height};
 }
@@ -36,6 +38,7 @@ rect place_panel_label(const rect& pad)
 rect place_arc(const rect& pad, const control_size& picture, bool is_left)
 {
     const int width = rounded(picture.width), height = rounded(picture.height);
+    // The arc's view begins beside the pad's middle and lies over half of it: the arrow's pivot is there.
     const double shift = width / 2.0 + gap_beside_pad;
     const double middle = middle_x(pad) + (is_left ? -shift : shift);
     return {rounded(middle - width / 2.0), rounded(middle_y(pad) - height / 2.0), width, height};
@@ -51,6 +54,7 @@ rect place_slider(const rect& pad, const control_size& picture, int index)
 
 control_travel slider_travel(const rect& slider, double handle_width)
 {
+    // The positions are those of the handle's left edge.
     return {slider.x, slider.x + slider.width - rounded(handle_width)};
 }
 

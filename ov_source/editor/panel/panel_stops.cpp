@@ -78,6 +78,7 @@ std::vector<panel_stop> order_panel_stops(icomponent_v1& component, const panel_
         const auto add_slider = [&](const char* parameter)
         {
             const auto tag = static_cast<std::int32_t>(make_uid(parameter));
+            // Found by tag: the controls are in the order of creation, not of focus.
             const auto found = std::ranges::find(controls.others, tag, &VSTGUI::CControl::getTag);
             if (found != controls.others.end())
                 stops.push_back(stop_of_slider(component, slot, **found));
@@ -131,6 +132,7 @@ void nudge(const panel_stop& stop, const VSTGUI::CPoint& direction, bool finely)
     const float step = finely ? step_percent * fine_factor : step_percent;
     if (stop.pad)
     {
+        // A step across the wheel changes angle and radius together.
         const pad_polar moved = nudged({parameters[0]->get_value(), parameters[1]->get_value()},
                                        step * static_cast<float>(direction.x), step * static_cast<float>(direction.y));
         return set_values(stop, {moved.angle, moved.radius});
@@ -159,6 +161,7 @@ result<std::vector<float>> read_entry(const panel_stop& stop, const std::string&
     const auto parameters = parameters_of(stop);
     std::vector<float> values(parameters.size());
     if (parameters.empty() || !read_typed_values(typed, values))
+        // The reason shows the form that is expected.
         return stop.pad ? not_accepted("two numbers, such as 212.5, 30", "zwei Zahlen wie 212.5, 30")
                         : not_accepted("a number, such as 12.5", "eine Zahl wie 12.5");
     for (std::size_t i = 0; i < values.size(); ++i)
@@ -177,6 +180,8 @@ void set_values(const panel_stop& stop, const std::vector<float>& values)
 {
     const auto parameters = parameters_of(stop);
     for (std::size_t i = 0; i < parameters.size() && i < values.size(); ++i)
+        // With edit false, as a drag does it: the component then keeps a wheel's chroma and lightness within each
+        // other's limits.
         parameters[i]->set_value(values[i], false);
 }
 

@@ -11,6 +11,7 @@ namespace
 // The neutral ramp on either side of a wheel.
 constexpr const char* grey_left = "gray_slider_background_left.png";
 constexpr const char* grey_right = "gray_slider_background_right.png";
+// All three ranges have the same text.
 constexpr const char* range_tooltip = "{en:Shift the effect range towards the shadows or the highlights}"
                                       "{de:Effektbereich in Richtung Schatten oder Glanzpunkte verschieben}";
 
@@ -104,6 +105,7 @@ constexpr std::array<panel, panel_count> panels = {{
      458,
      {},
      {}},
+    // "gras" and the blank after "colours": the text's own spelling.
     {panel_slot::greenery,
      "GREENERY",
      "greenery_xy_background.png",

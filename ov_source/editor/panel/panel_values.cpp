@@ -35,11 +35,13 @@ CRect line_over_callout(const COVCalloutSlider& slider)
 {
     const CRect track = slider.getViewSize();
     const CPoint handle = slider.getHandle() ? slider.getHandle()->getSize() : CPoint();
+    // The handle's middle, as the toolkit places it.
     const CCoord middle = track.left + handle.x / 2 + slider.getValueNormalized() * (track.getWidth() - handle.x);
     const CCoord bottom = track.bottom - handle.y;
     return {middle - callout_width / 2, bottom - line_height, middle + callout_width / 2, bottom};
 }
 
+/// On the outer side of the wheel, level with its lower edge.
 CRect line_below_arc(const CRect& arc, const CRect& wheel)
 {
     const CCoord middle = wheel.getCenter().x;
@@ -82,6 +84,7 @@ CRect panel_values::panel_area(panel_slot slot) const
     CRect area = pad_of(stops, slot).getViewSize();
     for (const panel_stop& stop : stops)
         if (stop.slot == slot)
+            // Lines belong to the area, so that the mouse can reach them without leaving it.
             area.unite(stop.control->getViewSize()).unite(line_place(stop));
     return area;
 }
@@ -97,6 +100,7 @@ void panel_values::point_at(const std::optional<CPoint>& in_frame)
         CPoint where = *in_frame;
         panel.frameToLocal(where);
         for (const panel_stop& stop : stops)
+            // Each panel has exactly one pad.
             if (stop.pad && panel_area(stop.slot).pointInside(where))
                 found = found ? found : stop.slot;
     }
@@ -114,6 +118,7 @@ void panel_values::show_lines()
 {
     for (std::size_t i = 0; i < stops.size(); ++i)
     {
+        // Runs at every idle: only differences reach the views, so that nothing is redrawn in vain.
         const bool is_shown = stops[i].slot == pointed_at || stops[i].slot == kept;
         if (lines[i]->isVisible() != is_shown)
             lines[i]->setVisible(is_shown);
@@ -121,6 +126,7 @@ void panel_values::show_lines()
             continue;
         if (stops[i].slider) // its value moves with the handle
         {
+            // Without a redraw: a line over a slider has no text of its own.
             lines[i]->setViewSize(line_place(stops[i]), false);
             lines[i]->setMouseableArea(line_place(stops[i]));
         }
@@ -132,6 +138,7 @@ void panel_values::show_lines()
 void panel_values::show_bubble(const panel_stop& stop)
 {
     const std::string text = value_text_of(stop);
+    // A slider writes its value itself.
     if (stop.slider || text.empty())
         return;
     is_message = false;

@@ -47,6 +47,7 @@ void COVScrollView::setPictureSize(double width, double height)
 
 void COVScrollView::setCoveredBottom(double height)
 {
+    // The limits of zoom and scrolling depend on it: setZoom applies the new ones.
     geometry.covered_bottom = height;
     setZoom(zoom);
 }
@@ -55,12 +56,14 @@ void COVScrollView::zoomToFit()
 {
     fitted = true;
     zoom = geometry.fit_zoom();
+    // All of the picture is visible, so no point has to keep its place.
     layOut({}, {});
 }
 
 void COVScrollView::setZoom(double wanted, const preview_point& at)
 {
     const preview_point offset = scrolledTo();
+    // In picture pixels, which the new zoom does not change.
     const preview_point in_picture = geometry.to_picture(zoom, {at.x + offset.x, at.y + offset.y});
     zoom = geometry.limit_zoom(wanted);
     fitted = zoom == geometry.fit_zoom(); // limit_zoom returns it exactly
@@ -93,6 +96,7 @@ void COVScrollView::layOut(const preview_point& in_picture, const preview_point&
 void COVScrollView::panBy(double x, double y)
 {
     const preview_point now = scrolledTo();
+    // By way of the picture, because offset_for limits its result.
     const preview_point at = geometry.to_picture(zoom, {now.x - x, now.y - y});
     const preview_point offset = geometry.offset_for(zoom, at, {});
     setScrollOffset(CPoint(offset.x, offset.y));
@@ -114,6 +118,7 @@ void COVScrollView::setViewSize(const CRect& rect, bool invalid)
     CScrollView::setViewSize(rect, invalid);
     geometry.view_width = rect.getWidth();
     geometry.view_height = rect.getHeight();
+    // A fitted picture stays fitted; any other keeps its zoom, within the new limits.
     if (fitted)
         zoomToFit();
     else

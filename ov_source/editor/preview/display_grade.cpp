@@ -18,6 +18,7 @@ void grade_row(const std::uint32_t* from, std::uint32_t* to, std::uint32_t width
     constexpr float code = 1.0f / 255.0f;
     row.resize(width);
     for (std::uint32_t x = 0; x < width; ++x)
+        // Pixels of the screen are opaque.
         row[x] = {1.0f, red_of(from[x]) * code, green_of(from[x]) * code, blue_of(from[x]) * code};
     renderer.render_row(y, row.data(), row.data(), width);
     convert_row_to_display(row.data(), to, width);
@@ -30,6 +31,7 @@ display_picture grade_display(const display_picture& picture, const row_renderer
     display_picture graded{picture.width, picture.height, std::vector<std::uint32_t>(picture.pixels.size())};
     const auto grade_rows = [&](std::size_t first, std::size_t end)
     {
+        // One row for each piece: pieces run on several cores at once.
         std::vector<argb_float> row;
         for (std::size_t y = first; y < end; ++y)
             grade_row(picture.row(static_cast<std::uint32_t>(y)), graded.pixels.data() + y * picture.width,

@@ -90,6 +90,7 @@ void append_taps(resample_axis& axis, double s, double zoom, std::uint32_t size,
     const auto highest = std::max(lowest, static_cast<std::int64_t>(std::ceil(end - 1e-9)) - 1);
     const std::int64_t first = std::clamp<std::int64_t>(lowest, 0, last);
     const std::int64_t final_tap = std::clamp<std::int64_t>(highest, 0, last);
+    // Outside the picture the edge pixel receives the weight.
     exact.assign(static_cast<std::size_t>(final_tap - first + 1), 0.0);
     for (std::int64_t i = lowest; i <= highest; ++i)
         exact[static_cast<std::size_t>(std::clamp(i, first, final_tap) - first)] += covered(i, begin, end);
@@ -116,6 +117,7 @@ void sum_rows(const display_picture& picture, const resample_axis& rows, const t
               std::uint32_t first_column, std::uint32_t columns, std::vector<std::uint32_t>& sums, sum_row& out)
 {
     const std::size_t bytes = std::size_t{columns} * 4;
+    // Half of what the shift below removes, so that the shift rounds.
     std::fill_n(sums.begin(), bytes, 1u << (weight_bits - kept_bits - 1));
     for (std::uint32_t t = 0; t < tap.count; ++t)
     {
@@ -131,6 +133,7 @@ void sum_rows(const display_picture& picture, const resample_axis& rows, const t
 /// Second pass: the weighted mean of the columns, for each pixel of the screen row.
 void sum_columns(const sum_row& row, const resample_axis& columns, std::uint32_t first_column, std::uint32_t* target)
 {
+    // 8 bits of code with kept_bits, times weight_bits: a sum has 28 bits.
     constexpr int shift = weight_bits + kept_bits;
     for (const tap_list& tap : columns.taps)
     {
@@ -193,11 +196,13 @@ void draw_zoomed(const display_picture& picture, const display_window& shown, st
         return;
     const resample_axis columns = make_axis(shown.left, shown.width, shown.zoom, picture.width);
     const resample_axis rows = make_axis(shown.top, shown.height, shown.zoom, picture.height);
+    // The first pass computes only the columns that the window shows.
     const std::uint32_t first_column = columns.taps.front().first;
     const std::uint32_t used = columns.taps.back().first + columns.taps.back().count - first_column;
     const bool is_copy = shown.zoom >= least_zoom_of_squares || shown.zoom == 1;
     const auto draw_rows = [&](std::size_t first, std::size_t end)
     {
+        // Scratch memory for each piece: pieces run on several cores at once.
         std::vector<std::uint32_t> sums(std::size_t{used} * 4);
         sum_row row(std::size_t{used} * 4);
         for (std::size_t y = first; y < end; ++y)
@@ -208,6 +213,7 @@ void draw_zoomed(const display_picture& picture, const display_window& shown, st
                 copy_nearest(picture, rows, columns, y, to);
                 continue;
             }
+            // Rows first: the loop over the bytes of a row is contiguous, and compilers turn it into vector code.
             sum_rows(picture, rows, rows.taps[y], first_column, used, sums, row);
             sum_columns(row, columns, first_column, to);
         }

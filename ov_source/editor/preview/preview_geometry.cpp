@@ -18,6 +18,7 @@ constexpr double same_zoom = 1e-3;
 double preview_geometry::fit_zoom() const
 {
     if (picture_width <= 0 || picture_height <= 0 || view_width <= 0 || free_height() <= 0)
+        // Without a picture or room every zoom would do; to_picture divides by it, so it is not 0.
         return 1;
     return std::min({view_width / picture_width, free_height() / picture_height, largest_zoom});
 }
@@ -28,6 +29,7 @@ double preview_geometry::next_zoom(double zoom, bool larger) const
 {
     if (larger)
     {
+        // A zoom that rounding put just below a step counts as that step.
         const auto above = std::ranges::find_if(zoom_steps, [&](double step) { return step > zoom + same_zoom; });
         return limit_zoom(above == zoom_steps.end() ? largest_zoom : *above);
     }
@@ -66,6 +68,7 @@ preview_point preview_geometry::offset_for(double zoom, const preview_point& in_
                                            const preview_point& in_view) const
 {
     const preview_point content = content_size(zoom), at = to_content(zoom, in_picture);
+    // The content is never smaller than the view: the upper bounds are not negative.
     return {std::clamp(at.x - in_view.x, 0.0, content.x - view_width),
             std::clamp(at.y - in_view.y, 0.0, content.y - view_height)};
 }

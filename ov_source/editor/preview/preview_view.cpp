@@ -78,6 +78,7 @@ void preview_view::idle()
 
 void preview_view::show_trial(std::shared_ptr<const row_renderer> renderer)
 {
+    // From the picture's codes and not from the frame, which is only valid during update.
     trial.picture = renderer ? grade_display(before.picture, *renderer) : display_picture{};
     trial.drawn_zoom = 0;
     invalid();
@@ -184,6 +185,7 @@ void preview_view::render_layer(layer& shown, const CRect& area, double scale)
         shown.drawn->getPlatformBitmap()->setScaleFactor(scale);
     }
     const CRect picture = picture_area();
+    // The picture in screen pixels, of which the bitmap shows a part.
     const display_window window{(area.left - picture.left) * scale, (area.top - picture.top) * scale,
                                 static_cast<std::uint32_t>(size.x), static_cast<std::uint32_t>(size.y),
                                 scroller->getZoom()};
@@ -204,6 +206,7 @@ void preview_view::draw_line(CDrawContext* context)
         context->setFillColor(colour);
         context->drawRect(CRect(x - half_width, visible.top, x + half_width, visible.bottom), kDrawFilled);
     };
+    // The dark edges keep the line visible on bright pictures.
     draw_bar(style::split_shadow, 1.5);
     draw_bar(style::split_line, 0.5);
     const auto grip = owned(context->createGraphicsPath());
@@ -223,6 +226,7 @@ std::optional<picked_colour> preview_view::pick_colour(const CPoint& where) cons
         return {};
     const auto place = [](double from, double length, std::uint32_t count)
     {
+        // The far edge counts as the last pixel.
         const auto i = static_cast<std::int64_t>(std::floor(from / length * count));
         return static_cast<std::uint32_t>(std::clamp<std::int64_t>(i, 0, std::int64_t{count} - 1));
     };
@@ -248,6 +252,7 @@ void preview_view::drag_to(const CPoint& where)
     if (drag == dragging::line)
     {
         const CRect area = picture_area();
+        // At least 1: an empty picture has no width to divide by.
         set_split((where.x - area.left) / std::max(1.0, area.getWidth()));
         last_position = where;
     }
@@ -260,6 +265,7 @@ void preview_view::drag_to(const CPoint& where)
 
 void preview_view::onMouseDownEvent(MouseDownEvent& event)
 {
+    // With any other button, and beside the line, a drag pans the picture.
     drag = event.buttonState.isLeft() && is_on_line(event.mousePosition) ? dragging::line : dragging::picture;
     last_position = event.mousePosition;
     event.consumed = true;
@@ -270,6 +276,7 @@ void preview_view::onMouseMoveEvent(MouseMoveEvent& event)
     if (drag != dragging::nothing)
         drag_to(event.mousePosition);
     else if (getFrame())
+        // The cursor shows what a press would drag.
         getFrame()->setCursor(is_on_line(event.mousePosition) ? kCursorHSize : kCursorDefault);
     report_colour(event.mousePosition);
     event.consumed = true;

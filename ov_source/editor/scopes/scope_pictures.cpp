@@ -28,6 +28,7 @@ void scope_pictures::update(const image& graded)
     counted = present.is_visible ? present.choice.shown : scope_selection{};
     if (!present.is_visible)
         return;
+    // Waveform and parade have one column for each pixel of their width.
     scope_sampling sampling = sampling_for({0, 0, present.width, present.height}, present.line_width);
     sampling.row_step = present.row_step;
     counter.count(frame_of(graded), counted, sampling);
@@ -37,6 +38,7 @@ void scope_pictures::update(const image& graded)
 bool scope_pictures::order(const scope_order& wanted)
 {
     const std::scoped_lock guard(mutex);
+    // Kept while hidden, so that update knows whether to count.
     present = wanted;
     if (!present.is_visible)
         return true;

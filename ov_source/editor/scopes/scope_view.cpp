@@ -40,6 +40,7 @@ void scope_view::mark_outdated()
 
 void scope_view::copy_picture()
 {
+    // A copy, because update may draw the next picture on another thread meanwhile.
     const auto copy = [this](const scope_picture& picture)
     {
         const CPoint size(picture.width, picture.height);
@@ -78,6 +79,7 @@ void scope_view::draw_labels(CDrawContext* context, const CRect& area) const
     const rect points{0, 0, static_cast<int>(area.getWidth()), static_cast<int>(area.getHeight())};
     context->setFont(label_font);
     context->setFontColor(style::scale_text);
+    // Further to the left than any label reaches, so that the first one is drawn.
     CPoint last(-label_size.x, 0);
     for (const scope_label& label : scope_labels_of(type, points, 1))
     {

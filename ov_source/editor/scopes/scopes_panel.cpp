@@ -107,6 +107,7 @@ void scopes_panel::valueChanged(CControl* control)
     if (control == skin_button)
         wanted.skin_line = is_on;
     else
+        // Every control but the skin button is one of buttons.
         chosen(wanted.shown,
                scope_type{static_cast<std::size_t>(std::ranges::find(buttons, control) - buttons.begin())}) = is_on;
     if (count_of(wanted.shown) == 0)
@@ -147,6 +148,7 @@ void scopes_panel::lay_out()
     lay_out_buttons();
     const CCoord top = margin + button_height + gap;
     const CCoord height = getViewSize().getHeight() - top;
+    // Whole points: the last scope ends above the edge, and all have the same size.
     const CCoord step = std::floor(height / static_cast<CCoord>(count_of(choice.shown)));
     CRect place(0, top, getViewSize().getWidth(), top + step);
     for (scope_view* view : views)
@@ -170,6 +172,7 @@ void scopes_panel::place_order()
     scope_order wanted{choice, isVisible()};
     // All scopes have the size of the first visible one.
     const auto shown = std::ranges::find_if(views, [](const scope_view* view) { return view->isVisible(); });
+    // One is always visible: a choice without a scope is ignored.
     const CRect place = (*shown)->getViewSize();
     const auto in_pixels = [&](CCoord points)
     { return std::max(0, static_cast<int>(std::lround(points * ordered_zoom))); };
@@ -184,6 +187,7 @@ void scopes_panel::place_order()
 
 void scopes_panel::setVisible(bool state)
 {
+    // Placing an order draws all scopes: only a change is worth that.
     if (state == isVisible())
         return;
     CViewContainer::setVisible(state);

@@ -35,6 +35,7 @@ std::string scope_choice_text(const scope_choice& choice)
 scope_choice scope_choice_from_text(const std::string& text)
 {
     scope_choice choice;
+    // A scope_choice begins with the default scopes, not with none.
     choice.shown = {};
     bool any = false;
     std::istringstream words(text);

@@ -30,11 +30,13 @@ pad_place place_at(const offset& from_centre) { return {(from_centre.x + 1.0F) /
 
 float pack_pad_value(const pad_place& place)
 {
+    // The toolkit's formula in its order of operations: another order would differ in the last bit.
     return std::floor(place.x * 1000.0F + 0.5F) * 0.001F + std::floor(place.y * 1000.0F + 0.5F) * 0.0000001F;
 }
 
 pad_place unpack_pad_value(float value)
 {
+    // y adds at most 0.0001 to the value, so rounding to thousandths gives x alone.
     const float x = std::floor(value * 1000.0F + 0.5F) * 0.001F;
     return {x, std::floor((value - x) * 10000000.0F + 0.5F) * 0.001F};
 }
@@ -46,6 +48,7 @@ std::optional<pad_polar> polar_of(const pad_place& place, float max_radius)
         return std::nullopt;
     // Both signs are turned, so that 0 is up and angles grow to the left.
     float angle = std::atan2(-handle.x, -handle.y);
+    // atan2 returns -pi..pi.
     if (angle < 0.0F)
         angle += 2.0F * pi;
     return pad_polar{angle * 180.0F / pi, std::min(handle.length() / max_radius, 1.0F) * 100.0F};
@@ -53,6 +56,7 @@ std::optional<pad_polar> polar_of(const pad_place& place, float max_radius)
 
 pad_place place_of(const pad_polar& polar, float max_radius)
 {
+    // The minus sign reverses both axes, as in polar_of: 0 is up, 90 is left.
     const float distance = -0.01F * max_radius * polar.radius;
     const float angle = polar.angle * radians_per_degree;
     return place_at({std::sin(angle) * distance, std::cos(angle) * distance});
@@ -62,6 +66,7 @@ pad_polar nudged(const pad_polar& polar, float right, float down)
 {
     constexpr float no_distance = 0.001F; // percent; the direction of less is rounding noise
     const float angle = polar.angle * radians_per_degree;
+    // In percent of the rim's distance, so that the limit below is 100.
     const offset handle = {right - std::sin(angle) * polar.radius, down - std::cos(angle) * polar.radius};
     if (handle.length() < no_distance)
         return {polar.angle, 0.0F};
@@ -81,12 +86,14 @@ pad_place pulled_onto_rim(const pad_place& place, float max_radius)
 
 pad_point handle_centre(const pad_place& place, double width, double height, double handle_diameter)
 {
+    // The handle stays within the view: its centre moves over the width less the handle's diameter.
     const double half = handle_diameter / 2.0;
     return {half + (width - handle_diameter) * place.x, half + (height - handle_diameter) * place.y};
 }
 
 bool pad_contains(const pad_point& point, double width, double height, float max_radius)
 {
+    // -1..1 across the view, which is the unit of max_radius.
     const double x = 2.0 * point.x / width - 1.0;
     const double y = 2.0 * point.y / height - 1.0;
     return std::sqrt(x * x + y * y) <= max_radius;

@@ -14,6 +14,7 @@ namespace ov1
 namespace
 {
 
+// In points.
 constexpr VSTGUI::CCoord margin = 22.0;
 constexpr VSTGUI::CCoord title_height = 28.0;
 constexpr VSTGUI::CCoord line_height = 18.0;
@@ -29,6 +30,7 @@ public:
         , title(title)
         , groups(groups)
     {
+        // Measured once, because the rows never change.
         const line_width width = measure_of(font);
         for (const auto& group : groups)
         {
@@ -46,6 +48,7 @@ public:
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update_rect) override
     {
         modal_layer::drawBackgroundRect(context, update_rect);
+        // In a window that is too small everything is scaled down: a list that is cut off would hide keys.
         const auto to_scale = VSTGUI::CGraphicsTransform().scale(scale(), scale());
         const VSTGUI::CDrawContext::Transform scaled(*context, to_scale);
         VSTGUI::CRect row = box();
@@ -107,6 +110,7 @@ private:
                 size};
     }
 
+    /// row is the place of the first line.
     void draw_group(VSTGUI::CDrawContext& context, const std::vector<help_row>& group, VSTGUI::CRect row) const
     {
         for (const help_row& line : group)

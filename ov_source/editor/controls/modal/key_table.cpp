@@ -28,6 +28,7 @@ constexpr key_stroke fine_keys[] = {shifted(VirtualKey::Left), shifted(VirtualKe
 constexpr key_stroke reset_keys[] = {plain(VirtualKey::Delete), plain(VirtualKey::Back)};
 constexpr key_stroke undo_keys[] = {command('z')};
 constexpr key_stroke redo_keys[] = {command('z', true), command('y')};
+// Plain letters can be commands: while a text field has the focus, the editor ignores this table.
 constexpr key_stroke bypass_keys[] = {letter('b')};
 constexpr key_stroke before_keys[] = {letter('c')};
 constexpr key_stroke split_keys[] = {letter('s')};
@@ -37,6 +38,7 @@ constexpr key_stroke inspire_keys[] = {letter('r')};
 /// On some keyboards the question mark needs Shift, on others not.
 constexpr key_stroke help_keys[] = {plain(VirtualKey::F1), letter('?'), {VirtualKey::None, '?', true}};
 
+// The help lists the rows in this order.
 constexpr key_row key_table[] = {
     {key_action::next_control, next_keys, "{en:Tab}{de:Tab}", "{en:Next control}{de:Nächster Regler}"},
     {key_action::previous_control, previous_keys, "{en:Shift + Tab}{de:Umschalt + Tab}",
@@ -79,6 +81,7 @@ char32_t plain_character(const VSTGUI::KeyboardEvent& event)
     return character >= U'A' && character <= U'Z' ? character + (U'a' - U'A') : character;
 }
 
+/// Shift and Control must be exactly as in the stroke: Ctrl+Z and Ctrl+Shift+Z are two actions.
 bool matches(const key_stroke& stroke, const VSTGUI::KeyboardEvent& event)
 {
     const bool is_key =
@@ -95,6 +98,7 @@ std::span<const mouse_row> get_mouse_table() { return mouse_table; }
 
 std::optional<key_action> find_key_action(const VSTGUI::KeyboardEvent& event)
 {
+    // Keys with Alt or the desktop's key are left to the host and the window manager.
     if (event.type != VSTGUI::EventType::KeyDown || event.modifiers.has(VSTGUI::ModifierKey::Alt) ||
         event.modifiers.has(VSTGUI::ModifierKey::Super))
         return {};

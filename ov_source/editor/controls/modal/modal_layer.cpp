@@ -12,6 +12,7 @@ modal_layer::modal_layer(const VSTGUI::CFrame& frame)
     : with_keys(area_of(frame))
 {
     setTransparency(true);
+    // The layer follows the frame's size while it is shown.
     setAutosizeFlags(VSTGUI::kAutosizeAll);
 }
 
@@ -36,12 +37,14 @@ void modal_layer::drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI
 void modal_layer::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 {
     CViewContainer::onMouseDownEvent(event);
+    // Also where no child was hit: nothing may reach the window beneath.
     event.consumed = true;
 }
 
 bool modal_layer::end()
 {
     auto* frame = getFrame();
+    // The exchange makes a second call harmless, for example a button's release after Return.
     return frame && session && frame->endModalViewSession(*std::exchange(session, std::nullopt));
 }
 

@@ -94,6 +94,7 @@ modal_panel::modal_panel(const VSTGUI::CFrame& frame, const modal_question& ques
 COVRoundedGreyButton* modal_panel::add_button(const std::string& text, button_tag tag)
 {
     auto* button = new COVRoundedGreyButton({}, this, tag, text.c_str(), COVButton::kKickStyle);
+    // Translations differ in length, so the text decides the width.
     const VSTGUI::CCoord width = measure_of(message_font)(text) + button_padding;
     button->setViewSize({0.0, 0.0, std::max(std::ceil(width), least_button_width), button_height});
     addView(button);
@@ -109,6 +110,7 @@ void modal_panel::add_field(const std::string& name)
     addView(field);
 }
 
+/// In the middle of the layer, on whole points; at its upper left corner where the layer is too small.
 VSTGUI::CRect modal_panel::box() const
 {
     const VSTGUI::CCoord message_height = lines.empty() ? 0.0 : gap + static_cast<double>(lines.size()) * line_height;
@@ -200,7 +202,9 @@ void modal_panel::answer(bool confirmed)
     if (!is_shown() || (confirmed && field && given.name.empty()))
         return;
     const auto alive = VSTGUI::shared(this); // closing releases the frame's reference
+    // Taken out before closing, so that no second event can report again.
     const auto report = std::exchange(on_answer, {});
+    // The callback comes last: it may show another panel.
     if (end() && report)
         report(given);
 }

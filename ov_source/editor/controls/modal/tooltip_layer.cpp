@@ -21,6 +21,7 @@ const VSTGUI::CPoint padding(9.0, 6.0);
 const VSTGUI::CPoint below_pointer(12.0, 20.0);
 constexpr VSTGUI::CCoord above_pointer = 8.0;
 
+/// Empty for a view without a tooltip.
 std::string tooltip_of(const VSTGUI::CView& view)
 {
     std::uint32_t size = 0;
@@ -39,6 +40,7 @@ VSTGUI::CRect tooltip_place(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint& s
     VSTGUI::CPoint corner = mouse + below_pointer;
     if (corner.y + size.y > area.bottom)
         corner.y = mouse.y - above_pointer - size.y;
+    // Left and top edge win where the area is too small.
     corner.x = std::max(std::min(corner.x, area.right - size.x), area.left);
     corner.y = std::max(corner.y, area.top);
     return {VSTGUI::CPoint(std::floor(corner.x), std::floor(corner.y)), size};
@@ -59,6 +61,7 @@ tooltip_layer::~tooltip_layer()
 
 void tooltip_layer::idle(std::uint64_t now_ms)
 {
+    // Mouse events carry no time: the first call after one starts the delay.
     if (!rests_since)
         rests_since = now_ms;
     if (may_show && owner && now_ms - *rests_since >= delay_ms)
@@ -87,6 +90,7 @@ void tooltip_layer::onMouseExited(VSTGUI::CView* view, VSTGUI::CFrame*)
 void tooltip_layer::onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame*)
 {
     const bool pressed = event.type == VSTGUI::EventType::MouseDown;
+    // An event without movement must not restart the delay.
     const bool moved = event.type == VSTGUI::EventType::MouseMove && event.mousePosition != mouse;
     if (!moved && !pressed)
         return;

@@ -14,6 +14,7 @@ using namespace VSTGUI;
 namespace
 {
 
+/// All fonts of the editor. Where Arial is missing, the platform substitutes another family.
 style::font_pointer make_font(CCoord size, std::int32_t face = kNormalFace)
 {
     return makeOwned<CFontDesc>("Arial", size, face);
@@ -35,12 +36,14 @@ SharedPointer<CBitmap> load_artwork(const char* name)
 SharedPointer<CBitmap> load_first_frame(const char* name)
 {
     const auto sheet = load_artwork(name);
+    // In points; 0 where the sheet was not found.
     const CPoint size(sheet->getWidth() / 2, sheet->getHeight() / 2);
     const auto drawn = size.x > 0 ? COffscreenContext::create(size, artwork_scale) : nullptr;
     if (!drawn)
         return sheet;
     drawn->beginDraw();
     {
+        // Whatever its scale factor, an offscreen context draws in pixels.
         CDrawContext::Transform to_pixels(*drawn, CGraphicsTransform().scale(artwork_scale, artwork_scale));
         sheet->draw(drawn, CRect(CPoint(0, 0), size));
     }

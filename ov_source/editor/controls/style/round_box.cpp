@@ -7,6 +7,7 @@ void draw_round_box(VSTGUI::CDrawContext& context, const VSTGUI::CRect& place, V
                     const VSTGUI::CColor& fill, const VSTGUI::CColor& frame)
 {
     VSTGUI::CRect box = place;
+    // The line is centred on the path: half of its width would lie outside.
     box.inset(0.5, 0.5);
     const auto path = VSTGUI::owned(context.createRoundRectGraphicsPath(box, corner_radius));
     if (!path)

@@ -8,8 +8,10 @@ namespace ov1
 namespace
 {
 
+/// In UTF-8 every byte of a character after its first one has the bits 10xxxxxx.
 bool begins_character(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
+/// The index at which the next character begins, or the size of the text.
 std::size_t next_character(std::string_view text, std::size_t at)
 {
     do
@@ -41,6 +43,7 @@ std::string_view take_until(std::string_view& rest, char separator)
     return taken;
 }
 
+/// Fills each line with words until the next word does not fit.
 void append_paragraph(std::vector<std::string>& lines, std::string_view paragraph, double limit,
                       const line_width& width)
 {
@@ -58,6 +61,7 @@ void append_paragraph(std::vector<std::string>& lines, std::string_view paragrap
         }
         if (!line.empty())
             lines.push_back(std::exchange(line, {}));
+        // A word that is wider than a line is cut; its rest begins the next line.
         while (width(word) > limit && next_character(word, 0) < word.size())
         {
             const std::size_t fits = fitting_bytes(word, limit, width);
@@ -66,6 +70,7 @@ void append_paragraph(std::vector<std::string>& lines, std::string_view paragrap
         }
         line = word;
     }
+    // Also for an empty paragraph, which gives an empty line.
     lines.push_back(std::move(line));
 }
 

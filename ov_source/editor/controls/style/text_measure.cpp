@@ -9,6 +9,7 @@ line_width measure_of(const VSTGUI::SharedPointer<VSTGUI::CFontDesc>& font)
 {
     return [font](std::string_view text)
     {
+        // Null for a font that the platform cannot create.
         const auto painter = font->getFontPainter();
         const VSTGUI::UTF8String line{std::string(text)};
         return painter ? painter->getStringWidth(nullptr, line.getPlatformString(), true) : 0.0;

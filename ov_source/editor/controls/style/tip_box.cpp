@@ -36,9 +36,11 @@ tip_view::tip_view(std::vector<std::string> all_lines, const style::font_pointer
     double widest = 0.0;
     for (const std::string& line : lines)
         widest = std::max(widest, width(line));
+    // Every line has the same height, whatever its characters.
     const double height = static_cast<double>(lines.size()) * line_height;
     setViewSize({{}, VSTGUI::CPoint(std::ceil(widest) + 2.0 * padding.x, height + 2.0 * padding.y)});
     setTransparency(true);
+    // Under the mouse the box would take the events of the view that it explains.
     setMouseEnabled(false);
 }
 

@@ -6,6 +6,7 @@ namespace ov1
 VSTGUI::CRect area_of(const VSTGUI::CFrame& frame)
 {
     VSTGUI::CRect area = frame.getViewSize();
+    // The frame's size includes the zoom; the inverse transform removes it.
     frame.getTransform().inverse().transform(area);
     return area.originize();
 }

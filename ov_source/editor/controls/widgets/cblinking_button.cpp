@@ -21,6 +21,7 @@ void CBlinkingButton::setBlinkIcon(VSTGUI::CBitmap* sheet)
 
 void CBlinkingButton::askForIdleCalls()
 {
+    // Idle calls come 30 times a second: a button that does not blink asks for none.
     setWantsIdle(blinking && blink_icon);
     invalid();
 }
@@ -29,6 +30,7 @@ void CBlinkingButton::onIdle()
 {
     if (!blinking)
         return;
+    // The toolkit passes no time; idleRate is the number of idle calls in a second.
     remaining_ms -= idleRate == 0 ? 0.0 : 1000.0 / idleRate;
     if (!(remaining_ms < 0.0))
         return;

@@ -12,12 +12,14 @@ void CCachedNinePartTiledBitmap::generate(VSTGUI::CFrame*, double width, double 
 {
     if (!tiles || !tiles->isLoaded() || rendered.contains({width, height}))
         return;
+    // In the resolution of the tiles, so that the rendered bitmap is as sharp as they are.
     const double scale = tiles->getPlatformBitmap()->getScaleFactor();
     const auto offscreen = VSTGUI::COffscreenContext::create({width, height}, scale);
     if (!offscreen)
         return;
     offscreen->beginDraw();
     {
+        // An offscreen context draws in pixels, the tiles in points.
         const VSTGUI::CDrawContext::Transform to_pixels(*offscreen, VSTGUI::CGraphicsTransform().scale(scale, scale));
         tiles->draw(offscreen, {0.0, 0.0, width, height}, {}, 1.0F);
     }

@@ -23,6 +23,7 @@ COVArrowArcSlider::COVArrowArcSlider(const VSTGUI::CRect& size, VSTGUI::IControl
     , lowest(max_pos - size.top)
 {
     setTransparency(true);
+    // The arrow jumps to a press, wherever it was before.
     setSliderMode(VSTGUI::CSliderMode::FreeClick);
     // The toolkit computes a drag from the view's top and from half the height of the handle. Without a handle it uses
     // a height of 1.
@@ -73,10 +74,12 @@ arrow_outline COVArrowArcSlider::outlineAt(double angle) const
 
 VSTGUI::CPoint COVArrowArcSlider::getTip() const
 {
+    // Corner 2 of an outline is its tip.
     const arc_point tip = outlineAt(angles.at(getValueNormalized()) + spread / 2.0)[2];
     return {tip.x, tip.y};
 }
 
+/// The point at which a press gives the present value, in the parent's points.
 VSTGUI::CPoint COVArrowArcSlider::placeOfValue() const
 {
     const VSTGUI::CRect& view = getViewSize();
@@ -88,6 +91,7 @@ void COVArrowArcSlider::drawArrow(VSTGUI::CDrawContext& context, double angle) c
     const auto path = VSTGUI::owned(context.createGraphicsPath());
     if (!path)
         return;
+    // A path and not lines: only a closed outline can be filled and has sharp corners.
     const arrow_outline outline = outlineAt(angle);
     path->beginSubpath({outline[0].x, outline[0].y});
     for (std::size_t corner = 1; corner < outline.size(); ++corner)
@@ -120,6 +124,7 @@ void COVArrowArcSlider::onMouseMoveEvent(VSTGUI::MouseMoveEvent& event)
     CVerticalSlider::onMouseMoveEvent(event);
 }
 
+/// Empty, because the base class would consume the event that scrolls the panel.
 void COVArrowArcSlider::onMouseWheelEvent(VSTGUI::MouseWheelEvent&) {}
 
 } // namespace ov1

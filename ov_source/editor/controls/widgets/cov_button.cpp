@@ -39,6 +39,7 @@ COVButton::COVButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listen
 {
     setTransparency(true);
     setWantsFocus(false); // otherwise Return would press the button that was clicked last
+    // Otherwise the toolkit fills the button with gradients of its own.
     setGradient(nullptr);
     setGradientHighlighted(nullptr);
     CTextButton::setTextColor(style::button_text);
@@ -47,6 +48,7 @@ COVButton::COVButton(const VSTGUI::CRect& size, VSTGUI::IControlListener* listen
 
 void COVButton::setValue(float new_value)
 {
+    // Bound values are set again and again; only another value needs a redraw.
     if (new_value == getValue())
         return;
     CTextButton::setValue(new_value);
@@ -75,6 +77,7 @@ void COVButton::draw(VSTGUI::CDrawContext* context)
 void COVButton::onMouseDownEvent(VSTGUI::MouseDownEvent& event)
 {
     CTextButton::onMouseDownEvent(event);
+    // The base class consumes only the presses that it accepts.
     if (!event.consumed)
         return;
     pressed = true;

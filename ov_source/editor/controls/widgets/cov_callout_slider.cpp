@@ -28,6 +28,7 @@ COVCalloutSlider::COVCalloutSlider(const VSTGUI::CRect& size, VSTGUI::IControlLi
     setWheelInc(wheel_increment);
     setValueColor(style::label_text);
     setBackground(background);
+    // At the bottom of the background, so that the text has the room above.
     if (handle && background)
         setOffsetHandle({0.0, background->getHeight() - handle->getHeight()});
 }
@@ -54,6 +55,7 @@ void COVCalloutSlider::getValueString(std::string& out) const { out = callout_te
 
 void COVCalloutSlider::draw(VSTGUI::CDrawContext* context)
 {
+    // Replaces CSimpleSlider's drawing: the background contains the track.
     if (auto* bitmap = getDrawBackground())
         bitmap->draw(context, getViewSize());
     if (auto* handle = getHandle())
@@ -86,6 +88,7 @@ void COVCalloutSlider::drawValue(VSTGUI::CDrawContext& context, const VSTGUI::CR
         place.top = handle.top - line_height;
         place.setHeight(line_height);
     }
+    // To the right of the handle while there is room, otherwise to its left.
     else if (handle.right + gap_beside_handle + width <= view.right)
         place.left = handle.right + gap_beside_handle;
     else

@@ -27,6 +27,7 @@ COVColorWheelXYPad::COVColorWheelXYPad(const VSTGUI::CRect& size, VSTGUI::IContr
     COVColorWheelXYPad::setRoundRectRadius(pad_handle_points); // after the frame width, which it uses
     setDefaultValues(0.5F, 0.5F);
     COVColorWheelXYPad::setValue(pad_centre_value);
+    // CXYPad has no fill colour; drawHandle uses that of the font.
     setFontColor(style::handle_fill);
     setWheelInc(wheel_increment);
 }
@@ -109,6 +110,7 @@ void COVColorWheelXYPad::drawHandle(VSTGUI::CDrawContext& context) const
 
 bool COVColorWheelXYPad::hitTest(const VSTGUI::CPoint& where, const VSTGUI::Event& event)
 {
+    // The corners outside the wheel belong to the arcs that lie beneath.
     const VSTGUI::CPoint point = where - getViewSize().getTopLeft();
     return pad_contains({point.x, point.y}, getWidth(), getHeight(), max_radius) && CXYPad::hitTest(where, event);
 }
@@ -170,6 +172,7 @@ void COVColorWheelXYPad::onMouseCancelEvent(VSTGUI::MouseCancelEvent& event)
     event.consumed = true;
 }
 
+/// Empty, so that the event stays unconsumed and scrolls the panel.
 void COVColorWheelXYPad::onMouseWheelEvent(VSTGUI::MouseWheelEvent&) {}
 
 void COVColorWheelXYPad::onKeyboardEvent(VSTGUI::KeyboardEvent& event)

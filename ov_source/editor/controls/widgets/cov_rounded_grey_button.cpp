@@ -82,6 +82,7 @@ void COVRoundedGreyButton::draw(VSTGUI::CDrawContext* context)
 void COVRoundedGreyButton::drawIcon(VSTGUI::CDrawContext& context, const scaled_icon& icon, VSTGUI::CCoord left) const
 {
     const VSTGUI::CCoord top = std::floor(getViewSize().getCenter().y - icon.size().y / 2.0 + 0.5);
+    // A bitmap draws at its own size only; the transform scales and places it.
     const VSTGUI::CDrawContext::Transform transform(
         context, VSTGUI::CGraphicsTransform().scale(icon.scale, icon.scale).translate(left, top));
     icon.bitmap->draw(&context, VSTGUI::CRect({0.0, 0.0}, icon.bitmap->getSize()));
@@ -91,6 +92,7 @@ void COVRoundedGreyButton::drawTitle(VSTGUI::CDrawContext& context, const VSTGUI
 {
     if (getTitle().empty() || room.getWidth() <= 0.0)
         return;
+    // A long title ends in an ellipsis: cut letters would look like an error.
     const auto text = VSTGUI::CDrawMethods::createTruncatedText(VSTGUI::CDrawMethods::kTextTruncateTail, getTitle(),
                                                                 getFont(), room.getWidth());
     context.setFont(getFont());

@@ -15,6 +15,7 @@ constexpr VSTGUI::CCoord center_line_width = 2.0;
 constexpr VSTGUI::CCoord center_line_overhang = 2.0;
 const VSTGUI::CPoint track_inset(8.0, 5.0); // points, horizontally and vertically
 
+/// Whether the partner moves along.
 bool is_ganged(const VSTGUI::MouseEvent& event)
 {
     return event.buttonState.has(VSTGUI::MouseButton::Left) && event.modifiers.has(VSTGUI::ModifierKey::Control);
@@ -38,6 +39,7 @@ CSimpleSlider::CSimpleSlider(const VSTGUI::CRect& size, VSTGUI::IControlListener
     : CHorizontalSlider(size, listener, tag, min_pos, max_pos, handle, nullptr, offset, Styles(style))
 {
     setTransparency(true);
+    // Only a press on the handle begins a drag.
     setSliderMode(VSTGUI::CSliderMode::Touch);
 }
 
@@ -56,6 +58,7 @@ void CSimpleSlider::draw(VSTGUI::CDrawContext* context)
     track.inset(track_inset.x, track_inset.y);
     context->setFillColor(VSTGUI::kBlackCColor);
     context->drawRect(track, VSTGUI::kDrawFilled);
+    // The handle, above the track.
     CHorizontalSlider::draw(context);
 }
 
@@ -124,6 +127,7 @@ void CSimpleSlider::dragPartner(float change)
 {
     if (!ganged || change == 0.0F)
         return;
+    // The change counts and not the value: each slider keeps its distance from the other one.
     ganged->setValue(ganged->getValue() + change);
     ganged->valueChanged();
     ganged->invalid();
@@ -139,6 +143,7 @@ VSTGUI::CMouseEventResult CSimpleSlider::onMouseCancel()
 {
     const auto result = CHorizontalSlider::onMouseCancel();
     if (ganged)
+        // As a change, which tells the partner's listener of the restored value.
         dragPartner(ganged_value_at_press - ganged->getValue());
     endGang();
     return result;

@@ -49,6 +49,7 @@ VSTGUI::CPoint fine_drag::move(const VSTGUI::CPoint& mouse, const VSTGUI::CPoint
     }
     const VSTGUI::CPoint movement = mouse - mouse_before;
     mouse_before = mouse;
+    // At full speed the place follows from the mouse alone, so that no rounding error adds up.
     if (held == drag_hold{})
         return place = mouse + off_mouse;
     place += times(held.is_locked ? kept_on_axis(movement) : movement, held.is_fine ? fine_factor : 1.0);
@@ -77,6 +78,7 @@ redirected_event::redirected_event(VSTGUI::MouseEvent& event, const VSTGUI::CPoi
     , keys(event.modifiers)
 {
     event.mousePosition = place;
+    // With Shift the toolkit would apply a fine factor of its own on top.
     event.modifiers.remove(VSTGUI::ModifierKey::Shift);
 }
 

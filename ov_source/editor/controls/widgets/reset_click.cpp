@@ -25,6 +25,7 @@ void reset_to_default(VSTGUI::CControl& control)
 {
     if (control.isEditing() || control.getValue() == control.getDefaultValue())
         return;
+    // The pair of calls makes the reset one undo step.
     control.beginEdit();
     control.setValue(control.getDefaultValue());
     control.valueChanged();

@@ -44,6 +44,7 @@ public:
 
     void looseFocus() override
     {
+        // Only Return confirms: a click elsewhere leaves the value as it was.
         CTextEdit::looseFocus();
         finish(false);
     }
@@ -51,6 +52,7 @@ public:
 private:
     void finish(bool confirmed)
     {
+        // Emptied first: setFocusView below calls looseFocus, and so this function again.
         const auto report = std::exchange(on_done, {});
         auto* const parent = getParentView() ? getParentView()->asViewContainer() : nullptr;
         if (!report || !parent)

@@ -40,6 +40,7 @@ void value_readout::show(const std::string& new_text, const VSTGUI::CPoint& hand
 {
     auto made = VSTGUI::makeOwned<tip_view>(std::vector{new_text}, font, padding, VSTGUI::kCenterText);
     const VSTGUI::CRect place = readout_place(handle, made->getViewSize().getSize(), area_of(frame));
+    // Each movement of a drag comes here; an unchanged bubble stays.
     if (bubble && text == new_text && place == get_place())
         return;
     hide();
@@ -53,6 +54,7 @@ void value_readout::show(const std::string& new_text, const VSTGUI::CPoint& hand
 void value_readout::hide()
 {
     text.clear();
+    // The frame may have removed the bubble already, when it was closed.
     if (const auto gone = std::exchange(bubble, nullptr); gone && gone->isAttached())
         frame.removeView(gone);
 }

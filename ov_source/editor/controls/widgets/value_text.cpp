@@ -21,6 +21,7 @@ bool take_number(std::string_view& text, float& value)
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1); // from_chars accepts no plus sign
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    // from_chars reads "inf" and "nan" as numbers.
     if (error != std::errc{} || !std::isfinite(value))
         return false;
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
@@ -60,6 +61,7 @@ std::string pad_entry_text(float degrees, float percent)
 
 bool read_typed_values(std::string_view text, std::span<float> values)
 {
+    // Read aside, so that values stay unchanged where a later number is wrong.
     std::vector<float> numbers(values.size());
     skip_blanks(text);
     for (std::size_t i = 0; i < numbers.size(); ++i)
