@@ -76,6 +76,11 @@ result<> create_file(const std::string& path, std::span<const std::uint8_t> byte
     return write_whole(path, bytes, existing_file::refuse);
 }
 
+result<> write_file(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace)
+{
+    return may_replace ? replace_file(path, bytes) : create_file(path, bytes);
+}
+
 result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit)
 {
     const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);

@@ -18,8 +18,11 @@ namespace ov1
 /// replaced file keeps its mode. A pipe or device is written to directly.
 result<> replace_file(const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// The same, but an existing file is never replaced: "exists already", even if the file appears during the call.
+/// The same, but an existing file is never replaced: "already exists", even if the file appears during the call.
 result<> create_file(const std::string& path, std::span<const std::uint8_t> bytes);
+
+/// replace_file if an existing file may be replaced, else create_file.
+result<> write_file(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace);
 
 /// Reads a file, pipe or device to its end. Folders and content of more than `limit` bytes are failures (unreadable).
 result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit);

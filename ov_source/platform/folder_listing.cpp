@@ -20,6 +20,12 @@ bool is_directory(const std::string& folder, const dirent& entry)
 
 } // namespace
 
+bool is_folder(const std::string& path)
+{
+    struct stat facts;
+    return stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+}
+
 bool list_folder(const std::string& path, std::vector<std::string>* files, std::vector<std::string>* directories,
                  bool full_paths)
 {

@@ -1,4 +1,4 @@
-// The entries of a folder.
+// Folders and their entries.
 #pragma once
 
 #include <string>
@@ -6,6 +6,9 @@
 
 namespace ov1
 {
+
+/// Whether the path, or the target of a symbolic link, is a folder; false if that cannot be found out.
+bool is_folder(const std::string& path);
 
 /// The portable implementation of iutils::list_dir: entries in the system's order, without "." and "..", symbolic links
 /// as files. Returns false for an empty path, for two null outputs, and when the folder cannot be read.

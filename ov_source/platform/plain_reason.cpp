@@ -17,7 +17,7 @@ std::string plain_reason(int error_number)
     case EISDIR:
         return "is a folder";
     case EEXIST:
-        return "exists already";
+        return "already exists";
     case EACCES:
     case EPERM:
         return "permission denied";

@@ -162,7 +162,7 @@ result<> preset_manager::save(const std::string& name, bool overwrite)
         return file.error();
     const std::string text = write_preset_text(*effect);
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-    return overwrite ? replace_file(*file, bytes) : create_file(*file, bytes);
+    return write_file(*file, bytes, overwrite);
 }
 
 result<> preset_manager::remove(const std::string& name)

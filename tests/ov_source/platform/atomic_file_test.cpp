@@ -138,7 +138,7 @@ TEST_F(on_files, creating_never_replaces)
     for (const char* name : {"f", "dangling"})
     {
         EXPECT_FALSE(create(folder / name, "new")) << name;
-        EXPECT_EQ(reason, "exists already") << name;
+        EXPECT_EQ(reason, "already exists") << name;
     }
     EXPECT_EQ(text_of_file(folder / "f"), "old");
     EXPECT_FALSE(fs::exists(folder / "missing"));
@@ -148,7 +148,7 @@ TEST_F(on_files, creating_never_replaces)
     ASSERT_TRUE(file.open(folder / "g", existing_file::refuse) && file.write(bytes_of("ours")));
     folder.with_file("g", "theirs");
     EXPECT_FALSE(done(file.commit()));
-    EXPECT_EQ(reason, "exists already");
+    EXPECT_EQ(reason, "already exists");
     EXPECT_EQ(text_of_file(folder / "g"), "theirs");
     EXPECT_EQ(folder.count(), 3);
 }

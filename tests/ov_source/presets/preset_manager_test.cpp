@@ -73,7 +73,7 @@ TEST_F(preset_manager_test, saves_loads_and_deletes_by_name_and_replaces_only_wi
     const std::string saved = write_preset_text(*component);
     component->amount->set_value(99, false);
     EXPECT_FALSE(manager.save_preset(name, false));
-    EXPECT_EQ(reason_of(manager), "exists already");
+    EXPECT_EQ(reason_of(manager), "already exists");
     EXPECT_EQ(text_of_file(own(name + ".json")), saved);
     ASSERT_TRUE(manager.load_preset(name));
     EXPECT_EQ(component->amount->get_value(), 12);

@@ -134,7 +134,7 @@ TEST_F(preset_session_test, what_fails_leaves_grade_history_and_current_preset)
     expect_failure(session.load({"missing", false}), "no such file");
     expect_failure(session.load({"a", true}), "no such file");
     expect_failure(session.load({"../a", true}), "the name begins with a dot");
-    expect_failure(session.save("a", false), "exists already");
+    expect_failure(session.save("a", false), "already exists");
     expect_failure(session.save("a/b", true), "the name holds a path separator");
     expect_failure(session.remove("missing"), "no such file");
     view->editing = true;
