@@ -2,6 +2,7 @@
 
 #include "command_line/failure_line.h"
 #include "platform/atomic_file.h"
+#include "platform/folder_listing.h"
 #include "platform/plain_reason.h"
 
 #include <algorithm>
@@ -22,12 +23,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-bool is_folder(const std::string& path)
-{
-    std::error_code error;
-    return fs::is_directory(path, error);
-}
 
 bool is_regular(const std::string& path)
 {

@@ -3,6 +3,7 @@
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
 #include "command_line/edit_distance.h"
+#include "command_line/option_reader.h"
 #include "shared/version.h"
 
 #include <algorithm>
@@ -82,6 +83,18 @@ std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<con
         return {};
     out.result(parser.help_text());
     return exit_code::done;
+}
+
+std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments, console& out,
+                                          const std::function<void(option_reader&)>& settle)
+{
+    if (const auto end = parse_or_explain(parser, arguments, out))
+        return end;
+    option_reader reader;
+    settle(reader);
+    if (const auto failures = reader.take_failures(); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 exit_code fail(const failure& why, console& out)

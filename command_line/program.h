@@ -3,6 +3,7 @@
 
 #include "command_line/exit_code.h"
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -12,6 +13,7 @@ namespace ov1
 
 class argument_parser;
 class console;
+class option_reader;
 
 /// A command, such as "grade".
 struct verb
@@ -32,6 +34,11 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
 /// Parses a verb's arguments. Where there is nothing to run, prints the help or the failure and returns the exit code.
 [[nodiscard]] std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments,
                                                         console& out);
+
+/// The same, and then lets `settle` read the texts of the options. What it refuses is printed too.
+[[nodiscard]] std::optional<exit_code> parse_or_explain(argument_parser& parser, std::span<const std::string> arguments,
+                                                        console& out,
+                                                        const std::function<void(option_reader&)>& settle);
 
 /// Prints the failure and returns its code.
 exit_code fail(const failure& why, console& out);

@@ -4,6 +4,7 @@
 #include "command_line/choice.h"
 #include "command_line/console.h"
 #include "command_line/number.h"
+#include "command_line/program.h"
 
 namespace ov1
 {
@@ -48,5 +49,26 @@ void settle_run_options(run_options& options, console& out, option_reader& reade
     out.set_quiet(options.quiet);
     out.set_verbose(options.verbose);
 }
+
+output_rules rules_of(const run_options& options)
+{
+    return {.overwrite = options.overwrite, .no_clobber = options.no_clobber, .dry_run = options.dry_run};
+}
+
+std::optional<exit_code> plan_single_output(const std::string& path, const run_options& options, console& out,
+                                            std::vector<failure> found)
+{
+    const auto job = plan_output(path, rules_of(options));
+    if (!job)
+        found.push_back(job.error());
+    if (!found.empty())
+        return fail(found, out);
+    if (!job->skipped)
+        return {};
+    note_skipped(path, out);
+    return exit_code::done;
+}
+
+void note_skipped(const std::string& output, console& out) { out.note(output + " already exists, skipped"); }
 
 } // namespace ov1

@@ -1,6 +1,7 @@
 #include "media/clips/clip_source.h"
 
 #include "media/base/failures.h"
+#include "platform/folder_listing.h"
 
 extern "C"
 {
@@ -10,19 +11,12 @@ extern "C"
 
 #include <algorithm>
 #include <cmath>
-#include <sys/stat.h>
 
 namespace ov1::media
 {
 
 namespace
 {
-
-bool is_folder(const std::string& path)
-{
-    struct stat facts;
-    return stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
-}
 
 int turn_in(const AVStream& stream)
 {

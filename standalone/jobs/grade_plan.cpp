@@ -2,6 +2,7 @@
 
 #include "command_line/frame_pattern.h"
 #include "media/stills/input_kind.h"
+#include "platform/folder_listing.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,12 +15,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-bool is_folder(const std::string& path)
-{
-    std::error_code error;
-    return fs::is_directory(path, error);
-}
 
 /// The pattern of a name, unless a file has exactly this name.
 std::optional<frame_pattern> pattern_in(const std::string& path)

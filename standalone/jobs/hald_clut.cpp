@@ -1,6 +1,6 @@
 #include "standalone/jobs/hald_clut.h"
 
-#include "media/stills/still_writer.h"
+#include "media/stills/encode_still.h"
 
 namespace ov1
 {
@@ -24,19 +24,16 @@ result<std::vector<std::uint8_t>> make_hald_clut(const row_renderer& renderer)
     media::still_info info;
     info.width = info.height = side;
     info.depth = media::depth::u16;
-    media::still_writer writer;
-    if (const auto created = writer.create("hald.png", info, {}); !created)
-        return created.error();
-
-    std::vector<argb_float> rows(side * media::still_writer::row_multiple);
-    for (std::size_t y = 0; y < side; y += media::still_writer::row_multiple)
+    std::vector<argb_float> rows;
+    const auto graded_rows = [&](std::size_t y, std::size_t count)
     {
+        rows.resize(side * count);
         for (std::size_t i = 0; i < rows.size(); ++i)
             rows[i] = identity_pixel(y * side + i);
         renderer.render_row(y, rows.data(), rows.data(), rows.size());
-        writer.write_rows(y, media::still_writer::row_multiple, rows.data());
-    }
-    return writer.finish();
+        return rows.data();
+    };
+    return media::encode_still("hald.png", info, graded_rows);
 }
 
 } // namespace ov1

@@ -67,7 +67,7 @@ void report(const output_job& job, const job_outcome& outcome, const output_text
     if (outcome.failed)
         out.error(*outcome.failed);
     else if (job.skipped)
-        out.note(job.output + " already exists, skipped");
+        note_skipped(job.output, out);
     else if (!run.dry_run)
         out.note("wrote " + job.output + ": " + texts.written);
     else if (!run.json)

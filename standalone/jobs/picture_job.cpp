@@ -1,6 +1,6 @@
 #include "standalone/jobs/picture_job.h"
 
-#include "standalone/jobs/file_output.h"
+#include "command_line/file_output.h"
 #include "standalone/jobs/threaded_pieces.h"
 
 #include <utility>

@@ -1,14 +1,11 @@
 #include "standalone/sheets/canvas_output.h"
 
 #include "command_line/console.h"
+#include "command_line/file_output.h"
 #include "command_line/json_text.h"
-#include "command_line/output_plan.h"
 #include "command_line/program.h"
 #include "command_line/run_options.h"
-#include "media/stills/still_writer.h"
-#include "standalone/jobs/file_output.h"
-
-#include <algorithm>
+#include "media/stills/encode_still.h"
 
 namespace ov1
 {
@@ -21,12 +18,7 @@ result<std::vector<std::uint8_t>> encode(const canvas& painted, const std::strin
     media::still_info info;
     info.width = painted.get_width();
     info.height = painted.get_height();
-    media::still_writer writer;
-    if (const auto created = writer.create(path, info, {}); !created)
-        return created.error();
-    for (std::size_t y = 0; y < info.height; y += media::still_writer::row_multiple)
-        writer.write_rows(y, std::min(media::still_writer::row_multiple, info.height - y), painted.row(y));
-    return writer.finish();
+    return media::encode_still(path, info, [&](std::size_t y, std::size_t) { return painted.row(y); });
 }
 
 void report(const run_options& run, const std::string& output, const canvas& painted, console& out)
@@ -45,17 +37,6 @@ void report(const run_options& run, const std::string& output, const canvas& pai
 }
 
 } // namespace
-
-std::optional<exit_code> plan_canvas(const std::string& path, const run_options& run, console& out)
-{
-    const auto job = plan_output(path, {run.overwrite, run.no_clobber, run.dry_run});
-    if (!job)
-        return fail(job.error(), out);
-    if (!job->skipped)
-        return {};
-    out.note(path + " already exists, skipped");
-    return exit_code::done;
-}
 
 exit_code write_canvas(const canvas& painted, const std::string& path, const run_options& run, console& out)
 {

@@ -65,22 +65,22 @@ std::optional<exit_code> parse(edit_command& command, std::span<const std::strin
     parser.group("Output");
     parser.text("-o,--output", command.output, "OUT", "file for the graded picture or clip");
     add_run_options(parser, command.run);
-    if (const auto end = parse_or_explain(parser, arguments, out))
+    const auto settle = [&](option_reader& reader)
+    {
+        settle_run_options(command.run, out, reader);
+        if (command.inputs.size() > 1)
+            reader.refuse(command.inputs[1].c_str(), "only one picture or clip can be edited at a time");
+        if (command.output && command.inputs.empty())
+            reader.refuse("-o", "needs an input");
+    };
+    if (const auto end = parse_or_explain(parser, arguments, out, settle))
         return end;
-
-    option_reader reader;
-    settle_run_options(command.run, out, reader);
-    if (command.inputs.size() > 1)
-        reader.refuse(command.inputs[1].c_str(), "only one picture or clip can be edited at a time");
-    if (command.output && command.inputs.empty())
-        reader.refuse("-o", "needs an input");
-    auto failures = reader.take_failures();
-    const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
-    if (failures.empty() && command.output)
-        failures = plan_outputs(command.inputs, *command.output, rules, command.plan);
-    if (failures.empty())
+    if (!command.output)
         return {};
-    return fail(failures, out);
+    const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
+    if (const auto failures = plan_outputs(command.inputs, *command.output, rules, command.plan); !failures.empty())
+        return fail(failures, out);
+    return {};
 }
 
 exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)

@@ -77,10 +77,9 @@ void declare(argument_parser& parser, grade_command& command)
     add_run_options(parser, command.run);
 }
 
-/// Reads the options' texts, and collects what is wrong with them.
-std::vector<failure> settle(grade_command& command, console& out)
+/// Reads the options' texts, and refuses what is wrong with them.
+void settle(grade_command& command, console& out, option_reader& reader)
 {
-    option_reader reader;
     const auto one_of = [](const auto& choices)
     { return [&choices](const std::string& text) { return read_choice(text, choices); }; };
     settle_run_options(command.run, out, reader);
@@ -100,7 +99,6 @@ std::vector<failure> settle(grade_command& command, console& out)
     command.clip.quality = command.format.quality;
     command.clip.pixel_format = command.format.pixel_format;
     command.clip.threads = static_cast<unsigned int>(command.run.threads);
-    return reader.take_failures();
 }
 
 /// Grades the inputs one after the other, pictures and clips alike.
@@ -185,15 +183,13 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
                            "  veridial grade clip.mov --input-lut log.cube --sky 90,50 -o graded.mov\n"
                            "  veridial grade shot.%04d.exr --frames 101-200 -p Autumn -o out.%04d.exr\n");
     declare(parser, command);
-    if (const auto end = parse_or_explain(parser, arguments, out))
+    const auto settle_command = [&](option_reader& reader) { settle(command, out, reader); };
+    if (const auto end = parse_or_explain(parser, arguments, out, settle_command))
         return *end;
-    if (const auto failures = settle(command, out); !failures.empty())
-        return fail(failures, out);
 
     effect_instance effect;
     grade_steps steps;
     grade_plan plan;
-    const output_rules rules{command.run.overwrite, command.run.no_clobber, command.run.dry_run};
     auto failures = effect.apply(command.grade);
     if (command.input_table)
     {
@@ -202,7 +198,7 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
         else
             failures.push_back(table.error());
     }
-    const auto refused = plan_grade({command.inputs, *command.output, command.frames}, rules, plan);
+    const auto refused = plan_grade({command.inputs, *command.output, command.frames}, rules_of(command.run), plan);
     failures.insert(failures.end(), refused.begin(), refused.end());
     if (!failures.empty())
         return fail(failures, out);

@@ -3,12 +3,12 @@
 #include "command_line/argument_parser.h"
 #include "command_line/console.h"
 #include "command_line/failure_line.h"
+#include "command_line/file_output.h"
 #include "command_line/number.h"
 #include "command_line/option_reader.h"
 #include "presets/preset_text.h"
 #include "presets/random_look.h"
 #include "standalone/jobs/effect_instance.h"
-#include "standalone/jobs/file_output.h"
 
 #include <limits>
 
@@ -49,20 +49,17 @@ std::optional<exit_code> parse(inspire_command& command, std::span<const std::st
     parser.text("-o,--output", command.output, "FILE.json|DIR", "output file or folder; by default, stdout");
     parser.text("--save", command.save_as, "NAME", "save as user presets: NAME, or NAME 1, NAME 2 ... for several");
     parser.flag("-f,--overwrite", command.overwrite, "replace existing files and presets");
-    if (const auto end = parse_or_explain(parser, arguments, out))
-        return end;
-
-    option_reader reader;
-    reader.read("--seed", command.seed_text, command.seed, read_seed);
-    reader.read("-n", command.count_text, command.count,
-                [](const std::string& text) { return read_whole_number_within(text, 1, most_looks); });
-    if (command.output && command.save_as)
-        reader.refuse("--save", "cannot be combined with -o");
-    if (command.count > 1 && !command.output && !command.save_as)
-        reader.refuse("-n", "several looks need an output", "-o FOLDER or --save NAME");
-    if (const auto failures = reader.take_failures(); !failures.empty())
-        return fail(failures, out);
-    return {};
+    const auto settle = [&](option_reader& reader)
+    {
+        reader.read("--seed", command.seed_text, command.seed, read_seed);
+        reader.read("-n", command.count_text, command.count,
+                    [](const std::string& text) { return read_whole_number_within(text, 1, most_looks); });
+        if (command.output && command.save_as)
+            reader.refuse("--save", "cannot be combined with -o");
+        if (command.count > 1 && !command.output && !command.save_as)
+            reader.refuse("-n", "several looks need an output", "-o FOLDER or --save NAME");
+    };
+    return parse_or_explain(parser, arguments, out, settle);
 }
 
 /// "Idea", or "Idea 3" among several.

@@ -3,8 +3,8 @@
 #include "command_line/argument_parser.h"
 #include "command_line/choice.h"
 #include "command_line/console.h"
+#include "command_line/file_output.h"
 #include "command_line/json_text.h"
-#include "command_line/output_plan.h"
 #include "command_line/run_options.h"
 #include "effect/lut/cube_format.h"
 #include "effect/lut/export_text.h"
@@ -12,7 +12,6 @@
 #include "effect/lut/threedl_format.h"
 #include "framework/lut_exporter.h"
 #include "standalone/jobs/effect_instance.h"
-#include "standalone/jobs/file_output.h"
 #include "standalone/jobs/hald_clut.h"
 
 #include <algorithm>
@@ -88,18 +87,15 @@ std::optional<exit_code> parse(lut_request& request, std::span<const std::string
     parser.text("-o,--output", request.output, "FILE", "output file: .cube, .3dl, or .png for a HaldCLUT");
     parser.text("--size", request.size_text, "17|32", "points per axis of a .cube, by default 17");
     add_run_options(parser, request.run);
-    if (const auto end = parse_or_explain(parser, arguments, out))
-        return end;
-
-    option_reader reader;
-    settle_run_options(request.run, out, reader);
-    if (!request.output)
-        reader.refuse("-o", "is missing", "name the output file, such as look.cube");
-    else if (const auto settled = settle_table(request); !settled)
-        reader.refuse(settled.error());
-    if (const auto failures = reader.take_failures(); !failures.empty())
-        return fail(failures, out);
-    return {};
+    const auto settle = [&](option_reader& reader)
+    {
+        settle_run_options(request.run, out, reader);
+        if (!request.output)
+            reader.refuse("-o", "is missing", "name the output file, such as look.cube");
+        else if (const auto settled = settle_table(request); !settled)
+            reader.refuse(settled.error());
+    };
+    return parse_or_explain(parser, arguments, out, settle);
 }
 
 result<std::vector<std::uint8_t>> encode(effect_instance& effect, const lut_request& request)
@@ -143,24 +139,14 @@ exit_code run_lut(std::span<const std::string> arguments, console& out)
         return *end;
 
     effect_instance effect;
-    const output_rules rules{request.run.overwrite, request.run.no_clobber, request.run.dry_run};
-    auto failures = effect.apply(request.grade);
-    const auto job = plan_output(*request.output, rules);
-    if (!job)
-        failures.push_back(job.error());
-    if (!failures.empty())
-        return fail(failures, out);
-    if (job->skipped)
-    {
-        out.note(job->output + " already exists, skipped");
-        return exit_code::done;
-    }
-
+    const std::string& path = *request.output;
+    if (const auto end = plan_single_output(path, request.run, out, effect.apply(request.grade)))
+        return *end;
     const auto bytes = encode(effect, request);
     if (!bytes)
-        return fail(about(job->output, bytes.error()), out);
+        return fail(about(path, bytes.error()), out);
     if (!request.run.dry_run)
-        if (const auto written = write_output(job->output, *bytes, request.run.overwrite); !written)
+        if (const auto written = write_output(path, *bytes, request.run.overwrite); !written)
             return fail(written.error(), out);
     report(request, bytes->size(), out);
     return exit_code::done;

@@ -4,6 +4,7 @@
 #include "command_line/console.h"
 #include "command_line/edit_distance.h"
 #include "command_line/json_text.h"
+#include "command_line/option_reader.h"
 #include "standalone/jobs/effect_instance.h"
 #include "standalone/jobs/grade_text.h"
 #include "standalone/jobs/preset_source.h"
@@ -29,13 +30,12 @@ std::optional<exit_code> parse_named(argument_parser& parser, named_preset& pres
                                      std::span<const std::string> arguments, console& out)
 {
     parser.positionals("NAME", preset.names, "name of the preset");
-    if (const auto end = parse_or_explain(parser, arguments, out))
-        return end;
-    if (preset.names.size() == 1)
-        return {};
-    return fail(
-        failure{failure_kind::usage, "NAME", "exactly one preset is required", "\"veridial preset list\" shows them"},
-        out);
+    const auto settle = [&](option_reader& reader)
+    {
+        if (preset.names.size() != 1)
+            reader.refuse("NAME", "exactly one preset is required", "\"veridial preset list\" shows them");
+    };
+    return parse_or_explain(parser, arguments, out, settle);
 }
 
 exit_code list(std::span<const std::string> arguments, console& out)

@@ -113,15 +113,12 @@ std::optional<exit_code> parse(scope_command& command, std::span<const std::stri
     parser.group("Output");
     parser.text("-o,--output", command.output, "OUT.png", "output picture");
     add_run_options(parser, command.run);
-    if (const auto end = parse_or_explain(parser, arguments, out))
-        return end;
-
-    option_reader reader;
-    settle_run_options(command.run, out, reader);
-    settle_scope(command, reader);
-    if (const auto failures = reader.take_failures(); !failures.empty())
-        return fail(failures, out);
-    return {};
+    const auto settle = [&](option_reader& reader)
+    {
+        settle_run_options(command.run, out, reader);
+        settle_scope(command, reader);
+    };
+    return parse_or_explain(parser, arguments, out, settle);
 }
 
 /// Reads the picture and applies the grade of the command line, unless there is none or it is bypassed.
@@ -212,7 +209,7 @@ exit_code run_scope(std::span<const std::string> arguments, console& out)
     scope_command command;
     if (const auto end = parse(command, arguments, out))
         return *end;
-    if (const auto end = plan_canvas(*command.output, command.run, out))
+    if (const auto end = plan_single_output(*command.output, command.run, out))
         return *end;
     media::reduced_picture picture;
     if (const auto failures = read_picture(command, picture); !failures.empty())

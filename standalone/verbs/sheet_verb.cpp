@@ -51,20 +51,17 @@ std::optional<exit_code> parse(sheet_command& command, std::span<const std::stri
     parser.text("-o,--output", command.output, "SHEET.png", "output picture");
     parser.text("--width", command.width_text, "PIXELS", "largest width of the sheet, by default 2400");
     add_run_options(parser, command.run);
-    if (const auto end = parse_or_explain(parser, arguments, out))
-        return end;
-
-    option_reader reader;
-    settle_run_options(command.run, out, reader);
-    if (command.inputs.size() != 1)
-        reader.refuse("INPUT", "exactly one picture is required");
-    if (!command.output)
-        reader.refuse("-o", "is missing", "name the output picture");
-    reader.read("--width", command.width_text, command.width,
-                [](const std::string& text) { return read_whole_number_within(text, least_width, most_width); });
-    if (const auto failures = reader.take_failures(); !failures.empty())
-        return fail(failures, out);
-    return {};
+    const auto settle = [&](option_reader& reader)
+    {
+        settle_run_options(command.run, out, reader);
+        if (command.inputs.size() != 1)
+            reader.refuse("INPUT", "exactly one picture is required");
+        if (!command.output)
+            reader.refuse("-o", "is missing", "name the output picture");
+        reader.read("--width", command.width_text, command.width,
+                    [](const std::string& text) { return read_whole_number_within(text, least_width, most_width); });
+    };
+    return parse_or_explain(parser, arguments, out, settle);
 }
 
 /// The cells of the sheet, and the number of columns.
@@ -135,7 +132,7 @@ exit_code run_sheet(std::span<const std::string> arguments, console& out)
     sheet_command command;
     if (const auto end = parse(command, arguments, out))
         return *end;
-    if (const auto end = plan_canvas(*command.output, command.run, out))
+    if (const auto end = plan_single_output(*command.output, command.run, out))
         return *end;
     return make_sheet(command, out);
 }

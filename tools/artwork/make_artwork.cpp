@@ -1,6 +1,6 @@
 // Draws the editor's pads and arcs: make_artwork FOLDER writes their pictures there. Look tables are read from the
 // resources.
-#include "media/stills/still_writer.h"
+#include "media/stills/encode_still.h"
 #include "platform/atomic_file.h"
 #include "tools/artwork/arc_pictures.h"
 #include "tools/artwork/pad_pictures.h"
@@ -18,11 +18,8 @@ result<> write_picture(const std::string& path, std::size_t width, const std::ve
     info.width = width;
     info.height = pixels.size() / width;
     info.alpha = media::alpha_kind::straight;
-    media::still_writer writer;
-    if (auto created = writer.create(path, info, {}); !created)
-        return created;
-    writer.write_rows(0, info.height, pixels.data());
-    const auto bytes = writer.finish();
+    const auto bytes =
+        media::encode_still(path, info, [&](std::size_t y, std::size_t) { return pixels.data() + y * width; });
     if (!bytes)
         return bytes.error();
     return replace_file(path, *bytes);

@@ -1,5 +1,5 @@
 // Draws the sample pictures: make_samples FOLDER writes landscape.png and memory_colours.png there.
-#include "media/stills/still_writer.h"
+#include "media/stills/encode_still.h"
 #include "platform/atomic_file.h"
 #include "tools/samples/landscape.h"
 #include "tools/samples/memory_chart.h"
@@ -38,20 +38,18 @@ result<> write_picture(const std::string& path, std::size_t width, std::size_t h
     media::still_info info;
     info.width = width;
     info.height = height;
-    media::still_writer writer;
-    if (auto created = writer.create(path, info, {}); !created)
-        return created;
-    for (std::size_t y = 0; y < height; y += media::still_writer::row_multiple)
+    std::vector<argb_float> rows;
+    const auto drawn_rows = [&](std::size_t y, std::size_t count)
     {
-        std::vector<argb_float> rows;
-        for (std::size_t i = y; i < y + media::still_writer::row_multiple && i < height; ++i)
+        rows.clear();
+        for (std::size_t i = y; i < y + count; ++i)
         {
             const auto row = drawn_row(i, width, height, colour);
             rows.insert(rows.end(), row.begin(), row.end());
         }
-        writer.write_rows(y, rows.size() / width, rows.data());
-    }
-    const auto bytes = writer.finish();
+        return rows.data();
+    };
+    const auto bytes = media::encode_still(path, info, drawn_rows);
     if (!bytes)
         return bytes.error();
     return replace_file(path, *bytes);

@@ -1,5 +1,6 @@
 #include "host/simulator/verbs/hosted_effect.h"
 
+#include "command_line/file_output.h"
 #include "command_line/parameter_info.h"
 #include "platform/atomic_file.h"
 
@@ -118,10 +119,7 @@ result<> hosted_effect::save(const simulator_request& request)
     const auto bytes = host.write_document();
     if (!bytes)
         return about(path, bytes.error());
-    const auto written = request.overwrite ? replace_file(path, *bytes) : create_file(path, *bytes);
-    if (!written)
-        return about(path, written.error());
-    return {};
+    return write_output(path, *bytes, request.overwrite);
 }
 
 } // namespace ov1

@@ -1,7 +1,7 @@
 #include "host/simulator/verbs/picture_file.h"
 
-#include "media/stills/still_writer.h"
-#include "platform/atomic_file.h"
+#include "command_line/file_output.h"
+#include "media/stills/encode_still.h"
 
 #include <algorithm>
 
@@ -30,29 +30,21 @@ result<picture_file> read_picture(const std::string& path)
 
 result<> write_picture(const std::string& path, const picture_file& like, const rgba_picture& picture, bool overwrite)
 {
-    media::still_writer writer;
-    if (const auto created = writer.create(path, like.reader.info(), {}); !created)
-        return about(path, created.error());
-    constexpr std::size_t step = media::still_writer::row_multiple;
     std::vector<argb_float> rows;
-    for (std::size_t y = 0; y < picture.height; y += step)
+    const auto rows_with_alpha = [&](std::size_t y, std::size_t count)
     {
-        const std::size_t count = std::min(step, picture.height - y);
         rows.resize(count * picture.width);
         for (std::size_t i = 0; i < rows.size(); ++i)
         {
             const float* const p = picture.pixel(i % picture.width, y + i / picture.width);
             rows[i] = {like.picture.pixel(i % picture.width, y + i / picture.width)[3], p[0], p[1], p[2]};
         }
-        writer.write_rows(y, count, rows.data());
-    }
-    const auto bytes = writer.finish();
+        return rows.data();
+    };
+    const auto bytes = media::encode_still(path, like.reader.info(), rows_with_alpha);
     if (!bytes)
         return about(path, bytes.error());
-    const auto written = overwrite ? replace_file(path, *bytes) : create_file(path, *bytes);
-    if (!written)
-        return about(path, written.error());
-    return {};
+    return write_output(path, *bytes, overwrite);
 }
 
 } // namespace ov1

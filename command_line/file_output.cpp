@@ -1,4 +1,4 @@
-#include "standalone/jobs/file_output.h"
+#include "command_line/file_output.h"
 
 #include "platform/atomic_file.h"
 
@@ -7,8 +7,7 @@ namespace ov1
 
 result<> write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace)
 {
-    auto written = may_replace ? replace_file(path, bytes) : create_file(path, bytes);
-    if (!written)
+    if (const auto written = write_file(path, bytes, may_replace); !written)
         return about(path, written.error());
     return {};
 }
