@@ -13,11 +13,13 @@ struct argument_parser::implementation
     std::string group = "Options";
     std::string command;
 
+    /// Puts an option under the current heading of the help.
     CLI::Option* shown(CLI::Option* option, const std::string& placeholder) const
     {
         return option->group(group)->option_text(placeholder);
     }
 
+    /// The long names, with their dashes, as candidates for a suggestion.
     std::vector<std::string> option_names() const
     {
         std::vector<std::string> names;
@@ -32,6 +34,7 @@ struct argument_parser::implementation
     {
         const std::vector<std::string> left = app.remaining();
         const std::string first = left.empty() ? std::string() : left.front();
+        // "--size=3" is looked up as "--size".
         const std::string name = first.substr(0, first.find('='));
         const std::string all_help = "\"" + command + " --help\" lists the options";
         if (!name.starts_with('-'))
@@ -75,6 +78,7 @@ void argument_parser::text(const std::string& names, std::optional<std::string>&
 void argument_parser::texts(const std::string& names, std::vector<std::string>& values, const std::string& placeholder,
                             const std::string& help)
 {
+    // allow_extra_args: an option that may be repeated would otherwise take all arguments after its value too.
     impl->shown(impl->app.add_option(names, values, help), placeholder)->allow_extra_args(false);
 }
 
@@ -86,9 +90,11 @@ void argument_parser::positionals(const std::string& placeholder, std::vector<st
 
 result<argument_parser::outcome> argument_parser::parse(std::span<const std::string> arguments)
 {
+    // In the group "Run", which the verbs declare last.
     impl->app.set_help_flag("-h,--help", "show this help and exit")->group("Run");
     try
     {
+        // The library takes a vector from its end, so the first argument comes last.
         impl->app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         return outcome::run;
     }
@@ -102,10 +108,12 @@ result<argument_parser::outcome> argument_parser::parse(std::span<const std::str
     }
     catch (const CLI::ArgumentMismatch& error)
     {
+        // The library puts the option's name into the message and nowhere else.
         const std::string text = error.what();
         std::string name = text.substr(0, text.find_first_of(": "));
         if (!name.starts_with('-')) // the library names flags without their dashes
             name.insert(0, "--");
+        // One exception class reports both mistakes; only its text tells them apart.
         const bool is_flag = text.find("flag override") != std::string::npos;
         return failure{failure_kind::usage, name, is_flag ? "takes no value" : "needs a value", {}};
     }

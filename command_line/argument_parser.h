@@ -31,7 +31,11 @@ public:
 
     /// The heading in the help for the options declared after it.
     void group(const std::string& title);
+    /// An option without a value: it sets the variable to true. Giving it twice is no mistake; a value, as in
+    /// "--flag=x", is.
     void flag(const std::string& names, bool& value, const std::string& help);
+    /// An option with one value. The placeholder stands for the value in the help. The variable stays empty where the
+    /// option is not given.
     void text(const std::string& names, std::optional<std::string>& value, const std::string& placeholder,
               const std::string& help);
     /// An option that may be repeated; all its texts are kept, in order.
@@ -41,11 +45,14 @@ public:
     void positionals(const std::string& placeholder, std::vector<std::string>& values, const std::string& help);
 
     /// Takes the arguments after the command's name. Called once.
+    /// Fails (usage) at the first mistake; the subject is the argument as the user wrote it, the hint a similar option.
     result<outcome> parse(std::span<const std::string> arguments);
 
+    /// All groups with their options, then the examples; ends with a line feed.
     std::string help_text() const;
 
 private:
+    // Hides the library that parses, so that only one source file compiles its headers.
     struct implementation;
     std::unique_ptr<implementation> impl;
 };

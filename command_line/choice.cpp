@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// The hint where no name is similar: one of a, b, c.
 std::string all_names(const std::vector<std::string>& names)
 {
     std::string text = "one of ";
@@ -33,6 +34,7 @@ result<std::size_t> find_choice(std::string_view text, const std::vector<std::st
                                     [&](const std::string& name) { return plain_name(name) == plain_name(text); });
     if (found == names.end() || text.empty())
     {
+        // A similar name is a better hint than the whole list.
         const std::string near = did_you_mean(text, names);
         return failure{failure_kind::usage,
                        {},

@@ -12,6 +12,8 @@
 namespace ov1
 {
 
+/// One word of an option and what it stands for. The words are lower case and must differ in more than blanks and
+/// dashes, because they are compared by plain_name.
 template <typename T>
 struct choice
 {
@@ -23,6 +25,7 @@ struct choice
 result<std::size_t> find_choice(std::string_view text, const std::vector<std::string>& names);
 
 /// The value of a word, in any case.
+/// Fails as find_choice does. The first word that matches wins.
 template <typename T, std::size_t count>
 result<T> read_choice(std::string_view text, const std::array<choice<T>, count>& choices)
 {

@@ -14,6 +14,7 @@ namespace ov1
 class console
 {
 public:
+    /// The streams must outlive the console, which never closes them. Tests give files of their own.
     explicit console(std::FILE* out = stdout, std::FILE* err = stderr, const std::string& program = "veridial")
         : prefix(program + ": ")
         , out(out)
@@ -28,6 +29,7 @@ public:
 
     /// Writes to stdout; the text brings its own line feeds.
     void result(const std::string& text);
+    /// Printed even when quiet. One line, whatever bytes its texts hold (failure_line).
     void error(const failure& why);
     /// Something that the user should know although the work continues; its kind is ignored.
     void warning(const failure& what);
@@ -52,7 +54,9 @@ private:
     bool quiet = false;
     bool verbose = false;
     std::mutex mutex;
+    // What stands below the last line. Every other output erases it first and draws it again after.
     std::string shown_status;
+    // The errno of a result that could not be written, or 0; reported by finish().
     int write_error = 0;
 };
 

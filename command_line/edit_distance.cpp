@@ -10,9 +10,11 @@ namespace ov1
 namespace
 {
 
+// More suggestions than these help nobody to choose.
 constexpr std::size_t most_names = 3;
 constexpr std::size_t shortest_part = 3; // fewer letters occur in too many names
 
+/// The names at the smallest distance, if a third of the typed letters at most must change.
 std::vector<std::string> nearest(const std::string& typed, std::span<const std::string> names)
 {
     std::vector<std::string> result;
@@ -24,6 +26,7 @@ std::vector<std::string> nearest(const std::string& typed, std::span<const std::
         // With as many edits as it has letters, a name can be made from any text.
         if (distance > limit || distance >= plain.size())
             continue;
+        // A nearer name discards all those found before it.
         if (distance < limit)
             result.clear();
         limit = distance;
@@ -32,6 +35,7 @@ std::vector<std::string> nearest(const std::string& typed, std::span<const std::
     return result;
 }
 
+/// The names that contain the typed text, such as "skin" for "Skin Angle".
 std::vector<std::string> containing(const std::string& typed, std::span<const std::string> names)
 {
     std::vector<std::string> result;
@@ -45,6 +49,8 @@ std::vector<std::string> containing(const std::string& typed, std::span<const st
 
 std::size_t edit_distance(std::string_view x, std::string_view y)
 {
+    // Row i holds the distances from the first i characters of x to every prefix of y. A transposition reaches two rows
+    // back, so three rows are enough.
     std::vector<std::size_t> before_last(y.size() + 1);
     std::vector<std::size_t> last(y.size() + 1);
     std::vector<std::size_t> row(y.size() + 1);
@@ -57,6 +63,7 @@ std::size_t edit_distance(std::string_view x, std::string_view y)
         {
             const std::size_t replaced = last[j - 1] + (x[i - 1] == y[j - 1] ? 0 : 1);
             row[j] = std::min({last[j] + 1, row[j - 1] + 1, replaced});
+            // The last two characters are swapped: one edit after the prefixes before both.
             if (i > 1 && j > 1 && x[i - 1] == y[j - 2] && x[i - 2] == y[j - 1])
                 row[j] = std::min(row[j], before_last[j - 2] + 1);
         }

@@ -13,6 +13,8 @@ namespace ov1
 /// The smallest number of insertions, deletions, substitutions and transpositions of neighbours that turns one text
 /// into the other; no character is edited twice. Source: optimal string alignment, Damerau 1964,
 /// doi:10.1145/363958.363994.
+/// Counts bytes, not characters: the names that are compared are ASCII. Takes time proportional to the product of both
+/// lengths, and memory for three rows.
 std::size_t edit_distance(std::string_view x, std::string_view y);
 
 /// The form in which names are compared: lower case, without blanks, dashes and underscores.

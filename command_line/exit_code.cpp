@@ -7,6 +7,7 @@ namespace ov1
 
 exit_code exit_code_of(const failure& why)
 {
+    // Without a default, so that the compiler reports a kind that has no code.
     switch (why.kind)
     {
     case failure_kind::usage:

@@ -8,6 +8,7 @@
 namespace ov1
 {
 
+/// Scripts depend on these numbers: none may change its meaning.
 enum class exit_code : int
 {
     done = 0,

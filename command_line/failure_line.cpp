@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// Escapes what could break the line or control the terminal: a file name may hold any byte.
 std::string on_one_line(std::string_view text)
 {
     constexpr char digits[] = "0123456789abcdef";
@@ -18,6 +19,7 @@ std::string on_one_line(std::string_view text)
     {
         const std::size_t length = utf8_length(text);
         const auto byte = static_cast<std::uint8_t>(text.front());
+        // 0x7F is DEL, the only control character of ASCII above the blank.
         if (length == 0 || byte < 0x20 || byte == 0x7F)
         {
             result += "\\x";

@@ -7,6 +7,7 @@ namespace ov1
 
 result<> write_output(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace)
 {
+    // write_file leaves the subject empty: it does not know how the user named the file.
     if (const auto written = write_file(path, bytes, may_replace); !written)
         return about(path, written.error());
     return {};

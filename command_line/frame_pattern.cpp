@@ -14,7 +14,9 @@ namespace
 
 namespace fs = std::filesystem;
 
+// Well within an int, so that counting on cannot overflow.
 constexpr int largest_frame = 99'999'999;
+// Any number of this many digits fits an int.
 constexpr std::size_t most_digits = 9;
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
@@ -25,6 +27,7 @@ std::optional<int> frame_in(std::string_view leaf, std::string_view before, std:
     if (leaf.size() < before.size() + after.size() + digits || !leaf.starts_with(before) || !leaf.ends_with(after))
         return {};
     const std::string_view number = leaf.substr(before.size(), leaf.size() - before.size() - after.size());
+    // "0123" cannot come from %03d: 123 would have been written without the zero.
     const bool is_padded_beyond = number.size() > digits && number.front() == '0';
     if (number.size() > most_digits || is_padded_beyond || !std::all_of(number.begin(), number.end(), is_digit))
         return {};
@@ -43,12 +46,14 @@ std::string frame_pattern::name_of(int frame) const
 
 std::optional<frame_pattern> find_frame_pattern(std::string_view path)
 {
+    // Only the file name may hold the number: a folder of numbered names is no sequence.
     const std::size_t percent = path.rfind('%');
     if (percent == std::string_view::npos || path.find('/', percent) != std::string_view::npos)
         return {};
     std::size_t end = percent + 1;
     while (end < path.size() && is_digit(path[end]))
         ++end;
+    // As for printf: "%d", or a zero and one digit. "%4d" would pad with blanks and is not taken.
     const std::string_view width = path.substr(percent + 1, end - percent - 1);
     const std::size_t leaf = path.rfind('/') + 1;
     if (end == path.size() || path[end] != 'd' || width.size() > 2 || path.find('%', leaf) != percent ||

@@ -16,8 +16,10 @@ struct frame_pattern
 {
     std::string before; ///< the number, with the folder
     std::string after;
+    /// The least number of digits, 1 to 9.
     std::size_t digits = 1;
 
+    /// Pads with zeros to the given digits; a longer number is written in full. The frame must not be negative.
     std::string name_of(int frame) const;
 };
 
@@ -25,6 +27,8 @@ struct frame_pattern
 std::optional<frame_pattern> find_frame_pattern(std::string_view path);
 
 /// The numbers of the frames that exist as files, in ascending order.
+/// Only names that name_of could have written count, so "shot.07.exr" does not belong to "shot.%d.exr". A folder that
+/// cannot be read gives no frames.
 std::vector<int> existing_frames(const frame_pattern& pattern);
 
 /// First and last frame, both included.
@@ -35,6 +39,7 @@ struct frame_range
 };
 
 /// "101-200", or "7" for a single frame.
+/// Numbers run from 0 to 99999999, and the last is not below the first. The failure has no subject.
 result<frame_range> read_frame_range(std::string_view text);
 
 } // namespace ov1

@@ -15,12 +15,14 @@ namespace
 
 constexpr std::size_t bar_cells = 30;
 
+/// Independent of the locale, unlike printf.
 std::string one_decimal(double value)
 {
     const auto tenths = static_cast<std::uint64_t>(std::llround(value * 10));
     return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
 }
 
+/// Assumes that the frames to come take as long as those done; done must not be 0.
 double seconds_left(std::uint64_t done, std::uint64_t total, double elapsed_s)
 {
     return elapsed_s * static_cast<double>(total - std::min(done, total)) / static_cast<double>(done);
@@ -40,6 +42,7 @@ std::string duration_text(double seconds)
 
 std::string frame_progress_text(std::uint64_t done, std::uint64_t total, double elapsed_s, std::size_t cells)
 {
+    // Containers can understate their length: more frames than the total still show a full bar.
     std::string text = total == 0 ? std::to_string(done) + " frames"
                                   : progress_bar(static_cast<std::size_t>(std::min(done, total)),
                                                  static_cast<std::size_t>(total), cells);
@@ -72,6 +75,7 @@ void frame_progress::step(std::uint64_t done)
     if (style == progress_style::none)
         return;
     const auto now = clock::now();
+    // The last frame is always shown, so that the bar does not stop just short of its end.
     if (now < next && done != total)
         return;
     using namespace std::chrono_literals;

@@ -17,6 +17,7 @@ class console;
 std::string frame_progress_text(std::uint64_t done, std::uint64_t total, double elapsed_s, std::size_t cells);
 
 /// Hours, minutes and seconds: "1:02:03", "2:03".
+/// Rounded to whole seconds; a negative duration counts as 0.
 std::string duration_text(double seconds);
 
 /// Reports the frames of one clip: ten times a second as a bar on a terminal, every 0.5 s as JSON, every 2 s as plain
@@ -31,6 +32,8 @@ public:
     frame_progress& operator=(const frame_progress&) = delete;
 
     /// The number of frames done so far.
+    /// Cheap to call for each frame: it prints only when an interval has passed, and always at the last of a known
+    /// total.
     void step(std::uint64_t done);
 
 private:
@@ -43,6 +46,7 @@ private:
     std::string input;
     std::uint64_t total;
     clock::time_point begin = clock::now();
+    // Before this moment step() prints nothing.
     clock::time_point next = begin;
 };
 

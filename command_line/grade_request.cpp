@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// The two parameters that one option sets.
 struct pair_names
 {
     const char* first;
@@ -23,6 +24,7 @@ constexpr pair_names greenery_names{"Greenery Angle", "Greenery Strength"};
 constexpr pair_names skin_names{"Skin Angle", "Skin Tone Strength"};
 constexpr pair_names film_names{"Film Contrast Angle", "Film Contrast Strength"};
 
+/// The zones of --wheel, each with the two parameters of its wheel.
 constexpr std::array<choice<pair_names>, 4> wheel_names{{
     {"shadows", {"Shadows Hue", "Shadows Chroma"}},
     {"mids", {"Mids Hue", "Mids Chroma"}},
@@ -31,6 +33,7 @@ constexpr std::array<choice<pair_names>, 4> wheel_names{{
 }};
 
 /// Turns options into assignments, and collects what is wrong with them.
+/// A wrong option does not stop the others: all mistakes are reported together.
 class grade_resolver
 {
 public:
@@ -47,6 +50,7 @@ public:
         resolved.assignments.push_back(*read);
     }
 
+    /// Sets two parameters from "A,B". The form stands in the hint: a decimal comma is the usual mistake.
     void set_pair(const std::string& subject, const pair_names& names, std::string_view text, const char* form)
     {
         const std::size_t comma = text.find(',');
@@ -60,6 +64,7 @@ public:
     void set_wheel(const std::string& text)
     {
         const std::size_t equals = text.find('=');
+        // The option may be repeated, so the subject quotes the one that is wrong.
         const std::string subject = "--wheel " + text;
         if (equals == std::string::npos)
             return refuse({failure_kind::usage, subject, "has no \"=\"", "write shadows=HUE,CHROMA"});
@@ -126,6 +131,7 @@ resolved_grade resolve_grade(const grade_request& request, std::span<const param
     pad("--greenery", greenery_names, request.greenery);
     pad("--skin", skin_names, request.skin);
     pad("--film", film_names, request.film);
+    // Before the settings, so that -s "Global Bypass=false" wins over --bypass as over any other option.
     if (request.bypass)
         resolver.set("Global Bypass", "true");
     for (const std::string& text : request.settings)

@@ -35,6 +35,7 @@ bool asks_for_values(const grade_request& request);
 /// Declares the options under the heading "Grade". The request must outlive the parser.
 void add_grade_options(argument_parser& parser, grade_request& request);
 
+/// The outcome of reading all options: either list may be empty, or both.
 struct resolved_grade
 {
     std::vector<assignment> assignments;

@@ -23,11 +23,13 @@ bool is_ignored(int signal)
 
 void watch_interrupts()
 {
+    // Ignored signals make write() fail with EFBIG or EPIPE, which is then reported like a full disk.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
     sigset_t watched;
     sigemptyset(&watched);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        // nohup and shells in the background start programs with these signals ignored; that choice is respected.
         if (!is_ignored(signal))
             sigaddset(&watched, signal);
     // Blocked here, and so in every later thread: only the thread below receives them, and outside a signal handler it

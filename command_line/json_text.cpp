@@ -22,6 +22,7 @@ json_text& json_text::open(char opening, char closing)
 
 json_text& json_text::end()
 {
+    // A mistake of the caller, never of the data.
     assert(!closings.empty());
     written += closings.back();
     closings.pop_back();
@@ -63,6 +64,7 @@ void json_text::separate()
         written += ',';
 }
 
+// RFC 8259, section 7: quotes, backslashes and control characters must be escaped; all else may stand as UTF-8.
 void json_text::append_quoted(std::string_view text)
 {
     written += '"';
@@ -71,12 +73,14 @@ void json_text::append_quoted(std::string_view text)
         const std::size_t length = utf8_length(text);
         const char c = text.front();
         if (length == 0)
+            // A file name need not be UTF-8, but JSON must be.
             written += "\uFFFD";
         else if (c == '"' || c == '\\')
             (written += '\\') += c;
         else if (c >= 0 && c < ' ')
         {
             std::array<char, 8> escape;
+            // Four hexadecimal digits, the one form that holds for all control characters.
             std::snprintf(escape.data(), escape.size(), "\\u%04x", c);
             written += escape.data();
         }

@@ -24,10 +24,12 @@ public:
     json_text& value(const char* text) { return value(std::string_view(text)); }
     json_text& value(bool b) { return bare(b ? "true" : "false"); }
     json_text& value(double number);
+    /// The shortest text that reads back as the same float; as a double it would show digits that were never meant.
     json_text& value(float number);
     json_text& value(std::size_t number) { return bare(std::to_string(number)); }
     json_text& value(int number) { return bare(std::to_string(number)); }
 
+    /// Complete once everything opened is closed; without a line feed.
     const std::string& text() const { return written; }
 
 private:
@@ -37,6 +39,7 @@ private:
     void append_quoted(std::string_view text);
 
     std::string written;
+    // The closing brackets still to be written, innermost last.
     std::vector<char> closings;
     bool needs_comma = false;
 };

@@ -14,6 +14,7 @@ namespace ov1
 namespace
 {
 
+/// from_chars ignores the locale. The whole text must be a number; "inf" and "nan" are refused.
 bool parse(std::string_view text, double& value)
 {
     if (text.starts_with('+') && !text.starts_with("+-"))
@@ -29,7 +30,9 @@ std::string corrected(std::string_view text)
     if (std::count(better.begin(), better.end(), ',') == 1)
         std::replace(better.begin(), better.end(), ',', '.');
     while (better.ends_with('%') || better.ends_with("\u00B0"))
+        // The degree sign has two bytes in UTF-8.
         better.resize(better.size() - (better.ends_with('%') ? 1 : 2));
+    // A correction is suggested only if it would be accepted.
     double value = 0.0;
     return better != text && parse(better, value) ? better : std::string();
 }

@@ -20,9 +20,11 @@ result<double> read_number(std::string_view text);
 result<double> read_number_within(std::string_view text, double min, double max);
 
 /// A whole number from min to max.
+/// "7.0" and "1e2" are whole; the failure for "1.5" says so.
 result<int> read_whole_number_within(std::string_view text, int min, int max);
 
 /// The shortest text that reads back as the same number: 60, -0.5, 1e+30.
+/// Never with a thousands separator; the value must be finite to be read back.
 std::string number_text(double value);
 std::string number_text(float value);
 

@@ -12,6 +12,8 @@ namespace ov1
 {
 
 /// Reads the options of one command, and collects what is wrong with them.
+/// A command reports everything that is wrong with its options in one run, so that the user need not find the mistakes
+/// one by one.
 class option_reader
 {
 public:

@@ -24,6 +24,7 @@ namespace
 
 namespace fs = std::filesystem;
 
+/// Whether the path, or the target of a link, is a file that could be replaced: no pipe and no device.
 bool is_regular(const std::string& path)
 {
     std::error_code error;
@@ -37,6 +38,7 @@ bool is_taken(const std::string& path)
     return fs::exists(fs::symlink_status(path, error));
 }
 
+/// Writing through such a link would create its target, so it counts as an output that exists.
 bool is_dangling_link(const std::string& path)
 {
     std::error_code error;
@@ -44,6 +46,7 @@ bool is_dangling_link(const std::string& path)
 }
 
 /// Identifies a file on the disk under all its names.
+// Two paths with the same identity are one file: hard links included.
 using file_identity = std::pair<dev_t, ino_t>;
 
 std::optional<file_identity> identity_of(const std::string& path)
@@ -54,6 +57,7 @@ std::optional<file_identity> identity_of(const std::string& path)
     return file_identity{facts.st_dev, facts.st_ino};
 }
 
+/// The folder in which the file lies; "." for a bare name.
 std::string parent_of(const std::string& path)
 {
     const std::string parent = fs::path(path).parent_path().string();
@@ -72,9 +76,11 @@ std::string canonical(const std::string& path)
 {
     std::error_code error;
     const fs::path result = fs::weakly_canonical(path, error);
+    // A path that cannot be resolved is compared as it is written.
     return error ? path : result.string();
 }
 
+/// A dry run asks for the permission only: the other test creates a file for a moment.
 result<> takes_files(const std::string& folder, bool dry_run)
 {
     if (!dry_run)
@@ -108,6 +114,8 @@ public:
         const bool is_named_folder = output.ends_with('/') && !is_taken(folder);
         if (input_count == 1 && !output.ends_with('/'))
             return {};
+        // Several inputs and a new name without an extension: a folder is meant. "out.png" would more likely be a
+        // mistake.
         const bool is_new_name = !is_taken(output) && fs::path(output).extension().empty();
         if (!is_named_folder && !is_new_name)
         {
@@ -122,6 +130,7 @@ public:
     void check_job(output_job& job)
     {
         const auto input = identity_of(job.input);
+        // Compared by device and inode: links and other spellings name the same file too.
         const bool is_own_input = input && input == identity_of(job.output);
         if (is_own_input && !rules.overwrite)
             refuse(job.output, "is also the input", "use -f to replace it");
@@ -139,6 +148,7 @@ public:
 
     void check_against_other_inputs(const std::vector<output_job>& jobs)
     {
+        // Looked up instead of compared in pairs: a sequence may have many thousand frames.
         std::map<file_identity, const output_job*> inputs;
         for (const output_job& job : jobs)
             if (const auto identity = identity_of(job.input))
@@ -147,11 +157,13 @@ public:
         {
             const auto identity = identity_of(job.output);
             const auto found = identity ? inputs.find(*identity) : inputs.end();
+            // Such an output would destroy an input before it is read, whatever the options say.
             if (found != inputs.end() && found->second != &job)
                 refuse(job.output, "is also an input", "choose another folder");
         }
     }
 
+    /// Inputs of the same name from two folders would overwrite each other in the output folder.
     void check_shared_names(const std::vector<output_job>& jobs)
     {
         std::map<std::string, const output_job*> seen;
@@ -213,6 +225,7 @@ std::vector<failure> plan_pairs(const std::vector<output_job>& jobs, const outpu
 {
     output_plan made{jobs, {}};
     planner planner(rules);
+    // Each folder is tried once, however many frames go into it.
     std::set<std::string> folders;
     for (output_job& job : made.jobs)
     {

@@ -9,6 +9,8 @@
 namespace ov1
 {
 
+/// What may happen to outputs that exist, as the options of a command say. Overwrite and no_clobber exclude each other;
+/// the caller has checked that.
 struct output_rules
 {
     bool overwrite = false;
@@ -17,6 +19,7 @@ struct output_rules
     bool can_skip = true;    ///< hints may suggest the option -n
 };
 
+/// One input and the file that is made of it, as paths that the user can recognize.
 struct output_job
 {
     std::string input;
@@ -24,6 +27,7 @@ struct output_job
     bool skipped = false; ///< the output exists and is kept
 };
 
+/// The jobs are in the order of the inputs; skipped ones stay in the list, so that they can be reported.
 struct output_plan
 {
     std::vector<output_job> jobs;
@@ -45,9 +49,11 @@ struct output_plan
                                               output_plan& plan);
 
 /// The same rules for an output without an input.
+/// The job has no input. Only the first failure is returned.
 result<output_job> plan_output(const std::string& output, const output_rules& rules);
 
 /// Makes the plan's new folder, if there is one.
+/// A folder that another process has made in the meantime is no failure.
 result<> make_new_folder(const output_plan& plan);
 
 } // namespace ov1

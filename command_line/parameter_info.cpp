@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// What the user may write for a switch. Suggestions are taken from these words too.
 constexpr std::array<choice<double>, 8> switch_words{{
     {"true", 1.0},
     {"false", 0.0},
@@ -23,6 +24,7 @@ constexpr std::array<choice<double>, 8> switch_words{{
     {"0", 0.0},
 }};
 
+/// The failure has no subject.
 result<double> read_value(std::string_view text, const parameter_info& parameter)
 {
     switch (parameter.type)
@@ -35,6 +37,7 @@ result<double> read_value(std::string_view text, const parameter_info& parameter
             read_whole_number_within(text, static_cast<int>(parameter.min), static_cast<int>(parameter.max));
         if (!number)
             return number.error();
+        // Every int is exact as a double.
         return static_cast<double>(*number);
     }
     case param_type::boolean:

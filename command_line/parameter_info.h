@@ -19,6 +19,7 @@ struct parameter_info
     param_type type = param_type::continuous;
     double min = 0.0;
     double max = 0.0;
+    /// Within min and max.
     double default_value = 0.0;
 };
 
@@ -38,6 +39,7 @@ result<std::size_t> find_parameter(std::string_view name, std::span<const parame
 result<double> read_parameter_value(std::string_view text, const parameter_info& parameter);
 
 /// A parameter by its name, with a value for it.
+/// Fails as find_parameter or read_parameter_value does.
 result<assignment> read_assignment(std::string_view name, std::string_view text, std::span<const parameter_info> table);
 
 } // namespace ov1

@@ -14,6 +14,7 @@ namespace ov1
 namespace
 {
 
+// Wide enough for the longest verb of the programs, with a gap.
 constexpr std::size_t summary_column = 12;
 
 std::string verbs_help(const std::string& command, const std::string& summary, std::span<const verb> verbs)
@@ -34,6 +35,7 @@ std::string version_line()
            std::to_string(product_version.patch) + '\n';
 }
 
+/// An option in the first place is most likely a forgotten command, not a misspelt one.
 failure no_such_verb(const std::string& command, const std::string& name, std::span<const verb> verbs)
 {
     std::vector<std::string> names;
@@ -52,6 +54,7 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
 {
     if (arguments.empty())
         return fail(failure{failure_kind::usage, {}, "no command given", "\"" + command + " --help\" lists them"}, out);
+    // "help" without dashes is accepted as well, as in many programs with commands.
     const std::string& name = arguments[0];
     if (name == "--help" || name == "-h" || name == "help")
     {
@@ -66,6 +69,7 @@ exit_code run_verbs(const std::string& command, const std::string& summary, std:
 
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out)
 {
+    // finish() comes last on every path: results that were lost, on a full disk for example, must change the code.
     exit_code code = exit_code::done;
     if (!arguments.empty() && arguments[0] == "--version")
         out.result(version_line());

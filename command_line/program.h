@@ -21,13 +21,16 @@ struct verb
     const char* name;
     const char* summary; ///< one line for the program's help
     /// Receives the arguments after the name.
+    /// It prints its own failures and does not finish the console. The arguments must outlive the call only.
     exit_code (*run)(std::span<const std::string> arguments, console& out);
 };
 
 /// Runs the verb that the first argument names, or answers --help and --version.
+/// Finishes the console and returns the code that the process ends with.
 exit_code run_program(std::span<const std::string> arguments, std::span<const verb> verbs, console& out);
 
 /// The same for a verb with verbs of its own, without --version.
+/// An unknown verb is a usage failure with a similar one as its hint; `command` is what the user typed before it.
 exit_code run_verbs(const std::string& command, const std::string& summary, std::span<const std::string> arguments,
                     std::span<const verb> verbs, console& out);
 

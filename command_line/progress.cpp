@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+// Leaves room for the count on a line of 80 columns.
 constexpr std::size_t bar_cells = 40;
 
 } // namespace
@@ -37,6 +38,7 @@ progress::~progress()
 void progress::step(const std::string& input, bool succeeded)
 {
     const std::scoped_lock lock(mutex);
+    // Under the lock together with the output, so that the counts appear in ascending order.
     done = std::min(done + 1, total);
     const std::string count = std::to_string(done) + " of " + std::to_string(total);
     switch (shown)
@@ -71,6 +73,7 @@ std::string progress_bar(std::size_t done, std::size_t total, std::size_t cells)
     const std::size_t full = total == 0 ? cells : done * cells / total;
     std::string bar = '[' + std::string(full, '=');
     if (full < cells)
+        // The arrow shows a run in progress even before the first cell is full.
         bar += '>' + std::string(cells - full - 1, ' ');
     return bar + "] " + std::to_string(done) + " of " + std::to_string(total);
 }

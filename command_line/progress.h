@@ -23,6 +23,7 @@ class progress
 {
 public:
     /// total is the number of inputs; is_terminal says whether stderr is a terminal.
+    /// The console must outlive this object. A single input gets no bar.
     progress(console& out, progress_style style, bool is_terminal, std::size_t total);
     ~progress();
     progress(const progress&) = delete;
@@ -32,6 +33,7 @@ public:
     void step(const std::string& input, bool succeeded);
 
 private:
+    // What is shown, once the style, the terminal and the number of inputs are known.
     enum class form
     {
         bar,
@@ -48,6 +50,7 @@ private:
 };
 
 /// "[=====>    ] 3 of 6", with `cells` characters between the brackets.
+/// The arrow takes one cell, unless all are full. A total of 0 counts as done; done must not exceed the total.
 std::string progress_bar(std::size_t done, std::size_t total, std::size_t cells);
 
 } // namespace ov1

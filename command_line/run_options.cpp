@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+// Far above any sensible number; it catches typing mistakes before the system refuses.
 constexpr int most_threads = 1024;
 
 constexpr std::array<choice<progress_style>, 4> progress_styles{{
@@ -46,6 +47,7 @@ void settle_run_options(run_options& options, console& out, option_reader& reade
         reader.refuse("--overwrite", "cannot be combined with --no-clobber");
     if (options.quiet && options.verbose)
         reader.refuse("--quiet", "cannot be combined with --verbose");
+    // Set even where options were refused: errors are printed in any case.
     out.set_quiet(options.quiet);
     out.set_verbose(options.verbose);
 }

@@ -16,6 +16,7 @@ namespace ov1
 class argument_parser;
 class console;
 
+/// The values, and the texts of those options that need checking. Valid after settle_run_options.
 struct run_options
 {
     bool overwrite = false;
@@ -35,6 +36,7 @@ struct run_options
 void add_run_options(argument_parser& parser, run_options& options);
 
 /// Reads the texts into the values, refuses options that exclude each other, and sets how much the console prints.
+/// Call it once, after parsing and before anything is printed.
 void settle_run_options(run_options& options, console& out, option_reader& reader);
 
 /// What the options say about existing outputs.

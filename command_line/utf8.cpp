@@ -8,11 +8,13 @@ namespace ov1
 namespace
 {
 
+/// 0, which continues no sequence, beyond the end.
 std::uint8_t byte_at(std::string_view text, std::size_t i)
 {
     return i < text.size() ? static_cast<std::uint8_t>(text[i]) : std::uint8_t{0};
 }
 
+/// Whether the byte has the form 10xxxxxx.
 bool continues(std::uint8_t byte) { return (byte & 0xC0) == 0x80; }
 
 } // namespace
@@ -25,6 +27,7 @@ std::size_t utf8_length(std::string_view text)
     const std::uint8_t second = byte_at(text, 1);
     if (first < 0x80)
         return 1;
+    // 0xC0 and 0xC1 would begin overlong forms of ASCII.
     if (first >= 0xC2 && first <= 0xDF)
         return continues(second) ? 2 : 0;
     // The second byte tells overlong forms, surrogates and code points beyond U+10FFFF.

@@ -15,8 +15,10 @@ namespace ov1
 namespace
 {
 
+// A clip that is damaged throughout would fill the terminal; the rest is counted in one line.
 constexpr std::size_t most_damages_listed = 20;
 
+/// The result with its failure, keeping what was found out before.
 clip_result failed(clip_result result, failure why)
 {
     result.failed = std::move(why);
@@ -27,11 +29,13 @@ clip_result failed(clip_result result, failure why)
 std::string time_text(double seconds)
 {
     const auto milliseconds = static_cast<std::uint64_t>(std::llround(std::max(0.0, seconds) * 1000));
+    // Adding 1000 keeps the leading zeros; the first digit is cut off.
     const std::string part = std::to_string(milliseconds % 1000 + 1000);
     return duration_text(static_cast<double>(milliseconds / 1000)) + '.' + part.substr(1);
 }
 
 /// Prints the first damaged parts of a clip, and counts all of them.
+/// The destructor prints how many were left out of the list.
 class damage_reporter
 {
 public:
@@ -64,6 +68,7 @@ private:
 result<> write_clip(media::clip_source& source, media::clip_target& target, const output_job& job,
                     const clip_settings& settings, console& out, clip_result& written)
 {
+    // Declared before everything that writes to it: on a failure its destructor removes the unfinished file last.
     pending_file file;
     const auto rule = settings.overwrite ? existing_file::replace : existing_file::refuse;
     if (const auto opened = file.open(job.output, rule); !opened)
@@ -78,6 +83,7 @@ result<> write_clip(media::clip_source& source, media::clip_target& target, cons
     const auto graded = media::grade_clip(source, target, file.get_descriptor(), hooks);
     written.damages = damages.count;
     if (!graded)
+        // Whether the input or the output is at fault follows from the kind alone.
         return about(graded.error().kind == failure_kind::cannot_write ? job.output : job.input, graded.error());
     if (const auto committed = file.commit(); !committed)
         return about(job.output, committed.error());
@@ -86,6 +92,7 @@ result<> write_clip(media::clip_source& source, media::clip_target& target, cons
 
 } // namespace
 
+// The format is settled before any frame is graded: a dry run stops there, and a real run fails early.
 clip_result grade_clip_file(const output_job& job, const clip_settings& settings, console& out)
 {
     clip_result result;

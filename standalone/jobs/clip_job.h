@@ -18,6 +18,7 @@ namespace ov1
 {
 
 /// The settings that all clips of a run share.
+/// Valid for the whole run; the grade is called from several threads at once.
 struct clip_settings
 {
     media::plane_grade grade; ///< empty to leave samples unchanged
@@ -30,6 +31,7 @@ struct clip_settings
 };
 
 /// The outcome of one clip.
+/// Frames and damages count up to the moment of a failure.
 struct clip_result : job_outcome
 {
     media::clip_info written;
@@ -38,6 +40,7 @@ struct clip_result : job_outcome
     std::size_t damages = 0;                 ///< number of damaged parts of the source
     bool is_written = false;
 
+    /// A clip that was written in spite of damage ends with some_failed, so that scripts notice.
     exit_code code() const
     {
         return failed ? exit_code_of(*failed) : damages != 0 ? exit_code::some_failed : exit_code::done;

@@ -23,6 +23,7 @@ void edit_picture::show(std::shared_ptr<image> picture)
 result<> edit_picture::open(const std::string& new_path)
 {
     path = new_path;
+    // Both readers are locals: only a clip that opened completely replaces the one before.
     const bool is_clip = media::input_kind_of(path) == media::input_kind::clip;
     media::clip_reader opened_clip;
     media::still_reader still;
@@ -41,6 +42,7 @@ int edit_picture::get_frame_count() const
 {
     if (!clip)
         return 1;
+    // 0 means unknown: the clip then counts as one frame.
     const std::uint64_t frames = clip->info().frames;
     return static_cast<int>(std::clamp<std::uint64_t>(frames, 1, std::numeric_limits<int>::max()));
 }

@@ -15,8 +15,10 @@ namespace ov1
 namespace
 {
 
+// A state takes a few kilobytes; the limit keeps a wrong file name from filling the memory.
 constexpr std::size_t largest_state_file = std::size_t{16} << 20;
 
+/// The value of a cell as the command line shows it; 0 for types that it cannot set.
 double number_in(param_type type, const param_cell& cell)
 {
     switch (type)
@@ -49,6 +51,7 @@ parameter_info describe(iparameter_v1& parameter)
     return info;
 }
 
+/// The inverse of number_in. The value has been checked against the type and the range.
 param_cell cell_of(param_type type, double value)
 {
     if (type == param_type::boolean)
@@ -66,11 +69,13 @@ result<std::vector<std::uint8_t>> read_state_file(icomponent_v1& component, cons
     if (const auto checked = check_state_blob(*bytes); !checked)
         return about(path, checked.error());
     failure why{failure_kind::invalid_grade, path};
+    // The component has the last word: a well-formed state may still come from another effect.
     if (component.is_state_rejected(*bytes, true, why.reason))
         return why;
     return bytes;
 }
 
+/// Reads a preset and asks the component whether it fits, without applying it.
 result<preset_content> read_accepted_preset(preset_manager& presets, icomponent_v1& component, const std::string& name)
 {
     auto content = read_preset(presets, name);
@@ -87,6 +92,7 @@ void assign(icomponent_v1& component, const std::vector<assignment>& assignments
         const auto parameter = component.get_parameter(static_cast<int>(a.parameter));
         param_value record = parameter->get_param_value();
         record.value = cell_of(record.type, a.value);
+        // true: the change comes from a host, so the wheels do not limit each other's values.
         parameter->set_param_value(record, true);
     }
 }
@@ -119,6 +125,7 @@ std::vector<grade_value> effect_instance::get_values()
 
 std::vector<failure> effect_instance::apply(const grade_request& request)
 {
+    // Everything is read and checked before anything is set, so that a failure leaves the effect unchanged.
     auto [assignments, failures] = resolve_grade(request, parameters);
     std::vector<std::uint8_t> state;
     if (request.state_file)
@@ -145,6 +152,7 @@ std::vector<failure> effect_instance::apply(const grade_request& request)
         if (const auto applied = apply_preset(*std::move(preset), *component); !applied)
             return {about(request.presets.back(), applied.error())};
     assign(*component, assignments);
+    // Brings the table up to date: a renderer uses the table of the moment at which it is handed out.
     component->notify({event_kind::render_begins});
     return {};
 }

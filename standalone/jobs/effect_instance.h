@@ -23,6 +23,7 @@ class effect_instance
 public:
     using host_maker = std::function<std::shared_ptr<ihost_v1>(std::weak_ptr<icomponent_v1>)>;
 
+    /// The maker is called once, in the constructor, with the component that its host serves.
     explicit effect_instance(const host_maker& make_host = {});
     ~effect_instance();
     effect_instance(const effect_instance&) = delete;
@@ -40,6 +41,7 @@ public:
 
     /// Applies the request and brings the table up to date. Values are set as a host sets them, so that the wheels do
     /// not adjust one another. Where anything fails, nothing is set; there is one failure for each mistake.
+    /// The order: state file, preset, then single values. Several presets may be named; the last one counts.
     [[nodiscard]] std::vector<failure> apply(const grade_request& request);
 
     /// Renders with the current table, from any number of threads.
@@ -48,6 +50,7 @@ public:
 private:
     std::shared_ptr<icomponent_v1> component;
     preset_manager presets;
+    // Read once: names, ranges and defaults never change during the life of a component.
     std::vector<parameter_info> parameters;
 };
 

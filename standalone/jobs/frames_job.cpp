@@ -18,10 +18,12 @@ bool grade_frame(const media::still_reader& frame, const output_job& job, const 
                  clip_result& result)
 {
     picture_result written = grade_read_picture(frame, job, settings);
+    // All frames of a clip have the same format, and so the same warnings: those of the first are enough.
     if (result.frames == 0)
         result.warnings = std::move(written.warnings);
     result.written.width = written.written.width;
     result.written.height = written.written.height;
+    // Frames are pictures: their format and depth stand where a clip has its container and pixel format.
     result.written.container = written.written.format_name;
     result.written.pixel_format = name_of(written.written.depth);
     result.failed = std::move(written.failed);
@@ -42,6 +44,7 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
         result.failed = about(job.input, opened.error());
         return result;
     }
+    // plan_grade has found the pattern, so there is one.
     const frame_pattern names = *find_frame_pattern(job.output);
     const std::uint64_t all = reader.info().frames;
     const auto first = static_cast<std::uint64_t>(plan.first_frame);
@@ -53,10 +56,12 @@ clip_result grade_clip_into_frames(const grade_plan& plan, const picture_setting
         damages.clear();
         if (!reader.read_next(frame, damages))
             break;
+        // Frames before the range are decoded in order: counting frames is exact where seeking by time is not.
         if (number < plan.first_frame)
             continue;
         for (const media::clip_damage& damage : damages)
             out.error({.subject = job.input, .reason = "frame " + std::to_string(number) + ": " + damage.reason});
+        // A dry run looks at one frame only, so a count of damages would mislead.
         if (!settings.dry_run)
             result.damages += damages.size();
         const std::string name = names.name_of(number);

@@ -14,6 +14,8 @@ namespace ov1
 
 /// Grades the frames of the plan's only clip, and writes each as a picture. Damage is printed as it occurs. A dry run
 /// determines the format of the first frame and writes nothing.
+/// With no_clobber, frames whose file exists are decoded and left out. The first failure ends the run; frames that were
+/// written before it stay.
 clip_result grade_clip_into_frames(const grade_plan& plan, const picture_settings& settings, const clip_settings& clip,
                                    bool no_clobber, console& out);
 

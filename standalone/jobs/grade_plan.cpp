@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 std::optional<frame_pattern> pattern_in(const std::string& path)
 {
     std::error_code error;
+    // A file may be named "shot.%04d.png": then it is one picture.
     return fs::exists(path, error) ? std::nullopt : find_frame_pattern(path);
 }
 
@@ -40,12 +41,14 @@ std::vector<std::string> files_of(const std::string& folder)
 }
 
 using failures = std::vector<failure>;
+// Empty where --frames is not given.
 using chosen_range = std::optional<frame_range>;
 
 /// Writes numbered frames under their own names into a folder, or to other numbered frames.
 failures plan_sequence(const frame_pattern& from, const grade_request_paths& paths, const chosen_range& range,
                        const output_rules& rules, output_plan& plan)
 {
+    // A range names its frames whether they exist or not: a missing one is then a failure, never a silent gap.
     std::vector<int> frames = existing_frames(from);
     if (range)
     {
@@ -73,6 +76,7 @@ failures plan_sequence(const frame_pattern& from, const grade_request_paths& pat
     return plan_pairs(jobs, rules, plan);
 }
 
+/// Numbers begin at 1. The last frame is not known before the clip is decoded, so only the first name is checked here.
 failures plan_frames_of_clip(const frame_pattern& to, const grade_request_paths& paths, const chosen_range& range,
                              const output_rules& rules, grade_plan& plan)
 {
@@ -90,6 +94,7 @@ failures plan_frames_of_clip(const frame_pattern& to, const grade_request_paths&
     return {};
 }
 
+/// Replaces each folder by its files, without its sub-folders.
 failures plan_files(const grade_request_paths& paths, const output_rules& rules, output_plan& plan)
 {
     std::vector<std::string> inputs;
@@ -105,6 +110,8 @@ failures plan_files(const grade_request_paths& paths, const output_rules& rules,
         if (files.empty())
             return {{failure_kind::unreadable, input, "the folder contains no pictures or clips"}};
         inputs.insert(inputs.end(), files.begin(), files.end());
+        // A folder as input makes the output a folder, even if it holds only one picture; unless the output has an
+        // extension.
         if (!output.ends_with('/') && fs::path(output).extension().empty())
             output += '/';
     }

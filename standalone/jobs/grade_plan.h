@@ -10,13 +10,16 @@
 namespace ov1
 {
 
+/// The paths as the user wrote them.
 struct grade_request_paths
 {
     std::vector<std::string> inputs; ///< files, folders, or one name with a "%04d"
     std::string output;              ///< a file, a folder, or a name with a "%04d"
+    /// "101-200": only these frames, of numbered pictures or of a clip that is written as frames.
     std::optional<std::string> frames;
 };
 
+/// What is read and written, in the order of the work.
 struct grade_plan
 {
     output_plan outputs;

@@ -8,6 +8,7 @@ namespace ov1
 namespace
 {
 
+// 1 GiB, far more than the tables in use: a wrong file name must not fill the memory.
 constexpr std::size_t largest_table_file = std::size_t{1} << 30;
 
 } // namespace
@@ -16,6 +17,7 @@ media::row_grade grade_steps::for_stills() const
 {
     if (input == nullptr && effect == nullptr)
         return {};
+    // The copy in the function shares the tables, so that it may outlive this object.
     return [steps = *this](std::size_t y, argb_float* row, std::size_t count)
     {
         if (steps.input != nullptr)

@@ -14,6 +14,7 @@ namespace ov1
 {
 
 /// Either may be null, and is then left out. Shared by all rows and threads.
+/// A copy is cheap and keeps both tables alive.
 struct grade_steps
 {
     std::shared_ptr<const cube_table> input;
@@ -25,6 +26,8 @@ struct grade_steps
 };
 
 /// Reads a .cube file.
+/// Fails as unreadable, or as invalid_grade for a file that is not a valid table; the path is the subject. At most 1
+/// GiB is read.
 result<std::shared_ptr<const cube_table>> read_input_table(const std::string& path);
 
 } // namespace ov1

@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+/// Whether the value is a boolean, which options and JSON treat apart.
 bool is_switch(const grade_value& v) { return v.type == param_type::boolean; }
 
 /// Sky Angle=90.

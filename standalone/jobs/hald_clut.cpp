@@ -11,6 +11,7 @@ namespace
 constexpr std::size_t points = 64;
 constexpr std::size_t side = 512; ///< points^3 pixels in a square
 
+/// The ungraded colour of pixel i in reading order.
 argb_float identity_pixel(std::size_t i)
 {
     const auto code = [](std::size_t point) { return static_cast<float>(point) / static_cast<float>(points - 1); };

@@ -9,6 +9,7 @@
 namespace ov1
 {
 
+/// Collected while a job runs and printed at its end, so that the lines of one job stay together.
 struct job_outcome
 {
     std::optional<failure> failed; ///< where there is no output

@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// These words are part of the JSON output: scripts read them.
 const char* word_of(media::stream_fate fate)
 {
     switch (fate)
@@ -32,6 +33,7 @@ std::string clip_text(const media::clip_info& info)
 {
     std::string text = std::to_string(info.width) + " x " + std::to_string(info.height);
     if (info.frames_per_second > 0)
+        // Three decimals tell 23.976 from 24 and hide the rounding of 24000/1001.
         text += ", " + number_text(std::round(info.frames_per_second * 1000) / 1000) + " fps";
     return text + ", " + info.container + (info.codec.empty() ? "" : ' ' + info.codec) + ' ' + info.pixel_format;
 }
@@ -46,6 +48,7 @@ std::string stream_lines(const clip_result& result)
     return text;
 }
 
+/// Size, format and depth of an output.
 std::string picture_text(const media::still_info& info)
 {
     return std::to_string(info.width) + " x " + std::to_string(info.height) + ", " + info.format_name + ' ' +

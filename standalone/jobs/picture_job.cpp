@@ -11,6 +11,7 @@ namespace ov1
 namespace
 {
 
+/// The result with its failure, keeping the warnings so far.
 picture_result failed(picture_result result, const std::string& subject, const failure& why)
 {
     result.failed = about(subject, why);
@@ -42,8 +43,10 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
         warn(result, job.input, note);
     if (const auto created = target.create(job.output, source.info(), settings.format); !created)
         return failed(result, job.output, created.error());
+    // Warnings about reading name the input, those about writing the output.
     warn(result, job.output, target.warning());
     result.written = target.info();
+    // Up to here nothing is rendered or written.
     if (settings.dry_run)
         return result;
 
@@ -56,6 +59,7 @@ picture_result grade_read_picture(const media::still_reader& source, const outpu
     const auto bytes = target.finish();
     if (!bytes)
         return failed(result, job.output, bytes.error());
+    // The output is opened only when all bytes are there: no failure before this touches an existing file.
     if (const auto written = write_output(job.output, *bytes, settings.overwrite); !written)
         result.failed = written.error();
     return result;

@@ -16,6 +16,7 @@ namespace ov1
 {
 
 /// The settings that all pictures of a run share.
+/// The grade is called from several threads at once.
 struct picture_settings
 {
     media::row_grade grade; ///< empty to leave samples unchanged
@@ -29,6 +30,7 @@ struct picture_settings
 struct picture_result : job_outcome
 {
     media::still_info written; ///< size, depth and format of the output
+    /// Pixels of the source with a colour channel outside 0..1, or a NaN; the grade limits them.
     std::uint64_t limited_pixels = 0;
 
     exit_code code() const { return failed ? exit_code_of(*failed) : exit_code::done; }
@@ -39,6 +41,7 @@ struct picture_result : job_outcome
 picture_result grade_picture(const output_job& job, const picture_settings& settings);
 
 /// The same for a picture that is already read.
+/// job.input is used in messages only.
 picture_result grade_read_picture(const media::still_reader& source, const output_job& job,
                                   const picture_settings& settings);
 

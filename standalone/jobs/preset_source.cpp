@@ -11,8 +11,10 @@ namespace ov1
 namespace
 {
 
+// Read like a file, so that no code has to treat it apart.
 constexpr const char* standard_input = "/dev/stdin";
 
+/// A name with neither is looked up among the presets, even if a file of that name exists.
 bool is_path(const std::string& name) { return name.find('/') != std::string::npos || name.ends_with(".json"); }
 
 bool contains(const std::vector<std::string>& names, const std::string& name)
@@ -47,6 +49,7 @@ result<preset_place> find_preset(preset_manager& manager, const std::string& nam
             return about(name, file.error());
         return preset_place{origin, *std::move(file)};
     };
+    // The user's own preset hides a bundled one of the same name.
     if (contains(listing->own, name))
         return place_of(preset_origin::own, manager.get_preset_file(name));
     if (contains(listing->bundled, name))
@@ -65,6 +68,7 @@ result<preset_content> read_preset(preset_manager& manager, const std::string& n
     auto content = read_preset_file(place->file);
     if (content)
         return content;
+    // Only a path can be missing: listed presets exist, and what stdin holds is content.
     const bool is_unreadable = place->origin == preset_origin::file && access(place->file.c_str(), R_OK) != 0;
     return failure{is_unreadable ? failure_kind::unreadable : failure_kind::invalid_grade, name,
                    content.error().reason};

@@ -27,6 +27,7 @@ struct preset_place
     std::string file; ///< "/dev/stdin" for the standard input
 };
 
+/// Names without their extension, as "-p" takes them.
 struct preset_listing
 {
     std::vector<std::string> own;
@@ -34,6 +35,7 @@ struct preset_listing
 };
 
 /// The names of all presets, each list sorted by bytes.
+/// Fails where the folder of user presets cannot be read; a build without bundled presets is no failure.
 result<preset_listing> list_presets(preset_manager& manager);
 
 /// Finds the file of a preset. The failure's hint suggests a similar name. A path is returned without a look at its
@@ -41,6 +43,7 @@ result<preset_listing> list_presets(preset_manager& manager);
 result<preset_place> find_preset(preset_manager& manager, const std::string& name);
 
 /// Finds, reads and checks a preset; applies nothing.
+/// A file that is missing is unreadable, one that is no preset an invalid grade; the name is the subject.
 result<preset_content> read_preset(preset_manager& manager, const std::string& name);
 
 } // namespace ov1

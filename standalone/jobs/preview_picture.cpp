@@ -21,6 +21,8 @@ constexpr std::uint32_t chart_bands = 6;
 /// The fully saturated colour of a hue, 0..1 around the circle.
 argb_float hue_at(float place)
 {
+    // A trapezoid over six segments of the circle: 1 for two segments, 0 for two, ramps between. The offset shifts it
+    // from red to green and blue.
     const auto channel = [&](float offset)
     { return clamped(std::abs(std::fmod(place * 6.0f + offset, 6.0f) - 3.0f) - 1.0f); };
     return {1.0f, channel(0.0f), channel(4.0f), channel(2.0f)};
@@ -49,10 +51,13 @@ media::reduced_picture make_gradable_picture(const media::still_reader& source, 
     const bool linear = source.info().transfer == media::transfer::linear;
     for (argb_float& p : picture.pixels)
     {
+        // Before encoding: the curve is not linear, so it must see the straight colour. Where alpha is 0 there is no
+        // colour to restore.
         if (premultiplied && p.a > 0.0f)
             p = {p.a, p.r / p.a, p.g / p.a, p.b / p.a};
         if (linear)
             p = {p.a, media::srgb_encoded(p.r), media::srgb_encoded(p.g), media::srgb_encoded(p.b)};
+        // Last, since the division and the curve can leave 0..1; this also turns a NaN into 0.
         p = clamped(p);
     }
     return picture;

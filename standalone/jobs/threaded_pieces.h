@@ -8,6 +8,7 @@ namespace ov1
 {
 
 /// A runner on at most max_threads threads, 0 being one per processor. The caller's thread is one of them.
+/// The call returns when all pieces are done. Pieces must not depend on each other.
 inline media::piece_runner run_on_threads(unsigned int max_threads)
 {
     return [max_threads](std::size_t pieces, const std::function<void(std::size_t)>& work)

@@ -12,6 +12,7 @@ canvas::canvas(std::size_t width, std::size_t height, const argb_float& backgrou
 
 void canvas::blend(std::size_t x, std::size_t y, const argb_float& colour, float cover)
 {
+    // Also catches coordinates left of or above the canvas: unsigned, they are huge.
     if (x >= width || y >= height)
         return;
     argb_float& p = pixels[y * width + x];

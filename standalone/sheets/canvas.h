@@ -14,10 +14,12 @@ namespace ov1
 class canvas
 {
 public:
+    /// The alpha of the background is kept as given; what is painted makes pixels opaque.
     canvas(std::size_t width, std::size_t height, const argb_float& background);
 
     std::size_t get_width() const { return width; }
     std::size_t get_height() const { return height; }
+    /// Row y and all rows below it, without padding. Valid during the life of the canvas.
     const argb_float* row(std::size_t y) const { return pixels.data() + y * width; }
 
     /// Paints rows without padding; straight alpha is blended over the canvas.

@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+/// The canvas is opaque: the format's usual depth is used, without alpha.
 result<std::vector<std::uint8_t>> encode(const canvas& painted, const std::string& path)
 {
     media::still_info info;

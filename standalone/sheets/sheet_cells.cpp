@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+/// A direction of a pad, at the angle in degrees at which this look is strongest.
 struct pad_look
 {
     const char* name;
@@ -35,6 +36,7 @@ constexpr std::array<pad_look, 16> pad_looks{{
     {"skin: reddened", &grade_request::skin, 270},
 }};
 
+/// One end of a slider; the sign chooses which.
 struct slider_look
 {
     const char* name;
@@ -53,6 +55,7 @@ constexpr std::array<slider_look, 8> slider_looks{{
     {"highlights: muted", "Highlights Saturation", -1},
 }};
 
+/// The caption: "sky: paler 50 %".
 std::string named(const char* name, int strength) { return std::string(name) + ' ' + std::to_string(strength) + " %"; }
 
 } // namespace
@@ -87,6 +90,7 @@ std::vector<sheet_cell> preset_cells(const std::vector<std::string>& presets, st
         cells.push_back({preset, {}});
         cells.back().grade.presets.push_back(preset);
     }
+    // The smallest square that holds all cells.
     columns = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(cells.size()))));
     return cells;
 }

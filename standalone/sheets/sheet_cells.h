@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// A picture of the sheet: its caption, and what it is graded with, from the defaults.
 struct sheet_cell
 {
     std::string name;
@@ -21,6 +22,7 @@ struct sheet_cell
 std::vector<sheet_cell> look_cells();
 
 /// The ungraded picture, then one cell for each preset. Sets columns so that the sheet has about as many rows.
+/// The names are those that "-p" takes; a wrong one fails when it is applied.
 std::vector<sheet_cell> preset_cells(const std::vector<std::string>& presets, std::size_t& columns);
 
 /// The number of columns for look_cells.

@@ -9,6 +9,7 @@ sheet_layout lay_out_sheet(std::size_t cells, std::size_t columns, std::size_t s
                            std::size_t max_width)
 {
     columns = std::clamp<std::size_t>(columns, 1, std::max<std::size_t>(cells, 1));
+    // The width left for one picture: each column brings a margin on its left, the last one on its right too.
     const std::size_t room = (max_width - sheet_layout::margin) / columns - sheet_layout::margin;
     const std::size_t width = std::min(source_width, room);
     // The limit keeps the sheet of a very tall picture from growing without bounds.

@@ -17,6 +17,7 @@ namespace
 std::string plain_face_file()
 {
     std::string file;
+    // Liberation Sans first: it is widely installed, so texts look alike on most systems.
     FcPattern* wanted = FcNameParse(reinterpret_cast<const FcChar8*>("Liberation Sans,Arial,sans-serif:scalable=true"));
     FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
     FcDefaultSubstitute(wanted);
@@ -46,6 +47,7 @@ std::u32string code_points(const std::string& text)
             points += first;
         else
         {
+            // The lead byte of a sequence of n bytes carries 7 - n bits, each other byte six.
             char32_t point = first & (0x7Fu >> length);
             for (std::size_t k = 1; k < length; ++k)
                 point = point << 6 | (static_cast<unsigned char>(text[i + k]) & 0x3Fu);
@@ -58,6 +60,7 @@ std::u32string code_points(const std::string& text)
 
 } // namespace
 
+/// Both handles of FreeType, null where something failed. The font must be closed before its library.
 struct text_painter::face
 {
     FT_Library library = nullptr;
@@ -91,6 +94,7 @@ std::size_t text_painter::width_of(const std::string& text)
     long width = 0;
     for (const char32_t point : code_points(text))
         if (FT_Load_Char(loaded->font, point, FT_LOAD_DEFAULT) == 0)
+            // FreeType measures in 1/64 pixel. Hinted advances are whole pixels, so nothing is lost.
             width += loaded->font->glyph->advance.x >> 6;
     return static_cast<std::size_t>(width);
 }
@@ -101,6 +105,7 @@ void text_painter::paint(canvas& target, std::size_t x, std::size_t y, const std
     if (!has_face())
         return;
     std::string shown = text;
+    // Cuts bytes, not characters: what is left of a cut character is drawn as a question mark before the dots.
     for (std::string kept = text; width_of(shown) > max_width && !kept.empty(); shown = kept + "...")
         kept.pop_back();
 

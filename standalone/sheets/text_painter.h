@@ -10,6 +10,7 @@ namespace ov1
 {
 
 /// One thread at a time.
+/// Owns its own copy of the font library: nothing is shared between painters.
 class text_painter
 {
 public:
@@ -26,6 +27,7 @@ public:
     std::size_t width_of(const std::string& text);
 
     /// Paints UTF-8 text, shortened with "..." to max_width pixels. x is the left edge, y the baseline.
+    /// Bytes that are not UTF-8 appear as question marks; what lies outside the canvas is clipped.
     void paint(canvas& target, std::size_t x, std::size_t y, const std::string& text, std::size_t max_width,
                const argb_float& colour);
 

@@ -25,6 +25,7 @@ namespace ov1
 namespace
 {
 
+/// The arguments of the verb.
 struct edit_command
 {
     grade_request grade;
@@ -50,6 +51,7 @@ public:
     bool is_discarded() const { return discarded; }
 
 private:
+    // Set by the editor, read after the session; the host may be notified on any thread.
     std::atomic<bool> discarded = false;
 };
 
@@ -77,12 +79,15 @@ std::optional<exit_code> parse(edit_command& command, std::span<const std::strin
         return end;
     if (!command.output)
         return {};
+    // Checked before the editor opens: work in the editor must not be lost to a bad output. Skipping makes no sense
+    // here.
     const output_rules rules{.overwrite = command.run.overwrite, .can_skip = false};
     if (const auto failures = plan_outputs(command.inputs, *command.output, rules, command.plan); !failures.empty())
         return fail(failures, out);
     return {};
 }
 
+/// Writes what the plan holds; one job, or none without -o.
 exit_code write_outputs(const edit_command& command, bool is_clip, effect_instance& effect, console& out)
 {
     const grade_steps steps{nullptr, effect.get_renderer()};
@@ -121,6 +126,7 @@ exit_code write_outputs(const edit_command& command, bool is_clip, effect_instan
 /// Runs the editor session until its window is closed.
 result<> edit(effect_instance& effect, edit_picture& picture, const editor_opener& open_editor, console& out)
 {
+    // Declared first, so that the toolkit outlives the session and its windows.
     const auto editor = open_editor();
     editor_session session(effect.share());
     session.set_picture(picture.get_source(), picture.get_destination());
@@ -131,6 +137,7 @@ result<> edit(effect_instance& effect, edit_picture& picture, const editor_opene
     options.frame_chosen = [&](int frame) { wanted_frame = frame; };
     options.pump = [&]
     {
+        // Cleared before reading: a choice made while the frame is read is handled in the next round.
         const auto frame = std::exchange(wanted_frame, {});
         if (!frame)
             return;
@@ -163,8 +170,10 @@ exit_code run_edit(std::span<const std::string> arguments, console& out, const e
             return fail(opened.error(), out);
     if (const auto edited = edit(effect, picture, open_editor, out); !edited)
         return fail(edited.error(), out);
+    // The user decided against the grade, as with an interrupt: scripts see the same code.
     if (host->is_discarded())
         return exit_code::interrupted;
+    // The last drag may have left the table out of date.
     effect.get().notify({event_kind::render_begins});
     const auto values = effect.get_values();
     out.result((command.run.json ? grade_json(values, false) : grade_options(values)) + '\n');

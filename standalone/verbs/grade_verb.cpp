@@ -52,6 +52,7 @@ struct grade_command
     media::clip_request clip;
 };
 
+/// Declares all options in the order in which the help shows them.
 void declare(argument_parser& parser, grade_command& command)
 {
     parser.positionals("INPUT", command.inputs,
@@ -95,6 +96,7 @@ void settle(grade_command& command, console& out, option_reader& reader)
                 [](const std::string& text) { return read_whole_number_within(text, 1, 100); });
     command.format.pixel_format = command.pixel_format.value_or("");
     command.clip.codec = command.codec.value_or("");
+    // Options that mean the same for pictures and clips are given to both: the input decides which one applies.
     command.clip.depth = command.format.depth;
     command.clip.quality = command.format.quality;
     command.clip.pixel_format = command.format.pixel_format;
@@ -102,6 +104,7 @@ void settle(grade_command& command, console& out, option_reader& reader)
 }
 
 /// Grades the inputs one after the other, pictures and clips alike.
+/// Holds the settings that all jobs share, made once from the command.
 class job_runner
 {
 public:
@@ -155,8 +158,10 @@ private:
     clip_settings clip;
 };
 
+/// A failed input does not stop the others; the exit code tells whether all of them failed alike.
 exit_code run_jobs(const grade_plan& plan, const grade_command& command, const grade_steps& steps, console& out)
 {
+    // Counts inputs; the progress within a clip is shown by its own job.
     progress bar(out, command.run.progress, isatty(STDERR_FILENO) != 0, plan.outputs.jobs.size());
     job_runner runner(command, steps, out);
     std::vector<exit_code> outcomes;
@@ -198,13 +203,16 @@ exit_code run_grade(std::span<const std::string> arguments, console& out)
         else
             failures.push_back(table.error());
     }
+    // Mistakes in the grade, the input LUT and the outputs are reported together.
     const auto refused = plan_grade({command.inputs, *command.output, command.frames}, rules_of(command.run), plan);
     failures.insert(failures.end(), refused.begin(), refused.end());
     if (!failures.empty())
         return fail(failures, out);
+    // Only after all checks: a refused run leaves no empty folder.
     if (!command.run.dry_run)
         if (const auto made = make_new_folder(plan.outputs); !made)
             return fail(made.error(), out);
+    // Without the effect and an input LUT there is no step at all, and samples pass unchanged, bit by bit.
     steps.effect = effect.get().get_bypass() ? nullptr : effect.get_renderer();
     return run_jobs(plan, command, steps, out);
 }

@@ -20,6 +20,7 @@ namespace
 
 constexpr int most_looks = 1000;
 
+/// The arguments of the verb.
 struct inspire_command
 {
     std::optional<std::string> seed_text, count_text, output, save_as;
@@ -34,6 +35,7 @@ result<std::uint32_t> read_seed(const std::string& text)
     const auto seed = read_number_within(text, 0.0, std::numeric_limits<std::uint32_t>::max());
     if (!seed)
         return seed.error();
+    // Every seed of 32 bits is exact as a double.
     if (*seed != static_cast<double>(static_cast<std::uint32_t>(*seed)))
         return failure{failure_kind::usage, {}, in_quotes(text) + " is not a whole number"};
     return static_cast<std::uint32_t>(*seed);
@@ -68,6 +70,7 @@ std::string numbered(const std::string& name, int look, int count)
     return count == 1 ? name : name + ' ' + std::to_string(look + 1);
 }
 
+/// Saves the look as a preset, writes it to a file, or prints it.
 result<> keep_look(effect_instance& effect, const inspire_command& command, int look, console& out)
 {
     if (command.save_as)
@@ -86,6 +89,7 @@ result<> keep_look(effect_instance& effect, const inspire_command& command, int 
         return {};
     }
     const bool folder = command.count > 1 || command.output->ends_with('/');
+    // Looks in a folder are numbered from 1, even if there is only one.
     const std::string file = folder ? *command.output + "/Look " + std::to_string(look + 1) + ".json" : *command.output;
     return write_output(file, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}, command.overwrite);
 }
@@ -103,6 +107,7 @@ exit_code run_inspire(std::span<const std::string> arguments, console& out)
         effect.get().reset_to_default();
         if (command.seed)
         {
+            // Each look has its own seed, so that look 5 of twelve can be made again alone.
             std::mt19937 engine(*command.seed + static_cast<std::uint32_t>(look));
             randomize_look(effect.get(), engine);
         }

@@ -36,6 +36,7 @@ enum class table_format
 constexpr std::array<choice<table_format>, 3> table_formats{
     {{".cube", table_format::cube}, {".3dl", table_format::threedl}, {".png", table_format::hald_png}}};
 
+/// The arguments of the verb.
 struct lut_request
 {
     grade_request grade;
@@ -46,6 +47,7 @@ struct lut_request
     table_format format = table_format::cube;
 };
 
+/// The extension decides, in any case.
 result<table_format> format_of(const std::string& path)
 {
     const auto dot = path.rfind('.');
@@ -67,6 +69,7 @@ result<> settle_table(lut_request& request)
     request.format = *format;
     if (!request.size_text)
         return {};
+    // Refused instead of ignored: the user would expect the size that was asked for.
     if (request.format != table_format::cube)
         return failure{failure_kind::usage, "--size", "is for .cube only", "a .3dl has 17 points, a .png 64"};
     constexpr std::array<choice<unsigned int>, 2> sizes{{{"17", 17}, {"32", 32}}};
@@ -98,10 +101,12 @@ std::optional<exit_code> parse(lut_request& request, std::span<const std::string
     return parse_or_explain(parser, arguments, out, settle);
 }
 
+/// The bytes of the file. The failure has no subject.
 result<std::vector<std::uint8_t>> encode(effect_instance& effect, const lut_request& request)
 {
     if (request.format == table_format::hald_png)
         return make_hald_clut(*effect.get_renderer());
+    // The table is asked for through the interface that the editor's export uses, so both export the same table.
     iobject* found = nullptr;
     lut_argb_variable table;
     if (!effect.get().query_interface("lut_exporter", &found) || !static_cast<lut_exporter*>(found)->get_lut(&table))

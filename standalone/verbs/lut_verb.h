@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+/// The extension chooses the format: .cube, .3dl, or .png for a HaldCLUT.
 exit_code run_lut(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

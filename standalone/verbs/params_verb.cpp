@@ -22,6 +22,7 @@ std::string as_json(const std::vector<parameter_info>& table)
     for (const parameter_info& p : table)
     {
         json.begin_object().key("name").value(p.name);
+        // The number under which a state blob stores this parameter.
         json.key("uid").value(std::size_t{make_uid(p.name)});
         if (p.type == param_type::boolean)
             json.key("type").value("boolean").key("default").value(p.default_value != 0.0);

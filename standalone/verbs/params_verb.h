@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+/// Prints all parameters in registration order, as a table or as JSON.
 exit_code run_params(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1

@@ -103,6 +103,7 @@ exit_code save(std::span<const std::string> arguments, console& out)
     if (const auto failures = effect.apply(grade); !failures.empty())
         return fail(failures, out);
     const std::string& name = preset.names[0];
+    // The name is checked before any file is touched.
     preset_manager& presets = effect.get_presets();
     if (const auto accepted = check_preset_name(name); !accepted)
         return fail(about(name, accepted.error()), out);
@@ -113,6 +114,7 @@ exit_code save(std::span<const std::string> arguments, console& out)
     return exit_code::done;
 }
 
+/// Goes as far as loading would, and leaves the effect unchanged.
 exit_code load_check(std::span<const std::string> arguments, console& out)
 {
     named_preset preset;
@@ -142,6 +144,7 @@ exit_code remove(std::span<const std::string> arguments, console& out)
     const auto listing = list_presets(effect.get_presets());
     if (!listing)
         return fail(listing.error(), out);
+    // The three cases are told apart, because "no such preset" would be wrong for a bundled one.
     const auto has = [&](const std::vector<std::string>& names)
     { return std::find(names.begin(), names.end(), name) != names.end(); };
     failure why{failure_kind::cannot_write, name};

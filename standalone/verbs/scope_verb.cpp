@@ -31,6 +31,7 @@ constexpr int caption_height = 22;          ///< in line widths
 constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
 constexpr argb_float label_colour{1.0f, 0.6f, 0.6f, 0.6f};
 
+/// A scope, its caption, and its size where none is asked for.
 struct scope_kind
 {
     scope_type type;
@@ -50,6 +51,7 @@ struct picture_size
     int height = 0;
 };
 
+/// The arguments of the verb.
 struct scope_command
 {
     grade_request grade;
@@ -84,6 +86,7 @@ void settle_scope(scope_command& command, option_reader& reader)
     reader.read("--type", command.type_text, command.kind,
                 [](const std::string& text) { return read_choice(text, scope_kinds); });
     if (!command.size_text)
+        // After --type, because the usual size depends on it.
         command.size_text = command.kind.usual_size;
     reader.read("--size", command.size_text, command.size, read_size);
     if (command.skin_line && command.kind.type != scope_type::vectorscope)
@@ -145,6 +148,7 @@ std::vector<failure> read_picture(const scope_command& command, media::reduced_p
     return {};
 }
 
+/// The drawn scope, 0xRRGGBB with 8 bits per channel, as colours.
 canvas to_canvas(const scope_picture& picture)
 {
     canvas painted(static_cast<std::size_t>(picture.width), static_cast<std::size_t>(picture.height), {});
@@ -162,6 +166,7 @@ canvas to_canvas(const scope_picture& picture)
     return painted;
 }
 
+/// Adds the caption and the scale. Without a font the scope stays without text.
 void write_texts(const scope_command& command, const rect& area, int line_width, canvas& painted)
 {
     text_painter texts(static_cast<unsigned>(text_height * line_width));
@@ -182,12 +187,14 @@ void write_texts(const scope_command& command, const rect& area, int line_width,
     }
 }
 
+/// Lines and texts grow together with the picture, so that a large scope reads like a small one.
 canvas draw(const scope_command& command, const media::reduced_picture& picture)
 {
     const auto [width, height] = command.size;
     const int line_width = 1 + std::min(width, height) / side_of_thicker_lines;
     const int top = caption_height * line_width;
     const rect area{0, top, width, height - top};
+    // The counts get the resolution of the drawing.
     scope_sampling sampling = sampling_for(area, line_width);
     sampling.max_threads = static_cast<unsigned>(command.run.threads);
     scope_selection selection;

@@ -27,6 +27,7 @@ constexpr unsigned int caption_size = 14;
 constexpr argb_float background{1.0f, 0.184f, 0.184f, 0.184f}; // the editor's grey, 47 of 255
 constexpr argb_float caption_colour{1.0f, 0.75f, 0.75f, 0.75f};
 
+/// The arguments of the verb.
 struct sheet_command
 {
     grade_request grade;
@@ -89,6 +90,7 @@ std::vector<argb_float> graded(effect_instance& effect, const media::reduced_pic
 }
 
 /// Draws all cells. Each grade starts from the defaults.
+/// A failure leaves the sheet unfinished.
 std::vector<failure> draw(canvas& sheet, const sheet_layout& layout, const std::vector<sheet_cell>& cells,
                           const media::reduced_picture& picture)
 {
@@ -96,6 +98,7 @@ std::vector<failure> draw(canvas& sheet, const sheet_layout& layout, const std::
     text_painter captions(caption_size);
     for (std::size_t i = 0; i < cells.size(); ++i)
     {
+        // A grade sets only what it names, so that the one before it must be cleared.
         effect.get().reset_to_default();
         if (auto failures = effect.apply(cells[i].grade); !failures.empty())
             return failures;
@@ -115,6 +118,7 @@ exit_code make_sheet(const sheet_command& command, console& out)
         return fail(about(command.inputs[0], opened.error()), out);
     std::size_t columns = 0;
     const auto cells = cells_of(command, columns);
+    // The layout comes first: the picture is reduced to the size of a cell once, and graded at that size.
     const auto layout = lay_out_sheet(cells.size(), columns, source.info().width, source.info().height,
                                       static_cast<std::size_t>(command.width));
     const auto picture = make_gradable_picture(source, layout.picture_width, layout.picture_height);

@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+/// Without a grade, the sheet shows the looks; with presets, the presets; with other options, before and after.
 exit_code run_sheet(std::span<const std::string> arguments, console& out);
 
 } // namespace ov1
