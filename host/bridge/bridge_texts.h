@@ -21,15 +21,17 @@ inline constexpr const char* changes_output_size = "ChangesOutputSize";
 /// An error in the host's error domain. The host may show the description to the user.
 struct bridge_error
 {
-    int code;
-    const char* description;
+    int code;                ///< one of the host's own error codes
+    const char* description; ///< English
 };
 
 /// A source tile's size, layout or format differs from the destination's.
 inline constexpr bridge_error incompatible_tiles{5, "Input and Output image tiles are incompatible"};
 /// The caller appends the name of the method that failed.
 inline constexpr bridge_error no_creation_api{14, "Unable to get the FxParameterCreationAPI_v5 in "};
+/// The surface is neither of halfs nor of floats.
 inline constexpr bridge_error unsupported_pixel_format{18, "Unsupported pixel format"};
+/// The host has no timing interface, so the duration of a frame is unknown.
 inline constexpr bridge_error no_timing_api{29, "Error requesting analysis time range."};
 
 /// Documents contain the first two, so they must never change. The third is the title of the button.

@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// The host with its mutex, as one object that is made at first use.
 struct shared_host
 {
     std::mutex lock;
@@ -39,9 +40,11 @@ connected_host get_connected_host()
 version version_from_text(std::string_view text)
 {
     version v;
+    // The text comes from another program: what does not read as a number ends the version and is no failure.
     for (std::int32_t* number : {&v.major, &v.minor, &v.patch, &v.build})
     {
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), *number);
+        // A number beyond 32 bits is an error too, and leaves its part at 0.
         if (error != std::errc())
             break;
         text.remove_prefix(static_cast<std::size_t>(end - text.data()));

@@ -11,8 +11,10 @@ namespace ov1
 class dirty_queue
 {
 public:
+    /// The answer of an empty queue; no parameter has this index.
     static constexpr int nothing = -1;
 
+    /// Adds an index, unless it is queued already.
     void add(int index);
     /// Removes and returns the lowest index; `nothing` when the queue is empty.
     int pop();

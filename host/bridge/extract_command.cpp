@@ -6,8 +6,10 @@ namespace ov1
 namespace
 {
 
+// Compared with its case: build scripts pass exactly this text.
 constexpr const char* key = "--extractXML";
 
+/// A command that only prints a message and exits.
 extract_command refusal(const char* message, int exit_code)
 {
     return {extract_command::action::say, message, exit_code, {}};
@@ -29,6 +31,7 @@ extract_command read_extract_command(std::span<const std::string> arguments)
     {
         if (arguments[at] != key)
             return refusal("Invalid commandline arguments.", 1);
+        // A later pair replaces an earlier one.
         folder = arguments[at + 1];
     }
     if (folder.empty())

@@ -16,11 +16,16 @@ public:
     host_kind get_type() const override;
     std::string get_vendor() const override;
     std::string get_name() const override;
+    /// The product's own version.
     version get_version() const override;
+    /// Always English.
     language_id get_language() const override;
+    /// False; the handle is not written.
     [[nodiscard]] bool get_host_window(void** handle) override;
+    /// Both numbers are 0.
     project_info get_project_info() const override;
     bool has_working_color_profile() const override;
+    /// Both are false and leave the argument unchanged.
     [[nodiscard]] bool convert_to_working_color_profile(param_argb& color) override;
     [[nodiscard]] bool convert_to_monitor_color_profile(image& picture) override;
     bool schedule_render() override;

@@ -28,10 +28,12 @@ std::vector<int> mapped_parameters(icomponent_v1& component, std::span<const par
     for (int index = 0; static_cast<std::size_t>(index) < before.size(); ++index)
     {
         const auto parameter = component.get_parameter(index);
+        // copy_values skips gaps in the registry, so beyond one the indices no longer match.
         if (!parameter)
             break;
         const param_value now = parameter->get_param_value();
         const auto last_record = std::ranges::find(records, parameter->get_uid(), &state_record::id);
+        // The host's document has a recorded value a second time, under the parameter's own id: nothing to repair.
         const bool is_as_recorded = last_record != records.end() && last_record->value.type == now.type &&
                                     same_value(now.type, last_record->value.value, now.value);
         if (!is_as_recorded && !same_value(now.type, before[static_cast<std::size_t>(index)].value, now.value))

@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr std::int64_t least_slider_values = 16; // fewer values make a popup
+// Steps of a drag on the host's sliders, in the parameter's unit.
 constexpr double float_delta = 0.05;
 constexpr double int_delta = 1.0;
 constexpr int entry_precision = 2; // decimals of a popup's texts
@@ -21,6 +22,7 @@ bool is_popup(const param_value& record)
     return std::abs(count) < least_slider_values;
 }
 
+/// The texts of all values from the lower to the upper bound, as the parameter itself writes them.
 std::vector<std::string> popup_entries(iparameter_v1& parameter, const param_value& record)
 {
     std::vector<std::string> entries;
@@ -38,6 +40,7 @@ std::vector<std::string> popup_entries(iparameter_v1& parameter, const param_val
 /// Limits to 0..1. A NaN gives 0, because it fails the comparison.
 float unit_float(double v) { return static_cast<float>(v > 0.0 ? std::min(v, 1.0) : 0.0); }
 
+/// From the host's order and precision to the effect's.
 param_argb narrowed(const host_color& c)
 {
     return {static_cast<float>(c.alpha), static_cast<float>(c.red), static_cast<float>(c.green),
@@ -89,6 +92,7 @@ host_declaration declare_parameter(iparameter_v1& parameter, int index)
         declaration.entries = popup_entries(parameter, record);
         break;
     case host_control::color:
+        // The effect uses the channels as they are; the host must not apply its colour management to them.
         declaration.flags |= host_flag::dont_remap_colors;
         break;
     default:
@@ -135,6 +139,7 @@ host_value host_value_of(const param_value& record)
 void take_host_value(const host_value& value, param_value& record)
 {
     const host_control control = host_control_of(record);
+    // The type must be the control's: an integer never becomes a float slider's value, nor a double a popup's.
     const auto* const whole = std::get_if<int>(&value);
     if (const auto* number = std::get_if<double>(&value); number && control == host_control::float_slider)
         record.value = param_cell::of(static_cast<float>(*number));
@@ -157,6 +162,7 @@ bool host_differs(const host_value& at_host, const param_value& record)
 {
     // Comparing narrowed values keeps a value that only went to the host and back from being written again.
     const host_value wanted = host_value_of(record);
+    // A value of another type differs too: the host then gets one of the right type.
     if (at_host.index() != wanted.index())
         return true;
     if (const auto* number = std::get_if<double>(&at_host))

@@ -24,10 +24,10 @@ constexpr int index_of_host_id(int host_id) { return host_id - first_host_id; }
 /// Bits of a parameter's flags in the host's interface.
 namespace host_flag
 {
-inline constexpr std::uint32_t not_animatable = 0x1;
-inline constexpr std::uint32_t hidden = 0x2;
-inline constexpr std::uint32_t custom_ui = 0x40;
-inline constexpr std::uint32_t dont_remap_colors = 0x400;
+inline constexpr std::uint32_t not_animatable = 0x1;      ///< has no keyframes
+inline constexpr std::uint32_t hidden = 0x2;              ///< not shown in the inspector
+inline constexpr std::uint32_t custom_ui = 0x40;          ///< the effect makes the view
+inline constexpr std::uint32_t dont_remap_colors = 0x400; ///< without the host's colour management
 } // namespace host_flag
 
 /// The state cannot be animated, and its control is our own view: the button that opens the editor.
@@ -39,14 +39,15 @@ constexpr std::uint32_t with_hidden(std::uint32_t flags, bool hidden)
     return (flags & ~host_flag::hidden) | (hidden ? host_flag::hidden : 0u);
 }
 
+/// The kinds of control that the host's inspector has.
 enum class host_control
 {
-    none, ///< not declared to the host
-    float_slider,
-    int_slider,
-    popup,
-    toggle,
-    color,
+    none,         ///< not declared to the host
+    float_slider, ///< of a continuous parameter
+    int_slider,   ///< of an integral one with 16 values or more
+    popup,        ///< of an integral one with fewer values
+    toggle,       ///< of a boolean
+    color,        ///< of a colour with alpha
 };
 
 /// A colour in the host's order and precision.

@@ -10,9 +10,11 @@ namespace ov1
 namespace
 {
 
+// Four channels.
 constexpr std::size_t half_pixel_bytes = 4 * sizeof(half_bits);
 constexpr std::size_t float_pixel_bytes = 4 * sizeof(float);
 
+// The distance between rows is in bytes: rows may be padded.
 template <typename T>
 const T* source_row(const tile_pair& tile, std::size_t y)
 {
@@ -29,6 +31,7 @@ T* destination_row(const tile_pair& tile, std::size_t y)
 
 std::optional<tile_format> tile_format_of(const surface_layout& layout)
 {
+    // The size is checked too: with pixels of another size the loops would read and write past the rows.
     if (layout.pixel_format == rgba_half_code && layout.bytes_per_element == half_pixel_bytes)
         return tile_format::rgba_half;
     if (layout.pixel_format == rgba_float_code && layout.bytes_per_element == float_pixel_bytes)
@@ -38,6 +41,7 @@ std::optional<tile_format> tile_format_of(const surface_layout& layout)
 
 void render_half_row(const row_renderer& renderer, const tile_pair& tile, std::size_t y)
 {
+    // One call limits, reorders, grades and rounds.
     renderer.render_row_half(y, source_row<half_bits>(tile, y), destination_row<half_bits>(tile, y), tile.width);
 }
 

@@ -13,8 +13,8 @@ namespace ov1
 /// Size, format and memory layout of a surface, as the host reports them.
 struct surface_layout
 {
-    std::size_t bytes_per_row = 0;
-    std::size_t bytes_per_element = 0;
+    std::size_t bytes_per_row = 0;     ///< padding included
+    std::size_t bytes_per_element = 0; ///< of one pixel
     std::size_t width = 0;
     std::size_t height = 0;
     std::uint32_t pixel_format = 0; ///< four characters, the first in the highest byte
@@ -25,6 +25,7 @@ struct surface_layout
 inline constexpr std::uint32_t rgba_half_code = 0x52476841;  // "RGhA"
 inline constexpr std::uint32_t rgba_float_code = 0x52476641; // "RGfA"
 
+/// The accepted pixel formats. The host calls both R G B A.
 enum class tile_format
 {
     rgba_half,  ///< four half floats a pixel, R G B A
@@ -40,7 +41,7 @@ struct tile_pair
 {
     const std::byte* source = nullptr;
     std::byte* destination = nullptr;
-    std::size_t source_bytes_per_row = 0;
+    std::size_t source_bytes_per_row = 0; ///< padding included
     std::size_t destination_bytes_per_row = 0;
     std::size_t width = 0;
     std::size_t height = 0;

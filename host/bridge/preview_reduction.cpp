@@ -43,6 +43,7 @@ argb_float pixel_at(const host_frame& frame, const std::byte* row, std::size_t x
     return {rgba[3], rgba[0], rgba[1], rgba[2]};
 }
 
+/// The sum of each channel over a box. A box has few pixels, so single precision is enough.
 argb_float sum_of(const host_frame& frame, span rows, span columns)
 {
     argb_float sum;
@@ -58,6 +59,7 @@ argb_float sum_of(const host_frame& frame, span rows, span columns)
     return sum;
 }
 
+/// Limited after the division, not pixel by pixel: a highlight above 1 brightens its whole box.
 float mean(float sum, std::size_t count) { return clamped(sum / static_cast<float>(count)); }
 
 } // namespace
@@ -65,6 +67,7 @@ float mean(float sum, std::size_t count) { return clamped(sum / static_cast<floa
 preview_size preview_size_of(std::uint32_t width, std::uint32_t height)
 {
     const auto w = static_cast<float>(width), h = static_cast<float>(height);
+    // First this quotient, then the shorter side from it: another order rounds differently and can lose a pixel.
     const float aspect = w / h;
     preview_size size;
     if (width > height)
@@ -77,8 +80,10 @@ preview_size preview_size_of(std::uint32_t width, std::uint32_t height)
         size.height = std::min(height, longest_preview_side);
         size.width = static_cast<std::uint32_t>(aspect * static_cast<float>(size.height));
     }
+    // A side of 9000 x 1 pixels would be truncated to 0.
     size.width = std::max(size.width, 1u);
     size.height = std::max(size.height, 1u);
+    // From the truncated sizes, so that the boxes reach the frame's last row and column.
     size.step_x = std::max(w / static_cast<float>(size.width), 1.0f);
     size.step_y = std::max(h / static_cast<float>(size.height), 1.0f);
     return size;

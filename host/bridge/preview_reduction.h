@@ -15,7 +15,7 @@ inline constexpr std::uint32_t longest_preview_side = 1600;
 /// Size of a preview, and its scale against the frame.
 struct preview_size
 {
-    std::uint32_t width = 0;
+    std::uint32_t width = 0; ///< in pixels
     std::uint32_t height = 0;
     float step_x = 1.0f; ///< frame pixels per preview pixel, at least 1
     float step_y = 1.0f;
@@ -28,7 +28,7 @@ preview_size preview_size_of(std::uint32_t width, std::uint32_t height);
 /// A frame in the host's memory. The caller keeps the surface locked.
 struct host_frame
 {
-    const std::byte* pixels = nullptr;
+    const std::byte* pixels = nullptr; ///< the first row in memory
     surface_layout layout;
     tile_format format = tile_format::rgba_half;
 };

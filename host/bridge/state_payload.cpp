@@ -11,6 +11,7 @@ uuid_bytes make_random_uuid()
     uuid_bytes uuid;
     for (std::size_t i = 0; i < uuid.size(); i += 4)
     {
+        // 32 bits a call, so four calls fill the UUID.
         const std::uint32_t word = random();
         for (std::size_t k = 0; k < 4; ++k)
             uuid[i + k] = static_cast<std::uint8_t>(word >> (8 * k));
@@ -23,6 +24,7 @@ uuid_bytes make_random_uuid()
 std::vector<std::uint8_t> make_state_payload(std::vector<std::uint8_t> state)
 {
     const uuid_bytes uuid = make_random_uuid();
+    // At the end, where readers of the state do not look: they stop at the state's own length.
     state.insert(state.end(), uuid.begin(), uuid.end());
     return state;
 }

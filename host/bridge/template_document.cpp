@@ -20,6 +20,7 @@ constexpr std::uint64_t hidden_flag = 1 << 1;
 constexpr std::uint64_t number_flags = always_flag | animated_flag | editable_flag;
 constexpr std::uint64_t channel_flags = always_flag | color_flag | editable_flag;
 
+// Everything before the published controls. An object's factoryID refers to one of these factories.
 constexpr const char* head = R"(<?xml version="1.0" encoding="UTF-8" standalone="no"?>
 <!DOCTYPE ozxmlscene>
 <ozml version="5.9">
@@ -85,11 +86,13 @@ constexpr const char* layer = R"(	<currentFrame>0</currentFrame>
 			<timing in="0 1 1 0" out="116000 120000 1 0" offset="0 1 1 0"/>
 )";
 
+// 8589934608: bit 33, which is always set, and bit 4.
 constexpr const char* filter_head =
     R"(				<timing in="0 1 1 0" out="116000 120000 1 0" offset="0 1 1 0"/>
 				<baseFlags>8589934608</baseFlags>
 )";
 
+// The host's own slider for the amount of the effect ends the filter. 12901679104: bits 33, 32 and 24.
 constexpr const char* tail =
     R"(				<parameter name="Mix" id="10001" flags="12901679104" default="1" value="1"/>
 			</filter>
@@ -99,6 +102,7 @@ constexpr const char* tail =
 </ozml>
 )";
 
+/// The text as the value of an XML attribute in double quotes.
 std::string escaped(const std::string& text)
 {
     std::string out;
@@ -136,6 +140,7 @@ std::string number_text(double v)
     return {text, end.ptr};
 }
 
+/// The text of any value except a colour, which has one element per channel.
 std::string value_text(const host_value& value)
 {
     if (const auto* number = std::get_if<double>(&value))
@@ -147,6 +152,7 @@ std::string value_text(const host_value& value)
 
 std::uint64_t flags_of(const host_declaration& p)
 {
+    // The only flag taken from the declaration; all others follow from the control.
     const std::uint64_t hidden = p.flags & host_flag::hidden ? hidden_flag : 0;
     if (p.control == host_control::popup)
         return number_flags | menu_flag | hidden;
@@ -164,6 +170,7 @@ std::string element_start(const std::string& name, int id, std::uint64_t flags)
 
 std::string with_value(const std::string& value) { return " default=\"" + value + "\" value=\"" + value + "\"/>\n"; }
 
+/// A folder with one element per channel. The channels' ids count from 1 within it.
 std::string color_element(const host_declaration& p)
 {
     const auto c = std::get<host_color>(p.default_value);
@@ -189,6 +196,7 @@ std::string parameter_elements(std::span<const host_declaration> parameters)
     return text;
 }
 
+/// The controls that the video host shows. Object 10023 is the filter; a channel is the parameter's host id.
 std::string publish_settings(std::span<const host_declaration> parameters)
 {
     std::string text = "\t<publishSettings>\n\t\t<version>2</version>\n"
@@ -204,6 +212,7 @@ std::string publish_settings(std::span<const host_declaration> parameters)
 
 std::string template_document(const template_subject& subject, std::span<const host_declaration> parameters)
 {
+    // The ids 10001, 10010, 10013 and 10023 only have to differ from each other within the document.
     return head + publish_settings(parameters) + layer + "\t\t\t<filter name=\"" + escaped(subject.display_name) +
            "\" id=\"10023\" factoryID=\"6\" pluginUUID=\"" + escaped(subject.plugin_uuid) +
            "\" pluginVersion=\"1\" pluginName=\"" + escaped(subject.plugin_name) + "\" pluginDynamicParams=\"0\">\n" +

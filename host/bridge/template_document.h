@@ -24,9 +24,9 @@ namespace ov1
 /// Identifies the effect in the template.
 struct template_subject
 {
-    std::string display_name;
-    std::string plugin_uuid;
-    std::string plugin_name;
+    std::string display_name; ///< of the filter, for the user
+    std::string plugin_uuid;  ///< as in the properties of the program's bundle
+    std::string plugin_name;  ///< of the effect itself
 };
 
 /// Makes the document. It publishes the state (whose control is the button) and all parameters that are not hidden.

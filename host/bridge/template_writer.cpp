@@ -36,6 +36,7 @@ private:
     const std::shared_ptr<icomponent_v1> component = create_ccomponent();
 };
 
+/// Flushed here, because a destructor would hide that the disk is full.
 bool copy_file(const std::string& from, const std::string& to)
 {
     std::ifstream in(from, std::ios::binary);
@@ -75,6 +76,7 @@ result<> copy_thumbnails(const std::string& bundle_path, const std::string& fold
     return {};
 }
 
+/// Named after the component, which is also the effect's name in the document.
 bool write_document(icomponent_v1& component, const std::string& uuid, const std::string& folder)
 {
     const std::string name = component.get_name();
@@ -90,6 +92,7 @@ result<> write_template(const bundle_facts& bundle, const std::string& folder)
     // False when the folder exists. A folder that could not be made shows when the files are written.
     (void)iutils::get_instance().create_dir(folder);
     const offline_component component;
+    // The order of the checks is fixed: the first reason that applies is printed, and build scripts compare it.
     if (component.get() == nullptr)
         return not_written("Failed to create component instance.");
     if (const auto listed = check_listing(bundle.plugin); !listed)

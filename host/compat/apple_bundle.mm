@@ -3,6 +3,7 @@
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 
+// The linker's option -u names it: nothing else refers to this file, so the linker would leave it out.
 extern "C" const int apple_bundle_is_linked = 1;
 
 @interface contents_bundle : NSBundle
@@ -65,6 +66,7 @@ namespace
 /// The bundle that contains this program; nil when it is in none.
 NSBundle* make_bundle_around_program()
 {
+    // Not argv[0], which may be a relative path or missing.
     NSString* const program = [[NSFileManager defaultManager] pathContentOfSymbolicLinkAtPath:@"/proc/self/exe"];
     NSString* const folder = [program stringByDeletingLastPathComponent];
     NSString* const contents = [folder stringByDeletingLastPathComponent];
@@ -92,6 +94,7 @@ NSBundle* make_bundle_around_program()
 + (NSBundle*)bundle_around_program
 {
     static NSBundle* const around = make_bundle_around_program();
+    // No recursion: after the exchange this name calls GNUstep's own method.
     return around != nil ? around : [self bundle_around_program];
 }
 

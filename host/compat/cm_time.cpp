@@ -2,6 +2,7 @@
 
 #include <limits>
 
+// The host's framework passes both by value, so the layout must be the same.
 static_assert(sizeof(CMTime) == 24 && sizeof(CMTimeRange) == 48);
 
 namespace
@@ -19,6 +20,7 @@ enum class rank
 
 rank rank_of(CMTime time)
 {
+    // Checked first: without this flag the others mean nothing.
     if (!(time.flags & kCMTimeFlags_Valid))
         return rank::invalid;
     if (time.flags & kCMTimeFlags_PositiveInfinity)
@@ -73,6 +75,7 @@ extern "C"
             return limits::infinity();
         case rank::negative_infinity:
             return -limits::infinity();
+        // Indefinite and invalid times.
         default:
             return limits::quiet_NaN();
         }

@@ -12,6 +12,7 @@
     if ((self = [super init]))
     {
         shape = wanted;
+        // Zeros. The shape is used as given, also if it is inconsistent.
         bytes.resize(wanted.bytes_per_row * wanted.height);
     }
     return self;
@@ -49,6 +50,7 @@
 
 - (kern_return_t)unlockWithOptions:(IOSurfaceLockOptions)options
 {
+    // Below zero: no lock with this option was open.
     if (--(options & kIOSurfaceLockReadOnly ? readers : writers) < 0)
         ++wrong;
     return 0;

@@ -1,6 +1,7 @@
 // User defaults of a named suite, which GNUstep's NSUserDefaults does not offer.
 #import <Foundation/Foundation.h>
 
+// The linker's option -u names it; see apple_bundle.mm.
 extern "C" const int suite_defaults_are_linked = 1;
 
 /// One persistent domain of the standard defaults, without any fallback.
@@ -29,6 +30,7 @@ extern "C" const int suite_defaults_are_linked = 1;
 - (NSDictionary*)dictionaryRepresentation
 {
     NSDictionary* const values = [[NSUserDefaults standardUserDefaults] persistentDomainForName:domain];
+    // Never nil: a suite without values is an empty dictionary.
     return values != nil ? values : [NSDictionary dictionary];
 }
 
@@ -67,6 +69,7 @@ extern "C" const int suite_defaults_are_linked = 1;
 
 - (instancetype)initWithSuiteName:(NSString*)name
 {
+    // An initialiser may return another object than the one it was sent to.
     [self release];
     return [[suite_defaults alloc] initWithDomain:name];
 }

@@ -8,6 +8,7 @@ namespace ov1
 namespace
 {
 
+/// Writes the uuid only when the search is complete.
 bundle_facts::listing read_listing(NSDictionary* properties, std::string& uuid)
 {
     // Every class is checked: the file belongs to whoever installed the bundle.

@@ -6,6 +6,8 @@
 
 using namespace ov1;
 
+// The linker's option -u names it. Without that the linker would leave out this file of the library: it contains only a
+// category, and no other file refers to it by a symbol.
 extern "C" const int wrapper_editor_is_linked = 1;
 
 namespace
@@ -63,10 +65,12 @@ editor_session*& running_session()
         preview_image_source.reset();
         preview_image_dest.reset();
     }
+    // Ignores analysed frames until the request below has been made.
     gui_requested = true;
     preview_render_requested = false;
     [self requestFrameAnalyisForPreview];
     [idleTimer invalidate];
+    // Polled: the frame arrives on a thread of the host, and the editor must open on the main thread.
     idleTimer = [NSTimer timerWithTimeInterval:idle_period
                                         target:[[[idle_timer_target alloc] initWithOwner:self] autorelease]
                                       selector:@selector(tick:)
@@ -81,15 +85,19 @@ editor_session*& running_session()
     if (action == nil)
         return;
     CMTime wanted = [action currentTime];
+    // Frames are analysed at the input's time, which differs from the timeline's when the clip's start is cut off.
+    // Without the interface the timeline's time stays.
     [timing_api(_apiManager) inputTime:&wanted fromTimelineTime:wanted];
     {
         const std::scoped_lock guard(time_mutex);
         preview_time = wanted;
     }
+    // Outside the host's own calls, its interfaces work only within an action.
     [action startAction:self];
     id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
     if (analysis == nil)
         return; // without endAction: a host without analysis ends the action itself
+    // Before the start: the frame may arrive on another thread before the call below returns.
     preview_render_requested = true;
     NSError* error = nil;
     if (![analysis startForwardAnalysis:kFxAnalysisLocation_GPU error:&error])
@@ -99,6 +107,7 @@ editor_session*& running_session()
 
 - (void)runIdle:(NSTimer*)timer
 {
+    // analyzeFrame: clears preview_render_requested when it has stored the frame.
     if (timer != idleTimer || !gui_requested || preview_render_requested || gui_is_open())
         return;
     {
@@ -116,6 +125,7 @@ editor_session*& running_session()
 
 - (void)runGUI
 {
+    // First, so that renders leave their tiles unchanged while the editor changes the values.
     gui_is_open() = true;
     editor_session session(component);
     {
@@ -124,10 +134,12 @@ editor_session*& running_session()
     }
     running_session() = &session;
     editor_session_options options;
+    // The editor's modal loop blocks this method, so it must run the main run loop itself.
     options.pump = run_main_loop_once;
     if (!session.run(options))
         NSLog(@"The editor cannot be opened here.");
     running_session() = nullptr;
+    // With gui_is_open still set: the host may report what it gets here as changes, and those must be ignored.
     [self pushState];
     [self synchronizeHostParameters];
     gui_is_open() = false;

@@ -24,21 +24,23 @@ std::atomic<bool>& gui_is_open();
 /// directions. The host may call its methods on any thread; the editor's methods belong to the main thread.
 @interface fcp_wrapper_veridialfcpx_3_7_0_0 : NSObject <FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>
 {
-    id<PROAPIAccessing> _apiManager; // not retained
-    std::shared_ptr<ov1::icomponent_v1> component;
+    id<PROAPIAccessing> _apiManager;               // not retained
+    std::shared_ptr<ov1::icomponent_v1> component; // never null once the instance is initialised
     bool initialized;
-    bool gui_requested; // from the click on the button until the editor opens
-    NSTimer* idleTimer;
-    fcpx_state_param* state;
+    bool gui_requested;       // from the click on the button until the editor opens
+    NSTimer* idleTimer;       // not retained, the run loop does; nil while no button press is pending
+    fcpx_state_param* state;  // retained; the value that is pushed
     std::mutex analyze_mutex; // serialises pushState; guards the preview's images
     CMTime preview_time;      // guarded by time_mutex
-    std::shared_ptr<ov1::image> preview_image_source;
-    std::shared_ptr<ov1::image> preview_image_dest;
-    std::atomic<bool> preview_render_requested;
+    std::shared_ptr<ov1::image> preview_image_source; // the captured frame; null until it has come
+    std::shared_ptr<ov1::image> preview_image_dest;   // of the same size, for the graded frame
+    std::atomic<bool> preview_render_requested;       // from the request until the frame is captured
     std::mutex time_mutex; // not analyze_mutex: a host may ask for the time range during pushState
 }
 
+/// The effect of this instance, shared with renders and the editor.
 - (std::shared_ptr<ov1::icomponent_v1>)getComponent;
+/// The host's API manager, which the host keeps alive as long as the instance.
 - (id<PROAPIAccessing>)getApiManager;
 
 /// Writes to the host what the component changed: each queued parameter whose value differs from the host's.

@@ -27,6 +27,7 @@ namespace
 
 NSString* key_text(const char* key) { return [NSString stringWithUTF8String:key]; }
 
+/// What the host may assume about the effect.
 NSDictionary* make_properties()
 {
     NSMutableDictionary* const all = [NSMutableDictionary dictionary];
@@ -36,9 +37,11 @@ NSDictionary* make_properties()
     put(property_key::may_remap_time, true);
     put(property_key::uses_rational_time, true);
     put(property_key::varies_when_params_are_static, false);
+    // Asks for one tile per frame. The code does not rely on it: every tile is rendered by itself.
     put(property_key::needs_full_buffer, true);
     put(property_key::preserves_alpha, true);
     put(property_key::changes_output_size, false);
+    // Gamma-encoded pixels: the look tables are made for display-referred values, not for linear light.
     [all setObject:[NSNumber numberWithInt:kFxImageColorInfo_RGB_GAMMA_VIDEO]
             forKey:key_text(property_key::desired_processing_color_info)];
     return [[all copy] autorelease];
@@ -98,9 +101,11 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         [self release];
         return nil;
     }
+    // Only here: the host object needs a pointer to the finished component.
     component->initialize(std::make_shared<fcpx_host_interface>(component, apiManager));
     // The value objects that the host creates itself start with the state of an effect nobody has edited.
     [fcpx_state_param setDefaultState:component->get_state()];
+    // After setDefaultState:, whose bytes it copies.
     state = [[fcpx_state_param alloc] init];
     initialized = false;
     gui_requested = false;
@@ -111,6 +116,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
 
 - (void)dealloc
 {
+    // The run loop retains the timer, and the timer's target points to this object.
     [idleTimer invalidate];
     [state release];
     _apiManager = nil;
@@ -162,6 +168,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     if (!host || action == nil)
         return;
     const CMTime now = [action currentTime];
+    // One at a time: a write can make the component queue another parameter.
     for (int index = host->pop_dirty_param(); index >= 0; index = host->pop_dirty_param())
     {
         // One action per parameter: the host makes each an undo step of its own.
@@ -235,6 +242,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     const CMTime now = [action currentTime];
     [action startAction:self];
     NSObject<NSSecureCoding, NSCopying>* value = nil;
+    // Classes and length are checked: the value comes from a document.
     if ([retrieval_api(_apiManager) getCustomParameterValue:&value fromParameter:state_host_id atTime:now] &&
         [value isKindOfClass:[fcpx_state_param class]])
     {
@@ -258,10 +266,12 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
     BOOL taken = NO;
     if (id<FxParameterSettingAPI_v5> const setting = setting_api(_apiManager); setting != nil)
     {
+        // Replaces the payload in the one value object; the host copies or archives it during the call.
         const auto payload = make_state_payload(component->get_state());
         state.data = [NSData dataWithBytes:payload.data() length:payload.size()];
         taken = [setting setCustomParameterValue:state toParameter:state_host_id atTime:now];
     }
+    // The button was pressed and the frame has not come: ask for it again, within the same action.
     if (preview_render_requested)
     {
         id<FxAnalysisAPI> const analysis = analysis_api(_apiManager);
@@ -282,6 +292,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                       atTime:(CMTime)renderTime
                        error:(NSError**)outError
 {
+    // The effect changes neither the size nor the place of the picture.
     *destinationImageRect = [static_cast<FxImageTile*>([sourceImages objectAtIndex:0]) imagePixelBounds];
     return YES;
 }
@@ -295,6 +306,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                  atTime:(CMTime)renderTime
                   error:(NSError**)outError
 {
+    // A pixel depends on no other pixel, so a tile needs only its own part of the source.
     *sourceTileRect = destinationTileRect;
     return YES;
 }
@@ -305,6 +317,7 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
                         atTime:(CMTime)renderTime
                          error:(NSError**)outError
 {
+    // While the editor is open, the tile keeps what the host put there.
     if (gui_is_open())
         return YES;
     return render_tile(*component, destinationImage, sourceImages, outError);
@@ -356,7 +369,9 @@ void restore_payload(icomponent_v1& component, fcpx_host_interface* host, NSData
         if (!preview_render_requested || CMTimeCompare(frameTime, preview_time) != 0)
             return YES;
     }
+    // The time lock is released here: the reduction takes long, and the host may ask for the time range meanwhile.
     const auto source = capture_preview(frame, error);
+    // The request stays pending: another frame of the same time can still answer it.
     if (!source)
         return NO;
     // The host's frame is valid only during this call, so the editor gets a copy and renders into a second image.

@@ -5,5 +5,6 @@
 
 /// Stores the host's name and version in host/bridge/connected_host.h.
 @interface FCPXDelegate : NSObject <FxPrincipalDelegate>
+/// May come on any thread. Texts that are nil count as empty.
 - (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString;
 @end

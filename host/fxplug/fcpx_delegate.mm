@@ -13,6 +13,7 @@
 - (void)didEstablishConnectionWithHost:(NSString*)hostBundleIdentifier version:(NSString*)hostVersionString
 {
     using namespace ov1;
+    // A nil text gives an empty name and the version 0.0.0.
     set_connected_host({cfstring_to_string(hostBundleIdentifier, NSUTF8StringEncoding),
                         version_from_text(cfstring_to_string(hostVersionString, NSUTF8StringEncoding))});
 }

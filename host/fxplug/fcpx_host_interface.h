@@ -18,8 +18,10 @@ public:
     /// The manager is not retained: call detach() before it is released.
     fcpx_host_interface(std::weak_ptr<icomponent_v1> component, id<PROAPIAccessing> manager);
 
+    /// Always a video host.
     host_kind get_type() const override;
     std::string get_vendor() const override;
+    /// Name and version as the host reported them when it connected.
     std::string get_name() const override;
     version get_version() const override;
     /// The language of the system's current locale.
@@ -40,10 +42,11 @@ public:
 private:
     /// The parameter's index; -1 for an unknown id.
     int index_of(uid id) const;
+    /// Sets or clears the parameter's hidden bit at the host. Does nothing at a host without that interface.
     void show_enabled_state(uid id);
 
-    std::mutex manager_mutex;
-    id<PROAPIAccessing> manager;
+    std::mutex manager_mutex;    ///< guards manager
+    id<PROAPIAccessing> manager; ///< not retained; nil after detach()
     dirty_queue dirty_params;
 };
 

@@ -25,6 +25,7 @@ bool fcpx_host_interface::get_host_window(void**) { return false; }
 
 language_id fcpx_host_interface::get_language() const
 {
+    // The editor's texts exist in these two languages.
     NSString* const code = [[NSLocale currentLocale] objectForKey:NSLocaleLanguageCode];
     return [code isEqualToString:@"de"] ? language_id::german : language_id::english;
 }
@@ -39,6 +40,7 @@ void fcpx_host_interface::notify(event e)
     }
     else if (e.type == event_kind::enabled_changed)
         show_enabled_state(e.id);
+    // Last, because this moves the event away.
     chost_v1::notify(std::move(e));
 }
 
@@ -47,6 +49,7 @@ void fcpx_host_interface::add_dirty_param(int index) { dirty_params.add(index); 
 
 void fcpx_host_interface::detach()
 {
+    // Waits for another thread that is fetching interfaces. Later calls find nil.
     const std::scoped_lock guard(manager_mutex);
     manager = nil;
 }
@@ -56,6 +59,7 @@ int fcpx_host_interface::index_of(uid id) const
     const auto component = get_component();
     if (!component)
         return -1;
+    // A linear search is enough: there are few parameters, and events come at the pace of the user.
     for (int index = 0; index < component->get_parameter_count(); ++index)
         if (const auto parameter = component->get_parameter(index); parameter && parameter->get_uid() == id)
             return index;
@@ -76,6 +80,7 @@ void fcpx_host_interface::show_enabled_state(uid changed)
         setting = flag_setting_api(manager);
     }
     const auto host_id = static_cast<UInt32>(host_id_of(index));
+    // Read first, since the host has private bits in the flags. A nil `retrieval` answers NO.
     FxParameterFlags flags = 0;
     if (!parameter || setting == nil || ![retrieval getParameterFlags:&flags fromParameter:host_id])
         return;

@@ -7,6 +7,7 @@
 namespace
 {
 
+/// Shared by all instances: the host creates value objects without naming an instance.
 struct shared_default
 {
     std::mutex lock;
@@ -68,6 +69,7 @@ NSString* coder_key() { return [NSString stringWithUTF8String:ov1::state_coder_k
 - (id)copyWithZone:(NSZone*)zone
 {
     fcpx_state_param* const copy = [[fcpx_state_param allocWithZone:zone] init];
+    // Both share the payload, which is immutable.
     copy.data = self.data;
     return copy;
 }

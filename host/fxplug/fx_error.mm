@@ -5,6 +5,7 @@
 namespace ov1
 {
 
+// host/bridge cannot include the host's headers, so the codes are numbers there.
 static_assert(incompatible_tiles.code == kFxError_InvalidParameter);
 static_assert(no_creation_api.code == kFxError_APIUnavailable);
 static_assert(unsupported_pixel_format.code == kFxError_NotYetImplemented);

@@ -7,6 +7,7 @@
 namespace ov1
 {
 
+// A message to a nil manager returns nil, so nothing is checked here.
 id<FxParameterCreationAPI_v5> creation_api(id<PROAPIAccessing> manager)
 {
     return [manager apiForProtocol:@protocol(FxParameterCreationAPI_v5)];

@@ -17,7 +17,7 @@ bool declare_at_host(id<FxParameterCreationAPI_v5> api, const host_declaration& 
 std::optional<host_value> read_host_value(id<FxParameterRetrievalAPI_v6> api, host_control control, int host_id,
                                           CMTime time);
 
-/// Sets the parameter's value at a time. False when the host refuses.
+/// Sets the parameter's value at a time; the variant's type chooses the host's method. False when the host refuses.
 bool write_host_value(id<FxParameterSettingAPI_v5> api, const host_value& value, int host_id, CMTime time);
 
 } // namespace ov1

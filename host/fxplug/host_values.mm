@@ -22,6 +22,7 @@ NSArray* host_texts(const std::vector<std::string>& texts)
     return all;
 }
 
+// The slider covers the parameter's whole range: the host would let the user type values outside it.
 bool declare_float_slider(id<FxParameterCreationAPI_v5> api, const host_declaration& p)
 {
     return [api addFloatSliderWithName:host_text(p.name)
@@ -72,6 +73,7 @@ bool declare_at_host(id<FxParameterCreationAPI_v5> api, const host_declaration& 
     case host_control::int_slider:
         return declare_int_slider(api, p);
     case host_control::popup:
+        // The default is an index into the entries, unsigned in the host's interface.
         return [api addPopupMenuWithName:host_text(p.name)
                              parameterID:id
                             defaultValue:static_cast<UInt32>(std::get<int>(p.default_value))
@@ -95,6 +97,7 @@ std::optional<host_value> read_host_value(id<FxParameterRetrievalAPI_v6> api, ho
 {
     const auto id = static_cast<UInt32>(host_id);
     // A popup is read as an integer: the interface has no method for it.
+    // A variable counts only when the host answers YES; a refusal may leave anything in it.
     double number = 0.0;
     int whole = 0;
     BOOL on = NO;
@@ -134,6 +137,7 @@ bool write_host_value(id<FxParameterSettingAPI_v5> api, const host_value& value,
     const auto id = static_cast<UInt32>(host_id);
     if (const auto* number = std::get_if<double>(&value))
         return [api setFloatValue:*number toParameter:id atTime:time];
+    // Also a popup's index.
     if (const auto* whole = std::get_if<int>(&value))
         return [api setIntValue:*whole toParameter:id atTime:time];
     if (const auto* on = std::get_if<bool>(&value))

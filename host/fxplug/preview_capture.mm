@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// Reads the surface from several threads; the caller keeps it locked.
 std::shared_ptr<image> reduce(const host_frame& frame, image::origin origin)
 {
     const preview_size size = preview_size_of(static_cast<std::uint32_t>(frame.layout.width),
@@ -33,6 +34,7 @@ std::shared_ptr<image> capture_preview(FxImageTile* frame, NSError** error)
     std::shared_ptr<image> preview;
     if (!format)
         store_error(error, unsupported_pixel_format);
+    // An empty frame has no aspect ratio.
     else if (layout.width > 0 && layout.height > 0)
         preview = reduce({static_cast<const std::byte*>(IOSurfaceGetBaseAddress(surface)), layout, *format},
                          [frame imageOrigin] == kFxImageOrigin_TOP_LEFT ? image::origin::top_left

@@ -11,6 +11,7 @@ namespace ov1
 namespace
 {
 
+/// Chooses the loop once per tile instead of once per row.
 void render_rows(const row_renderer& renderer, tile_format format, const tile_pair& tile)
 {
     if (format == tile_format::rgba_half)
@@ -23,6 +24,7 @@ void render_rows(const row_renderer& renderer, tile_format format, const tile_pa
 bool render_source(const row_renderer& renderer, IOSurfaceRef source, IOSurfaceRef destination, NSError** error)
 {
     const surface_layout layout = layout_of(destination);
+    // The whole layout, bytes per row included: one layout then describes both surfaces.
     if (layout_of(source) != layout)
     {
         store_error(error, incompatible_tiles);
@@ -46,6 +48,7 @@ bool render_source(const row_renderer& renderer, IOSurfaceRef source, IOSurfaceR
 bool render_tile(icomponent_v1& component, FxImageTile* destination, NSArray* sources, NSError** error)
 {
     const auto host = component.get_host();
+    // The component has terminated: the host released the instance during a render.
     if (!host)
         return false;
     host->notify({event_kind::render_begins});

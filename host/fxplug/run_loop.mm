@@ -7,6 +7,7 @@ namespace ov1
 
 void run_main_loop_once()
 {
+    // A pool per call: the editor stays open for minutes, and the host's own pool is drained only afterwards.
     @autoreleasepool
     {
         // A date in the past: fires what is due and returns.

@@ -14,6 +14,7 @@ namespace ov1
 /// The tile's surface for the C interface; null when it has none. The tile owns it.
 IOSurfaceRef surface_of(FxImageTile* tile);
 
+/// No option: for reading and writing.
 inline constexpr auto lock_for_writing = static_cast<IOSurfaceLockOptions>(0);
 
 /// Reads the layout of a locked surface.

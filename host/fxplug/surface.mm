@@ -3,6 +3,7 @@
 namespace ov1
 {
 
+// On macOS the class and the C type are one and the same object (toll-free bridged).
 IOSurfaceRef surface_of(FxImageTile* tile) { return reinterpret_cast<IOSurfaceRef>([tile ioSurface]); }
 
 surface_layout layout_of(IOSurfaceRef surface)

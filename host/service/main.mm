@@ -28,6 +28,7 @@ FCPXDelegate* service_delegate = nil;
 int serve()
 {
 #if VERIDIAL_HAS_EDITOR
+    // For the life of the service, in which editors open and close.
     const ov1::editor_guard editor;
 #ifdef __APPLE__ // on Linux the toolkit installs the maker of X11 windows
     ov1::install_window_maker([](const std::string&, const ov1::rect& size, const std::string& title, void*)
@@ -39,6 +40,7 @@ int serve()
     return 0;
 }
 
+/// Needs neither a video host nor the editor.
 int generate_template(const std::string& folder)
 {
     const auto written = ov1::write_template(ov1::read_bundle_facts([NSBundle mainBundle]), folder);
@@ -55,8 +57,10 @@ int main(int argc, char** argv)
     using namespace ov1;
     @autoreleasepool
     {
+        // First: the component asks for its folders and settings when it is created.
         cutils_mac utils(vendor_suite_name, product_suite_name);
         const utils_guard in_force(utils);
+        // argc is 0 if the caller passes not even the program's name.
         const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
         const extract_command command = read_extract_command(arguments);
         switch (command.what)

@@ -15,6 +15,7 @@ NSString* const format_name = @"veridial-host document 1";
 
 NSString* host_text(const std::string& text) { return [NSString stringWithUTF8String:text.c_str()]; }
 
+/// Empty for an object that is no text: the parsers then refuse it.
 std::string text_of(id object)
 {
     const char* const text = [object isKindOfClass:[NSString class]] ? [object UTF8String] : nullptr;
@@ -25,6 +26,7 @@ NSDictionary* dictionary_of(const stored_parameter& p)
 {
     NSMutableDictionary* const entry = [NSMutableDictionary dictionary];
     [entry setObject:host_text(p.name) forKey:@"name"];
+    // Only archives are binary; all else is text, so that two documents can be compared line by line.
     if (const auto* archive = std::get_if<store_archive>(&p.value))
         [entry setObject:[NSData dataWithBytes:archive->data() length:archive->size()] forKey:@"archive"];
     else
@@ -47,6 +49,7 @@ bool read_keyframes(NSDictionary* from, stored_parameter& p)
     {
         const auto time = time_of_text(text_of(key));
         const auto value = value_of_text(text_of([from objectForKey:key]));
+        // A keyframe must have the type of the parameter's value.
         if (!time || !value || value->index() != p.value.index())
             return false;
         p.keyframes[*time] = *value;
@@ -128,6 +131,7 @@ result<> simulated_host::read_document(const std::vector<std::uint8_t>& bytes)
             stored_parameter p;
             if (!read_parameter([entries objectForKey:key], p))
                 return failure{failure_kind::invalid_grade, {}, "parameter " + text_of(key) + " is damaged", {}};
+            // A key that is not a number gives id 0. No parameter has it, so restore ignores the entry.
             parameters[static_cast<std::uint32_t>([key intValue])] = std::move(p);
         }
         impl->store.restore(parameters);

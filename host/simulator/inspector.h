@@ -19,6 +19,7 @@ public:
     inspector(const inspector&) = delete;
     inspector& operator=(const inspector&) = delete;
 
+    /// False once the user has closed the window.
     [[nodiscard]] bool is_open() const;
     /// Updates the sliders from the host's values at the playhead.
     void refresh();

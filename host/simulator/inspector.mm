@@ -36,9 +36,11 @@ namespace ov1
 namespace
 {
 
+// In points. The window cannot be resized, so every frame is computed once.
 constexpr double row_height = 22, label_width = 190, slider_width = 200, number_width = 70, margin = 8;
 constexpr double window_width = label_width + slider_width + number_width + 3 * margin + 20, window_height = 560;
 constexpr NSTimeInterval refresh_period = 0.1; // seconds
+// The host's bit, spelled out because this file includes no header of the host's interface.
 constexpr std::uint32_t hidden_flag = 2;
 
 NSTextField* make_label(NSRect frame, NSString* text)
@@ -72,6 +74,7 @@ struct inspector::parts
     NSView* make_rows();
 };
 
+// `to` owns the views; the row's pointers stay valid as long as the window exists.
 void inspector::parts::add_row(NSView* to, double y, std::uint32_t id, const stored_parameter& p)
 {
     [to addSubview:make_label(NSMakeRect(margin, y, label_width, row_height),
@@ -92,12 +95,14 @@ void inspector::parts::add_row(NSView* to, double y, std::uint32_t id, const sto
 
 NSView* inspector::parts::make_rows()
 {
+    // Counted first: the list's height decides where its first row is.
     std::vector<std::pair<std::uint32_t, stored_parameter>> shown;
     for (auto& [id, p] : host.get_parameters().copy())
         if (std::holds_alternative<double>(p.value) && !(p.flags & hidden_flag))
             shown.emplace_back(id, p);
     const double height = row_height * static_cast<double>(shown.size()) + margin;
     NSView* const list = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, window_width - 20, height)] autorelease];
+    // AppKit counts upwards, so the first row has the greatest y.
     double y = height - row_height;
     for (const auto& [id, p] : shown)
     {
@@ -128,6 +133,7 @@ inspector::inspector(simulated_host& host, const std::string& title)
         [scroller setHasVerticalScroller:YES];
         NSView* const list = held->make_rows();
         [scroller setDocumentView:list];
+        // For the same reason the scroll view would show the last rows first.
         [list scrollPoint:NSMakePoint(0, [list frame].size.height)];
         [[held->window contentView] addSubview:scroller];
         [held->window center];
@@ -140,6 +146,7 @@ inspector::~inspector()
 {
     @autoreleasepool
     {
+        // The target goes last: the sliders do not retain it.
         [held->window close];
         [held->window release];
         [held->effect_view release];
@@ -158,6 +165,7 @@ void inspector::refresh()
         {
             const auto value = held->host.get_parameters().get(row.id, held->host.get_playhead());
             const auto* const number = value ? std::get_if<double>(&*value) : nullptr;
+            // Only floats have a slider; a parameter never changes its type.
             if (number == nullptr)
                 continue;
             [row.slider setDoubleValue:*number];
@@ -172,6 +180,7 @@ void inspector::run()
     {
         @autoreleasepool
         {
+            // The wait ends without an event too, so that changes made by the effect are shown.
             NSDate* const until = [NSDate dateWithTimeIntervalSinceNow:refresh_period];
             NSEvent* const event = [NSApp nextEventMatchingMask:static_cast<NSEventMask>(NSUIntegerMax)
                                                       untilDate:until

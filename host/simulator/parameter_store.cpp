@@ -12,6 +12,7 @@ namespace
 
 constexpr std::uint32_t last_id = 9998; // the interface allows parameter ids 1..9998
 
+/// Linear between a (weight 0) and b (weight 1).
 double mixed(double a, double b, double weight) { return a + (b - a) * weight; }
 
 store_value mixed(const store_value& a, const store_value& b, double weight)
@@ -38,10 +39,12 @@ store_value value_at(const stored_parameter& p, CMTime time)
     const auto last = std::prev(next);
     if (next == p.keyframes.end())
         return last->second;
+    // Doubles are precise enough for a weight. The order of keyframes is exact (time_order).
     const double from = CMTimeGetSeconds(last->first), to = CMTimeGetSeconds(next->first);
     return mixed(last->second, next->second, (CMTimeGetSeconds(time) - from) / (to - from));
 }
 
+/// Limits sliders and popups. Toggles, archives and colours have no bounds: a host's colours may exceed 0..1.
 void limit(const stored_parameter& p, store_value& value)
 {
     if (!(p.min < p.max))
@@ -66,12 +69,14 @@ bool parameter_store::declare(std::uint32_t id, stored_parameter parameter)
     const std::scoped_lock guard(lock);
     if (id < 1 || id > last_id)
         return false;
+    // Whatever the caller put there: a declared parameter starts with its default.
     parameter.value = parameter.default_value;
     return parameters.emplace(id, std::move(parameter)).second;
 }
 
 stored_parameter* parameter_store::find(std::uint32_t id, const store_value& value)
 {
+    // The variant's index is the type.
     const auto found = parameters.find(id);
     return found != parameters.end() && found->second.value.index() == value.index() ? &found->second : nullptr;
 }
@@ -88,6 +93,7 @@ std::optional<store_value> parameter_store::get(std::uint32_t id, CMTime time) c
 bool parameter_store::set(std::uint32_t id, CMTime time, store_value value)
 {
     const std::scoped_lock guard(lock);
+    // Counted before any check: tests use the count to find superfluous calls.
     ++sets;
     stored_parameter* const p = find(id, value);
     if (p == nullptr)
@@ -153,6 +159,7 @@ void parameter_store::end_action()
     if (open_actions == 0 || --open_actions > 0 || !changed_in_action)
         return;
     undo_steps.push_back(std::move(before_action));
+    // A new step starts another history.
     redo_steps.clear();
 }
 
@@ -170,6 +177,7 @@ bool parameter_store::step(std::vector<parameters_by_id>& from, std::vector<para
     const std::scoped_lock guard(lock);
     if (from.empty())
         return false;
+    // Whole copies instead of differences: a document has a few dozen parameters.
     to.push_back(std::exchange(parameters, std::move(from.back())));
     from.pop_back();
     return true;

@@ -37,11 +37,12 @@ struct time_order
     bool operator()(const CMTime& a, const CMTime& b) const { return CMTimeCompare(a, b) < 0; }
 };
 
+/// One parameter, as the effect declared it and the user set it.
 struct stored_parameter
 {
     std::string name = {};
-    std::uint32_t flags = 0;
-    double min = 0.0; ///< bounds of sliders and of a popup's index; not used unless min < max
+    std::uint32_t flags = 0; ///< kFxParameterFlag bits
+    double min = 0.0;        ///< bounds of sliders and of a popup's index; not used unless min < max
     double max = 0.0;
     std::vector<std::string> entries = {}; ///< of a popup
     store_value default_value = {};
@@ -53,6 +54,7 @@ struct stored_parameter
 /// Whether the values and keyframes are equal.
 [[nodiscard]] bool same_values(const stored_parameter& a, const stored_parameter& b);
 
+/// In the order of the ids, which is the order of the inspector.
 using parameters_by_id = std::map<std::uint32_t, stored_parameter>;
 
 /// Any thread. A value has the type of its parameter: double for a float slider, and so on.
@@ -77,10 +79,12 @@ public:
     /// Actions nest. All changes within the outermost action are one undo step; an action without a change is none.
     void begin_action();
     void end_action();
+    /// Actions that have begun and not ended; 0 unless an effect forgot to end one.
     int get_open_actions() const;
     /// False when there is nothing to undo or redo. A new step discards the steps to redo.
     bool undo();
     bool redo();
+    /// The number of steps that can be undone.
     std::size_t get_undo_count() const;
 
     /// How often `set` was called, including calls that changed nothing or failed.
@@ -98,11 +102,11 @@ private:
     /// Puts the newest step of `from` in force and the current parameters onto `to`.
     bool step(std::vector<parameters_by_id>& from, std::vector<parameters_by_id>& to);
 
-    mutable std::recursive_mutex lock; // set opens an action
-    parameters_by_id parameters;
-    std::vector<parameters_by_id> undo_steps;
+    mutable std::recursive_mutex lock;        // set opens an action
+    parameters_by_id parameters;              ///< guarded by lock, like all that follows
+    std::vector<parameters_by_id> undo_steps; ///< all parameters before each step; the newest last
     std::vector<parameters_by_id> redo_steps;
-    parameters_by_id before_action;
+    parameters_by_id before_action; ///< when the outermost action began
     int open_actions = 0;
     bool changed_in_action = false;
     std::size_t sets = 0;

@@ -13,9 +13,11 @@ struct rgba_picture
 {
     std::size_t width = 0;
     std::size_t height = 0;
-    std::vector<float> rgba;
+    std::vector<float> rgba; ///< width x height x 4 values
 
+    /// No pixels.
     rgba_picture() = default;
+    /// All channels are 0, alpha too.
     rgba_picture(std::size_t width, std::size_t height)
         : width(width)
         , height(height)
@@ -38,6 +40,7 @@ struct picture_part
     std::size_t height = 0;
 };
 
+/// The pixel formats in which hosts give tiles to an effect.
 enum class surface_format
 {
     half,       ///< "RGhA", 8 bytes per pixel

@@ -49,8 +49,10 @@ public:
 
     /// The instance, an Objective-C object that this host owns; null before create_instance.
     void* get_plugin() const;
+    /// Valid as long as the host; may be changed behind the effect's back.
     parameter_store& get_parameters();
 
+    /// The timeline's current time; zero at first. Any thread.
     void set_playhead(CMTime time);
     CMTime get_playhead() const;
     /// From now on input time is timeline time plus this number of frames.
@@ -83,6 +85,7 @@ public:
     /// add_to_document.
     result<> read_document(const std::vector<std::uint8_t>& bytes);
 
+    /// Shared with the interfaces (simulator_core.h).
     struct core;
 
 private:

@@ -18,6 +18,7 @@ thread_local std::optional<CMTime> call_time;
 
 using effect = NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>;
 
+/// The plug-in with the methods that a host calls.
 effect* effect_of(const simulated_host::core& core) { return static_cast<effect*>(core.plugin); }
 
 /// Cuts a picture into square parts, row by row; those at the right and lower edge may be smaller.
@@ -42,6 +43,7 @@ result<> render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, 
         FxImageTile* const source = [make_tile(from, in, part) autorelease];
         FxImageTile* const destination = [make_tile(to, in, part) autorelease];
         NSArray* const sources = [NSArray arrayWithObject:source];
+        // The answers are not used: the source tile is the destination's part in any case.
         FxRect whole{}, wanted{};
         NSError* error = nil;
         const bool done = [plugin destinationImageRect:&whole
@@ -72,6 +74,7 @@ result<> render_part(effect* plugin, const rgba_picture& in, rgba_picture& out, 
 
 } // namespace
 
+// The previous time is kept, because calls nest: the effect may cause an edit while it answers one.
 call_time_guard::call_time_guard(CMTime time)
     : before(std::exchange(call_time, time))
 {
@@ -94,6 +97,7 @@ bool simulated_host::core::is_refused(NSString* protocol) const
 CMTime simulated_host::core::frames_later(CMTime time, int frames) const
 {
     const std::scoped_lock guard(lock);
+    // Also keeps indefinite and infinite times, which are no fractions, as they are.
     if (frames == 0)
         return time;
     // time + frames * denominator / numerator as one fraction, reduced so that the timescale fits 32 bits again.
@@ -150,6 +154,7 @@ result<> simulated_host::create_instance()
 {
     @autoreleasepool
     {
+        // An unknown class gives nil here and a failure without a reason of its own below.
         NSString* const name = [NSString stringWithUTF8String:impl->plugin_class.c_str()];
         effect* const plugin = [[NSClassFromString(name) alloc] initWithAPIManager:impl->manager];
         impl->plugin = plugin;
@@ -197,6 +202,7 @@ bool simulated_host::edit(std::uint32_t number, store_value value)
 {
     const CMTime time = get_playhead();
     const call_time_guard guard(time);
+    // The host has the new value before the effect is called, because the effect reads it from the host.
     if (!impl->store.set(number, time, std::move(value)))
         return false;
     @autoreleasepool
@@ -236,6 +242,7 @@ result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_o
         const call_time_guard guard(time);
         @autoreleasepool
         {
+            // Once per frame and before its tiles, on the caller's thread.
             NSData* state = nil;
             NSError* error = nil;
             [effect_of(*impl) pluginState:&state atTime:time quality:kFxQuality_HIGH error:&error];
@@ -243,9 +250,11 @@ result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_o
     }
     rgba_picture out(in.width, in.height);
     const std::vector<picture_part> parts = parts_of(in, options.side);
+    // The first part that no thread has taken.
     std::atomic<std::size_t> next = 0;
     std::mutex failed_mutex;
     result<> last_failed;
+    // Each thread makes its own guard: the call's time is thread-local.
     const auto work = [&]
     {
         const call_time_guard guard(time);
@@ -264,6 +273,7 @@ result<rgba_picture> simulated_host::render(const rgba_picture& in, const tile_o
         others.emplace_back(work);
     work();
     others.clear(); // joins them
+    // With several refused tiles, any one of their reasons will do.
     if (!last_failed)
         return std::move(last_failed).error();
     return out;
@@ -296,12 +306,14 @@ void simulated_host::core::run_analysis()
     {
         effect* const asked = effect_of(*this);
         CMTimeRange range{kCMTimeInvalid, kCMTimeInvalid};
+        // As of an input that is one hour long.
         const CMTimeRange everything{kCMTimeZero, CMTimeMake(3600, 1)};
         NSError* error = nil;
         bool done = [asked desiredAnalysisTimeRange:&range forInputWithTimeRange:everything error:&error] &&
                     [asked setupAnalysisForTimeRange:range frameDuration:range.duration error:&error];
         if (done)
         {
+            // Under the lock only while the frame is copied: the effect calls the host back.
             IOSurface* surface = nil;
             FxImageTile* tile = nil;
             {
@@ -314,6 +326,7 @@ void simulated_host::core::run_analysis()
             // A real host may also pass the frame before the wanted one.
             done = [asked analyzeFrame:tile atTime:frames_later(range.start, -1) error:&error] &&
                    [asked analyzeFrame:tile atTime:range.start error:&error];
+            // After a refused frame as well.
             [asked cleanupAnalysis:nullptr];
         }
         const std::scoped_lock guard(lock);
@@ -324,12 +337,14 @@ void simulated_host::core::run_analysis()
 
 result<> simulated_host::wait_for_analysis()
 {
+    // Joined without the lock, which the analysis itself takes at its end.
     if (impl->analysis.joinable())
         impl->analysis.join();
     const std::scoped_lock guard(impl->lock);
     return impl->analysis_result;
 }
 
+// Only the state, parameter 1, has a view.
 void* simulated_host::create_view() { return [effect_of(*impl) createViewForParameterID:1]; }
 
 } // namespace ov1

@@ -23,19 +23,20 @@ struct simulated_host::core
     id plugin = nil;  ///< retained
     id manager = nil; ///< retained
 
-    mutable std::mutex lock; ///< guards what follows
-    std::set<std::string> refused_interfaces;
+    mutable std::mutex lock;                  ///< guards what follows
+    std::set<std::string> refused_interfaces; ///< names of protocols
     CMTime playhead = kCMTimeZero;
-    int input_offset = 0; ///< in frames of the timeline
-    int rate_numerator = 30000;
+    int input_offset = 0;       ///< in frames of the timeline
+    int rate_numerator = 30000; ///< frames per second: numerator / denominator
     int rate_denominator = 1001;
-    rgba_picture frame;
+    rgba_picture frame; ///< what an analysis finds under the playhead
     surface_format frame_format = surface_format::half;
     bool refuse_analysis_locks = false;
     FxAnalysisState analysis_state = kFxAnalysisState_NotAnalyzing;
-    result<> analysis_result;
-    std::thread analysis;
+    result<> analysis_result; ///< of the last analysis that ended
+    std::thread analysis;     ///< joined before the next one and in the host's destructor
 
+    /// Whether refuse_interface named the protocol. Any thread.
     bool is_refused(NSString* protocol) const;
     /// The time plus a number of frames at the timeline's rate, reduced to lowest terms; 0 frames give the time itself.
     CMTime frames_later(CMTime time, int frames) const;

@@ -111,6 +111,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
     for (NSString* entry in entries)
         p.entries.push_back(text_of(entry));
     p.max = static_cast<double>(p.entries.size()) - 1; // bounds the index
+    // A default without an entry is a mistake of the effect.
     return defaultValue < p.entries.size() && core->store.declare(parameterID, std::move(p));
 }
 
@@ -130,6 +131,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
                       defaultValue:(NSObject<NSSecureCoding, NSCopying>*)defaultValue
                     parameterFlags:(FxParameterFlags)flags
 {
+    // Kept as an archive, as documents keep it: each read then decodes a new object.
     return core->store.declare(parameterID, described(name, flags, archive_value(defaultValue)));
 }
 
@@ -180,6 +182,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
     store_archive archive;
     if (!get<store_archive>(core->store, parameterID, time, &archive))
         return NO;
+    // The effect names the class that it expects, as for a document of a real host.
     const auto unarchived = unarchive_value(archive, [core->plugin classForCustomParameterID:parameterID]);
     *value = unarchived ? *unarchived : nil;
     return *value != nil;
@@ -199,6 +202,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (BOOL)setFloatValue:(double)value toParameter:(UInt32)parameterID atTime:(CMTime)time
 {
+    // The time is used only if the parameter has keyframes.
     return core->store.set(parameterID, time, value);
 }
 
@@ -277,6 +281,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (void)inputTime:(CMTime*)inputTime fromTimelineTime:(CMTime)time
 {
+    // A clip whose first frames are cut off: the input is ahead of the timeline.
     *inputTime = core->frames_later(time, core->input_offset);
 }
 
@@ -305,6 +310,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (BOOL)startForwardAnalysis:(FxAnalysisLocation)location error:(NSError**)error
 {
+    // The location, GPU or CPU, makes no difference here.
     if (core->start_analysis())
         return YES;
     if (error != nullptr)
@@ -314,6 +320,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
 
 - (BOOL)startBackwardAnalysis:(FxAnalysisLocation)location error:(NSError**)error
 {
+    // One frame has no direction.
     return [self startForwardAnalysis:location error:error];
 }
 
@@ -336,6 +343,7 @@ bool declare_slider(parameter_store& store, UInt32 id, stored_parameter p, doubl
     { [all setObject:[[[kind alloc] initWithCore:owner] autorelease] forKey:protocol]; };
     offer(@"FxParameterCreationAPI_v5", [simulator_parameter_creation class]);
     offer(@"FxParameterRetrievalAPI_v6", [simulator_parameter_retrieval class]);
+    // Version 6 extends version 5, so one class answers to both names.
     offer(@"FxParameterSettingAPI_v5", [simulator_parameter_setting class]);
     offer(@"FxParameterSettingAPI_v6", [simulator_parameter_setting class]);
     offer(@"FxCustomParameterActionAPI_v4", [simulator_actions class]);

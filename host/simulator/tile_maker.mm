@@ -15,6 +15,7 @@ namespace
 constexpr OSType half_code = 0x52476841;  // "RGhA"
 constexpr OSType float_code = 0x52476641; // "RGfA"
 
+/// Four channels of 2 or 4 bytes.
 std::size_t pixel_bytes(surface_format format) { return format == surface_format::half ? 8 : 16; }
 
 std::byte* row_of(IOSurface* surface, std::size_t y)
@@ -35,6 +36,7 @@ FxRect rect_of(const rgba_picture& picture, const picture_part& part)
 
 IOSurface* make_empty_surface(const picture_part& part, surface_format format, std::size_t padding)
 {
+    // IOSurface sets all bytes to zero, padding included.
     const std::size_t bytes = pixel_bytes(format);
     return [[IOSurface alloc]
         initWithShape:{part.width, part.height, format == surface_format::half ? half_code : float_code, bytes,

@@ -14,6 +14,7 @@
     for (Class allowed in classes)
         if ([object isKindOfClass:allowed])
             return object;
+    // An exception, as on macOS. A nil would mean that the key is missing.
     [NSException raise:NSInvalidUnarchiveOperationException
                 format:@"\"%@\" is of the class %@, which was not named", key, NSStringFromClass([object class])];
     return nil;
@@ -38,12 +39,14 @@ NSString* const root_key = @"value";
 
 std::vector<std::uint8_t> archive_value(archived_object* value)
 {
+    // No archive, instead of the archive of nothing.
     if (value == nil)
         return {};
     @autoreleasepool
     {
         NSMutableData* const data = [NSMutableData data];
         NSKeyedArchiver* const archiver = [[[NSKeyedArchiver alloc] initForWritingWithMutableData:data] autorelease];
+        // As a real host does: a class without secure coding fails here and not only on macOS.
         [archiver setRequiresSecureCoding:YES];
         [archiver encodeObject:value forKey:root_key];
         [archiver finishEncoding];
@@ -62,6 +65,7 @@ result<archived_object*> unarchive_value(const std::vector<std::uint8_t>& archiv
         {
             NSData* const data = [NSData dataWithBytes:archive.data() length:archive.size()];
             strict_unarchiver* const decoder = [[[strict_unarchiver alloc] initForReadingWithData:data] autorelease];
+            // Damaged bytes raise exceptions of several names; all of them mean the same here.
             [decoder setRequiresSecureCoding:YES];
             // Retained, to outlive the pool that also frees the decoder's temporary objects.
             value = [[decoder decodeObjectOfClass:expected forKey:root_key] retain];

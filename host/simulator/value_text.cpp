@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+/// The shortest text that reads back to the bit, in every locale. 32 characters hold any double.
 template <typename T>
 std::string number_text(T v)
 {
@@ -40,6 +41,7 @@ bool take_word(std::string_view& text, std::string_view word)
     return true;
 }
 
+/// One overload per type of store_value, so that a type without a text does not compile.
 struct writer
 {
     std::string operator()(double v) const { return "float " + number_text(v); }
@@ -74,11 +76,13 @@ std::optional<store_value> value_of_text(std::string_view text)
         read = c;
     else
         return std::nullopt;
+    // Something follows the value.
     if (!text.empty())
         return std::nullopt;
     return read;
 }
 
+// The four fields as they are: the fraction is not reduced, and the flags are kept.
 std::string text_of_time(CMTime time)
 {
     return number_text(time.value) + ' ' + number_text(time.timescale) + ' ' + number_text(time.flags) + ' ' +

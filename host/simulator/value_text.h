@@ -18,6 +18,7 @@ std::string text_of_value(const store_value& value);
 /// Nothing for any text that text_of_value does not write, numbers that are not finite included.
 std::optional<store_value> value_of_text(std::string_view text);
 
+/// All four fields, as they are.
 std::string text_of_time(CMTime time);
 /// Nothing for other texts and for a timescale that is not positive.
 std::optional<CMTime> time_of_text(std::string_view text);

@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+// Documents have some kilobytes; the limit refuses other files before they fill the memory.
 constexpr std::size_t document_limit = std::size_t{64} << 20; // bytes
 
 /// The parameters that a number can set. The three vectors have the same order.
@@ -28,10 +29,12 @@ settable_parameters settable(const parameter_store& store)
     for (const auto& [id, p] : store.copy())
     {
         parameter_info info{p.name, param_type::continuous, p.min, p.max, 0.0};
+        // The host has no bounds for a toggle; on the command line it is 0 or 1.
         if (std::holds_alternative<bool>(p.value))
             info = {p.name, param_type::boolean, 0.0, 1.0, 0.0};
         else if (std::holds_alternative<int>(p.value))
             info.type = param_type::integral;
+        // Colours and the state are not one number.
         else if (!std::holds_alternative<double>(p.value))
             continue;
         all.table.push_back(info);
@@ -41,6 +44,7 @@ settable_parameters settable(const parameter_store& store)
     return all;
 }
 
+/// The value in the type that the store demands.
 store_value value_like(const store_value& type, double value)
 {
     if (std::holds_alternative<bool>(type))
@@ -68,6 +72,7 @@ std::vector<failure> hosted_effect::open(const simulator_request& request)
     if (request.document)
         if (const auto read = read_document(*request.document); !read)
             return {read.error()};
+    // After the document is read, because the instance gets its state from there.
     host.add_to_document();
     return apply(request.settings);
 }
@@ -94,6 +99,7 @@ std::vector<failure> hosted_effect::apply(const std::vector<std::string>& settin
         else
             failures.push_back(read.error());
     }
+    // All settings or none.
     if (!failures.empty())
         return failures;
     for (const auto& [parameter, value] : assignments)

@@ -16,6 +16,7 @@ namespace ov1
 class hosted_effect
 {
 public:
+    /// Valid as long as this object.
     simulated_host& get() { return host; }
 
     /// Creates the instance, opens the document, adds the instance to it, then sets the values as the user's edits.
@@ -29,7 +30,9 @@ public:
     result<> save(const simulator_request& request);
 
 private:
+    /// The document's values for the host; a failure has the path as its subject.
     result<> read_document(const std::string& path);
+    /// Makes all settings, or none if one cannot be read.
     std::vector<failure> apply(const std::vector<std::string>& settings);
 
     simulated_host host;

@@ -15,6 +15,7 @@
 namespace
 {
 
+/// Installs the editor for this verb alone: `render` must work without a display.
 ov1::exit_code run_open(std::span<const std::string> arguments, ov1::console& out)
 {
 #if VERIDIAL_HAS_EDITOR

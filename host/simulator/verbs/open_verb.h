@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// Returns the program's exit code when the window is closed; failures are printed. Main thread.
 /// Install the editor first; without it the button does nothing.
 exit_code run_simulator_open(std::span<const std::string> arguments, console& out);
 

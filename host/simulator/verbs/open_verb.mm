@@ -56,8 +56,10 @@ exit_code show_inspector(const simulator_request& request, const std::optional<s
     hosted_effect effect;
     if (const auto failures = effect.open(request); !failures.empty())
         return fail(failures, out);
+    // What the effect's analysis finds: the editor shows it.
     effect.get().set_frame(file->picture, surface_format::half);
     {
+        // Destroyed before the results are written, so that no window stays on the screen meanwhile.
         inspector window(effect.get(), "Veridial");
         window.run();
     }
@@ -79,6 +81,7 @@ exit_code run_simulator_open(std::span<const std::string> arguments, console& ou
         std::optional<std::string> output;
         if (const auto end = parse(request, output, arguments, out))
             return *end;
+        // Checked here, because the toolkit would end the program without a reason that helps.
         if (std::getenv("DISPLAY") == nullptr)
             return fail(failure{failure_kind::unsupported, "open", "no window can be opened",
                                 "is there a desktop? DISPLAY names the X server"},

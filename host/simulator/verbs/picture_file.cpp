@@ -15,12 +15,14 @@ result<picture_file> read_picture(const std::string& path)
         return about(path, opened.error());
     const media::still_info& info = file.reader.info();
     file.picture = rgba_picture(info.width, info.height);
+    // One row at a time: only the host's picture is kept in memory as a whole.
     std::vector<argb_float> row(info.width);
     for (std::size_t y = 0; y < info.height; ++y)
     {
         file.reader.read_rows(y, 1, row.data());
         for (std::size_t x = 0; x < info.width; ++x)
         {
+            // From a, r, g, b to the host's order.
             const float rgba[] = {row[x].r, row[x].g, row[x].b, row[x].a};
             std::copy_n(rgba, 4, file.picture.pixel(x, y));
         }
@@ -37,6 +39,7 @@ result<> write_picture(const std::string& path, const picture_file& like, const 
         for (std::size_t i = 0; i < rows.size(); ++i)
         {
             const float* const p = picture.pixel(i % picture.width, y + i / picture.width);
+            // The alpha of the source; see the header.
             rows[i] = {like.picture.pixel(i % picture.width, y + i / picture.width)[3], p[0], p[1], p[2]};
         }
         return rows.data();

@@ -13,8 +13,8 @@ namespace ov1
 /// A decoded file. The picture has the code values as stored, also of linear files: the host passes them on unchanged.
 struct picture_file
 {
-    media::still_reader reader;
-    rgba_picture picture;
+    media::still_reader reader; ///< keeps format and metadata for write_picture
+    rgba_picture picture;       ///< of the reader's size
 };
 
 /// Failures have the path as their subject.

@@ -25,6 +25,7 @@ struct render_command
     tile_options tiles;
 };
 
+/// Reads the options that have a value into the command; returns all failures together.
 std::vector<failure> check(render_command& command)
 {
     option_reader reader;
@@ -68,6 +69,7 @@ exit_code render(const render_command& command, console& out)
     const auto file = read_picture(command.request.inputs[0]);
     if (!file)
         return fail(file.error(), out);
+    // After the picture: a file that cannot be read needs no instance.
     hosted_effect effect;
     if (const auto failures = effect.open(command.request); !failures.empty())
         return fail(failures, out);

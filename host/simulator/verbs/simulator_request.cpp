@@ -21,6 +21,7 @@ void add_simulator_options(argument_parser& parser, simulator_request& request)
 
 std::vector<failure> check_simulator_request(const simulator_request& request, std::span<const std::string> outputs)
 {
+    // Collected, so that the user sees all mistakes of a command line together.
     std::vector<failure> failures;
     if (request.inputs.size() != 1)
         failures.push_back({failure_kind::usage, {}, "one picture is needed", "veridial-host COMMAND PICTURE"});

@@ -16,11 +16,11 @@ namespace ov1
 /// As parsed; check_simulator_request checks it.
 struct simulator_request
 {
-    std::vector<std::string> inputs;
+    std::vector<std::string> inputs;          ///< exactly one is valid
     std::vector<std::string> settings;        ///< "Sky Strength=60"
     std::optional<std::string> document;      ///< opened at the start
     std::optional<std::string> save_document; ///< written at the end
-    bool overwrite = false;
+    bool overwrite = false;                   ///< replaces existing outputs
 };
 
 /// Declares the shared options. The request must outlive the parser.
