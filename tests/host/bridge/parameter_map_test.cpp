@@ -85,11 +85,5 @@ TEST_F(parameter_map, values_differ_only_if_their_floats_do)
     EXPECT_TRUE(host_differs(host_color{0.25, 0.5, 0.75, 0.5}, record(bridge_component::tint)));
 }
 
-TEST(host_flags, hiding_changes_one_bit)
-{
-    EXPECT_EQ(with_hidden(0x20200, true), 0x20202u);
-    EXPECT_EQ(with_hidden(0x20202, false), 0x20200u);
-}
-
 } // namespace
 } // namespace ov1

@@ -23,25 +23,6 @@ struct recording_rows : row_renderer
     mutable std::vector<argb_float> seen;
 };
 
-TEST(tile_format, a_format_code_must_match_its_pixel_size)
-{
-    const struct
-    {
-        std::uint32_t code;
-        std::size_t bytes;
-        std::optional<tile_format> wanted;
-    } rows[] = {{0x52476841, 8, tile_format::rgba_half},
-                {0x52476641, 16, tile_format::rgba_float},
-                {0x52476841, 16, std::nullopt},
-                {0x52476641, 8, std::nullopt},
-                {0x42475241, 4, std::nullopt}};
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.code);
-        EXPECT_EQ(tile_format_of({0, row.bytes, 4, 4, row.code}), row.wanted);
-    }
-}
-
 TEST(pixel_loops, halfs_are_limited_and_reordered_to_argb_and_the_result_is_not_limited)
 {
     const half_bits quiet_nan = 0x7e00;

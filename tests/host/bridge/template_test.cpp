@@ -98,26 +98,20 @@ TEST_F(template_writer, writes_document_and_thumbnails_into_a_new_folder)
 
 TEST_F(template_writer, reports_what_is_missing)
 {
-    using enum bundle_facts::listing;
     const struct
     {
-        bundle_facts::listing plugin;
         std::optional<std::string> path;
         const char* folder;
         const char* message;
     } rows[] = {
-        {no_properties, bundle.path, "", "Failed to retrieve bundle properties."},
-        {no_list, bundle.path, "", "Failed to retrieve ProPlugPlugInList Array from plist."},
-        {no_entry, bundle.path, "", "Failed to retrieve ProPlugPlugInList Dictionary from plist Array."},
-        {no_uuid, bundle.path, "", "Failed to retrieve uuid property from plist."},
-        {complete, std::nullopt, "", "Failed to retrieve plugin path."},
-        {complete, "/nowhere", "", "Failed to copy small thumbnail image."},
-        {complete, bundle.path, "/not/there", "Failed to copy small thumbnail image."},
+        {std::nullopt, "", "Failed to retrieve plugin path."},
+        {"/nowhere", "", "Failed to copy small thumbnail image."},
+        {bundle.path, "/not/there", "Failed to copy small thumbnail image."},
     };
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.message);
-        EXPECT_EQ(reason({row.path, row.plugin, "0F1E"}, folder.path + row.folder), row.message);
+        EXPECT_EQ(reason({row.path, bundle.plugin, "0F1E"}, folder.path + row.folder), row.message);
     }
     folder.with_file("in the way/Veridial.moef/a folder", "");
     EXPECT_EQ(reason(bundle, folder / "in the way"), "Error creating target xml file.");

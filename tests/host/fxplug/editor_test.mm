@@ -82,15 +82,6 @@ TEST_F(bridge_editor, without_a_frame_it_does_not_open_and_the_next_press_works)
     }
 }
 
-TEST_F(bridge_editor, without_timing_the_analysis_gets_error_29)
-{
-    host.refuse_interface("FxTimingAPI_v4");
-    CMTimeRange range{};
-    NSError* error = nil;
-    EXPECT_FALSE([plugin() desiredAnalysisTimeRange:&range forInputWithTimeRange:{} error:&error]);
-    EXPECT_EQ([error code], 29);
-}
-
 TEST_F(bridge_editor, an_analysed_frame_is_captured_only_when_it_was_requested)
 {
     FxImageTile* const unsupported =

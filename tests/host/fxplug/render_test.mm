@@ -28,17 +28,27 @@ FxImageTile* tile_of(surface_shape shape)
     return [[[FxImageTile alloc] initWithSurface:surface tileBounds:{} imageBounds:{} origin:2] autorelease];
 }
 
-using render = bridge_fixture;
+struct render : bridge_fixture
+{
+    bool run(FxImageTile* destination, FxImageTile* source, NSError** error)
+    {
+        return [plugin() renderDestinationImage:destination
+                                   sourceImages:@[ source ]
+                                    pluginState:nil
+                                         atTime:kCMTimeZero
+                                          error:error];
+    }
+};
 
 TEST_F(render, half_tiles_are_graded_in_rgba_and_float_tiles_in_memory_order)
 {
     const rgba_picture in = random_picture(97, 61);
-    for (const bool is_half : {true, false})
+    for (const auto& [is_half, side] : {std::pair{true, 32u}, {false, 32u}, {true, 0u}, {false, 97u}, {true, 1u}})
     {
-        SCOPED_TRACE(is_half);
+        SCOPED_TRACE(side);
         rgba_picture expected(97, 61);
         const auto format = is_half ? surface_format::half : surface_format::full_float;
-        const auto out = host.render(in, {.format = format, .side = 32, .padding = 48, .threads = 3});
+        const auto out = host.render(in, {.format = format, .side = side, .padding = 48, .threads = 3});
         ASSERT_TRUE(out) << out.error().reason;
         for (std::size_t i = 0; i < in.rgba.size(); i += 4)
         {
@@ -97,22 +107,13 @@ TEST_F(render, tiles_that_differ_or_have_another_format_are_refused_with_a_code)
         SCOPED_TRACE(row.name);
         FxImageTile *const source = tile_of(row.source), *const destination = tile_of(row.destination);
         NSError* error = nil;
-        EXPECT_EQ([plugin() renderDestinationImage:destination
-                                      sourceImages:@[ source ]
-                                       pluginState:nil
-                                            atTime:kCMTimeZero
-                                             error:&error],
-                  row.code == 0);
+        EXPECT_EQ(run(destination, source, &error), row.code == 0);
         EXPECT_EQ([error code], row.code);
         if (row.code != 0)
         {
             EXPECT_STREQ([[error localizedDescription] UTF8String], row.description);
             EXPECT_TRUE([[error domain] isEqualToString:FxPlugErrorDomain]);
-            EXPECT_FALSE([plugin() renderDestinationImage:destination
-                                             sourceImages:@[ source ]
-                                              pluginState:nil
-                                                   atTime:kCMTimeZero
-                                                    error:NULL]);
+            EXPECT_FALSE(run(destination, source, NULL));
         }
         else
             EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
@@ -124,21 +125,13 @@ TEST_F(render, a_destination_without_a_lock_fails_and_a_source_without_one_is_sk
 {
     FxImageTile *const source = tile_of({8, 4, half_code, 8, 64}), *const destination =
                                                                        tile_of({8, 4, half_code, 8, 64});
-    const auto run = [&](NSError** error)
-    {
-        return [plugin() renderDestinationImage:destination
-                                   sourceImages:@[ source ]
-                                    pluginState:nil
-                                         atTime:kCMTimeZero
-                                          error:error];
-    };
     NSError* error = nil;
     [[destination ioSurface] refuseLocks:YES];
-    EXPECT_FALSE(run(&error));
+    EXPECT_FALSE(run(destination, source, &error));
     EXPECT_TRUE(error == nil);
     [[destination ioSurface] refuseLocks:NO];
     [[source ioSurface] refuseLocks:YES];
-    EXPECT_TRUE(run(&error));
+    EXPECT_TRUE(run(destination, source, &error));
     EXPECT_EQ([[source ioSurface] openLocks] + [[destination ioSurface] openLocks], 0);
 }
 

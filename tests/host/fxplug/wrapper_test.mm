@@ -6,6 +6,10 @@
 #include "host/bridge/parameter_map.h"
 #include "host/simulator/value_archive.h"
 
+// GNUstep's count of living objects; its header declares it for debug builds only.
+extern "C" BOOL GSDebugAllocationActive(BOOL active);
+extern "C" int GSDebugAllocationCount(Class kind);
+
 namespace ov1
 {
 namespace
@@ -34,13 +38,17 @@ TEST_F(wrapper, declares_the_state_and_every_parameter)
     ASSERT_EQ(declared.size(), 7u);
     EXPECT_EQ(declared.at(1).name, "State");
     EXPECT_EQ(declared.at(1).flags, 0x41u);
+    EXPECT_EQ(declared.at(2).min, -50);
     EXPECT_EQ(declared.at(3).entries.size(), 15u);
+    EXPECT_EQ(declared.at(4).max, 18);
+    for (const host_declaration& p : declare_parameters(*component()))
+    {
+        const stored_parameter& got = declared.at(static_cast<std::uint32_t>(p.id));
+        EXPECT_EQ(got.name, p.name);
+        EXPECT_EQ(got.flags, p.flags);
+    }
     EXPECT_EQ(declared.at(3).default_value, store_value(2)) << "an index";
-    EXPECT_EQ(declared.at(4).default_value, store_value(5));
-    EXPECT_EQ(declared.at(5).default_value, store_value(true));
-    EXPECT_EQ(declared.at(6).flags, 0x400u);
     EXPECT_EQ(declared.at(6).default_value, store_value(store_color{0.25, 0.5, 0.75, 1}));
-    EXPECT_EQ(declared.at(7).flags, 2u);
     EXPECT_EQ(state_payload(), component()->get_state()) << "a new value carries the default state alone";
     EXPECT_TRUE([plugin() classForCustomParameterID:1] == [fcpx_state_param class]);
     EXPECT_TRUE([plugin() classForCustomParameterID:2] == Nil);
@@ -63,25 +71,22 @@ TEST(wrapper_without_creation, reports_code_14_and_declares_nothing)
     EXPECT_FALSE([plugin addParametersWithError:NULL]) << "the host need not ask for the error";
 }
 
-TEST_F(wrapper, properties_are_eight_fixed_answers)
+TEST_F(wrapper, adopts_the_effects_protocols_and_has_eight_properties)
 {
+    NSObject<FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>* const effect = plugin();
     NSDictionary* properties = nil;
-    ASSERT_TRUE([plugin() properties:&properties error:NULL]);
-    const struct
-    {
-        NSString* key;
-        int value;
-    } rows[] = {{@"IsThreadSafe", 1},
-                {@"MayRemapTime", 1},
-                {@"UsesRationalTime", 1},
-                {@"DesiredProcessingColorInfo", 2},
-                {@"VariesWhenParamsAreStatic", 0},
-                {@"NeedsFullBuffer", 1},
-                {@"PreservesAlpha", 1},
-                {@"ChangesOutputSize", 0}};
-    EXPECT_EQ([properties count], std::size(rows));
-    for (const auto& row : rows)
-        EXPECT_EQ([[properties objectForKey:row.key] intValue], row.value) << [row.key UTF8String];
+    ASSERT_TRUE([effect properties:&properties error:NULL]);
+    NSDictionary* const expected = @{
+        @"IsThreadSafe" : @1,
+        @"MayRemapTime" : @1,
+        @"UsesRationalTime" : @1,
+        @"DesiredProcessingColorInfo" : @2,
+        @"VariesWhenParamsAreStatic" : @0,
+        @"NeedsFullBuffer" : @1,
+        @"PreservesAlpha" : @1,
+        @"ChangesOutputSize" : @0
+    };
+    EXPECT_TRUE([properties isEqual:expected]);
 }
 
 TEST_F(wrapper, edits_in_the_inspector_reach_the_component_as_edits)
@@ -143,10 +148,7 @@ TEST_F(wrapper, a_pushed_state_never_repeats_and_restores_all_values)
     ASSERT_TRUE([plugin() pushState]);
     const auto one = state_payload();
     ASSERT_TRUE([plugin() pushState]);
-    const auto other = state_payload();
-    EXPECT_EQ(one.size(), component()->get_state_size() + 16);
-    EXPECT_EQ(other.size(), one.size());
-    EXPECT_NE(one, other);
+    EXPECT_NE(state_payload(), one);
     EXPECT_EQ(host.get_parameters().get_undo_count(), 2u) << "each push is an undo step for the user";
     set(bridge_component::amount, param_cell::of(1.0f));
     [plugin() pullState];
@@ -187,26 +189,6 @@ TEST_F(wrapper, a_value_that_replaces_an_older_parameter_reaches_the_host)
     EXPECT_EQ(value(bridge_component::amount).as_continuous(), 77.0f) << "the host's values do not undo it";
 }
 
-TEST_F(wrapper, a_document_opens_in_another_host_as_it_was)
-{
-    set(bridge_component::amount, param_cell::of(0.1f));
-    ASSERT_TRUE([plugin() pushState]);
-    [plugin() synchronizeHostParameters];
-    host.get_parameters().set_keyframe(7, CMTimeMake(1001, 30000), 0.125);
-    const auto document = host.write_document();
-    ASSERT_TRUE(document);
-
-    simulated_host other;
-    ASSERT_TRUE(other.create_instance());
-    ASSERT_TRUE(other.read_document(*document));
-    other.add_to_document();
-    auto* const opened = static_cast<fcp_wrapper_veridialfcpx_3_7_0_0*>(other.get_plugin());
-    EXPECT_EQ([opened getComponent]->get_state(), component() -> get_state());
-    const auto saved = host.get_parameters().copy();
-    for (const auto& [number, p] : other.get_parameters().copy())
-        EXPECT_TRUE(same_values(p, saved.at(number))) << number;
-}
-
 TEST_F(wrapper, without_an_interface_its_operations_do_nothing)
 {
     for (const char* name : {"FxCustomParameterActionAPI_v4", "FxParameterRetrievalAPI_v6", "FxParameterSettingAPI_v5"})
@@ -228,7 +210,7 @@ TEST_F(wrapper, without_an_interface_its_operations_do_nothing)
     EXPECT_EQ(host.get_parameters().get_open_actions(), 0);
 }
 
-TEST(state_value, is_always_equal_never_blended_and_decodes_strictly)
+TEST(state_value, is_always_equal_never_blended_and_decoded_as_it_was)
 {
     const pool_guard pool;
     [fcpx_state_param setDefaultState:{1, 2, 3}];
@@ -244,7 +226,28 @@ TEST(state_value, is_always_equal_never_blended_and_decodes_strictly)
     const auto back = unarchive_value(archive_value(one), [fcpx_state_param class]);
     ASSERT_TRUE(back) << back.error().reason;
     EXPECT_TRUE([static_cast<fcpx_state_param*>(*back).data isEqualToData:one.data]);
-    EXPECT_FALSE(unarchive_value(archive_value(one), [NSData class])) << "the decoder is strict";
+}
+
+TEST(instances, release_every_object)
+{
+    const pool_guard pool;
+    GSDebugAllocationActive(YES);
+    for (int i = 0; i < 1000; ++i)
+    {
+        const pool_guard of_one;
+        simulated_host host;
+        ASSERT_TRUE(host.create_instance());
+        ASSERT_EQ(GSDebugAllocationCount([fcp_wrapper_veridialfcpx_3_7_0_0 class]), 1);
+        host.add_to_document();
+        [static_cast<id>(host.get_plugin()) pushState];
+        ASSERT_TRUE(i % 10 > 0 || host.render(rgba_picture(8, 8)));
+        if (i % 10 == 5)
+            [static_cast<id>(host.get_plugin()) handleGUIButton]; // then released before the frame has arrived
+    }
+    for (const char* name : {"fcp_wrapper_veridialfcpx_3_7_0_0", "fcpx_state_param", "idle_timer_target", "FxImageTile",
+                             "IOSurface", "simulator_api_manager", "strict_unarchiver"})
+        EXPECT_EQ(GSDebugAllocationCount(NSClassFromString([NSString stringWithUTF8String:name])), 0) << name;
+    GSDebugAllocationActive(NO);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
-// The simulated host with a small effect written for these tests.
+// The simulated host, with an effect that records the calls it gets.
 #include "host/simulator/simulated_host.h"
 
-#include "support/pool_guard.h"
+#include "support/bridge_fixture.h"
 
 #import <FxPlug/protocol_records.h>
 
@@ -20,13 +20,12 @@ namespace
 struct effect_log
 {
     std::mutex lock;
-    std::vector<FxRect> tiles;                              ///< that were rendered
-    std::vector<std::pair<UInt32, CMTime>> changed;         ///< parameter and currentTime of the call
-    std::vector<CMTime> analysed;                           ///< times of analysed frames
-    std::set<std::int64_t> render_times;                    ///< values of currentTime during renders
-    CMTimeRange wanted{{5, 30, kCMTimeFlags_Valid, 0}, {}}; ///< answer to the analysis
-    std::function<void()> on_tile;                          ///< called for each tile, with the lock held
-    SInt32 refused_left = -1;                               ///< tiles that begin in this column fail
+    std::vector<FxRect> tiles;                      ///< that were rendered
+    std::vector<std::pair<UInt32, CMTime>> changed; ///< parameter and currentTime of the call
+    std::vector<CMTime> analysed;                   ///< times of analysed frames
+    std::set<std::int64_t> render_times;            ///< values of currentTime during renders
+    std::function<void()> on_tile;                  ///< called for each tile, with the lock held
+    SInt32 refused_left = -1;                       ///< tiles that begin in this column fail
 };
 
 effect_log* current_log = nullptr;
@@ -34,77 +33,11 @@ effect_log* current_log = nullptr;
 } // namespace
 } // namespace ov1
 
-/// Doubles every pixel of half tiles without padding; declares the float sliders 1 and 2.
-@interface doubling_effect : NSObject <FxTileableEffect, FxCustomParameterViewHost_v2, FxAnalyzer>
-{
-    id<PROAPIAccessing> manager; // not retained
-}
+/// The plug-in class, with its answers to renders, edits and analyses replaced by entries in the log.
+@interface recording_effect : fcp_wrapper_veridialfcpx_3_7_0_0
 @end
 
-@implementation doubling_effect
-
-- (instancetype)initWithAPIManager:(id<PROAPIAccessing>)apiManager
-{
-    if ((self = [super init]))
-        manager = apiManager;
-    return self;
-}
-
-- (BOOL)addParametersWithError:(NSError**)error
-{
-    id<FxParameterCreationAPI_v5> const api = [manager apiForProtocol:@protocol(FxParameterCreationAPI_v5)];
-    for (const UInt32 number : {1u, 2u})
-        if (![api addFloatSliderWithName:@"Slider"
-                             parameterID:number
-                            defaultValue:0
-                            parameterMin:0
-                            parameterMax:10
-                               sliderMin:0
-                               sliderMax:10
-                                   delta:1
-                          parameterFlags:0])
-            return NO;
-    return YES;
-}
-
-- (BOOL)properties:(NSDictionary**)properties error:(NSError**)error
-{
-    *properties = [NSDictionary dictionary];
-    return YES;
-}
-
-- (BOOL)pluginState:(NSData**)pluginState
-             atTime:(CMTime)renderTime
-            quality:(FxQuality)qualityLevel
-              error:(NSError**)error
-{
-    *pluginState = nil;
-    return YES;
-}
-
-- (BOOL)destinationImageRect:(FxRect*)destinationImageRect
-                sourceImages:(NSArray*)sourceImages
-            destinationImage:(FxImageTile*)destinationImage
-                 pluginState:(NSData*)pluginState
-                      atTime:(CMTime)renderTime
-                       error:(NSError**)outError
-{
-    *destinationImageRect = [destinationImage imagePixelBounds];
-    return YES;
-}
-
-- (BOOL)sourceTileRect:(FxRect*)sourceTileRect
-       sourceImageIndex:(NSUInteger)sourceImageIndex
-           sourceImages:(NSArray*)sourceImages
-    destinationTileRect:(FxRect)destinationTileRect
-       destinationImage:(FxImageTile*)destinationImage
-            pluginState:(NSData*)pluginState
-                 atTime:(CMTime)renderTime
-                  error:(NSError**)outError
-{
-    *sourceTileRect = destinationTileRect;
-    return YES;
-}
+@implementation recording_effect
 
 - (BOOL)renderDestinationImage:(FxImageTile*)destinationImage
                   sourceImages:(NSArray*)sourceImages
@@ -113,47 +46,33 @@ effect_log* current_log = nullptr;
                          error:(NSError**)outError
 {
     const FxRect tile = [destinationImage tilePixelBounds];
-    id<FxCustomParameterActionAPI_v4> const action = [manager apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
+    id<FxCustomParameterActionAPI_v4> const action =
+        [[self getApiManager] apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
     const std::scoped_lock guard(ov1::current_log->lock);
     ov1::current_log->tiles.push_back(tile);
     if (ov1::current_log->on_tile)
         ov1::current_log->on_tile();
     ov1::current_log->render_times.insert([action currentTime].value);
-    if (tile.left == ov1::current_log->refused_left)
-    {
-        NSDictionary* const info = [NSDictionary dictionaryWithObject:@"out of paint" forKey:NSLocalizedDescriptionKey];
-        *outError = [NSError errorWithDomain:FxPlugErrorDomain code:6 userInfo:info];
-        return NO;
-    }
-    IOSurface* const from = [static_cast<FxImageTile*>([sourceImages objectAtIndex:0]) ioSurface];
-    const auto* const in = static_cast<const float*>([from pixels]);
-    auto* const out = static_cast<float*>([[destinationImage ioSurface] pixels]);
-    std::transform(in, in + 4 * [from shape].width * [from shape].height, out, [](float v) { return 2 * v; });
-    return YES;
+    if (tile.left != ov1::current_log->refused_left)
+        return YES;
+    NSDictionary* const info = [NSDictionary dictionaryWithObject:@"out of paint" forKey:NSLocalizedDescriptionKey];
+    *outError = [NSError errorWithDomain:FxPlugErrorDomain code:6 userInfo:info];
+    return NO;
 }
 
 - (BOOL)parameterChanged:(UInt32)paramID atTime:(CMTime)time error:(NSError**)error
 {
-    id<FxCustomParameterActionAPI_v4> const action = [manager apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
+    id<FxCustomParameterActionAPI_v4> const action =
+        [[self getApiManager] apiForProtocol:@protocol(FxCustomParameterActionAPI_v4)];
     ov1::current_log->changed.emplace_back(paramID, [action currentTime]);
     return YES;
-}
-
-- (NSView*)createViewForParameterID:(UInt32)parameterID NS_RETURNS_RETAINED
-{
-    return nil;
 }
 
 - (BOOL)desiredAnalysisTimeRange:(CMTimeRange*)desiredRange
            forInputWithTimeRange:(CMTimeRange)inputTimeRange
                            error:(NSError**)error
 {
-    *desiredRange = ov1::current_log->wanted;
-    return YES;
-}
-
-- (BOOL)setupAnalysisForTimeRange:(CMTimeRange)analysisRange frameDuration:(CMTime)frameDuration error:(NSError**)error
-{
+    *desiredRange = {{5, 30, kCMTimeFlags_Valid, 0}, {}};
     return YES;
 }
 
@@ -161,16 +80,6 @@ effect_log* current_log = nullptr;
 {
     ov1::current_log->analysed.push_back(frameTime);
     return YES;
-}
-
-- (BOOL)cleanupAnalysis:(NSError**)error
-{
-    return YES;
-}
-
-- (id<PROAPIAccessing>)manager
-{
-    return manager;
 }
 
 @end
@@ -189,21 +98,15 @@ struct simulated : ::testing::Test
         EXPECT_TRUE(created) << created.error().reason;
     }
 
-    id<PROAPIAccessing> manager() { return [static_cast<doubling_effect*>(host.get_plugin()) manager]; }
+    id<PROAPIAccessing> manager() { return [static_cast<recording_effect*>(host.get_plugin()) getApiManager]; }
 
     pool_guard pool;
     effect_log log;
-    simulated_host host{"doubling_effect"};
+    simulated_host host{"recording_effect"};
 };
 
 TEST_F(simulated, tiles_of_any_size_cover_the_picture_once)
 {
-    rgba_picture in(13, 9), doubled(13, 9);
-    for (std::size_t i = 0; i < in.rgba.size(); ++i)
-    {
-        in.rgba[i] = static_cast<float>(i);
-        doubled.rgba[i] = 2 * in.rgba[i];
-    }
     const struct
     {
         std::size_t side;
@@ -214,10 +117,7 @@ TEST_F(simulated, tiles_of_any_size_cover_the_picture_once)
     {
         SCOPED_TRACE(row.side);
         log.tiles.clear();
-        const auto out = host.render(
-            in, {.format = surface_format::full_float, .side = row.side, .padding = 0, .threads = row.threads});
-        ASSERT_TRUE(out) << out.error().reason;
-        EXPECT_TRUE(*out == doubled);
+        ASSERT_TRUE(host.render(rgba_picture(13, 9), {.side = row.side, .threads = row.threads}));
         EXPECT_EQ(log.tiles.size(), row.tiles);
         SInt32 pixels = 0;
         for (const FxRect& tile : log.tiles)
@@ -229,7 +129,7 @@ TEST_F(simulated, tiles_of_any_size_cover_the_picture_once)
 TEST_F(simulated, one_refused_tile_fails_the_render_with_the_effects_reason)
 {
     log.refused_left = 4;
-    const auto out = host.render(rgba_picture(13, 9), {.format = surface_format::full_float, .side = 4, .padding = 0});
+    const auto out = host.render(rgba_picture(13, 9), {.side = 4});
     ASSERT_FALSE(out);
     EXPECT_EQ(out.error().kind, failure_kind::unsupported);
     EXPECT_EQ(out.error().reason, "out of paint");
@@ -241,10 +141,10 @@ TEST_F(simulated, current_time_is_the_calls_time_on_every_thread_else_the_playhe
 {
     host.set_playhead(CMTimeMake(7, 30));
     log.on_tile = [&] { host.set_playhead(CMTimeMake(8, 30)); }; // the user plays on during the render
-    ASSERT_TRUE(host.render(rgba_picture(8, 8), {.format = surface_format::full_float, .side = 1, .padding = 0}));
+    ASSERT_TRUE(host.render(rgba_picture(8, 8), {.side = 1}));
     EXPECT_EQ(log.render_times, std::set<std::int64_t>{7});
     EXPECT_EQ(host.get_playhead().value, 8);
-    EXPECT_TRUE(host.edit(1, 3.0));
+    EXPECT_TRUE(host.edit(2, 3.0));
     ASSERT_EQ(log.changed.size(), 1u);
     EXPECT_EQ(CMTimeCompare(log.changed[0].second, CMTimeMake(8, 30)), 0);
 }
@@ -252,15 +152,15 @@ TEST_F(simulated, current_time_is_the_calls_time_on_every_thread_else_the_playhe
 TEST_F(simulated, undo_and_redo_report_the_changed_parameters_only)
 {
     EXPECT_FALSE(host.undo() || host.redo());
-    EXPECT_TRUE(host.edit(1, 3.0) && host.edit(2, 4.0));
-    EXPECT_FALSE(host.edit(3, 1.0)) << "an unknown parameter";
-    EXPECT_FALSE(host.edit(2, true)) << "another type";
+    EXPECT_TRUE(host.edit(2, 3.0) && host.edit(7, 0.25));
+    EXPECT_FALSE(host.edit(8, 1.0)) << "an unknown parameter";
+    EXPECT_FALSE(host.edit(7, true)) << "another type";
     log.changed.clear();
     ASSERT_TRUE(host.undo() && host.undo() && host.redo());
     std::vector<UInt32> ids;
     for (const auto& [id, time] : log.changed)
         ids.push_back(id);
-    EXPECT_EQ(ids, (std::vector<UInt32>{2, 1, 1}));
+    EXPECT_EQ(ids, (std::vector<UInt32>{7, 2, 2}));
 }
 
 TEST_F(simulated, an_analysis_gets_the_frame_before_and_the_wanted_one)
@@ -318,26 +218,16 @@ TEST_F(simulated, a_slider_outside_its_bounds_or_without_a_step_is_refused)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.name);
-        const BOOL of_floats = [api addFloatSliderWithName:@"F"
-                                               parameterID:number++
-                                              defaultValue:5
-                                              parameterMin:0
-                                              parameterMax:10
-                                                 sliderMin:row.slider_min
-                                                 sliderMax:row.slider_max
-                                                     delta:row.delta
-                                            parameterFlags:0];
-        const BOOL of_integers = [api addIntSliderWithName:@"I"
-                                               parameterID:number++
-                                              defaultValue:5
-                                              parameterMin:0
-                                              parameterMax:10
-                                                 sliderMin:row.slider_min
-                                                 sliderMax:row.slider_max
-                                                     delta:row.delta
-                                            parameterFlags:0];
-        EXPECT_EQ(of_floats, row.accepted);
-        EXPECT_EQ(of_integers, row.accepted);
+        const BOOL accepted = [api addIntSliderWithName:@"I"
+                                            parameterID:number++
+                                           defaultValue:5
+                                           parameterMin:0
+                                           parameterMax:10
+                                              sliderMin:row.slider_min
+                                              sliderMax:row.slider_max
+                                                  delta:row.delta
+                                         parameterFlags:0];
+        EXPECT_EQ(accepted, row.accepted);
     }
 }
 
@@ -345,13 +235,13 @@ TEST_F(simulated, a_value_of_another_type_is_refused_and_leaves_the_output)
 {
     id<FxParameterRetrievalAPI_v6> const retrieval = [manager() apiForProtocol:@protocol(FxParameterRetrievalAPI_v6)];
     int whole = 7;
-    EXPECT_FALSE([retrieval getIntValue:&whole fromParameter:1 atTime:kCMTimeZero]);
+    EXPECT_FALSE([retrieval getIntValue:&whole fromParameter:2 atTime:kCMTimeZero]);
     EXPECT_EQ(whole, 7);
     double number = 7;
     EXPECT_FALSE([retrieval getFloatValue:&number fromParameter:99 atTime:kCMTimeZero]);
-    EXPECT_FALSE([retrieval getFloatValue:NULL fromParameter:1 atTime:kCMTimeZero]);
-    EXPECT_TRUE([retrieval getFloatValue:&number fromParameter:1 atTime:kCMTimeZero]);
-    EXPECT_EQ(number, 0);
+    EXPECT_FALSE([retrieval getFloatValue:NULL fromParameter:2 atTime:kCMTimeZero]);
+    EXPECT_TRUE([retrieval getFloatValue:&number fromParameter:2 atTime:kCMTimeZero]);
+    EXPECT_EQ(number, 12.5);
 }
 
 } // namespace
