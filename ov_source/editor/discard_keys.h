@@ -20,6 +20,7 @@ public:
     discard_keys(const discard_keys&) = delete;
     discard_keys& operator=(const discard_keys&) = delete;
 
+    /// Consumes the second press only. Repeats of a held key do not count.
     void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* frame) override;
 
 private:
@@ -27,6 +28,7 @@ private:
 
     VSTGUI::CFrame& frame;
     const std::function<void()> on_discard;
+    /// Time of the first press of a pair; the clock's epoch at the beginning and after a pair.
     clock::time_point last_escape;
 };
 

@@ -24,6 +24,7 @@ bool show_alert(void*, const std::string& title, const std::string& message, con
         std::fprintf(stderr, "%s: %s\n", title.c_str(), message.c_str());
         return false;
     }
+    // An alert comes without a component whose host could say the language.
     return editor_dialogs(*frame, read_user_environment().language)
         .ask_and_wait({title, message, first_button, second_button});
 }
@@ -32,6 +33,7 @@ bool show_alert(void*, const std::string& title, const std::string& message, con
 
 editor_guard::editor_guard()
 {
+    // Only the alert is replaced: the other services stay as they are.
     desktop_services services = *get_desktop_services();
     services.show_alert = show_alert;
     install_desktop_services(services);

@@ -17,6 +17,7 @@ public:
     editor_guard& operator=(const editor_guard&) = delete;
 
 private:
+    /// Set up first and removed last: the editors need it.
     toolkit_guard toolkit;
 };
 

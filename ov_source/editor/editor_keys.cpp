@@ -21,6 +21,7 @@ editor_keys::~editor_keys() noexcept { frame.unregisterKeyboardHook(this); }
 
 void editor_keys::onKeyboardEvent(KeyboardEvent& event, CFrame*)
 {
+    // A text field needs its letters, and an open question gets all keys.
     if (event.consumed || frame.getModalView() || dynamic_cast<CTextEdit*>(frame.getFocusView()))
         return;
     if (const auto action = find_key_action(event))

@@ -20,6 +20,7 @@ public:
     editor_keys(const editor_keys&) = delete;
     editor_keys& operator=(const editor_keys&) = delete;
 
+    /// Consumes the event if on_action has handled its action. Keys without an action pass.
     void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* frame) override;
 
 private:

@@ -12,14 +12,17 @@ namespace ov1
 namespace
 {
 
+// Names in the user's settings. A value that was kept under another name would be forgotten.
 constexpr const char* size_key = "editor window size";
 constexpr const char* split_key = "editor split";
 constexpr const char* shows_scopes_key = "editor shows scopes";
 constexpr const char* scopes_key = "editor scopes";
 constexpr const char* folder_key = "editor last folder";
+// In screen pixels, beyond every screen: a damaged setting must not ask for a huge window.
 constexpr int largest_length = 16384;
 
 template <typename T>
+/// Whether the whole text is a number, with a point in every locale. The value may be changed otherwise too.
 bool read(std::string_view text, T& value)
 {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -49,6 +52,7 @@ editor_memory recall_editor_memory()
     double split = 0;
     if (settings.get_string(size_key, text))
         read_size(text, memory);
+    // The comparisons also refuse NaN.
     if (settings.get_string(split_key, text) && read(text, split) && split >= 0 && split <= 1)
         memory.split = split;
     if (settings.get_string(shows_scopes_key, text))

@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+/// Defaults are those of the first session.
 struct editor_memory
 {
     int window_width = 0; ///< in screen pixels; 0: the size that suits the screen

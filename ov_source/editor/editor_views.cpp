@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr std::int32_t preview_scroll_style = 0x43;
+// All lengths are in points.
 constexpr CCoord scrollbar_width = 12;
 constexpr CCoord preview_bar_height = 34;
 constexpr CCoord scopes_width = 260;
@@ -50,6 +51,7 @@ void colour_scrollbars(const CScrollView& view)
 void add_preview(CFrame& frame, editor_views& views, const CRect& place, const editor_views_owner& owner)
 {
     views.preview = new COVImagePreview<veridial_ui>(place, owner.component);
+    // In the order of drawing: the bar lies over the preview and is added after it.
     views.preview->set_split(owner.memory.split);
     views.preview_scroller = new COVScrollView(place, place, preview_scroll_style);
     views.preview_scroller->setBackgroundColor(kBlackCColor);
@@ -66,6 +68,7 @@ void add_scopes(CFrame& frame, editor_views& views, double height, const editor_
 {
     views.scopes = new scopes_panel(CRect(0, 0, scopes_width, height), owner.language);
     views.scopes->set_choice(scope_choice_from_text(owner.memory.scopes));
+    // Also made while hidden, so that the bar's button only has to show it.
     views.scopes->setVisible(owner.memory.shows_scopes);
     frame.addView(views.scopes);
 }
@@ -74,6 +77,7 @@ void add_toolbar(CFrame& frame, editor_views& views, double width, const editor_
 {
     views.toolbar = new COVPluginToolbar(toolbar_place(width), &frame, owner.component, owner.opened);
     views.toolbar->getLutExport().set_last_folder(owner.memory.last_folder);
+    // Without callbacks the buttons act on the component's own history.
     views.toolbar->show_undo_redo_button(true, {}, {});
     frame.addView(views.toolbar);
 }
@@ -107,6 +111,7 @@ editor_views make_editor_views(CFrame& frame, double width, double height, const
 void lay_out(const editor_views& views, double width, double height, bool shows_scopes)
 {
     CRect preview = preview_place(width, height);
+    // The scopes take their width from the preview; the right side stays as it is.
     if (shows_scopes)
     {
         place_view(*views.scopes, CRect(0, 0, scopes_width, height));

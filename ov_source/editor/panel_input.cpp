@@ -64,6 +64,7 @@ void panel_input::changed(const CControl& control)
 void panel_input::ends(const CControl& control)
 {
     values.hide_bubble();
+    // Compared at the next edit: nothing else may have moved the history in between.
     edited_last = &control;
     position_after = undo_position();
 }
@@ -73,6 +74,7 @@ void panel_input::idle(std::uint64_t now_ms)
     values.idle(now_ms);
     if (!nudged)
         return;
+    // Keys carry no time of this clock: the pause is counted from the first idle after the key.
     if (!nudged_at)
         nudged_at = now_ms;
     else if (now_ms - *nudged_at >= pause_between_steps_ms)
@@ -93,12 +95,14 @@ void panel_input::onMouseEvent(MouseEvent& event, CFrame*)
     }
     if (!event.buttonState.empty())
         return;
+    // With a button held, the pointer drags: what it passes over is not shown.
     const bool is_over_panel = column.getViewSize().pointInside(event.mousePosition) && !frame.getModalView();
     values.point_at(is_over_panel ? std::optional(event.mousePosition) : std::nullopt);
 }
 
 bool panel_input::act(key_action action, const KeyboardEvent& event)
 {
+    // The control that is dragged or typed into changes its value by itself.
     const bool is_dragging = std::ranges::any_of(stops, [](const panel_stop& s) { return s.control->isEditing(); });
     if (is_dragging || values.is_typing())
         return false;
@@ -106,6 +110,7 @@ bool panel_input::act(key_action action, const KeyboardEvent& event)
     if (is_nudge)
         return nudge_current(direction_of(event.virt), action == key_action::nudge_finely);
     end_nudges();
+    // Any action but a nudge has ended the open undo step, so that undo acts on a whole one.
     switch (action)
     {
     case key_action::next_control:
@@ -137,6 +142,7 @@ bool panel_input::nudge_current(const CPoint& direction, bool finely)
         end_nudges();
     if (!std::exchange(nudged, stop))
         links.begin_gesture();
+    // Each key restarts the pause.
     nudged_at.reset();
     show_current();
     nudge(*stop, direction, finely);
@@ -158,6 +164,7 @@ bool panel_input::reset_current()
     if (!stop)
         return false;
     show_current();
+    // No empty undo step.
     if (!is_at_default(*stop))
         change_in_one_step([&] { reset(*stop); });
     return true;

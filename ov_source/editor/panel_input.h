@@ -46,18 +46,27 @@ public:
 
     void onMouseEntered(VSTGUI::CView*, VSTGUI::CFrame*) override {}
     void onMouseExited(VSTGUI::CView*, VSTGUI::CFrame*) override {}
+    /// A press ends what the keys have begun; a movement without a button shows the values under the pointer.
     void onMouseEvent(VSTGUI::MouseEvent& event, VSTGUI::CFrame* frame) override;
 
     panel_values& get_values() { return values; }
     panel_focus& get_focus() { return focus; }
 
 private:
+    /// Carries out an action of the panel or passes it on. False, so that the key is not consumed, during a drag, while
+    /// a value is typed, and for a nudge or reset without a current control.
     bool act(key_action action, const VSTGUI::KeyboardEvent& event);
+    /// One arrow key: opens the undo step at the first one. False without a current control.
     bool nudge_current(const VSTGUI::CPoint& direction, bool finely);
+    /// Its default as one undo step, or none if it is there already. False without a current control.
     bool reset_current();
+    /// change is called once, between begin_gesture and end_gesture.
     void change_in_one_step(const std::function<void()>& change);
+    /// Closes the undo step of the arrow keys, if one is open.
     void end_nudges();
+    /// Draws the focus ring and shows the values of the control's slot.
     void show_current();
+    /// 0 without a component.
     int undo_position() const;
 
     VSTGUI::CFrame& frame;

@@ -72,6 +72,7 @@ rect veridial_ui::get_rect() const
     int width = 0, height = 0;
     iutils::get_instance().get_screen_dimensions(nullptr, width, height);
     const auto lies_within = [](int length, int least, int most) { return length >= least && length <= most; };
+    // The size may have been kept on a larger screen.
     const bool fits = lies_within(memory.window_width, least_view_width, width) &&
                       lies_within(memory.window_height, least_view_height, height);
     return fits ? rect{0, 0, memory.window_width, memory.window_height} : suitable;
@@ -94,6 +95,7 @@ void veridial_ui::init_view()
     if (!window || !toolkit_guard::open_frame(*frame, window->get_native_handle()))
         return drop_frame();
     open_frames().push_back(frame);
+    // The views are laid out in points: the zoom maps them to screen pixels.
     frame->setZoom(scale);
     window->set_resize_listener([this](int width, int height) { resize(width, height); });
     views.toolbar->setWindow(window);
@@ -113,6 +115,7 @@ void veridial_ui::build_frame(double new_width, double new_height)
     views = make_editor_views(*frame, width, height, {*this, get_component(), get_window(), language(), memory});
     connect_views();
     if (const auto component = get_component())
+        // Before the input, which keeps a reference to them.
         stops = order_panel_stops(*component, views.controls);
     input =
         std::make_unique<panel_input>(*frame, *views.column, *views.panel, stops, language(),
@@ -204,6 +207,7 @@ void veridial_ui::close()
         if (const auto window = get_window())
         {
             window->set_resize_listener({});
+            // Only with a window: tests and pictures of the editor leave the user's settings alone.
             remember();
         }
         drop_frame();
@@ -235,6 +239,7 @@ void veridial_ui::discard_and_close()
 
 bool veridial_ui::idle()
 {
+    // The base class goes first: it processes the window's events and shows values that other threads have set.
     const bool goes_on = cview_v1::idle();
     if (goes_on && frame)
     {
@@ -283,6 +288,7 @@ void veridial_ui::controlEndEdit(CControl* control)
     cview_v1::controlEndEdit(control);
     if (input)
         input->ends(*control);
+    // The last frame of the drag was counted in part: the next one is counted whole.
     if (memory.shows_scopes && !is_editing())
         ask_for_render();
 }

@@ -40,6 +40,7 @@ public:
     rect get_rect() const override;
     /// Also switches the bypass off, so that closing never leaves the effect bypassed.
     void close() override;
+    /// To be called several times a second: processes the window's events and updates its parts. Always true.
     bool idle() override;
     /// Builds the whole window; nothing if the toolkit cannot open its frame.
     void init_view() override;
@@ -49,8 +50,11 @@ public:
     void controlBeginEdit(VSTGUI::CControl* control) override;
     void controlEndEdit(VSTGUI::CControl* control) override;
 
+    /// The graded frame, for preview and scopes, which copy it. Ignored while no window is built.
     void set_preview_image(image& picture) override;
+    /// The same frame before the grade, for the preview only.
     void set_preview_source(const image& picture) override;
+    /// Adds a choice of frames to the bar; `chosen` gets an index below count.
     void offer_frames(int count, std::function<void(int frame)> chosen) override;
 
     /// Sets a random look; see randomize_look.
@@ -74,18 +78,27 @@ public:
     std::chrono::system_clock::time_point get_creation_time() const { return created; }
 
 protected:
+    /// Shows a parameter's value on its control. Called on the editor's thread.
     void update_control(iparameter_v1& parameter, bool edit) override;
     /// Called when the inside of the window has another size, in screen pixels.
     void resize(int new_width, int new_height);
 
 private:
+    /// The host's language; the default one without a host.
     language_id language() const;
+    /// Sets what the views call when they are used.
     void connect_views();
+    /// Places the views for the present size and redraws the window.
     void lay_out_views();
+    /// Closes the frame, which deletes the views; before it, everything that refers to them.
     void drop_frame();
+    /// Writes window size, split, scopes and export folder to the settings.
     void remember();
+    /// Carries out every action that is not the panel's own.
     void act(key_action action);
+    /// inspire_randomize as one undo step with a name.
     void inspire();
+    /// Asks the host for the current frame again, for the scopes. Does nothing without a host.
     void ask_for_render();
 
     const std::chrono::system_clock::time_point created = std::chrono::system_clock::now();

@@ -12,6 +12,7 @@ class icomponent_v1;
 result<> copy_grade(icomponent_v1& component);
 
 /// Replaces the grade by the copied one as one undo step. A failure leaves grade and undo history unchanged.
+/// Only on the thread of the editor, which owns the history.
 result<> paste_grade(icomponent_v1& component);
 
 } // namespace ov1

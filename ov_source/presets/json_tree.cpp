@@ -35,6 +35,8 @@ public:
     {
     }
 
+    // The parser reports a whole number as the smallest type that holds it. Above 2^53 a double rounds it, which no
+    // caller notices: whole numbers of at most 32 bits are accepted.
     bool Null() { return add(std::monostate()); }
     bool Bool(bool b) { return add(b); }
     bool Int(int i) { return add(json_value::number{static_cast<double>(i), true}); }
@@ -47,6 +49,8 @@ public:
     {
         if (skipped > 0)
             return true;
+        // Only outermost keys decide. The keys inside a left-out member end above, although only the root is open
+        // there.
         key.assign(text, length);
         const bool is_outermost = open.size() == 1;
         is_left_out = is_outermost && std::ranges::find(kept.members, key) == kept.members.end();
@@ -90,6 +94,7 @@ private:
         }
         json_value& container = next_value();
         container.content = std::move(empty);
+        // Too deep: the container itself stays, empty, and what follows is only counted to find its end.
         if (open.size() == kept.levels)
             ++skipped;
         else
@@ -122,6 +127,7 @@ failure failure_of(const rapidjson::ParseResult& parsed)
 {
     if (parsed.Code() == rapidjson::kParseErrorDocumentEmpty)
         return {failure_kind::invalid_grade, {}, "holds no text"};
+    // Adapts the parser's sentence to the middle of ours: a small letter first, no full stop at the end.
     std::string why = rapidjson::GetParseError_En(parsed.Code()); // "Missing a comma or ] after ... ."
     why.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(why.front())));
     why.pop_back();
@@ -135,6 +141,7 @@ const json_value* json_value::find(std::string_view name) const
     const object* members = as_object();
     if (members == nullptr)
         return nullptr;
+    // A linear search: objects are small, and of two members with one name the first one counts.
     const auto found = std::ranges::find(*members, name, &json_member::name);
     return found == members->end() ? nullptr : &found->value;
 }
@@ -151,6 +158,7 @@ result<json_value> parse_json(std::string_view text, const json_selection& kept)
     if (const auto zero = text.find('\0'); zero != std::string_view::npos)
         return not_json_at(zero, "a zero byte");
     rapidjson::MemoryStream bytes(text.data(), text.size());
+    // This stream also skips a byte order mark.
     rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> stream(bytes);
     tree_builder builder(kept);
     rapidjson::Reader reader;

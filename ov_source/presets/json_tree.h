@@ -20,6 +20,7 @@ struct json_member;
 class json_value
 {
 public:
+    /// value is rounded to double; whole numbers up to 2^53 are exact.
     struct number
     {
         double value;

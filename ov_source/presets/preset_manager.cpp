@@ -17,6 +17,7 @@ namespace ov1
 namespace
 {
 
+// Compared with upper and lower case, so that each name stands for one file.
 constexpr std::string_view extension = ".json";
 constexpr std::size_t longest_name = 255 - extension.size(); // file systems allow 255 bytes
 
@@ -33,6 +34,7 @@ std::string made_folder(const std::string& parent, const std::string& leaf)
     return folder;
 }
 
+/// The path of a preset in a folder. Every path is made here from a checked name, so that none leads out of the folder.
 result<std::string> file_in(const std::string& folder, const std::string& name)
 {
     if (auto accepted = check_preset_name(name); !accepted)
@@ -40,6 +42,7 @@ result<std::string> file_in(const std::string& folder, const std::string& name)
     return joined(folder, name + std::string(extension));
 }
 
+/// The names in byte order; nothing if the folder cannot be read.
 std::optional<std::vector<std::string>> list_presets(const std::string& folder)
 {
     std::vector<std::string> files, names;
@@ -57,12 +60,14 @@ std::optional<std::vector<std::string>> list_presets(const std::string& folder)
     return names;
 }
 
+/// Empty in a build without resources.
 std::string bundled_folder()
 {
     const std::string resources = iutils::get_instance().get_resource_directory();
     return resources.empty() ? std::string() : joined(resources, "presets");
 }
 
+/// Bytes from 0x80 on belong to UTF-8 characters and are allowed.
 bool is_control(unsigned char c) { return c < 0x20 || c == 0x7F; }
 
 failure component_gone() { return {failure_kind::invalid_grade, {}, "the effect is gone"}; }
@@ -74,6 +79,7 @@ result<> check_preset_name(const std::string& name)
     const auto refused = [](std::string reason) { return failure{failure_kind::usage, {}, std::move(reason)}; };
     if (name.find_first_not_of(' ') == std::string::npos)
         return refused("a preset needs a name");
+    // Hidden files, and the folder entries "." and "..".
     if (name.starts_with('.'))
         return refused("the name begins with a dot");
     if (name.find(iutils::get_instance().get_path_separator()) != std::string::npos)
@@ -96,6 +102,7 @@ std::string preset_manager::get_preset_path()
         return preset_path;
     const auto effect = component.lock();
     const std::string common = iutils::get_instance().get_common_directory();
+    // An empty path is not kept: the home folder may be there at the next call.
     if (effect && !common.empty())
         preset_path = made_folder(made_folder(common, "Plugin Presets"), effect->get_name());
     return preset_path;
@@ -126,6 +133,7 @@ std::vector<std::string> preset_manager::get_bundled_presets()
 
 bool preset_manager::preset_exists(const std::string& name)
 {
+    // By the list and not by the file alone: a folder of that name is no preset. The list is sorted.
     const auto names = component.expired() ? std::nullopt : list_presets(get_preset_path());
     return names && std::ranges::binary_search(*names, name);
 }
@@ -141,6 +149,7 @@ result<> preset_manager::list(std::vector<std::string>& names)
     return {};
 }
 
+// Here and below the component is locked before its path is asked for: with a path it is there, and it stays.
 result<> preset_manager::load(const std::string& name)
 {
     const auto effect = component.lock();
@@ -162,6 +171,7 @@ result<> preset_manager::save(const std::string& name, bool overwrite)
         return file.error();
     const std::string text = write_preset_text(*effect);
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    // Without overwrite, a file that has appeared since the user was asked is refused too.
     return write_file(*file, bytes, overwrite);
 }
 
@@ -187,6 +197,7 @@ result<> preset_manager::check(const std::string& name)
 
 bool preset_manager::keep(const result<>& outcome)
 {
+    // The given results are bool or nothing: the reason stays here for get_failure.
     last_failure = outcome ? std::nullopt : std::optional(outcome.error());
     return !last_failure;
 }

@@ -59,6 +59,7 @@ public:
     /// The presets that come with the product, in byte order; none in a build without them. They are read only, and the
     /// user's own may have the same names.
     std::vector<std::string> get_bundled_presets();
+    /// The path of a bundled preset, whether or not the file exists. Needs no component.
     result<std::string> get_bundled_preset_file(const std::string& name);
 
 private:

@@ -67,6 +67,7 @@ result<const json_value::array*> counted_array(const json_value& root, const cha
     if (!list)
         return list.error();
     const std::size_t size = (*list)->as_array()->size();
+    // Another count shows that the text was cut or edited by hand.
     if (static_cast<double>(size) != announced)
         return invalid(quoted(array_name) + " holds " + std::to_string(size) + " elements, but " + quoted(count_name) +
                        " is " + std::to_string(static_cast<std::int64_t>(announced)));
@@ -115,6 +116,8 @@ float float_of(const json_value& v)
 
 bool is_number(const json_value& v) { return v.as_number() != nullptr; }
 
+/// Converts a value to a parameter's type. False, with the cell unchanged, if the value is of another kind. A colour is
+/// alpha, red, green, blue.
 bool read_cell(const json_value& v, param_type type, param_cell& cell)
 {
     if (type == param_type::continuous && is_number(v))
@@ -148,6 +151,7 @@ result<> read_value(const json_value& object, std::string_view word, const std::
 
 result<preset_entry> read_entry(const json_value& object, std::size_t index)
 {
+    // Counted from 1 in messages.
     const std::string place = "entry " + std::to_string(index + 1) + " of \"parameters\"";
     if (object.as_object() == nullptr)
         return invalid(place + " is not an object");
@@ -216,6 +220,7 @@ void apply_entry(const preset_entry& entry, icomponent_v1& component)
     if (!parameter || parameter->get_type() != entry.type || parameter->get_name() != entry.name)
         return;
     param_value v = parameter->get_param_value();
+    // set_param_value limits numbers to the bounds and skips colours outside 0..1.
     v.value = entry.value;
     parameter->set_param_value(v, false);
 }
@@ -240,6 +245,7 @@ std::vector<uid> decided_by_state(const std::vector<state_record>& records, icom
         const auto parameter = component.get_parameter(record.id);
         if (!parameter)
             return {};
+        // A record of another type, or without a number, leaves its parameter to the entries and the default.
         if (accepts(parameter->get_param_value(), record.value))
             decided.push_back(record.id);
     }
@@ -252,6 +258,7 @@ void restore_preset(preset_content& content, const std::vector<state_record>& re
 {
     const restore_guard restoring(component);
     const std::vector<uid> decided = decided_by_state(records, component);
+    // A linear search is enough: the effect has a few dozen parameters.
     const auto is_decided = [&](uid id) { return std::ranges::find(decided, id) != decided.end(); };
     for (int i = 0; i < component.get_parameter_count(); ++i)
         if (const auto parameter = component.get_parameter(i); !is_decided(parameter->get_uid()))
@@ -294,6 +301,7 @@ result<> check_preset(preset_content& content, icomponent_v1& component)
     if (component.get_parameter_count() == 0)
         return invalid("the effect has no parameters");
     if (component.is_state_rejected(content.state, false, message))
+        // The component may refuse without a message.
         return invalid(message.empty() ? "the effect refuses the state" : message);
     return {};
 }
@@ -308,6 +316,7 @@ result<> apply_preset(preset_content content, icomponent_v1& component)
     // Read before the history moves: what is refused leaves no empty step, and keeps what can be redone.
     if (!read_state(content.state, records))
         return invalid("not a state");
+    // The first call stores the old grade and opens a new step; the second one stores the new grade in that step.
     component.save_state(true);
     restore_preset(content, records, component);
     component.save_state(false);

@@ -22,6 +22,7 @@ preset_list preset_session::list()
     std::vector<std::string> own;
     if (!manager.getPresets(own))
         found.own_failure = manager.get_failure();
+    // A choice without a path could not be loaded either.
     const auto add = [&](const preset_choice& choice, const result<std::string>& file)
     {
         if (!file)
@@ -39,10 +40,12 @@ preset_list preset_session::list()
 result<> preset_session::load(const preset_choice& choice)
 {
     const auto effect = component.lock();
+    // The manager loads only the user's own presets, so the session reads and applies both kinds itself.
     const auto file =
         choice.is_bundled ? manager.get_bundled_preset_file(choice.name) : manager.get_preset_file(choice.name);
     if (!file)
         return file.error();
+    // The path of a bundled preset does not depend on the component.
     if (!effect)
         return failure{failure_kind::invalid_grade, {}, "the effect is gone"};
     auto content = read_preset_file(*file);
@@ -68,6 +71,7 @@ result<> preset_session::remove(const std::string& name)
     manager.delete_preset(name);
     if (manager.get_failure())
         return *manager.get_failure();
+    // A bundled preset of the same name stays current.
     if (current == preset_choice{name, false})
         forget_current();
     return {};
@@ -85,6 +89,7 @@ const preset_choice* preset_session::get_own_current() const
     return current && !current->is_bundled ? &*current : nullptr;
 }
 
+/// The values are the parameters' and not the file's, because loading may have limited or rounded them.
 /// The bypass is left out: it belongs to the session and not to the look.
 void preset_session::set_current(const preset_choice& choice, icomponent_v1& effect)
 {

@@ -15,6 +15,7 @@ namespace ov1
 
 class iparameter_v1;
 
+/// A preset by name and kind: a user's own and a bundled one may have the same name.
 struct preset_choice
 {
     std::string name;
@@ -38,6 +39,7 @@ class preset_session
 public:
     explicit preset_session(std::weak_ptr<icomponent_v1> component);
 
+    /// Reads both folders at every call; what cannot be listed is left out, with own_failure set for the user's own.
     preset_list list();
 
     /// Replaces the grade as one undo step and makes the preset the current one.

@@ -16,11 +16,13 @@ namespace ov1
 namespace
 {
 
+// The format of the last two lines of every entry.
 constexpr std::string_view type_and_value = "\t\t\"param_type\":\"{}\",\n\t\t\"param_value\":{}\n";
 
 /// Six decimals with a point.
 std::string number(float v) { return fmt::format("{:.6f}", v); }
 
+/// Alpha first, as the reader expects.
 std::string color(const param_argb& c)
 {
     return '[' + number(c.alpha) + ", " + number(c.red) + ", " + number(c.green) + ", " + number(c.blue) + ']';
@@ -40,6 +42,7 @@ std::string type_and_value_of(const param_value& v)
     case param_type::color:
         return fmt::format(type_and_value, "color", color(v.value.as_color()));
     case param_type::unset:
+        // The line that follows is no JSON. This effect has no such parameter.
         break;
     }
     return "\t\t// NOTE: Not yet supported\n" + fmt::format(type_and_value, "custom", "null");
@@ -55,6 +58,7 @@ void append_entry(std::string& text, iparameter_v1& parameter)
 
 void append_parameters(std::string& text, icomponent_v1& component)
 {
+    // Read once, so that the announced count matches the list.
     const int count = component.get_parameter_count();
     text += "\t\"parameter_count\":" + std::to_string(count) + ",\n\t\"parameters\":[\n";
     for (int i = 0; i < count; ++i)
@@ -77,6 +81,7 @@ float finite(float v) { return std::isfinite(v) ? v : 0.0f; }
 
 void append_table(std::string& text, icomponent_v1& component)
 {
+    // Only other programs read the table: without it the preset is complete.
     iobject* found = nullptr;
     lut_argb_variable table;
     if (!component.query_interface("lut_exporter", &found))
@@ -85,6 +90,7 @@ void append_table(std::string& text, icomponent_v1& component)
     if (exporter == nullptr || !exporter->get_lut(&table) || table.edge_length == 0)
         return;
     text += ",\n\t\"lut_edge_length\":" + std::to_string(table.edge_length) + ",\n\t\"lut_points\":[";
+    // Appended in place: a table of 17 points per axis has 14,739 numbers.
     for (std::size_t i = 0; i < table.values.size(); ++i)
     {
         const argb_float& p = table.values[i];

@@ -21,6 +21,7 @@ public:
     }
 
     /// Uniform over a..b; takes two numbers from the engine.
+    /// The second number supplies the high bits. Rounding may give b itself.
     float uniform(double a, double b)
     {
         const double first = engine();
@@ -44,6 +45,8 @@ public:
     {
     }
 
+    /// Skips a parameter that is missing or of another type. The caller has drawn the value before, so that every other
+    /// parameter gets the same value with or without it.
     void set(const char* name, float value)
     {
         const auto parameter =
@@ -86,6 +89,7 @@ void set_wheels(look& to, dice& from)
     to.set("Mids Smoothness", 100);
     to.set("Mids Saturation", from.uniform(-25, 25));
 
+    // The highlights get no tint: only their saturation varies.
     for (const char* name :
          {"Highlights Hue", "Highlights Chroma", "Highlights Range", "Highlights Lightness", "Highlights Smoothness"})
         to.set(name, 0);
@@ -113,6 +117,7 @@ void randomize_look(icomponent_v1& component, std::mt19937& engine)
 {
     look to(component);
     dice from(engine);
+    // The order decides which number goes to which parameter. Another order would give another look for the same seed.
     set_whole_image(to, from);
     set_wheels(to, from);
     set_pads(to, from);

@@ -35,12 +35,14 @@ void preset_browser::open(const CRect& place)
     content.presets = std::move(found_presets.choices);
     content.files = std::move(found_presets.files);
     const auto& current = presets.get_session().get_current();
+    // The current preset is not in the list if its file was removed outside the editor.
     const auto found = current ? std::ranges::find(content.presets, *current) : content.presets.end();
     if (found != content.presets.end())
         content.current = static_cast<std::size_t>(found - content.presets.begin());
     content.frame = preview.get_before();
     content.screen_scale = frame.getZoom();
 
+    // A copy: the content is moved into the panel.
     const auto choices = content.presets;
     preset_panel_events events;
     events.on_hover = [this](std::shared_ptr<const row_renderer> renderer) { preview.show_trial(std::move(renderer)); };
@@ -56,12 +58,14 @@ void preset_browser::close()
         return;
     is_to_close = false;
     frame.unregisterKeyboardHook(this);
+    // The preview shows the grade again and no trial.
     preview.show_trial(nullptr);
     frame.removeView(std::exchange(panel, nullptr));
 }
 
 void preset_browser::onKeyboardEvent(KeyboardEvent& event, CFrame*)
 {
+    // While a question is open, Escape belongs to the question.
     if (event.type != EventType::KeyDown || event.virt != VirtualKey::Escape || frame.getModalView())
         return;
     is_to_close = true;
@@ -72,6 +76,7 @@ void preset_browser::idle()
 {
     if (panel)
         panel->idle();
+    // The panel is closed first, so that a message about a failure is not hidden by it.
     if (const auto chosen = std::exchange(to_load, {}))
     {
         close();

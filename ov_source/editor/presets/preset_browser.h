@@ -21,14 +21,18 @@ public:
 
     /// Opens the panel at a place of the frame; closes it if it is open.
     void toggle(const VSTGUI::CRect& place);
+    /// Ends the trial in the preview and removes the panel. Does nothing while closed.
     void close();
     bool is_open() const { return panel != nullptr; }
+    /// To be called several times a second. Shows new pictures, and carries out what the panel's events asked for.
     void idle();
+    /// Consumes Escape, except while a question is open.
     void onKeyboardEvent(VSTGUI::KeyboardEvent& event, VSTGUI::CFrame* of_frame) override;
     /// Null while closed.
     preset_panel* get_panel() const { return panel; }
 
 private:
+    /// Lists the presets anew at every opening, with the frame as the preview shows it ungraded.
     void open(const VSTGUI::CRect& place);
 
     VSTGUI::CFrame& frame;

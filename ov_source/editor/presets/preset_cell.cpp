@@ -19,6 +19,7 @@ namespace
 
 constexpr CCoord frame_width = 2;
 
+/// Null for an empty picture. scale: pixels per point, so that each pixel of the picture covers one of the screen.
 SharedPointer<CBitmap> to_bitmap(const display_picture& picture, double scale)
 {
     if (picture.is_empty())
@@ -46,6 +47,7 @@ void preset_cell::set_thumbnail(preset_thumbnail made, double screen_scale)
     picture = to_bitmap(made.picture, screen_scale);
     renderer = std::move(made.renderer);
     invalid();
+    // The pointer was here before the grade was ready: the preview can show it from this moment.
     if (is_hovered)
         on_hover(true);
 }
@@ -59,6 +61,7 @@ void preset_cell::draw(CDrawContext* context)
     context->drawRect(place, kDrawFilled);
     if (picture)
     {
+        // A picture of another aspect ratio leaves bars on two sides.
         CRect centred(CPoint(0, 0), picture->getSize());
         centred.centerInside(place);
         picture->draw(context, centred.makeIntegral());
@@ -86,6 +89,7 @@ void preset_cell::onMouseDownEvent(MouseDownEvent& event)
     if (!event.buttonState.isLeft())
         return;
     event.consumed = true;
+    // The cell may be gone when the button is released.
     event.ignoreFollowUpMoveAndUpEvents(true);
     const auto choose = on_choice; // a copy: it may delete this cell
     choose();

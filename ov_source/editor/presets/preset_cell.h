@@ -30,17 +30,20 @@ public:
 
     /// screen_scale: screen pixels per point, in which the thumbnail was made.
     void set_thumbnail(preset_thumbnail made, double screen_scale);
+    /// False until the thumbnail arrives, and for a preset or frame without a picture.
     bool has_picture() const { return picture != nullptr; }
     /// The preset's grade. Null until it is ready, and for a preset that cannot be read.
     std::shared_ptr<const row_renderer> get_renderer() const { return renderer; }
     const std::string& get_name() const { return name; }
 
     void draw(VSTGUI::CDrawContext* context) override;
+    /// The left button chooses at once, not at its release.
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
     void onMouseEnterEvent(VSTGUI::MouseEnterEvent& event) override;
     void onMouseExitEvent(VSTGUI::MouseExitEvent& event) override;
 
 private:
+    /// Calls on_hover only when the state changes.
     void set_hovered(bool over);
 
     const std::string name;
@@ -49,6 +52,7 @@ private:
     const std::function<void(bool over)> on_hover;
     const std::function<void()> on_choice;
     bool is_hovered = false;
+    // Both null until the thumbnail arrives.
     VSTGUI::SharedPointer<VSTGUI::CBitmap> picture;
     std::shared_ptr<const row_renderer> renderer;
 };

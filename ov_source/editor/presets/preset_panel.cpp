@@ -24,6 +24,7 @@ using namespace VSTGUI;
 namespace
 {
 
+// All lengths are in points.
 constexpr CCoord margin = 12;
 constexpr CCoord search_height = 26;
 constexpr CCoord cell_gap = 8;
@@ -46,8 +47,10 @@ display_picture reduce_to_cell(const display_picture& frame, double screen_scale
 {
     if (frame.is_empty())
         return {};
+    // The smaller zoom keeps the whole frame inside the cell, at its own aspect ratio.
     const double zoom = std::min(preset_picture_width * screen_scale / frame.width,
                                  preset_picture_height * screen_scale / frame.height);
+    // At least one pixel, also for a very wide or very tall frame.
     const auto length = [&](std::uint32_t of)
     { return std::max(1u, static_cast<std::uint32_t>(std::lround(of * zoom))); };
     display_picture small{length(frame.width), length(frame.height), {}};
@@ -110,6 +113,7 @@ void preset_panel::add_cells()
     grid->setTransparency(true);
     for (std::size_t i = 0; i < content.presets.size(); ++i)
     {
+        // The index stays valid: a search hides cells and removes none.
         const auto on_hover = [this, i](bool over) { events.on_hover(over ? cells[i]->get_renderer() : nullptr); };
         auto* const cell = new preset_cell(content.presets[i].name, content.current == i, on_hover,
                                            [this, i] { events.on_choice(i); });
@@ -137,6 +141,7 @@ void preset_panel::lay_out_cells()
     const int rows = (shown + columns - 1) / columns;
     const CRect whole(0, 0, scroller->getViewSize().getWidth(),
                       std::max(scroller->getViewSize().getHeight(), rows * (preset_cell_height + cell_gap) + margin));
+    // The old offset may lie beyond the end of a shorter list.
     scroller->resetScrollOffset();
     scroller->setContainerSize(whole);
     place_view(*grid, whole);

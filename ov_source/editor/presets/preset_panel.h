@@ -37,6 +37,7 @@ struct preset_panel_events
 {
     /// The pointer is over a preset whose grade is ready; null: over none.
     std::function<void(std::shared_ptr<const row_renderer>)> on_hover;
+    /// A click on a preset. The panel must not be removed before the call returns.
     std::function<void(std::size_t preset)> on_choice;
 };
 
@@ -49,21 +50,26 @@ public:
     preset_panel(const VSTGUI::CRect& size, preset_panel_content content, preset_panel_events events,
                  language_id language);
 
+    /// To be called several times a second: gives the finished pictures to their cells.
     void idle();
 
     void valueChanged(VSTGUI::CControl* control) override;
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;
+    /// Gives the search field the keyboard focus.
     bool attached(VSTGUI::CView* parent) override;
+    /// Consumes every press, so that none reaches the controls beneath.
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
 
     /// The number of cells that match the search, and of those that have their picture.
     std::size_t count_shown() const;
     std::size_t count_pictures() const;
+    /// Shows only the presets that match, from the top; all for an empty text.
     void search(const std::string& text);
 
 private:
     void add_search_field(language_id language);
     void add_cells();
+    /// Places the cells that match in rows of three and hides the others.
     void lay_out_cells();
 
     const preset_panel_content content;
@@ -72,6 +78,7 @@ private:
     VSTGUI::CTextEdit* search_field = nullptr;
     VSTGUI::CScrollView* scroller = nullptr;
     VSTGUI::CViewContainer* grid = nullptr;
+    // One for each preset, in the order of the content.
     std::vector<preset_cell*> cells; ///< owned by the grid
     std::string searched;
 };

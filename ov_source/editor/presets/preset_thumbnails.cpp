@@ -26,6 +26,7 @@ std::map<std::size_t, preset_thumbnail> preset_thumbnails::take()
 
 void preset_thumbnails::work(std::stop_token stop)
 {
+    // Initialized and terminated on this thread. It has no view, so that no step is kept in an undo history.
     const auto component = create_ccomponent();
     component->initialize(std::make_shared<chost_v1>(component));
     for (std::size_t i = 0; i < files.size() && !stop.stop_requested(); ++i)
@@ -34,6 +35,7 @@ void preset_thumbnails::work(std::stop_token stop)
         auto content = read_preset_file(files[i]);
         if (content && apply_preset(*std::move(content), *component))
         {
+            // Brings the table up to date. The renderer keeps it while the component goes on to the next preset.
             component->notify({event_kind::render_begins});
             made.renderer = component->get_row_renderer();
             made.picture = grade_display(picture, *made.renderer);

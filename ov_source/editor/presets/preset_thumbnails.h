@@ -33,10 +33,13 @@ public:
     std::map<std::size_t, preset_thumbnail> take();
 
 private:
+    /// Runs on the worker's thread, in the order of files, until all are made or a stop is requested.
     void work(std::stop_token stop);
 
+    // Never changed after the constructor: the worker reads both without a lock.
     const std::vector<std::string> files;
     const display_picture picture;
+    /// Guards done. Held only to hand results over.
     std::mutex done_mutex;
     std::map<std::size_t, preset_thumbnail> done;
     std::jthread worker; ///< last: it uses all of the above

@@ -31,6 +31,7 @@ void clipboard_actions::paste() const
     if (!effect)
         return;
     if (const auto pasted = paste_grade(*effect); pasted)
+        // The paste has made its step: the label goes to the position after it.
         history.label_step(dialogs.translate("{en:Pasted grade}{de:Eingesetztes Grading}"));
     else
         dialogs.report("Veridial", "{en:There is no grade to paste: }{de:Es gibt kein Grading zum Einsetzen: }",

@@ -21,11 +21,13 @@ using namespace VSTGUI;
 namespace
 {
 
+// All lengths are in points.
 constexpr CCoord margin = 12;
 constexpr CCoord preset_width = 156;
 constexpr CCoord preset_height = 28;
 constexpr CCoord gap = 1;
 constexpr CCoord group_gap = 9;
+// A button reports 1 while it is pressed or switched on, and else 0.
 constexpr float least_value_of_a_press = 0.5f;
 
 struct button_row
@@ -51,6 +53,7 @@ constexpr button_row button_rows[] = {
      "{en:Close; with Shift, discard the changes}{de:Schließen; mit Umschalt die Änderungen verwerfen}", 2},
 };
 
+/// The host's language. The default one without a component or host.
 language_id language_of(const std::weak_ptr<icomponent_v1>& component)
 {
     const auto effect = component.lock();
@@ -58,6 +61,7 @@ language_id language_of(const std::weak_ptr<icomponent_v1>& component)
     return host ? host->get_language() : language_id{};
 }
 
+/// Redraws only after a change: it is called at every idle.
 void enable(COVButton& button, bool on)
 {
     if (button.getMouseEnabled() == on)
@@ -105,6 +109,7 @@ void COVPluginToolbar::addButtons()
     for (std::size_t i = 0; i < buttons.size(); ++i)
     {
         const button_row& row = button_rows[i];
+        // The first button of a group stands further to the right.
         corner.x += row.group == std::exchange(last_group, row.group) ? 0 : group_gap;
         buttons[i] = make_icon_button(corner, *this, row.style, row.artwork, dialogs.translate(row.tooltip));
         addView(buttons[i]);
@@ -124,6 +129,7 @@ void COVPluginToolbar::idle()
     const auto effect = component.lock();
     if (!effect)
         return;
+    // Keys, the host and other views change these states too, so all of them are read again.
     enable(button(tool::undo), history.can_undo());
     enable(button(tool::redo), history.can_redo());
     enable(button(tool::remove), presets.get_session().get_own_current() != nullptr);
@@ -157,6 +163,7 @@ void COVPluginToolbar::drawBackgroundRect(CDrawContext* context, const CRect&)
 
 void COVPluginToolbar::onMouseDownEvent(MouseDownEvent& event)
 {
+    // The later valueChanged has no event: whether Shift was held is kept for the close button.
     shift_is_held = event.modifiers.has(ModifierKey::Shift);
     CViewContainer::onMouseDownEvent(event);
 }
@@ -166,6 +173,7 @@ void COVPluginToolbar::valueChanged(CControl* control)
     const bool is_pressed = control->getValue() > least_value_of_a_press;
     if (control == preset_button && is_pressed && preset_chooser)
         return preset_chooser();
+    // By pointer: the buttons have no tag, because they stand for no parameter.
     const auto found = std::ranges::find(buttons, control);
     if (found == buttons.end())
         return;
@@ -199,6 +207,7 @@ void COVPluginToolbar::run(tool pressed)
         return openManual();
     case tool::close:
         return closeEditor(shift_is_held);
+    // Not a button.
     case tool::count:
         return;
     }
@@ -225,6 +234,7 @@ void COVPluginToolbar::showExportMenu()
         {{dialogs.translate("{en:.3dl, 17 points}{de:.3dl, 17 Punkte}")}, export_as(lut_file::threedl_17)},
         {{dialogs.translate("{en:Copy the grade}{de:Grading kopieren}"), false, true}, [this] { clipboard.copy(); }},
         {{dialogs.translate("{en:Paste a grade}{de:Grading einsetzen}")}, [this] { clipboard.paste(); }}};
+    // The menu stays open after this function: its callback has a copy of the rows.
     std::vector<popup_item> items;
     for (const row& each : rows)
         items.push_back(each.item);
@@ -233,6 +243,7 @@ void COVPluginToolbar::showExportMenu()
 
 void COVPluginToolbar::resetGrade()
 {
+    // The label names the latest step, so it comes after the step.
     history.make_step([](icomponent_v1& effect) { effect.reset_to_default(); });
     history.label_step(dialogs.translate("{en:Reset}{de:Zurückgesetzt}"));
     presets.forget_current();

@@ -39,7 +39,8 @@ public:
     void setDiscardAction(std::function<void()> action) { discard = std::move(action); }
     void setWindow(std::weak_ptr<window> window) { opened = std::move(window); }
 
-    // What the buttons do, for keys and for the other parts of the editor. Without a component they do nothing.
+    // What the buttons do, for keys and for the other parts of the editor. Without a component they do nothing. They
+    // live as long as the toolbar.
     preset_actions& getPresets() { return presets; }
     history_actions& getHistory() { return history; }
     lut_export_action& getLutExport() { return lut_export; }
@@ -58,8 +59,10 @@ public:
     /// Updates the star. Reads this one parameter only: it is called at every event of a drag.
     void parameter_changed(std::shared_ptr<iparameter_v1> parameter, bool edit) override;
 
+    /// A press of a button, reported by the toolkit.
     void valueChanged(VSTGUI::CControl* control) override;
     void drawBackgroundRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& update) override;
+    /// Keeps whether Shift is held, for the close button.
     void onMouseDownEvent(VSTGUI::MouseDownEvent& event) override;
 
 private:
@@ -79,24 +82,32 @@ private:
         count
     };
 
+    /// Never null after the constructor.
     COVButton& button(tool which) const { return *buttons[static_cast<std::size_t>(which)]; }
     void addPresetButton();
     void addButtons();
+    /// Carries out a button's action. Everything that waits for an answer returns at once.
     void run(tool pressed);
+    /// Opens beneath the export button: LUT files, and the clipboard as a second group.
     void showExportMenu();
+    /// "Presets" while none is current.
     void showPresetName();
 
     const std::weak_ptr<icomponent_v1> component;
+    /// The window that closeEditor closes; it may be unset.
     std::weak_ptr<window> opened;
+    // The actions keep references to the dialogs and the history, which are declared before them for that reason.
     const editor_dialogs dialogs;
     history_actions history;
     preset_actions presets;
     lut_export_action lut_export;
     clipboard_actions clipboard;
+    // Both may be empty.
     std::function<void()> discard;
     std::function<void()> preset_chooser;
     bool shift_is_held = false; ///< at the last press
 
+    // The container owns the buttons.
     COVRoundedGreyButton* preset_button = nullptr;
     std::array<COVButton*, static_cast<std::size_t>(tool::count)> buttons{};
 };

@@ -56,6 +56,7 @@ void editor_dialogs::ask(const editor_question& question, std::function<void()> 
 void editor_dialogs::ask_for_text(const editor_question& question, const std::string& offered,
                                   std::function<void(const std::string& text)> on_text) const
 {
+    // A question with a name has a text field.
     modal_question made = translated(*this, question);
     made.name = offered;
     show_panel(frame, made,

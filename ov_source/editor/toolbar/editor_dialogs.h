@@ -26,6 +26,7 @@ struct editor_question
 class editor_dialogs
 {
 public:
+    /// language: that of all texts the panels show.
     editor_dialogs(VSTGUI::CFrame& frame, language_id language);
 
     /// The text of a localised literal in the user's language.

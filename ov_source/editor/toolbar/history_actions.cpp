@@ -38,6 +38,7 @@ void history_actions::redo()
 bool history_actions::can_undo() const
 {
     const auto effect = component.lock();
+    // The history behind a callback is not known here.
     return undo_callback || (effect && effect->get_undo_range().can_undo());
 }
 
@@ -52,6 +53,7 @@ void history_actions::make_step(const std::function<void(icomponent_v1&)>& chang
     const auto effect = component.lock();
     if (!effect)
         return;
+    // The first call keeps the state before the change, the second one the state after it.
     effect->save_state(true);
     change(*effect);
     effect->save_state(false);
@@ -71,6 +73,7 @@ std::vector<history_step> history_actions::list() const
 
 void history_actions::show_menu(const VSTGUI::CView& view)
 {
+    // Kept by the callback: the history may move while the menu is open.
     const auto steps = list();
     std::vector<popup_item> items;
     for (const history_step& step : steps)

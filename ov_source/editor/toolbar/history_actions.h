@@ -42,7 +42,9 @@ public:
 private:
     const std::weak_ptr<icomponent_v1> component;
     const editor_dialogs& dialogs;
+    /// Of the steps that label_step has named.
     step_labels labels;
+    // Empty for the component's own history.
     std::function<void()> undo_callback;
     std::function<void()> redo_callback;
 };

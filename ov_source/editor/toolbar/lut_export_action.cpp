@@ -28,6 +28,7 @@ lut_export_action::lut_export_action(std::weak_ptr<icomponent_v1> component, con
 {
 }
 
+/// The user can edit it, so the folder need not exist.
 std::string lut_export_action::offered_path(lut_file kind, const std::string& preset_name) const
 {
     const char* const home = std::getenv("HOME");
@@ -43,6 +44,7 @@ void lut_export_action::run(lut_file kind, const std::string& preset_name)
     dialogs.ask_for_text(which_file, offered_path(kind, preset_name),
                          [this, kind](const std::string& path)
                          {
+                             // Asked here and not before: only now the path is known.
                              if (!std::filesystem::exists(path))
                                  return write(path, kind);
                              const editor_question overwrite{path,
@@ -58,6 +60,7 @@ void lut_export_action::write(const std::string& path, lut_file kind)
     const auto effect = component.lock();
     if (!effect)
         return;
+    // A folder is kept only after a success, so that a mistyped one is not offered again.
     if (const auto written = write_lut(*effect, path, kind); written)
         last_folder = std::filesystem::path(path).parent_path().string();
     else

@@ -37,7 +37,9 @@ public:
     void set_last_folder(std::string folder) { last_folder = std::move(folder); }
 
 private:
+    /// The last folder, or the home folder, with the preset's name or "Veridial" and the extension of the kind.
     std::string offered_path(lut_file kind, const std::string& preset_name) const;
+    /// Replaces the file, and remembers its folder if that succeeds.
     void write(const std::string& path, lut_file kind);
 
     const std::weak_ptr<icomponent_v1> component;

@@ -31,6 +31,7 @@ GenericOptionMenuTheme make_theme()
     theme.titleTextColor = style::label_text;
     theme.separatorColor = style::hairline;
     theme.inset = CPoint(6, 4);
+    // The menu appears at once.
     theme.menuAnimationTime = 0;
     return theme;
 }
@@ -43,6 +44,7 @@ void show_popup(CFrame& frame, const CView& view, const std::vector<popup_item>&
     if (items.empty() || !frame.getPlatformFrame())
         return;
     GenericOptionMenuTheme theme = make_theme();
+    // Drawn within the frame by the toolkit, with the editor's colours.
     frame.getPlatformFrame()->setupGenericOptionMenu(true, &theme);
     const auto menu = makeOwned<COptionMenu>();
     std::vector<std::size_t> item_of_row; // separators count as rows
@@ -50,6 +52,7 @@ void show_popup(CFrame& frame, const CView& view, const std::vector<popup_item>&
     {
         if (items[i].begins_group)
         {
+            // The separator cannot be chosen. Its entry only keeps the rows and the list in step.
             menu->addSeparator();
             item_of_row.push_back(i);
         }
@@ -62,6 +65,7 @@ void show_popup(CFrame& frame, const CView& view, const std::vector<popup_item>&
     menu->popup(&frame, where,
                 [item_of_row, on_choice = std::move(on_choice)](COptionMenu* popped)
                 {
+                    // Negative if the user has chosen none.
                     const std::int32_t row = popped->getLastResult();
                     if (row >= 0 && static_cast<std::size_t>(row) < item_of_row.size())
                         on_choice(item_of_row[static_cast<std::size_t>(row)]);

@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// One row of the menu, in the user's language.
 struct popup_item
 {
     std::string text;

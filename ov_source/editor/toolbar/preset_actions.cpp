@@ -19,6 +19,7 @@ preset_actions::preset_actions(std::weak_ptr<icomponent_v1> component, const edi
 preset_list preset_actions::list()
 {
     preset_list found = session.list();
+    // The bundled presets are offered all the same.
     if (found.own_failure)
         dialogs.show("Veridial", preset_messages::cannot_list);
     return found;
@@ -37,12 +38,14 @@ void preset_actions::save()
     const editor_question question{"{en:Save preset}{de:Preset sichern}", "{en:Name}{de:Name}",
                                    "{en:Save}{de:Sichern}"};
     const preset_choice* own = session.get_own_current();
+    // The name of the user's own current preset is offered, to save it again.
     dialogs.ask_for_text(question, own ? own->name : std::string(),
                          [this](const std::string& name) { save_as(name, false); });
 }
 
 void preset_actions::save_as(const std::string& name, bool overwrite)
 {
+    // A file that appears after this check is still safe: saving without overwrite fails, with a message.
     if (!overwrite && session.exists(name))
     {
         const editor_question question{name, preset_messages::overwrite_question, "{en:Overwrite}{de:Überschreiben}"};
@@ -66,6 +69,7 @@ void preset_actions::remove()
     const preset_choice* own = session.get_own_current();
     if (!own)
         return;
+    // A copy: another preset may be current when the answer arrives.
     const std::string name = own->name;
     const editor_question question{name, "{en:Delete this preset?}{de:Dieses Preset löschen?}",
                                    "{en:Delete}{de:Löschen}"};

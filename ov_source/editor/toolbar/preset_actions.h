@@ -34,9 +34,11 @@ public:
     /// To be called after each change of a parameter. Returns true if the grade has begun or ceased to differ from the
     /// current preset.
     bool parameter_changed(iparameter_v1& parameter) { return session.parameter_changed(parameter); }
+    /// What is current, and whether the grade has changed since. Only for reading.
     const preset_session& get_session() const { return session; }
 
 private:
+    /// Asks before it overwrites; with overwrite the user has agreed.
     void save_as(const std::string& name, bool overwrite);
 
     const editor_dialogs& dialogs;

@@ -18,6 +18,7 @@ namespace
 /// Longer lists of names would not be read.
 constexpr std::size_t most_named_values = 3;
 
+/// The names of the parameters whose values differ, in the order of the new state. Empty if one of the two is no state.
 std::vector<std::string> changed_names(std::span<const std::uint8_t> before, std::span<const std::uint8_t> after,
                                        icomponent_v1& component)
 {
@@ -44,6 +45,7 @@ std::string join(const std::vector<std::string>& names)
     std::string text;
     for (const std::string& name : names)
     {
+        // A name of one word would leave nothing after the colon.
         if (first_word(name) != group || name.size() <= group.size() + 1)
             return {};
         text += (text.empty() ? group + ": " : ", ") + name.substr(group.size() + 1);
@@ -75,6 +77,7 @@ void step_labels::remember(icomponent_v1& component, std::string name)
 const std::string* step_labels::find(icomponent_v1& component, int position) const
 {
     const auto found = labels.find(position);
+    // After an undo, another change may have taken the same position.
     const bool holds = found != labels.end() && found->second.state == component.get_undo_state(position);
     return holds ? &found->second.name : nullptr;
 }

@@ -28,15 +28,18 @@ public:
     const std::string* find(icomponent_v1& component, int position) const;
 
 private:
+    /// A name and the state that it names. It does not apply to another state at the same position.
     struct label
     {
         std::string name;
         std::vector<std::uint8_t> state;
     };
 
+    // By position in the undo history. A later step at a position replaces its label.
     std::map<int, label> labels;
 };
 
+/// One row of the history menu.
 struct history_step
 {
     int position = 0;
