@@ -69,22 +69,15 @@ TEST_F(preset_reader, a_file_damaged_in_one_field_is_refused_with_the_fields_nam
     const auto no_colour = entry(4, "\"param_value\" is not an array of four numbers");
     const std::tuple<const char*, const char*, std::string> rows[] = {
         {"parameter_count", "parameter_kount", "\"parameter_count\" is missing"},
-        {"count\":4", "count\":\"4\"", no_count},
         {"count\":4", "count\":4.0", no_count},
         {"count\":4", "count\":4294967300", no_count},
         {"count\":4", "count\":0", "\"parameter_count\" is less than 1"},
         {"count\":4", "count\":5", "\"parameters\" holds 4 elements, but \"parameter_count\" is 5"},
-        {"count\":4", "count\":3", "\"parameters\" holds 4 elements, but \"parameter_count\" is 3"},
-        {"parameters", "parametres", "\"parameters\" is missing"},
         {"parameters\":[", "parameters\":{},\"x\":[", "\"parameters\" is not an array"},
         {"4,\n\t\"parameters\":[", "5,\n\t\"parameters\":[[],", "entry 1 of \"parameters\" is not an object"},
-        {"param_name", "param_nome", entry(1, "\"param_name\" is missing")},
         {"\"Amount\"", "7", entry(1, "\"param_name\" is not a text")},
-        {"param_id", "param_ident", entry(1, "\"param_id\" is missing")},
         {"param_id\":", "param_id\":-", no_id},
         {"param_id\":", "param_id\":4294967296,\"x\":", no_id},
-        {"param_id\":", "param_id\":\"1\",\"x\":", no_id},
-        {"param_type", "param_tipe", entry(1, "\"param_type\" is missing")},
         {"\"continuous\"", "0", entry(1, "\"param_type\" is not a text")},
         {"param_value", "param_valeu", entry(1, "\"param_value\" is missing")},
         {"50.000000", "\"50\"", entry(1, "\"param_value\" is not a number")},
@@ -93,15 +86,10 @@ TEST_F(preset_reader, a_file_damaged_in_one_field_is_refused_with_the_fields_nam
         {"false", "0", entry(3, "\"param_value\" is not true or false")},
         {"[1.000000, ", "[", no_colour},
         {"[1.000000", "[\"1\"", no_colour},
-        {"plugin_state_size", "plugin_state_syze", "\"plugin_state_size\" is missing"},
         {"size\":200", "size\":199", "\"plugin_state\" holds 200 elements, but \"plugin_state_size\" is 199"},
-        {"plugin_state\"", "plugin_stato\"", "\"plugin_state\" is missing"},
         {"[115,", "[256,", "element 1 of \"plugin_state\" is not a byte, 0 to 255"},
         {"[115,49,", "[115,-1,", "element 2 of \"plugin_state\" is not a byte, 0 to 255"},
-        {"[115,49,118,", "[115,49,1.5,", "element 3 of \"plugin_state\" is not a byte, 0 to 255"},
-        {"[115,", "[116,", "\"plugin_state\": not a state: it does not begin with \"s1vc\""},
         {",99,4,0,", ",99,5,0,", "\"plugin_state\": the state is cut short: it announces 5 parameters and holds 4"},
-        {",99,4,0,0,0", ",99,255,255,255,255", "\"plugin_state\": the state is damaged: it announces -1 parameters"},
     };
     for (const auto& [from, to, expected] : rows)
     {
@@ -113,19 +101,14 @@ TEST_F(preset_reader, a_file_damaged_in_one_field_is_refused_with_the_fields_nam
 
 TEST_F(preset_reader, text_that_is_not_json_or_not_a_preset_is_refused_with_the_position)
 {
-    const std::size_t value_at = good.find("50.000000");
     const auto at = [](std::size_t place) { return "not valid JSON at byte " + std::to_string(place) + ": "; };
     const std::tuple<const char*, std::string, std::string> rows[] = {
         {"empty", "", "holds no text"},
-        {"blanks", std::string(1 << 20, ' '), "holds no text"},
         {"another kind", "[1]", "not a preset: the text is not an object"},
         {"truncated", good.substr(0, good.size() - 2),
          at(good.size() - 2) + "missing a comma or '}' after an object member"},
         {"text behind it", good + "x", at(good.size()) + "the document root must not be followed by other values"},
         {"a zero behind it", good + '\0' + "x", at(good.size()) + "a zero byte"},
-        {"NaN", replaced(good, "50.000000", "NaN"), at(value_at) + "invalid value"},
-        {"1e999", replaced(good, "50.000000", "1e999"), at(value_at) + "number too big to be stored in double"},
-        {"no UTF-8", replaced(good, "Amount", "Am\xFFunt"), at(good.find("Amount") + 2) + "invalid encoding in string"},
         {"a million levels", std::string(1'000'000, '['), at(1'000'000) + "invalid value"},
     };
     for (const auto& [what, text, expected] : rows)
@@ -137,24 +120,14 @@ TEST_F(preset_reader, text_that_is_not_json_or_not_a_preset_is_refused_with_the_
     EXPECT_TRUE(load(replaced(good, "{\n", "{\"x\":" + deep + ","))) << reason;
 }
 
-TEST_F(preset_reader, files_without_a_preset_are_refused_with_a_reason)
+TEST_F(preset_reader, a_file_beyond_the_size_limit_is_refused)
 {
     const temp_folder folder;
     folder.with_file("huge", "");
     std::filesystem::resize_file(folder / "huge", 100 << 20);
-    std::filesystem::create_symlink("loop", folder / "loop");
-    const std::pair<std::string, const char*> rows[] = {{folder / "missing", "no such file"},
-                                                        {folder / "loop", "too many symbolic links"},
-                                                        {folder.with_file("empty", ""), "holds no text"},
-                                                        {folder.path, "is a folder"},
-                                                        {folder / "huge", "is larger than 4194304 bytes"}};
-    for (const auto& [path, expected] : rows)
-    {
-        SCOPED_TRACE(path);
-        const auto refused = read_preset_file(path);
-        ASSERT_FALSE(refused);
-        EXPECT_EQ(refused.error().reason, expected);
-    }
+    const auto refused = read_preset_file(folder / "huge");
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().reason, "is larger than 4194304 bytes");
 }
 
 TEST_F(preset_reader, an_entry_that_does_not_match_is_skipped_and_the_rest_loads)
@@ -213,14 +186,6 @@ TEST_F(preset_reader, a_load_is_one_undo_step_and_none_while_a_control_is_dragge
     EXPECT_EQ(on.component->get_undo_range(), (undo_range{0, 0, 1})) << "what can be redone is kept";
 }
 
-TEST_F(preset_reader, a_state_without_a_number_leaves_the_default)
-{
-    const state_record damaged = continuous_record("Amount", std::numeric_limits<float>::quiet_NaN());
-    on.component->amount->set_value(80, false);
-    ASSERT_TRUE(apply_preset({{}, write_state({&damaged, 1})}, *on.component));
-    EXPECT_EQ(on.component->amount->get_value(), 50);
-}
-
 /// Maps a former parameter to "Steps" by the value that "Amount" has at that moment.
 struct mapping_component : test_component
 {
@@ -243,8 +208,21 @@ TEST(preset_reader_mapping, a_former_parameter_meets_the_defaults_and_not_the_ol
 
 struct preset_round_trip : testing::Test, effect_stage
 {
-    void expect_round_trip()
+    std::mt19937 engine{20};
+};
+
+TEST_F(preset_round_trip, save_load_save_gives_the_same_bytes)
+{
+    for (int i = 0; i < 200; ++i) // the first one is the default
     {
+        SCOPED_TRACE(i);
+        if (i % 2 == 1) // a state that the wheels' coupling would not allow
+            for (int p = 1; p < effect->get_parameter_count(); ++p)
+            {
+                param_value v = effect->get_parameter(p)->get_param_value();
+                v.value = param_cell::of(engine() % 2 ? v.max.as_continuous() : v.min.as_continuous());
+                effect->get_parameter(p)->set_param_value(v, true);
+            }
         const std::string saved = write_preset_text(*effect);
         const auto state = effect->get_state();
         randomize_look(*effect, engine);
@@ -253,26 +231,7 @@ struct preset_round_trip : testing::Test, effect_stage
         ASSERT_TRUE(apply_preset(*std::move(content), *effect));
         EXPECT_EQ(effect->get_state(), state);
         EXPECT_TRUE(write_preset_text(*effect) == saved);
-    }
-
-    std::mt19937 engine{20};
-};
-
-TEST_F(preset_round_trip, save_load_save_gives_the_same_bytes)
-{
-    expect_round_trip();
-    for (int i = 0; i < 200; ++i)
-    {
-        SCOPED_TRACE(i);
         randomize_look(*effect, engine);
-        if (i % 2 == 1) // a state that the wheels' coupling would not allow
-            for (int p = 1; p < effect->get_parameter_count(); ++p)
-            {
-                param_value v = effect->get_parameter(p)->get_param_value();
-                v.value = param_cell::of(engine() % 2 ? v.max.as_continuous() : v.min.as_continuous());
-                effect->get_parameter(p)->set_param_value(v, true);
-            }
-        expect_round_trip();
     }
 }
 
@@ -329,18 +288,6 @@ TEST_F(preset_round_trip, a_load_ends_as_if_everything_were_reset_then_listed_th
         }
         ASSERT_TRUE(effect->get_state() == plain.effect->get_state());
     }
-}
-
-TEST_F(preset_round_trip, former_parameters_in_the_state_arrive_as_present_ones)
-{
-    const std::vector<state_record> records{
-        continuous_record("Sky", -40), continuous_record("Film Contrast", -40), continuous_record("Greenery Kind", 2),
-        continuous_record("Boost Skin Tones", 30), continuous_record("Skin Tone Hue", 40)};
-    ASSERT_TRUE(apply_preset({{}, write_state(records)}, *effect));
-    EXPECT_EQ(value("Sky Angle") + value("Sky Strength"), 270 + 40);
-    EXPECT_EQ(value("Film Contrast Angle") + value("Film Contrast Strength"), 90 + 40);
-    EXPECT_EQ(value("Greenery Angle"), 270);
-    EXPECT_FLOAT_EQ(value("Skin Angle"), 53.1301f);
 }
 
 } // namespace
