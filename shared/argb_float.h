@@ -14,9 +14,11 @@ struct argb_float
     float g = 0.0f;
     float b = 0.0f;
 
+    /// Compares all channels; a NaN is not equal to anything.
     bool operator==(const argb_float&) const = default;
 };
 
+// Images are rows of four floats per pixel without padding.
 static_assert(sizeof(argb_float) == 16);
 
 } // namespace ov1

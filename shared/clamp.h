@@ -7,6 +7,7 @@ namespace ov1
 {
 
 /// v clamped to 0..largest; a NaN and -0 give +0. Compilers turn loops over it into vector code.
+/// `largest` must not be negative. No branches: it runs once per sample of a picture.
 constexpr float clamped(float v, float largest = 1.0f)
 {
     const float above = v > 0.0f ? v : 0.0f; // a NaN fails the comparison

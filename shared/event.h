@@ -10,6 +10,7 @@
 namespace ov1
 {
 
+/// What has happened. The numbers are fixed.
 enum class event_kind : std::uint32_t
 {
     initialized = 0,        ///< the component is initialized
@@ -30,6 +31,7 @@ struct event
 {
     event_kind type;
     uid id = invalid_id; ///< the parameter concerned, or invalid_id
+    /// Weak, so that an event that is kept does not keep a frame in memory.
     std::weak_ptr<image> source = {};
     std::weak_ptr<image> destination = {};
 };

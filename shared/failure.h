@@ -20,8 +20,10 @@ enum class failure_kind
 /// subject as the user wrote it leaves it empty; its caller adds it with about().
 struct failure
 {
+    /// Decides the exit code.
     failure_kind kind = failure_kind::unreadable;
     std::string subject = {}; ///< a file, parameter or option, as the user wrote it
+    /// Why it failed, for an error line.
     std::string reason = {};
     std::string hint = {}; ///< what the user can do
 

@@ -27,10 +27,12 @@ public:
     /// Width and height in pixels. Rows have no padding; all bytes are zero.
     image(std::uint32_t width, std::uint32_t height, pixel_type type, origin from);
 
+    /// The first byte of row 0, valid as long as the image.
     std::byte* pixels() { return data.get(); }
     const std::byte* pixels() const { return data.get(); }
     std::uint32_t get_width() const { return width; }
     std::uint32_t get_height() const { return height; }
+    /// 16 times the width.
     std::uint32_t get_bytes_per_row() const { return bytes_per_row; }
     pixel_type get_pixel_type() const { return type; }
     origin get_origin() const { return first_row; }

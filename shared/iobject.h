@@ -8,6 +8,7 @@
 namespace ov1
 {
 
+/// Objects may be destroyed through this class.
 class iobject
 {
 public:

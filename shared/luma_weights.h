@@ -7,6 +7,7 @@ namespace ov1
 /// Y = red R + green G + blue B, with a sum of 1. Source: ITU-T H.273, table 4.
 struct luma_weights
 {
+    // Green is not stored, so that the sum is 1.
     double red;
     double blue;
 

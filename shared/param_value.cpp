@@ -11,6 +11,7 @@ static_assert(std::endian::native == std::endian::little, "cells are kept in the
 namespace
 {
 
+/// The bytes of a value at the front of a cell; the rest is zero.
 template <typename T>
 param_cell cell_of(const T& v)
 {
@@ -19,6 +20,7 @@ param_cell cell_of(const T& v)
     return cell;
 }
 
+/// The inverse. Copies, because a cell is aligned for bytes only.
 template <typename T>
 T from_cell(const param_cell& cell)
 {
@@ -27,6 +29,7 @@ T from_cell(const param_cell& cell)
     return v;
 }
 
+/// First to min, then to max: if the bounds are crossed, the result is max. A NaN stays a NaN.
 template <typename T>
 T bounced(T v, T min, T max)
 {
@@ -37,6 +40,7 @@ T bounced(T v, T min, T max)
     return v;
 }
 
+/// False for a NaN, which fails both comparisons.
 bool within_unit(const param_argb& c)
 {
     const auto inside = [](float x) { return x >= 0.0f && x <= 1.0f; };
@@ -47,6 +51,7 @@ bool within_unit(const param_argb& c)
 
 param_cell param_cell::of(float v) { return cell_of(v); }
 param_cell param_cell::of(std::int32_t v) { return cell_of(v); }
+// One byte, 0 or 1, whatever the size of bool.
 param_cell param_cell::of(bool v) { return cell_of(std::uint8_t{v}); }
 param_cell param_cell::of(const param_argb& v) { return cell_of(v); }
 
@@ -55,6 +60,7 @@ std::int32_t param_cell::as_integral() const { return from_cell<std::int32_t>(*t
 
 void param_value::bounce_and_quantize(param_value& v) const
 {
+    // Bounds of another kind cannot be compared with the value.
     if (v.type != type)
         return;
     if (type == param_type::continuous)
@@ -85,6 +91,7 @@ bool param_value::is_valid(const param_value& v) const
 
 bool param_value::is_default_value() const
 {
+    // Unset and unknown kinds have no default.
     return static_cast<std::uint32_t>(type) < param_type_count && same_value(type, value, default_value);
 }
 

@@ -29,16 +29,19 @@ class param_cell
 public:
     static constexpr std::size_t size = 16;
 
+    /// A cell with this value; all other bytes are zero.
     static param_cell of(float v);
     static param_cell of(std::int32_t v);
     static param_cell of(bool v);
     static param_cell of(const param_argb& v);
 
+    /// The value, read as one kind. A cell does not know its kind.
     float as_continuous() const;
     std::int32_t as_integral() const;
     bool as_boolean() const { return bytes[0] != 0; }
     param_argb as_color() const { return std::bit_cast<param_argb>(bytes); }
 
+    /// Compares bytes; same_value compares values.
     bool operator==(const param_cell&) const = default;
 
     std::array<std::uint8_t, size> bytes{};
@@ -48,6 +51,7 @@ public:
 class param_bound
 {
 public:
+    /// A bound of a continuous or of an integral value.
     static param_bound of(float v) { return {std::bit_cast<std::uint32_t>(v)}; }
     static param_bound of(std::int32_t v) { return {static_cast<std::uint32_t>(v)}; }
 
@@ -60,6 +64,7 @@ public:
 /// A self-describing value, copied by value everywhere. A new record is unset and otherwise zero.
 struct param_value
 {
+    /// Decides how the cells and the bounds are read.
     param_type type = param_type::unset;
     param_cell value;
     param_cell default_value;

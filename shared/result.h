@@ -18,6 +18,7 @@ template <typename T = void>
 class [[nodiscard]] result
 {
 public:
+    /// Implicit, so that a function can return a value or a failure as it is.
     result(T value)
         : content(std::in_place_index<0>, std::move(value))
     {
@@ -28,6 +29,7 @@ public:
     {
     }
 
+    /// True if there is a value.
     explicit operator bool() const { return content.index() == 0; }
 
     /// Only if there is a value.
@@ -51,6 +53,7 @@ template <>
 class [[nodiscard]] result<void>
 {
 public:
+    /// Success.
     result() = default;
 
     result(failure why)
@@ -58,6 +61,7 @@ public:
     {
     }
 
+    /// True after success.
     explicit operator bool() const { return !problem.has_value(); }
 
     /// Only after a failure.

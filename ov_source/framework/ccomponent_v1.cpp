@@ -53,6 +53,7 @@ private:
     const std::shared_ptr<icomponent_v1> component;
 };
 
+/// The address set at build time, or else a file in the resources.
 std::string manual_address()
 {
     const std::string set_at_build = VERIDIAL_MANUAL_URL;
@@ -96,6 +97,7 @@ void ccomponent_v1::terminate()
     const auto leaving = get_host();
     if (!leaving)
         return;
+    // The view first: it shows parameters that are about to be released.
     set_view(nullptr);
     leaving->notify({event_kind::terminated});
     // Destroyed after the lock is released: a parameter's destructor may run code of the effect.
@@ -140,6 +142,7 @@ void ccomponent_v1::idle() {}
 
 void ccomponent_v1::register_parameter(std::shared_ptr<cparameter_v1> parameter)
 {
+    // Read before the lock: both are calls into the parameter.
     const uid id = parameter->get_uid();
     const std::uint32_t flags = parameter->get_flags();
     with_records_locked([&] { parameters.push_back({std::move(parameter), id, flags}); });
@@ -192,6 +195,7 @@ void ccomponent_v1::set_bypass(bool bypass)
     const auto parameter = find_bypass();
     if (!parameter)
         return;
+    // The whole record is set, so that the bounds stay.
     param_value v = parameter->get_param_value();
     v.value = param_cell::of(bypass);
     parameter->set_param_value(v, false);
@@ -210,6 +214,7 @@ std::vector<std::uint8_t> ccomponent_v1::get_state()
         [&]
         {
             records.reserve(parameters.size());
+            // All under one lock, so that the state is that of one moment.
             for (const registered_parameter& p : parameters)
                 records.push_back({p.parameter->record_under_lock(), p.id});
         });
@@ -228,6 +233,7 @@ bool ccomponent_v1::restore(std::span<const std::uint8_t> state, bool edit)
     std::vector<state_record> records;
     if (get_parameter_count() == 0 || !read_state(state, records))
         return false;
+    // Until the end no parameter changes another, so that the order of the records does not matter.
     const restore_guard restoring(*this);
     for (const state_record& record : records)
     {
@@ -237,6 +243,7 @@ bool ccomponent_v1::restore(std::span<const std::uint8_t> state, bool edit)
             handle_unknown_parameter(record.id, record.value, edit);
             continue;
         }
+        // Kind and value come from the state, default and bounds from the parameter: those in old documents may differ.
         param_value v = parameter->get_param_value();
         v.type = record.value.type;
         v.value = record.value.value;
@@ -259,6 +266,7 @@ void ccomponent_v1::handle_unknown_parameter(uid id, const param_value&, bool)
 
 void ccomponent_v1::begin_restore()
 {
+    // Only the outermost restore counts.
     if (open_restores++ == 0)
         restore_started();
 }
@@ -282,6 +290,7 @@ void ccomponent_v1::cancel_effect()
 
 int ccomponent_v1::save_state(bool advance)
 {
+    // Undo and redo set values, which must not become steps of their own.
     if (!view_is_open() || in_undo || in_redo)
         return undo_states.get_position();
     return undo_states.store(get_state(), advance);
@@ -290,6 +299,7 @@ int ccomponent_v1::save_state(bool advance)
 void ccomponent_v1::undo()
 {
     if (is_in_gesture())
+        // A drag is still changing the values; its end would overwrite the state that was restored.
         return;
     const flag_guard guard(in_undo);
     if (auto state = undo_states.step_back())
@@ -333,6 +343,7 @@ void ccomponent_v1::render_row(std::size_t y, const argb_float* in, argb_float* 
 
 std::shared_ptr<const row_renderer> ccomponent_v1::get_row_renderer()
 {
+    // The renderer keeps the component alive for as long as it is used.
     return std::make_shared<component_rows>(shared_from_this());
 }
 

@@ -97,22 +97,30 @@ private:
     };
 
     /// The first parameter that the predicate accepts; null when there is none.
+    /// Takes the record lock for the search.
     template <typename predicate>
     std::shared_ptr<iparameter_v1> find_parameter(const predicate& is_wanted) const;
     std::shared_ptr<iparameter_v1> find_bypass() const;
+    /// Sets every parameter that the state names. False, with nothing changed, if it is not a state.
     bool restore(std::span<const std::uint8_t> state, bool edit);
+    /// Both are false without a view.
     bool view_is_open();
     bool is_in_gesture();
 
+    /// Shared with the parameters, which may outlive the component.
     const std::shared_ptr<std::mutex> record_lock;
+    /// host, view and parameters are guarded by record_lock.
     std::shared_ptr<ihost_v1> host;
     std::shared_ptr<iview_v1> view;
     std::vector<registered_parameter> parameters;
 
+    /// From here to cancel_state: editor's thread only.
     undo_ring undo_states;
     bool in_undo = false;
     bool in_redo = false;
+    /// The state after initialize.
     std::vector<std::uint8_t> default_state;
+    /// The state of save_cancel_state; empty before it.
     std::vector<std::uint8_t> cancel_state;
     std::atomic<int> open_restores = 0;
 };

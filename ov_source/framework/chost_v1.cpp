@@ -33,7 +33,9 @@ bool chost_v1::schedule_render()
 
 void chost_v1::notify(event e)
 {
+    // The flags first: the component may ask for them while it is notified.
     update_flags(e.type);
+    // An event may arrive after the component was destroyed.
     if (const auto listening = get_component())
         listening->notify(std::move(e));
 }

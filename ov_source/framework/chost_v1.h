@@ -42,10 +42,13 @@ protected:
     std::shared_ptr<icomponent_v1> get_component() const { return component.lock(); }
 
 private:
+    /// Updates dirty and legacy; called for every event before it is forwarded.
     void update_flags(event_kind kind);
 
     const std::weak_ptr<icomponent_v1> component;
+    /// Set by changes, cleared by render_begins.
     std::atomic<bool> dirty = false;
+    /// Set by unknown_parameter, cleared by initialized.
     std::atomic<bool> legacy = false;
 };
 

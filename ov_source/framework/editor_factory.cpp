@@ -11,6 +11,7 @@ namespace ov1
 namespace
 {
 
+/// The one factory of the process.
 struct installed_factory
 {
     std::mutex lock;
@@ -33,6 +34,7 @@ void install_editor_factory(editor_factory factory)
 
 std::shared_ptr<iview_v1> create_editor(std::weak_ptr<icomponent_v1> component)
 {
+    // A copy, so that the lock is not held while the editor is created.
     editor_factory factory;
     {
         const std::scoped_lock guard(installed().lock);

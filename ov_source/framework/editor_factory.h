@@ -10,6 +10,7 @@ namespace ov1
 class icomponent_v1;
 class iview_v1;
 
+/// Makes an editor that refers to the component weakly. May return null.
 using editor_factory = std::function<std::shared_ptr<iview_v1>(std::weak_ptr<icomponent_v1>)>;
 
 /// For the whole process; replaces the previous factory, an empty one removes it. Any thread.

@@ -18,6 +18,7 @@ namespace
 
 constexpr const char* title_separator = " - ";
 
+/// Null if the view shows no preview.
 preview_sink* sink_of(iview_v1& view) { return dynamic_cast<preview_sink*>(&view); }
 
 } // namespace
@@ -31,11 +32,13 @@ void editor_session::set_picture(std::shared_ptr<image> new_source, std::shared_
 {
     source = std::move(new_source);
     destination = std::move(new_destination);
+    // Shown by the event loop, not here: the picture may be set while an event is being handled.
     picture_is_new = source && destination;
 }
 
 bool editor_session::run(const editor_session_options& options)
 {
+    // The view exists before the window, because it knows the window's size.
     const std::shared_ptr<iview_v1> view = component->create_view();
     if (!view)
         return false;
@@ -45,13 +48,16 @@ bool editor_session::run(const editor_session_options& options)
     if (preview_sink* sink = sink_of(*view))
         sink->offer_frames(options.frame_count, options.frame_chosen);
 
+    // Weak, so that raise() does nothing when the window has gone.
     shown = opened;
     opened->begin_modal();
+    // The first preview shows the parameters as they are, even if nothing has changed.
     component->get_host()->schedule_render();
     picture_is_new = source && destination;
     serve(*view);
     opened->end_modal();
     view->close();
+    // The hook may refer to objects of the caller that end with this call.
     opened->set_pump_hook({});
     return true;
 }
@@ -70,8 +76,10 @@ std::shared_ptr<window> editor_session::make_window(iview_v1& view, const editor
 
 void editor_session::serve(iview_v1& view)
 {
+    // Each iteration waits in view.idle() until there is input, for 25 ms at most.
     while (view.is_open())
     {
+        // One preview per iteration: changes that arrive during a render are shown together by the next.
         if (picture_is_new)
             show_picture(view);
         else if (component->get_host()->component_is_dirty())
@@ -85,6 +93,7 @@ void editor_session::show_picture(iview_v1& view)
 {
     picture_is_new = false;
     if (preview_sink* sink = sink_of(view))
+        // The source first, so that the comparison is never with an older picture.
         sink->set_preview_source(*source);
     render_preview();
 }
@@ -93,8 +102,10 @@ void editor_session::render_preview()
 {
     if (!source || !destination)
         return;
+    // The component updates its table in render_begins, before the renderer is taken.
     const auto host = component->get_host();
     host->notify({event_kind::render_begins, invalid_id, source, destination});
+    // render_ended follows even if nothing was rendered.
     if (render_image(*component->get_row_renderer(), *source, *destination))
         host->notify({event_kind::preview_rendered, invalid_id, source, destination});
     host->notify({event_kind::render_ended, invalid_id, source, destination});

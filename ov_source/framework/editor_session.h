@@ -29,6 +29,7 @@ struct editor_session_options
 class editor_session
 {
 public:
+    /// Keeps the component until the session is destroyed.
     explicit editor_session(std::shared_ptr<icomponent_v1> component);
 
     /// The preview's picture and the image it is rendered to: equal in size, type and origin, or both null for no
@@ -43,15 +44,21 @@ public:
     void raise();
 
 private:
+    /// Null if no window can be opened.
     std::shared_ptr<window> make_window(iview_v1& view, const editor_session_options& options);
+    /// The event loop: returns when the view is closed.
     void serve(iview_v1& view);
+    /// Renders the picture with the present parameters, between the events of a render.
     void render_preview();
+    /// Passes a new source to the view, then renders.
     void show_picture(iview_v1& view);
 
     const std::shared_ptr<icomponent_v1> component;
     std::shared_ptr<image> source;
     std::shared_ptr<image> destination;
+    /// The window of the running session.
     std::weak_ptr<window> shown;
+    /// Set when the view has not seen the source yet.
     bool picture_is_new = false;
 };
 

@@ -32,6 +32,7 @@ public:
     /// Creates the editor and keeps it as the view; null if there is none.
     virtual std::shared_ptr<iview_v1> create_view() = 0;
 
+    /// Name and vendor as users see them.
     virtual std::string get_name() const = 0;
     virtual std::string get_vendor() const = 0;
     /// Reverse domain notation: com.vendor.product
@@ -77,6 +78,7 @@ public:
 
     virtual int get_parameter_count() const = 0;
     /// By index in registration order, by uid or by exact name; null if there is none.
+    /// The caller shares the parameter, which may outlive the component.
     virtual std::shared_ptr<iparameter_v1> get_parameter(int index) = 0;
     virtual std::shared_ptr<iparameter_v1> get_parameter(uid id) = 0;
     virtual std::shared_ptr<iparameter_v1> get_parameter(std::string name) = 0;

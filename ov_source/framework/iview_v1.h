@@ -24,12 +24,14 @@ public:
     /// Shows the view in the window and keeps it. Returns false if the view is already open or the window cannot be
     /// shown.
     [[nodiscard]] virtual bool open(std::shared_ptr<window> window) = 0;
+    /// Closes the window and forgets the listeners and changes that were not shown yet.
     virtual void close() = 0;
     /// Whether the view has a visible window.
     virtual bool is_open() = 0;
     /// Whether the user is dragging a control: from press to release.
     virtual bool is_editing() = 0;
     /// Processes the pending events of the window.
+    /// Returns true.
     virtual bool idle() = 0;
     /// Creates the controls.
     virtual void init_view() = 0;

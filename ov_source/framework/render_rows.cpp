@@ -15,6 +15,7 @@ void for_each_row_of(const picture_rows<element>& picture, unsigned max_threads,
 {
     const auto render_piece = [&](std::size_t first, std::size_t end)
     {
+        // Rows are taken in the order of memory; the renderer counts them from the top.
         for (std::size_t row = first; row < end; ++row)
             render(picture.is_bottom_up ? picture.height - 1 - row : row, picture.in + row * picture.in_step,
                    picture.out + row * picture.out_step);

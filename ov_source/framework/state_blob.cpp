@@ -14,6 +14,7 @@ constexpr std::uint32_t magic = 0x63763173; // "s1vc"
 // A header alone is not a state, even if its count is 0.
 constexpr std::size_t smallest_state = state_header_size + 1;
 
+// Offsets in a record; state_blob.h has the whole format.
 constexpr std::size_t value_at = 4;
 constexpr std::size_t default_at = value_at + param_cell::size;
 constexpr std::size_t min_at = default_at + param_cell::size;
@@ -21,6 +22,7 @@ constexpr std::size_t max_at = min_at + 4;
 constexpr std::size_t uid_at = max_at + 4;
 static_assert(uid_at + 4 == state_record_size);
 
+/// Little-endian on every processor.
 void put_u32(std::uint8_t* at, std::uint32_t v)
 {
     for (int i = 0; i < 4; ++i)
@@ -42,6 +44,7 @@ void put_record(std::uint8_t* at, const state_record& record)
     put_u32(at + uid_at, record.id);
 }
 
+/// The bytes of a cell that a value of this kind uses.
 std::size_t used_bytes(param_type type)
 {
     switch (type)
@@ -56,6 +59,7 @@ std::size_t used_bytes(param_type type)
     }
 }
 
+/// Unused bytes become zero and booleans 0 or 1, so that equal values have equal cells. Unknown kinds keep all bytes.
 param_cell get_cell(const std::uint8_t* at, param_type type)
 {
     param_cell cell;
@@ -76,6 +80,7 @@ state_record get_record(const std::uint8_t* at)
             get_u32(at + uid_at)};
 }
 
+/// Whether the bytes begin with the magic and are more than a header.
 bool has_header(std::span<const std::uint8_t> bytes)
 {
     return bytes.size() >= smallest_state && get_u32(bytes.data()) == magic;
@@ -105,6 +110,7 @@ bool read_state(std::span<const std::uint8_t> bytes, std::vector<state_record>& 
         return false;
     const std::int32_t count = announced_count(bytes);
     std::span<const std::uint8_t> rest = bytes.subspan(state_header_size);
+    // A negative count ends the loop at once; a count that is too large ends at the last complete record.
     for (std::int32_t i = 0; i < count && rest.size() >= state_record_size; ++i)
     {
         records.push_back(get_record(rest.data()));
@@ -115,6 +121,7 @@ bool read_state(std::span<const std::uint8_t> bytes, std::vector<state_record>& 
 
 result<> check_state_blob(std::span<const std::uint8_t> bytes)
 {
+    // No subject: the caller knows where the bytes came from.
     const auto invalid = [](std::string reason) { return failure{failure_kind::invalid_grade, {}, std::move(reason)}; };
 
     if (bytes.size() < smallest_state)
@@ -124,6 +131,7 @@ result<> check_state_blob(std::span<const std::uint8_t> bytes)
     const std::int32_t count = announced_count(bytes);
     if (count < 0)
         return invalid("the state is damaged: it announces " + std::to_string(count) + " parameters");
+    // The announced count is compared with what is there before anything is allocated.
     const std::size_t found = (bytes.size() - state_header_size) / state_record_size;
     if (static_cast<std::size_t>(count) > found)
         return invalid("the state is cut short: it announces " + std::to_string(count) + " parameters and holds " +

@@ -25,9 +25,11 @@
 namespace ov1
 {
 
+/// Both in bytes.
 inline constexpr std::size_t state_header_size = 8;
 inline constexpr std::size_t state_record_size = 48;
 
+/// A value and the parameter that it belongs to.
 struct state_record
 {
     param_value value;

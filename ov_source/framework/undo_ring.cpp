@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+// slot_count is a power of two, so that a mask gives p mod slot_count.
 constexpr int slot_mask = undo_ring::slot_count - 1;
 static_assert((undo_ring::slot_count & slot_mask) == 0);
 
@@ -18,6 +19,7 @@ int undo_ring::store(bytes state, bool advance)
 {
     const int stored = position;
     slots[stored & slot_mask] = std::move(state);
+    // The slot belonged to the position slot_count earlier, which is lost.
     oldest_intact = std::max(oldest_intact, stored - slot_mask);
     if (advance)
     {
@@ -25,6 +27,7 @@ int undo_ring::store(bytes state, bool advance)
         oldest_intact = std::min(oldest_intact, stored);
         position += 1;
         top = position;
+        // The number of positions that can be stepped back to.
         depth = std::min(position, slot_count);
     }
     return stored;
@@ -64,8 +67,10 @@ void undo_ring::flush()
 
 undo_range undo_ring::range() const { return {oldest_intact, position, top}; }
 
+// Counted modulo slot_count, and so not the oldest intact position: see the class.
 int undo_ring::bottom() const { return (top - depth) & slot_mask; }
 
+/// The bytes are copied, because a later store may replace the slot.
 undo_ring::bytes undo_ring::move_to(int to)
 {
     position = to;

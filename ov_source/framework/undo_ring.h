@@ -12,8 +12,11 @@ namespace ov1
 /// The positions of an undo history that a user may go to, oldest <= newest.
 struct undo_range
 {
+    /// The oldest position with its own state.
     int oldest = 0;
+    /// The present position.
     int position = 0;
+    /// The newest position that redo leads to.
     int newest = 0;
 
     bool can_undo() const { return position > oldest; }
@@ -46,6 +49,7 @@ public:
     /// Back to position 0 with slot 0 empty.
     void flush();
 
+    /// The position that store() writes next.
     int get_position() const { return position; }
     int get_top() const { return top; }
     int get_depth() const { return depth; }
@@ -56,12 +60,17 @@ public:
 private:
     /// The lowest position that stepping and jumping accept.
     int bottom() const;
+    /// Moves without a check.
     bytes move_to(int to);
 
+    /// Position p is in slot p mod slot_count.
     std::array<bytes, slot_count> slots;
+    /// The newest position.
     int top = 0;
+    /// How many positions before the newest were stored, at most slot_count.
     int depth = 0;
     int position = 0;
+    /// The oldest position whose slot was not overwritten.
     int oldest_intact = 0;
 };
 

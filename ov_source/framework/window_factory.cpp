@@ -18,6 +18,7 @@ window_maker& installed_maker()
     return maker;
 }
 
+/// A copy, so that no lock is held while a window is made.
 window_maker copy_maker()
 {
     const std::scoped_lock guard(maker_mutex);
@@ -34,10 +35,12 @@ window_factory::window_factory(std::string icon)
 window_factory& window_factory::get_instance(const std::string& icon)
 {
     static std::mutex mutex;
+    // Never destroyed: windows may still be open during exit.
     static std::map<std::string, std::unique_ptr<window_factory>>& factories =
         *new std::map<std::string, std::unique_ptr<window_factory>>;
     const std::scoped_lock guard(mutex);
     auto& factory = factories[icon];
+    // Made under the lock: two threads get the same factory.
     if (!factory)
         factory.reset(new window_factory(icon));
     return *factory;

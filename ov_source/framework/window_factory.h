@@ -29,6 +29,7 @@ private:
     const std::string icon;
 };
 
+/// Makes a visible window, or returns null. Called on the thread of the window.
 using window_maker = std::function<std::shared_ptr<window>(const std::string& icon, const rect& size,
                                                            const std::string& title, void* parent)>;
 

@@ -15,8 +15,10 @@ namespace ov1
 namespace
 {
 
+/// The first read where the size is not known in advance, as with a pipe.
 constexpr std::size_t chunk_size = 1 << 16;
 
+/// After a failure the target is unchanged: the destructor removes the temporary file.
 result<> write_whole(const std::string& path, std::span<const std::uint8_t> bytes, existing_file rule)
 {
     pending_file file;
@@ -36,6 +38,7 @@ failure failed_on_existing(failure_kind kind, int error_number)
 /// Reads until the end or until there is more than `limit`. Sets errno on failure.
 bool read_to_end(int descriptor, std::vector<std::uint8_t>& bytes, std::size_t limit)
 {
+    // The size is only a hint: a pipe reports 0, and a file may grow while it is read.
     struct stat facts;
     if (fstat(descriptor, &facts) != 0)
         return false;
@@ -47,6 +50,7 @@ bool read_to_end(int descriptor, std::vector<std::uint8_t>& bytes, std::size_t l
     std::size_t used = 0;
     // One byte more than the reported size, so that the end of the file is seen without another allocation.
     bytes.resize(facts.st_size > 0 ? std::min(static_cast<std::size_t>(facts.st_size), limit) + 1 : chunk_size);
+    // One byte beyond the limit is enough to see that there is too much.
     while (used <= limit)
     {
         if (used == bytes.size())
@@ -83,10 +87,12 @@ result<> write_file(const std::string& path, std::span<const std::uint8_t> bytes
 
 result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit)
 {
+    // O_NOCTTY: a terminal must not become the controlling terminal of this process.
     const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
         return failed_on_existing(failure_kind::unreadable, errno);
     std::vector<std::uint8_t> bytes;
+    // Kept, because close() may change errno.
     const int error_number = read_to_end(descriptor, bytes, limit) ? 0 : errno;
     close(descriptor);
     if (error_number != 0)
@@ -106,6 +112,7 @@ result<> remove_file(const std::string& path)
 result<> folder_takes_files(const std::string& folder)
 {
     pending_file probe;
+    // Never committed: the destructor removes the temporary file.
     return probe.open(folder + "/.veridial-probe", existing_file::replace);
 }
 

@@ -25,12 +25,14 @@ result<> create_file(const std::string& path, std::span<const std::uint8_t> byte
 result<> write_file(const std::string& path, std::span<const std::uint8_t> bytes, bool may_replace);
 
 /// Reads a file, pipe or device to its end. Folders and content of more than `limit` bytes are failures (unreadable).
+/// Exactly `limit` bytes are accepted.
 result<std::vector<std::uint8_t>> read_file(const std::string& path, std::size_t limit);
 
 /// Removes a file, or a symbolic link and not its target; never a folder. Failures are cannot_write.
 result<> remove_file(const std::string& path);
 
 /// Fails (cannot_write) when no new file can be made in the folder. Creates and removes a temporary file to find out.
+/// For a check before long work.
 result<> folder_takes_files(const std::string& folder);
 
 } // namespace ov1

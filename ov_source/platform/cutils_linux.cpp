@@ -20,12 +20,16 @@ namespace ov1
 namespace
 {
 
+// Real files are far smaller; the limits keep a wrong file from filling the memory.
 constexpr std::size_t resource_limit = std::size_t{256} << 20;
 constexpr std::size_t os_release_limit = 1 << 16;
+// Used where no desktop reports a size.
 constexpr int usual_screen_width = 1920;
 constexpr int usual_screen_height = 1080;
+/// The convention of X11 desktops.
 constexpr double dpi_of_scale_one = 96.0;
 
+/// Empty if either part is empty: a store with an empty path stores nothing.
 std::string settings_path(const std::string& folder, const std::string& name)
 {
     return folder.empty() || name.empty() ? std::string() : folder + '/' + name + ".settings";
@@ -95,6 +99,7 @@ bool cutils_linux::get_os_version_string(std::string& text)
     utsname names;
     if (uname(&names) != 0)
         return false;
+    // The release also names the build, which is not part of the version.
     const std::string version = version_of_kernel_release(names.release);
     if (version.empty())
         return false;
@@ -105,11 +110,13 @@ bool cutils_linux::get_os_version_string(std::string& text)
 bool cutils_linux::get_os_string(std::string& text)
 {
     std::string name;
+    // The second is the fallback that the format defines.
     for (const char* path : {"/etc/os-release", "/usr/lib/os-release"})
     {
         const auto bytes = read_file(path, os_release_limit);
         if (!bytes)
             continue;
+        // The first file that can be read counts, even without a name.
         name = pretty_name_of_os_release({reinterpret_cast<const char*>(bytes->data()), bytes->size()});
         break;
     }
@@ -126,9 +133,11 @@ bool cutils_linux::alert_box(void* parent_window, const std::string& title, cons
 bool cutils_linux::alert_box(void* parent_window, const std::string& title, const std::string& message,
                              const std::string& first_button, const std::string& second_button)
 {
+    // Shared, because another thread may install other services meanwhile.
     const auto services = get_desktop_services();
     if (services->show_alert)
         return services->show_alert(parent_window, title, message, first_button, second_button);
+    // A program without windows has no other place for the text.
     std::fputs((title + ": " + message + "\n").c_str(), stderr);
     return false;
 }
@@ -146,6 +155,7 @@ bool cutils_linux::get_resource(const std::string& name, std::vector<std::uint8_
 
 void cutils_linux::open_url(const std::string& text) { open_with_desktop(text); }
 
+// The id of the first thread is that of the process.
 bool cutils_linux::is_main_thread() { return gettid() == getpid(); }
 
 bool cutils_linux::create_dir(const std::string& path)
@@ -156,6 +166,7 @@ bool cutils_linux::create_dir(const std::string& path)
 
 const std::string& cutils_linux::get_path_separator()
 {
+    // Never destroyed: destructors that run after main may still use it.
     static const std::string& separator = *new std::string("/");
     return separator;
 }
@@ -175,6 +186,7 @@ std::string cutils_linux::get_common_directory()
 {
     std::error_code error;
     if (!environment.common_folder.empty())
+        // A failure shows when a file in the folder is opened.
         std::filesystem::create_directories(environment.common_folder, error);
     return environment.common_folder;
 }
@@ -187,10 +199,12 @@ bool cutils_linux::list_dir(const std::string& path, std::vector<std::string>* f
 
 double cutils_linux::get_dpi_scale()
 {
+    // The user's own setting wins.
     if (environment.scale > 0.0)
         return environment.scale;
     const auto services = get_desktop_services();
     const double scale = services->query_dpi ? services->query_dpi() / dpi_of_scale_one : 1.0;
+    // Only 1 and 2, so that one-pixel lines and bitmaps stay sharp.
     return scale >= 1.5 ? 2.0 : 1.0;
 }
 

@@ -22,6 +22,7 @@ struct opener_list
     std::mutex mutex;
     std::vector<pid_t> running;
 
+    /// Waits for children that have ended, so that none stays as a zombie.
     void reap()
     {
         std::erase_if(running, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
@@ -30,6 +31,7 @@ struct opener_list
 
 opener_list& openers()
 {
+    // Never destroyed: a thread may open a document during exit.
     static opener_list& list = *new opener_list;
     return list;
 }
@@ -38,25 +40,29 @@ bool is_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')
 
 bool is_scheme_character(char c) { return is_letter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.'; }
 
+/// Starts a program from PATH and stores its process id. Does not wait for it.
 bool spawn(const char* program, const std::string& argument, pid_t& child)
 {
     posix_spawn_file_actions_t files;
     posix_spawnattr_t attributes;
     posix_spawn_file_actions_init(&files);
     posix_spawnattr_init(&attributes);
+    // The opener must not read our input or write between our lines.
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         posix_spawn_file_actions_addopen(&files, descriptor, "/dev/null", O_RDWR, 0);
-    // In its own process group, so that Ctrl-C in our terminal does not end the user's browser.
     sigset_t none;
     sigemptyset(&none);
+    // Signals that this thread blocks must reach the opener.
     posix_spawnattr_setsigmask(&attributes, &none);
     // Signals that this process ignores get their default action again.
     sigset_t all;
     sigfillset(&all);
     posix_spawnattr_setsigdefault(&attributes, &all);
+    // In its own process group, so that Ctrl-C in our terminal does not end the user's browser.
     posix_spawnattr_setpgroup(&attributes, 0);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP);
 
+    // Copies, because posix_spawnp takes pointers to writable characters.
     std::string name = program;
     std::string text = argument;
     const std::array<char*, 3> arguments = {name.data(), text.data(), nullptr};
@@ -71,6 +77,7 @@ bool spawn(const char* program, const std::string& argument, pid_t& child)
 bool is_url(std::string_view text)
 {
     const std::size_t colon = text.find(':');
+    // A scheme begins with a letter, and something must follow the colon.
     if (colon == std::string_view::npos || colon + 1 == text.size() || !is_letter(text.front()))
         return false;
     const std::string_view scheme = text.substr(0, colon);
@@ -89,6 +96,7 @@ bool open_with_desktop(const std::string& text)
 {
     if (text.empty())
         return false;
+    // Held while spawning, so that every child is in the list before the next call reaps.
     const std::scoped_lock lock(openers().mutex);
     openers().reap();
     pid_t child = 0;

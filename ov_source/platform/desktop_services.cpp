@@ -8,6 +8,7 @@ namespace ov1
 namespace
 {
 
+/// Replaced as a whole: a caller keeps the services that it holds.
 struct installed_services
 {
     std::mutex mutex;
@@ -24,6 +25,7 @@ installed_services& installed()
 
 void install_desktop_services(desktop_services services)
 {
+    // Declared before the lock: the old services are destroyed after the mutex is released.
     auto next = std::make_shared<const desktop_services>(std::move(services));
     const std::scoped_lock lock(installed().mutex);
     installed().services.swap(next);

@@ -15,12 +15,14 @@ std::string folder_of(const std::string& path)
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos)
         return ".";
+    // The separator of the root is its whole name.
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
 bool stands_for_open_file(const std::string& path)
 {
     struct statfs facts;
+    // /dev/stdout and the like lead to /proc/PID/fd, where entries look like links but stand for open files.
     return statfs(folder_of(path).c_str(), &facts) == 0 && facts.f_type == PROC_SUPER_MAGIC;
 }
 

@@ -12,9 +12,11 @@ std::string folder_of(const std::string& path)
     const std::size_t slash = path.rfind('/');
     if (slash == std::string::npos)
         return ".";
+    // The separator of the root is its whole name.
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
+// Here the open files of a process are entries of /dev/fd themselves.
 bool stands_for_open_file(const std::string& path) { return folder_of(path) == "/dev/fd"; }
 
 bool rename_to_new(const std::string& from, const std::string& to)

@@ -9,6 +9,7 @@ namespace ov1
 namespace
 {
 
+/// False for a symbolic link to a folder.
 bool is_directory(const std::string& folder, const dirent& entry)
 {
     if (entry.d_type != DT_UNKNOWN)
@@ -35,6 +36,7 @@ bool list_folder(const std::string& path, std::vector<std::string>* files, std::
     if (directory == nullptr)
         return false;
     const std::string prefix = !full_paths ? "" : path.ends_with('/') ? path : path + '/';
+    // The outputs change only after everything was read.
     std::vector<std::string> found_files;
     std::vector<std::string> found_directories;
     while (const dirent* entry = readdir(directory))

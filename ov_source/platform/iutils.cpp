@@ -8,12 +8,14 @@ namespace ov1
 namespace
 {
 
+/// Null while the system's utilities are in use.
 std::atomic<iutils*> replacement_instance = nullptr;
 
 } // namespace
 
 iutils& iutils::get_instance()
 {
+    // Acquire, so that this thread sees a completely constructed replacement.
     if (iutils* replacement = replacement_instance.load(std::memory_order_acquire))
         return *replacement;
     // Never destroyed: destructors that run after main may still use it.

@@ -32,6 +32,7 @@ std::string pretty_name_of_os_release(std::string_view text)
     constexpr std::string_view key = "PRETTY_NAME=";
     while (!text.empty())
     {
+        // The last line may lack a line feed.
         const std::size_t end = std::min(text.find('\n'), text.size());
         if (text.starts_with(key))
             return unquoted(text.substr(key.size(), end - key.size()));
@@ -43,6 +44,7 @@ std::string pretty_name_of_os_release(std::string_view text)
 std::string version_of_kernel_release(std::string_view release)
 {
     std::string version;
+    // Missing numbers are 0.
     for (int i = 0; i < 3; ++i)
     {
         const std::size_t digits = std::min(release.find_first_not_of("0123456789"), release.size());
@@ -52,6 +54,7 @@ std::string version_of_kernel_release(std::string_view release)
             version += '.';
         version += digits == 0 ? "0" : release.substr(0, digits);
         release.remove_prefix(digits);
+        // Anything but a dot ends the numbers: "-13-amd64".
         const bool goes_on = release.starts_with('.');
         release = goes_on ? release.substr(1) : std::string_view();
     }

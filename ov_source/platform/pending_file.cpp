@@ -22,7 +22,9 @@ namespace
 {
 
 constexpr int link_limit = 40; // the limit of Linux itself
+/// For names that exist already. With 64 random bits the second attempt is very rare.
 constexpr int name_attempts = 100;
+// The first are the read, write and execute bits; the others add set-ID and sticky.
 constexpr unsigned permission_bits = 0777;
 constexpr unsigned all_mode_bits = 07777;
 constexpr unsigned new_file_mode = 0666; // the user's umask applies
@@ -59,6 +61,7 @@ bool follow_links(std::string& path)
     return false;
 }
 
+/// A hidden name that users can recognise if a crash leaves the file behind.
 std::string random_leaf()
 {
     std::random_device random;
@@ -88,8 +91,10 @@ pending_file::~pending_file() { discard(); }
 
 result<> pending_file::open(const std::string& path, existing_file wanted_rule)
 {
+    // A file that was opened before and not committed is removed.
     discard();
     rule = wanted_rule;
+    // Every branch that fails sets errno for the last line.
     struct stat facts;
     const bool exists = stat(path.c_str(), &facts) == 0;
     target = path;
@@ -97,16 +102,19 @@ result<> pending_file::open(const std::string& path, existing_file wanted_rule)
         errno = ENOENT;
     else if ((exists && S_ISDIR(facts.st_mode)) || path.ends_with('/'))
         errno = exists ? EISDIR : ENOENT;
+    // Pipes and devices cannot be replaced.
     else if (exists && (!S_ISREG(facts.st_mode) || stands_for_open_file(path)))
         return open_direct(path);
     else if (!follow_links(target))
         errno = ELOOP;
+    // The links led to an open file, as those of /dev/stdout do.
     else if (exists && stands_for_open_file(target))
         return open_direct(path);
     else if (rule == existing_file::refuse && (exists || target != path))
         errno = EEXIST; // a symbolic link without a target exists as well
     else if (!exists)
         return open_beside(new_file_mode);
+    // A rename would replace a write-protected file, because it asks only for permission on the folder.
     else if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0)
     {
         if (auto opened = open_beside(facts.st_mode & permission_bits); !opened)
@@ -136,7 +144,9 @@ result<> pending_file::open_beside(unsigned mode)
     for (int i = 0; i < name_attempts; ++i)
     {
         const std::string path = (folder == "/" ? folder : folder + '/') + random_leaf();
+        // Locked, so that abandon_pending_files_and_exit knows every file that exists.
         const std::scoped_lock lock(temporaries().mutex);
+        // O_EXCL and O_NOFOLLOW: never opens a file or a link that someone else has put there.
         descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         if (descriptor >= 0)
         {
@@ -144,6 +154,7 @@ result<> pending_file::open_beside(unsigned mode)
             temporaries().paths.push_back(path);
             return {};
         }
+        // Another name would meet any other error again.
         if (errno != EEXIST)
             break;
     }
@@ -155,9 +166,11 @@ result<> pending_file::write(std::span<const std::uint8_t> bytes)
     while (!bytes.empty())
     {
         const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        // A signal arrived before a byte was written.
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
+            // No progress and no error: reported as a full disk, so that the loop ends.
             return cannot_write(count < 0 ? errno : ENOSPC);
         bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
@@ -166,6 +179,7 @@ result<> pending_file::write(std::span<const std::uint8_t> bytes)
 
 bool pending_file::move_into_place() const
 {
+    // Locked, so that no signal arrives between the rename and the change of the list.
     const std::scoped_lock lock(temporaries().mutex);
     const bool moved = rule == existing_file::refuse ? rename_to_new(written_path, target)
                                                      : rename(written_path.c_str(), target.c_str()) == 0;
@@ -178,12 +192,15 @@ result<> pending_file::commit()
 {
     if (is_direct)
     {
+        // Some file systems report write errors only at this point.
         if (close(std::exchange(descriptor, -1)) != 0)
             return cannot_write(errno);
         return {};
     }
+    // Synced before the rename: otherwise a crash could leave an empty file under the new name.
     if (descriptor < 0 || !synced(descriptor) || !move_into_place())
     {
+        // Made before discard(), which may change errno.
         failure why = cannot_write(descriptor < 0 ? EBADF : errno);
         discard();
         return why;
@@ -198,6 +215,7 @@ void pending_file::discard()
 {
     if (descriptor >= 0)
         close(std::exchange(descriptor, -1));
+    // A file that is written directly existed before and stays.
     if (!is_direct && !written_path.empty())
     {
         const std::scoped_lock lock(temporaries().mutex);

@@ -45,14 +45,21 @@ public:
     result<> commit();
 
 private:
+    /// Opens an existing pipe, device or open file, to append to it.
     result<> open_direct(const std::string& path);
+    /// Creates the temporary file in the target's folder. The umask applies to the mode.
     result<> open_beside(unsigned mode);
+    /// Renames the temporary file to the target. Sets errno on failure.
     bool move_into_place() const;
+    /// Closes the file and removes it if it is temporary. The object can then be opened again.
     void discard();
 
+    /// The final path, with symbolic links followed.
     std::string target;
+    /// The temporary file, or the target when it is written directly; empty if nothing is open.
     std::string written_path;
     existing_file rule = existing_file::replace;
+    /// -1 if nothing is open.
     int descriptor = -1;
     bool is_direct = false;
 };

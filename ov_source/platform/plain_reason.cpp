@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+// Words for users in place of the C library's, for the errors that users can cause and repair.
 std::string plain_reason(int error_number)
 {
     switch (error_number)
@@ -40,6 +41,7 @@ std::string plain_reason(int error_number)
         return "the reader has gone";
     case EIO:
         return "the disk reports an error";
+    // Other errors are rare and keep the system's words.
     default:
         return std::generic_category().message(error_number);
     }

@@ -9,9 +9,11 @@ namespace ov1
 namespace row_pieces
 {
 
+/// Processes the rows first..end-1. The context is the caller's function object.
 using function = void (*)(const void* context, std::size_t first, std::size_t end);
 
 /// for_each_row_piece with the function as a pointer.
+/// rows_per_piece is at least 1.
 void run(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const void* context, function piece);
 
 /// Pictures with fewer pixels are faster on one thread: waking others takes longer than the work.
@@ -26,6 +28,7 @@ inline constexpr std::size_t usual_rows = 16; ///< per piece
 template <class function>
 void for_each_row_piece(std::size_t rows, std::size_t rows_per_piece, unsigned max_threads, const function& piece)
 {
+    // A pointer, called once per piece, keeps the thread pool out of this header.
     row_pieces::run(rows, rows_per_piece, max_threads, &piece,
                     [](const void* context, std::size_t first, std::size_t end)
                     { (*static_cast<const function*>(context))(first, end); });

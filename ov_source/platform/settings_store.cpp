@@ -14,6 +14,7 @@ namespace ov1
 namespace
 {
 
+/// A larger file is none of our settings.
 constexpr std::size_t size_limit = std::size_t{64} << 20;
 
 /// Locks a file beside the settings. The file is never removed: otherwise two processes could lock two different files.
@@ -23,6 +24,7 @@ public:
     explicit file_lock(const std::string& path)
         : descriptor(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666))
     {
+        // Waits until other processes have finished their changes.
         while (descriptor >= 0 && flock(descriptor, LOCK_EX) != 0)
         {
             if (errno == EINTR)
@@ -34,6 +36,7 @@ public:
     ~file_lock()
     {
         if (descriptor >= 0)
+            // Closing the file releases the lock.
             close(descriptor);
     }
     file_lock(const file_lock&) = delete;
@@ -51,6 +54,7 @@ bool settings_store::read(settings_text& text) const
 {
     std::error_code error;
     const auto kind = std::filesystem::status(path, error).type();
+    // A missing file is an empty one; an empty path is a failure.
     if (kind == std::filesystem::file_type::not_found)
         return !path.empty();
     if (kind != std::filesystem::file_type::regular)
@@ -68,6 +72,7 @@ bool settings_store::change(const std::string& key, const Edit& edit) const
     if (key.empty() || path.empty())
         return false;
     std::error_code error;
+    // If this fails, the lock file cannot be opened either.
     std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
     const file_lock lock(path + ".lock");
     settings_text text;
@@ -77,6 +82,7 @@ bool settings_store::change(const std::string& key, const Edit& edit) const
     const std::string before = text.to_text();
     edit(text);
     const std::string after = text.to_text();
+    // Unchanged text is not written again.
     return after == before || replace_file(path, {reinterpret_cast<const std::uint8_t*>(after.data()), after.size()});
 }
 

@@ -38,7 +38,9 @@ public:
     }
 
 private:
+    /// Reads the whole file; a missing one leaves the text empty. Returns false if it cannot be read.
     bool read(settings_text& text) const;
+    /// Locks, reads, edits, and writes the file if its text has changed.
     template <typename Edit>
     bool change(const std::string& key, const Edit& edit) const;
 

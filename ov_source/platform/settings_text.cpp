@@ -10,6 +10,7 @@ namespace ov1
 namespace
 {
 
+/// The first line of a new file, for users who open it.
 constexpr std::string_view head_line =
     "# Orvane settings: kind, key and value; bytes outside ! to ~, and %, are written %XX";
 constexpr char hex_digits[] = "0123456789abcdef";
@@ -20,6 +21,7 @@ void append_hex(std::string& text, unsigned char byte)
     text += hex_digits[byte & 15];
 }
 
+/// False unless the text is two hexadecimal digits.
 bool read_hex(std::string_view two, std::uint8_t& byte)
 {
     unsigned value = 0;
@@ -30,6 +32,7 @@ bool read_hex(std::string_view two, std::uint8_t& byte)
     return true;
 }
 
+/// The result has no blank and no line feed, whatever the text contains.
 std::string escaped(std::string_view text)
 {
     std::string result;
@@ -46,6 +49,7 @@ std::string escaped(std::string_view text)
     return result;
 }
 
+/// False for an incomplete or malformed escape.
 bool unescape(std::string_view text, std::string& result)
 {
     result.clear();
@@ -63,6 +67,7 @@ bool unescape(std::string_view text, std::string& result)
     return true;
 }
 
+/// False for an odd number of digits: the last byte then has only one.
 bool read_bytes(std::string_view text, std::vector<std::uint8_t>& bytes)
 {
     bytes.resize((text.size() + 1) / 2);
@@ -72,6 +77,7 @@ bool read_bytes(std::string_view text, std::vector<std::uint8_t>& bytes)
     return true;
 }
 
+/// False for an unknown kind or a malformed value.
 bool read_value(std::string_view kind, std::string_view text, setting& value)
 {
     if (kind == "string")
@@ -84,6 +90,7 @@ bool read_value(std::string_view kind, std::string_view text, setting& value)
     return error == std::errc{} && end == text.data() + text.size();
 }
 
+/// Turns the escaped key in `text` into the whole line.
 struct value_writer
 {
     std::string text;
@@ -121,7 +128,9 @@ settings_text::settings_text(std::string_view text)
 
 settings_text::line settings_text::read_line(std::string_view text)
 {
+    // The text is kept as it is, so that an unknown line can be written back unchanged.
     line result{std::string(text), {}, {}};
+    // An editor on another system may have added carriage returns.
     if (text.ends_with('\r'))
         text.remove_suffix(1);
     const std::string_view kind = take_field(text);
@@ -134,6 +143,7 @@ settings_text::line settings_text::read_line(std::string_view text)
 const setting* settings_text::find(std::string_view key) const
 {
     const auto found =
+        // From the end: the last of several entries counts.
         std::find_if(lines.rbegin(), lines.rend(), [&](const line& l) { return !key.empty() && l.key == key; });
     return found == lines.rend() ? nullptr : &found->value;
 }
@@ -144,6 +154,7 @@ void settings_text::set(std::string_view key, setting value)
     value_writer writer{escaped(key)};
     std::visit(writer, value);
     line entry{std::move(writer.text), std::string(key), std::move(value)};
+    // The new entry keeps the line of the first old one.
     const auto first = std::find_if(lines.begin(), lines.end(), [&](const line& l) { return l.key == key; });
     if (first == lines.end())
     {

@@ -33,13 +33,16 @@ public:
     /// empty.
     void set(std::string_view key, setting value);
 
+    /// Removes all entries with this key. Other lines stay.
     void remove(std::string_view key);
 
+    /// All lines, each followed by a line feed.
     std::string to_text() const;
 
 private:
     struct line
     {
+        /// As it was read or will be written, without the line feed.
         std::string text;
         std::string key; ///< empty if the line is not an entry
         setting value;

@@ -20,6 +20,7 @@ std::size_t closing_brace(std::string_view text, std::size_t open)
     return std::string_view::npos;
 }
 
+/// Whether the brace is followed by two characters and a colon, as in "{en:".
 bool opens_piece(std::string_view text, std::size_t brace) { return brace + 3 < text.size() && text[brace + 3] == ':'; }
 
 } // namespace
@@ -33,11 +34,13 @@ std::string iutils::translate(language_id language, std::string_view text)
     {
         if (!opens_piece(text, open))
         {
+            // An ordinary brace belongs to the text.
             open = text.find('{', open + 1);
             continue;
         }
         const std::size_t close = closing_brace(text, open);
         if (close == std::string_view::npos)
+            // A piece without its closing brace is kept as text.
             break;
         result += text.substr(copied, open - copied);
         // A brace inside the code, as in "{a}:", ends the piece before its content; no language has such a code.

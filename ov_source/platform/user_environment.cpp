@@ -19,6 +19,7 @@ namespace
 
 constexpr std::string_view vendor_folder = "orvane";
 constexpr std::string_view resource_folder_from_program = "share/veridial";
+// At other scales the editor would be unreadable or larger than a screen.
 constexpr double smallest_scale = 0.5;
 constexpr double largest_scale = 4.0;
 
@@ -31,6 +32,7 @@ std::string vendor_folder_under(const std::string& variable, const std::string& 
     return base.is_absolute() ? (base / vendor_folder).string() : std::string();
 }
 
+/// 0 unless the whole text is a number within the limits.
 double read_scale(const std::string& text)
 {
     double scale = 0.0;
@@ -40,8 +42,10 @@ double read_scale(const std::string& text)
     return is_scale ? scale : 0.0;
 }
 
+/// From the user database; empty if the user is not in it.
 std::string home_of_user()
 {
+    // Larger than any usual entry; an entry that does not fit counts as missing.
     std::vector<char> buffer(1 << 14);
     passwd entry{};
     passwd* found = nullptr;
@@ -67,12 +71,14 @@ std::filesystem::path path_of_program()
 
 language_id language_of_locale(std::string_view locale)
 {
+    // The language ends at the territory, encoding or variant.
     return locale.substr(0, locale.find_first_of("_.@")) == "de" ? language_id::german : language_id::english;
 }
 
 user_environment read_user_environment(const variable_reader& read, const std::string& program_folder,
                                        const std::string& home)
 {
+    // A relative $HOME is ignored: it would depend on the current folder.
     const std::string set_home = read("HOME");
     const std::string& base = set_home.starts_with('/') ? set_home : home;
     user_environment result;
@@ -83,6 +89,7 @@ user_environment read_user_environment(const variable_reader& read, const std::s
         result.resource_folder =
             (std::filesystem::path(program_folder).parent_path() / resource_folder_from_program).string();
     result.scale = read_scale(read("VERIDIAL_SCALE"));
+    // The order of POSIX: the first that is set decides, even if its language is not supported.
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
     {
         const std::string locale = read(name);

@@ -15,11 +15,13 @@ public:
         : previous(iutils::exchange_instance(&replacement))
     {
     }
+    /// Restores the instance of before.
     ~utils_guard() { iutils::exchange_instance(previous); }
     utils_guard(const utils_guard&) = delete;
     utils_guard& operator=(const utils_guard&) = delete;
 
 private:
+    /// Null for the system's own.
     iutils* previous;
 };
 

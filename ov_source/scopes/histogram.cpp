@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+// Lengths are in line widths, so that the drawing keeps its proportions on screens of any density.
 constexpr int margin = 4;    // around the plot, in line widths
 constexpr int mark_size = 5; // side of the squares for clipped channels, in line widths
 constexpr int scale_parts = 4;
@@ -26,6 +27,7 @@ rect plot_of(const rect& area, int line_width)
     return {area.x + m, area.y + m, area.width - 2 * m, area.height - 2 * m};
 }
 
+/// The column of the picture, not rounded, that shows a position (0..1) of the scale.
 double column_of(double share, const rect& plot) { return plot.x + share * (plot.width - 1); }
 
 void draw_scale(const rect& plot, int line_width, scope_picture& picture)
@@ -49,8 +51,10 @@ std::uint32_t full_count(const histogram_counts& counts)
     return inner > 0 ? inner : std::max(1u, counts.pixels());
 }
 
+/// The height of each level's bar above the lower edge, in rows of pixels, not rounded.
 using height_row = std::array<float, level_count>;
 
+/// Counts above `full` reach the upper edge and no further.
 height_row heights_of(const std::array<std::uint32_t, level_count>& bins, std::uint32_t full, int rows)
 {
     height_row heights;
@@ -62,6 +66,8 @@ height_row heights_of(const std::array<std::uint32_t, level_count>& bins, std::u
     return heights;
 }
 
+/// Adds light to a pixel and clips each channel at 255, so that overlapping channels mix as coloured lights do. The
+/// cover is 0..1.
 std::uint32_t lightened(std::uint32_t pixel, const scope_colour& light, float cover)
 {
     const auto share = static_cast<std::uint32_t>(cover * 256);
@@ -77,9 +83,11 @@ void draw_channel(const height_row& heights, const tent_axis& levels, const scop
     for (int x = 0; x < plot.width; ++x)
     {
         const float height = levels.at(static_cast<std::size_t>(x), heights.data());
+        // Rows are counted from the top; the bar fills the lower `height` rows.
         const int first = std::max(0, plot.height - static_cast<int>(std::ceil(height)));
         for (int y = first; y < plot.height; ++y)
         {
+            // The uppermost row is covered in part: this antialiases the outline.
             std::uint32_t& pixel = picture.row(plot.y + y)[plot.x + x];
             pixel = lightened(pixel, light, std::min(1.f, height - static_cast<float>(plot.height - 1 - y)));
         }
@@ -89,6 +97,7 @@ void draw_channel(const height_row& heights, const tent_axis& levels, const scop
 /// Three squares, one below the other, next to the upper corners of the plot.
 void draw_clip_marks(const histogram_counts& counts, const rect& plot, int line_width, scope_picture& picture)
 {
+    // The logarithmic curve: a few clipped pixels must already be visible.
     const trace_curve& curve = trace_curve::get();
     const int size = mark_size * line_width, step = size + line_width;
     const float share = 1.f / static_cast<float>(std::max(1u, counts.pixels()));
@@ -104,6 +113,7 @@ void draw_clip_marks(const histogram_counts& counts, const rect& plot, int line_
 
 } // namespace
 
+// Each channel counts every pixel once, so that one channel gives the number.
 std::uint32_t histogram_counts::pixels() const { return std::accumulate(bins[0].begin(), bins[0].end(), 0u); }
 
 void histogram_counts::add(const histogram_counts& other)
@@ -116,11 +126,14 @@ void histogram_counts::add(const histogram_counts& other)
 void draw_histogram(const histogram_counts& counts, const rect& area, int line_width, scope_picture& picture)
 {
     const rect plot = plot_of(area, line_width);
+    // The steps of the axis below divide by width - 1.
     if (plot.width < 2 || plot.height < 2)
         return;
     draw_scale(plot, line_width, picture);
+    // Column 0 shows level 0, the last column level 255.
     const tent_axis levels(level_count, static_cast<std::size_t>(plot.width), 0,
                            static_cast<double>(last_level) / (plot.width - 1));
+    // One factor for all channels, so that their heights can be compared.
     const std::uint32_t full = full_count(counts);
     for (std::size_t i = 0; i < counts.bins.size(); ++i)
         draw_channel(heights_of(counts.bins[i], full, plot.height), levels, channel_light[i], plot, picture);

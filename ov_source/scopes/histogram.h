@@ -10,12 +10,15 @@
 namespace ov1
 {
 
+/// The counts of one picture, or of some of its rows.
 struct histogram_counts
 {
     /// Red, green, blue.
     std::array<std::array<std::uint32_t, level_count>, 3> bins{};
 
+    /// The number of pixels counted, the same for each channel.
     std::uint32_t pixels() const;
+    /// Adds the counts of other rows of the same picture, bin by bin.
     void add(const histogram_counts& other);
 };
 
@@ -25,6 +28,7 @@ struct histogram_counts
 /// at or beyond level 0 or 255. The area must be inside the picture; line_width is in pixels.
 void draw_histogram(const histogram_counts& counts, const rect& area, int line_width, scope_picture& picture);
 
+/// The texts of the scale that draw_histogram draws with the same area and line_width:
 /// 0, 25, 50, 75 and 100 percent at the lower edge.
 scope_labels histogram_labels(const rect& area, int line_width);
 

@@ -15,6 +15,7 @@ namespace
 /// For each pixel of a row the offset of the bins of its column.
 using column_starts = std::vector<std::uint32_t>;
 
+/// Multiplies before dividing, so that columns are exactly floor(x * columns / width).
 column_starts starts_of(std::size_t width, std::size_t columns)
 {
     column_starts starts(width);
@@ -23,6 +24,7 @@ column_starts starts_of(std::size_t width, std::size_t columns)
     return starts;
 }
 
+/// Clears only what will be counted: the vectorscope alone has 65,536 bins.
 void reset(const scope_selection& selection, std::size_t waveform_columns, std::size_t parade_columns,
            scope_counts& counts)
 {
@@ -37,6 +39,7 @@ void reset(const scope_selection& selection, std::size_t waveform_columns, std::
         counts.histogram = {};
 }
 
+// Counting is one increment per pixel and signal. Levels are within 0..255, so that no index is checked.
 void count_waveform(const signal_levels::plane& levels, const std::uint32_t* starts, std::size_t count,
                     waveform_counts& counts)
 {
@@ -75,6 +78,7 @@ void count_histogram(const signal_levels& levels, std::size_t count, histogram_c
     }
 }
 
+/// The histogram of a channel is the sum of the columns of its waveform.
 void add_columns(const parade_counts& parade, histogram_counts& histogram)
 {
     for (std::size_t i = 0; i < parade.size(); ++i)
@@ -85,6 +89,7 @@ void add_columns(const parade_counts& parade, histogram_counts& histogram)
 
 } // namespace
 
+/// What all workers of a frame read. It does not change while they run.
 struct scope_counter::plan
 {
     scope_frame frame;
@@ -103,6 +108,7 @@ void scope_counter::count_rows(const plan& wanted, std::size_t first, std::size_
     const scope_frame& frame = wanted.frame;
     signal_levels levels;
     for (std::size_t i = first; i < end; ++i)
+        // Pieces of a row that fit into signal_levels, whose arrays stay in the first-level cache.
         for (std::size_t x = 0; x < frame.width; x += signal_levels::most)
         {
             const std::size_t count = std::min(signal_levels::most, frame.width - x);
@@ -125,6 +131,7 @@ scope_frame frame_of(const image& picture)
 
 scope_counts& scope_counter::borrow(const plan& wanted)
 {
+    // Counts are borrowed for one piece and not bound to a thread: the thread pool does not number its threads.
     scope_counts* taken = nullptr;
     {
         const std::scoped_lock guard(workers_mutex);
@@ -134,10 +141,12 @@ scope_counts& scope_counter::borrow(const plan& wanted)
             idle_workers.pop_back();
             return *taken;
         }
+        // Memory of earlier frames is used again before more is allocated.
         if (used_workers == workers.size())
             workers.push_back(std::make_unique<scope_counts>());
         taken = workers[used_workers++].get();
     }
+    // Outside the lock, because clearing takes longer than all of the above.
     reset(wanted.selection, wanted.waveform_columns, wanted.parade_columns, *taken);
     return *taken;
 }
@@ -150,13 +159,16 @@ void scope_counter::give_back(scope_counts& counts)
 
 void scope_counter::count(const scope_frame& frame, const scope_selection& selection, const scope_sampling& sampling)
 {
+    // A frame without pixels still gets one column.
     const std::size_t most = std::max<std::size_t>(1, frame.width);
     plan wanted{frame, selection, std::clamp<std::size_t>(sampling.waveform_columns, 1, most),
                 std::clamp<std::size_t>(sampling.parade_columns, 1, most), sampling.row_step};
+    // With the parade, merge() derives the histogram from its columns, which saves a pass over the pixels.
     wanted.counts_histogram = selection.histogram && !selection.parade;
     wanted.signals = {selection.parade || selection.histogram, selection.waveform, selection.vectorscope};
     wanted.waveform_starts = starts_of(frame.width, wanted.waveform_columns);
     wanted.parade_starts = starts_of(frame.width, wanted.parade_columns);
+    // The workers' counts are those of the frame before until borrow() clears them.
     used_workers = 0;
     idle_workers.clear();
     const auto count_piece = [&](std::size_t first, std::size_t end)
@@ -173,9 +185,11 @@ void scope_counter::count(const scope_frame& frame, const scope_selection& selec
 void scope_counter::merge(const plan& wanted)
 {
     const scope_selection& selection = wanted.selection;
+    // Without rows no worker was borrowed, so that none has been cleared.
     if (used_workers == 0)
         reset(selection, wanted.waveform_columns, wanted.parade_columns, total);
     else
+        // Swapping saves one addition; the worker keeps the old memory for the next frame.
         std::swap(total, *workers[0]);
     for (std::size_t i = 1; i < used_workers; ++i)
     {

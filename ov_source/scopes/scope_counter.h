@@ -24,8 +24,10 @@ struct scope_frame
     std::size_t height = 0;
 };
 
+/// The pixels of an image, which must outlive the frame. The first row in memory comes first.
 scope_frame frame_of(const image& picture);
 
+/// The scopes that are counted; the others cost no time.
 struct scope_selection
 {
     bool waveform = false;
@@ -36,6 +38,7 @@ struct scope_selection
     bool operator==(const scope_selection&) const = default;
 };
 
+/// How finely a frame is counted.
 struct scope_sampling
 {
     std::size_t waveform_columns = 1; ///< clamped to 1..width of the frame, like the next
@@ -60,14 +63,18 @@ public:
     /// Counts every pixel of the rows 0, row_step, 2 * row_step ... once in each selected scope.
     void count(const scope_frame& frame, const scope_selection& selection, const scope_sampling& sampling);
 
+    /// The counts of the last frame. They change at the next count().
     const scope_counts& get_counts() const { return total; }
 
 private:
     struct plan;
 
+    /// Counts the sampled rows first..end-1. Any thread; no other thread uses these counts meanwhile.
     static void count_rows(const plan& wanted, std::size_t first, std::size_t end, scope_counts& counts);
+    /// Counts for one piece of rows, cleared at their first use in a frame. Any thread.
     scope_counts& borrow(const plan& wanted);
     void give_back(scope_counts& counts);
+    /// Adds the counts of all workers to the total, after the last piece.
     void merge(const plan& wanted);
 
     scope_counts total;

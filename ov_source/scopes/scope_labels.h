@@ -9,6 +9,7 @@ namespace ov1
 /// A text, the same in every language, and its centre in pixels of the scope's picture.
 struct scope_label
 {
+    /// A literal: never freed.
     const char* text;
     double x = 0;
     double y = 0;

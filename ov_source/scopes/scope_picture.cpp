@@ -13,6 +13,7 @@ template <class function>
 void paint_near(scope_picture& picture, double left, double top, double right, double bottom, double thickness,
                 const scope_colour& colour, const function& distance)
 {
+    // Half the thickness, and half a pixel for the soft edge: the cover falls from 1 to 0 over one pixel.
     const double reach = (thickness + 1) / 2;
     const auto within = [](double v, int size)
     { return static_cast<int>(std::clamp(v, 0.0, static_cast<double>(size))); };
@@ -21,6 +22,7 @@ void paint_near(scope_picture& picture, double left, double top, double right, d
     for (int y = within(std::floor(top - reach), picture.height); y < y_end; ++y)
         for (int x = within(std::floor(left - reach), picture.width); x < x_end; ++x)
         {
+            // A pixel is judged at its centre, half a pixel from its corner.
             const double cover = reach - distance(x + 0.5, y + 0.5);
             if (cover > 0)
                 picture.row(y)[x] = blended(picture.row(y)[x], colour, static_cast<float>(std::min(cover, 1.0)));
@@ -33,6 +35,7 @@ void scope_picture::reset(int new_width, int new_height)
 {
     width = new_width;
     height = new_height;
+    // Blending with cover 1 gives the colour itself, opaque.
     pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), blended(0, scope_background, 1));
 }
 
@@ -48,9 +51,11 @@ void paint_rect(scope_picture& picture, const rect& area, const scope_colour& co
 void paint_line(scope_picture& picture, double x0, double y0, double x1, double y1, double thickness,
                 const scope_colour& colour)
 {
+    // The square of the length. The lower limit avoids a division by 0 for a line between two equal points.
     const double dx = x1 - x0, dy = y1 - y0, length = std::max(1e-9, dx * dx + dy * dy);
     const auto distance = [&](double x, double y)
     {
+        // The nearest point of the line: 0 at its beginning, 1 at its end.
         const double along = std::clamp(((x - x0) * dx + (y - y0) * dy) / length, 0.0, 1.0);
         return std::hypot(x - x0 - along * dx, y - y0 - along * dy);
     };
@@ -61,6 +66,7 @@ void paint_line(scope_picture& picture, double x0, double y0, double x1, double 
 void paint_circle(scope_picture& picture, double x, double y, double radius, double thickness,
                   const scope_colour& colour)
 {
+    // No pixel outside this ring is covered.
     const double inner = std::max(0.0, radius - thickness - 1), outer = radius + thickness + 1;
     const auto distance = [&](double px, double py)
     {
@@ -74,6 +80,7 @@ void paint_circle(scope_picture& picture, double x, double y, double radius, dou
 
 void paint_frame(scope_picture& picture, double x, double y, double reach, double thickness, const scope_colour& colour)
 {
+    // The larger of the two coordinates gives a square, without rounded corners.
     const auto distance = [&](double px, double py)
     { return std::abs(std::max(std::abs(px - x), std::abs(py - y)) - reach); };
     paint_near(picture, x - reach, y - reach, x + reach, y + reach, thickness, colour, distance);

@@ -19,9 +19,11 @@ struct scope_colour
     std::uint8_t b = 0;
 };
 
+// Greys without a hue, so that they do not influence how the eye judges a colour.
 inline constexpr scope_colour scope_background{22, 22, 22};
 inline constexpr scope_colour graticule_colour{58, 58, 58};
 inline constexpr scope_colour limit_colour{92, 92, 92}; ///< the lines at 0 and 1
+/// Marks columns with clipped pixels.
 inline constexpr scope_colour clip_colour{255, 84, 64};
 
 /// Opaque pixels, top row first, without padding; bytes in memory: blue, green, red, 255.
@@ -29,11 +31,13 @@ struct scope_picture
 {
     int width = 0;
     int height = 0;
+    /// width * height values 0xffRRGGBB.
     std::vector<std::uint32_t> pixels;
 
     /// Sets the size, neither side negative, and fills the picture with the background. Keeps its memory.
     void reset(int new_width, int new_height);
 
+    /// The start of a row; 0 is the top row, and y must be below the height.
     std::uint32_t* row(int y) { return pixels.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width); }
     const std::uint32_t* row(int y) const
     {
@@ -44,6 +48,7 @@ struct scope_picture
 /// A pixel blended with a colour; cover 0 gives the pixel, 1 the colour.
 inline std::uint32_t blended(std::uint32_t pixel, const scope_colour& colour, float cover)
 {
+    // Fixed point with 8 fraction bits, exact for cover 0 and 1.
     const auto share = static_cast<std::int32_t>(cover * 256);
     const auto moved = [share](std::uint32_t from, std::int32_t to)
     {
@@ -59,6 +64,7 @@ void paint_rect(scope_picture& picture, const rect& area, const scope_colour& co
 /// An antialiased line between two points.
 void paint_line(scope_picture& picture, double x0, double y0, double x1, double y1, double thickness,
                 const scope_colour& colour);
+/// The outline of a circle; the radius is that of the middle of the line.
 void paint_circle(scope_picture& picture, double x, double y, double radius, double thickness,
                   const scope_colour& colour);
 /// The outline of a square around a point; reach is half its side.

@@ -6,6 +6,7 @@ namespace ov1
 namespace
 {
 
+/// Neutral, because luma has no hue.
 constexpr scope_colour luma_trace{226, 226, 226};
 
 } // namespace
@@ -27,6 +28,7 @@ bool& chosen(scope_selection& selection, scope_type type)
 
 bool is_chosen(const scope_selection& selection, scope_type type)
 {
+    // A copy, so that one switch serves both functions.
     scope_selection copy = selection;
     return chosen(copy, type);
 }
@@ -34,7 +36,9 @@ bool is_chosen(const scope_selection& selection, scope_type type)
 scope_sampling sampling_for(const rect& area, int line_width)
 {
     scope_sampling sampling;
+    // More columns than pixels would be added up again when they are drawn.
     sampling.waveform_columns = static_cast<std::size_t>(area.width);
+    // The first part is enough: their widths differ by at most one pixel.
     sampling.parade_columns = static_cast<std::size_t>(parade_areas(area, line_width)[0].width);
     return sampling;
 }

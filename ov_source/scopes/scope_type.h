@@ -6,6 +6,7 @@
 namespace ov1
 {
 
+/// Values are indices below scope_type_count.
 enum class scope_type : std::size_t
 {
     waveform,
@@ -15,6 +16,7 @@ enum class scope_type : std::size_t
 };
 inline constexpr std::size_t scope_type_count = 4;
 
+/// The member of a selection that belongs to a scope.
 bool& chosen(scope_selection& selection, scope_type type);
 bool is_chosen(const scope_selection& selection, scope_type type);
 
@@ -26,6 +28,7 @@ scope_sampling sampling_for(const rect& area, int line_width);
 void draw_scope(scope_type type, const scope_counts& counts, bool skin_line, const rect& area, int line_width,
                 scope_picture& picture);
 
+/// The texts of the scope that draw_scope draws with the same area and line_width.
 scope_labels scope_labels_of(scope_type type, const rect& area, int line_width);
 
 } // namespace ov1

@@ -19,6 +19,7 @@ inline constexpr std::size_t last_level = level_count - 1;
 inline constexpr auto red_luma = static_cast<float>(bt709_luma.red);
 inline constexpr auto green_luma = static_cast<float>(bt709_luma.green());
 inline constexpr auto blue_luma = static_cast<float>(bt709_luma.blue);
+/// The spans that scale blue and red less luma to -0.5..0.5.
 inline constexpr auto cb_span = static_cast<float>(bt709_luma.cb_span());
 inline constexpr auto cr_span = static_cast<float>(bt709_luma.cr_span());
 
@@ -32,6 +33,7 @@ struct colour_difference
     float cr = 0;
 };
 
+/// Of display-referred code values, like luma_of.
 constexpr colour_difference colour_difference_of(float r, float g, float b)
 {
     const float y = luma_of(r, g, b);
@@ -62,6 +64,7 @@ struct signal_levels
     static constexpr std::size_t most = 256;
     using plane = std::array<std::uint32_t, most>;
 
+    /// Levels are 0..255; 32 bits, because they are used as indices of bins.
     plane r;
     plane g;
     plane b;

@@ -16,9 +16,11 @@ public:
     /// are 0.
     tent_axis(std::size_t bins, std::size_t pixels, double first, double step);
 
+    /// The number of pixels.
     std::size_t size() const { return taps.size(); }
 
     /// The interpolated value at a pixel.
+    /// `bins` has as many values as the axis has bins.
     float at(std::size_t pixel, const float* bins) const
     {
         const tap_list& tap = taps[pixel];
@@ -33,6 +35,7 @@ public:
     void at_all(std::size_t pixel, const float* rows, std::size_t width, float* sums) const;
 
 private:
+    /// The bins first..first + count - 1 and the position of their weights.
     struct tap_list
     {
         std::size_t first;
@@ -40,7 +43,9 @@ private:
         std::size_t offset; ///< in weights
     };
 
+    /// One per pixel.
     std::vector<tap_list> taps;
+    /// The weights of all pixels, consecutively.
     std::vector<float> weights;
 };
 

@@ -14,6 +14,7 @@ namespace ov1
 namespace
 {
 
+// Lengths are colour differences, so that the scale grows with the area.
 constexpr double shown_reach = 0.55; // of either axis
 constexpr float target_level = 0.75f;
 constexpr double circle_radius = 0.5;
@@ -24,6 +25,7 @@ constexpr scope_colour skin_colour{200, 156, 116};
 /// The share of the picture at which a bin has full brightness. It is small, because colours spread over many bins.
 constexpr float brightest_share = 1.f / 256;
 
+/// A primary or secondary colour at 100 %, and its label.
 struct target
 {
     const char* name;
@@ -38,10 +40,13 @@ colour_difference target_difference(const target& t)
     return colour_difference_of(t.r * target_level, t.g * target_level, t.b * target_level);
 }
 
+/// The scope is a square in the middle of its area.
 int side_of(const rect& area) { return std::min(area.width, area.height); }
 
+/// A colour difference as a length in pixels.
 double pixels_of(double difference, const rect& area) { return difference / (2 * shown_reach) * side_of(area); }
 
+/// The colour of the trace at a colour difference: luma 0.5, raised by a fifth to stand out from the background.
 scope_colour shown_colour(const colour_difference& c)
 {
     const argb_float colour = colour_of(c);
@@ -63,11 +68,13 @@ void draw_scale(bool skin_line, const rect& area, int line_width, scope_picture&
     }
     if (!skin_line)
         return;
+    // Angles go counter-clockwise, rows downwards.
     const double angle = skin_line_degrees * std::numbers::pi / 180;
     paint_line(picture, x, y, x + radius * std::cos(angle), y - radius * std::sin(angle), line_width, skin_colour);
 }
 
 /// The share of the picture in each bin, resampled to the columns of the square: level_count rows of square.width.
+/// Columns are resampled here, rows in draw_trace: one axis after the other needs far fewer taps than both at once.
 std::vector<float> read_columns(const vectorscope_counts& counts, const tent_axis& columns)
 {
     const std::uint32_t pixels = std::accumulate(counts.bins.begin(), counts.bins.end(), 0u);
@@ -91,6 +98,7 @@ void draw_trace(const vectorscope_counts& counts, const rect& square, scope_pict
     const double first = -shown_reach + step / 2;       // at the left column and the bottom row
     const auto level_at = [](double difference)
     { return difference * static_cast<double>(last_level) + static_cast<double>(difference_centre); };
+    // Cb grows from left to right, Cr falls from top to bottom.
     const tent_axis columns(level_count, side, level_at(first), step * static_cast<double>(last_level));
     const tent_axis rows(level_count, side, level_at(-first), -step * static_cast<double>(last_level));
     const std::vector<float> read = read_columns(counts, columns);
@@ -105,6 +113,7 @@ void draw_trace(const vectorscope_counts& counts, const rect& square, scope_pict
         {
             const float cover = curve(densities[x]);
             const auto cb = static_cast<float>(first + step * static_cast<double>(x));
+            // Most pixels have no trace; for these no colour is computed.
             if (cover > 0)
                 row[x] = blended(row[x], shown_colour({cb, cr}), cover);
         }
@@ -131,6 +140,7 @@ void draw_vectorscope(const vectorscope_counts& counts, bool skin_line, const re
                       scope_picture& picture)
 {
     const int side = side_of(area);
+    // Counts that were never reset have no bins.
     if (side < 2 || counts.bins.empty())
         return;
     draw_scale(skin_line, area, line_width, picture);

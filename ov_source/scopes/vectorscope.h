@@ -10,14 +10,17 @@
 namespace ov1
 {
 
+/// The counts of one picture, or of some of its rows. Empty until reset() is called.
 struct vectorscope_counts
 {
     std::vector<std::uint32_t> bins; ///< level_count x level_count, Cb innermost; each axis as in signal_levels
 
+    /// Both are levels, 0..255.
     std::uint32_t at(std::size_t cb, std::size_t cr) const { return bins[cr * level_count + cb]; }
 
     /// Sets all bins to 0.
     void reset();
+    /// Adds counts bin by bin. Both must have been reset.
     void add(const vectorscope_counts& other);
 };
 

@@ -18,8 +18,10 @@ constexpr int mark_gap = 2;
 constexpr int scale_parts = 4;
 constexpr std::array<const char*, scale_parts + 1> scale_texts{"0", "25", "50", "75", "100"};
 
+/// The share (0..1) of a column's pixels at each level.
 using density_column = std::array<float, level_count>;
 
+/// The rows above and below the plot that belong to the strips.
 int margin_of(int line_width) { return (mark_height + mark_gap) * line_width; }
 
 /// The row that shows a position (0..1) of the scale.
@@ -36,6 +38,7 @@ void read_densities(const waveform_counts& counts, std::size_t first, std::size_
     for (std::size_t c = first; c < end; ++c)
         for (std::size_t level = 0; level < level_count; ++level)
             sums[level] += counts.column(c)[level];
+    // An empty column gives zeros.
     const std::uint32_t pixels = std::accumulate(sums.begin(), sums.end(), 0u);
     const float share = pixels == 0 ? 0.f : 1.f / static_cast<float>(pixels);
     for (std::size_t level = 0; level < level_count; ++level)
@@ -53,8 +56,10 @@ void draw_scale(const rect& area, int line_width, scope_picture& picture)
     }
 }
 
+/// x is a column of the picture. The strip for level 255 is above the plot, that for level 0 below.
 void draw_clip_marks(const density_column& densities, int x, const rect& area, int line_width, scope_picture& picture)
 {
+    // The curve of the trace, so that even a few clipped pixels are visible.
     const trace_curve& curve = trace_curve::get();
     const int height = mark_height * line_width;
     paint_rect(picture, {x, area.y, 1, height}, clip_colour, curve(densities[last_level]));
@@ -83,12 +88,14 @@ void draw_waveform(const waveform_counts& counts, const scope_colour& trace, con
         return;
     draw_scale(area, line_width, picture);
     const trace_curve& curve = trace_curve::get();
+    // Row 0 shows level 255, the last row level 0.
     const tent_axis levels(level_count, static_cast<std::size_t>(rows), static_cast<double>(last_level),
                            -static_cast<double>(last_level) / (rows - 1));
     const auto width = static_cast<std::size_t>(area.width);
     density_column densities;
     for (std::size_t i = 0; i < width; ++i)
     {
+        // With fewer columns than pixels a column is repeated; with more, the columns of a pixel are added up.
         const std::size_t first = i * counts.columns / width;
         read_densities(counts, first, std::max(first + 1, (i + 1) * counts.columns / width), densities);
         const int x = area.x + static_cast<int>(i);

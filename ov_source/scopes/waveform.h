@@ -16,6 +16,7 @@ struct waveform_counts
     std::size_t columns = 0;
     std::vector<std::uint32_t> bins; ///< columns x level_count, the level innermost
 
+    /// The level_count bins of a column; c must be below `columns`.
     const std::uint32_t* column(std::size_t c) const { return bins.data() + c * level_count; }
 
     /// Sets the number of columns and all bins to 0.

@@ -8,6 +8,7 @@ namespace ov1
 cparameter_boolean_v1::cparameter_boolean_v1(std::weak_ptr<icomponent_v1> component, std::string name,
                                              bool default_value)
     : cparameter_v1(std::move(component), std::move(name),
+                    // A switch has no bounds.
                     {param_type::boolean, param_cell::of(default_value), param_cell::of(default_value), {}, {}})
 {
 }
@@ -16,6 +17,7 @@ bool cparameter_boolean_v1::get_value() { return get_param_value().value.as_bool
 
 void cparameter_boolean_v1::set_value(bool v, bool edit)
 {
+    // The whole record is set again, so that the default stays.
     param_value record = get_param_value();
     record.value = param_cell::of(v);
     set_param_value(record, edit);

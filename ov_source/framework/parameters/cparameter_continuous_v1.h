@@ -15,7 +15,9 @@ public:
                              float default_value);
 
     virtual float get_value();
+    /// Clamped to the bounds; a NaN is ignored.
     virtual void set_value(float v, bool edit);
+    /// 0 at min, 1 at max.
     virtual float get_value_normalized();
     /// n outside 0..1 sets the nearer bound; a NaN is ignored.
     virtual void set_value_normalized(float n, bool edit);

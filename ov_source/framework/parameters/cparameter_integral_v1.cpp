@@ -17,6 +17,7 @@ float distance(std::int32_t from, std::int32_t to) { return static_cast<float>(s
 std::int32_t truncated(float x)
 {
     using limits = std::numeric_limits<std::int32_t>;
+    // 2^31, which a float represents exactly; the largest int it does not.
     constexpr float beyond = 2147483648.0f;
     if (x >= beyond)
         return limits::max();
@@ -44,6 +45,7 @@ void cparameter_integral_v1::set_value(int v, bool edit)
 
 float cparameter_integral_v1::get_value_normalized()
 {
+    // One copy of the record, so that value and bounds are of the same moment.
     const param_value record = get_param_value();
     const std::int32_t lo = record.min.as_integral();
     return distance(lo, record.value.as_integral()) / distance(lo, record.max.as_integral());
@@ -51,6 +53,7 @@ float cparameter_integral_v1::get_value_normalized()
 
 void cparameter_integral_v1::set_value_normalized(float n, bool edit)
 {
+    // A NaN has no nearest whole number.
     if (std::isnan(n))
         return;
     const param_value record = get_param_value();

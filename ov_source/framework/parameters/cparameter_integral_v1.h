@@ -15,7 +15,9 @@ public:
                            int default_value);
 
     virtual int get_value();
+    /// Clamped to the bounds.
     virtual void set_value(int v, bool edit);
+    /// 0 at min, 1 at max.
     virtual float get_value_normalized();
     /// The value is truncated towards zero, not rounded. n outside 0..1 sets the nearer bound; a NaN is ignored.
     virtual void set_value_normalized(float n, bool edit);

@@ -13,6 +13,7 @@ namespace ov1
 namespace
 {
 
+/// A record of a kind, otherwise zero.
 param_value blank(param_type type)
 {
     param_value v;
@@ -20,24 +21,28 @@ param_value blank(param_type type)
     return v;
 }
 
+/// The record with its value clamped to its own bounds.
 param_value bounced(param_value v)
 {
     v.bounce_and_quantize(v);
     return v;
 }
 
+/// The component's record lock; a lock of its own for a parameter without a component.
 std::shared_ptr<std::mutex> lock_of(const std::weak_ptr<icomponent_v1>& component)
 {
     const auto owner = component.lock();
     return owner ? owner->get_record_lock() : std::make_shared<std::mutex>();
 }
 
+/// Empty for a component without a host.
 std::weak_ptr<ihost_v1> host_of(const std::weak_ptr<icomponent_v1>& component)
 {
     const auto owner = component.lock();
     return owner ? owner->get_host() : nullptr;
 }
 
+/// Whether kind or value differ; defaults and bounds are not compared.
 bool differ(const param_value& x, const param_value& y)
 {
     return x.type != y.type || !same_value(x.type, x.value, y.value);
@@ -79,6 +84,7 @@ param_type cparameter_v1::get_type() const
 void cparameter_v1::set_enabled(bool b)
 {
     {
+        // The lock is released before the host is notified.
         const std::scoped_lock guard(*lock);
         if (b == enabled)
             return;
@@ -111,9 +117,11 @@ void cparameter_v1::set_param_value(param_value v, bool edit)
         notify_view(edit);
 }
 
+/// Checks and stores a record under the lock. The caller notifies host and view afterwards.
 cparameter_v1::outcome cparameter_v1::take(param_value v)
 {
     const std::scoped_lock guard(*lock);
+    // Clamped to the bounds in v, which may be new ones, before it is checked.
     value.bounce_and_quantize(v);
     if (!enabled || !value.is_valid(v))
         return outcome::dropped;
@@ -125,6 +133,7 @@ cparameter_v1::outcome cparameter_v1::take(param_value v)
 
 void cparameter_v1::notify_view(bool edit)
 {
+    // The view may have gone with its component.
     const auto owner = component.lock();
     const auto view = owner ? owner->get_view() : nullptr;
     if (view)
@@ -148,6 +157,7 @@ void cparameter_v1::reset_to_default()
     param_value v = get_param_value();
     v.value = v.default_value;
     set_param_value(v, false);
+    // After the set, which clears the flag for any other value, and also if the set was ignored.
     const std::scoped_lock guard(*lock);
     is_reset = true;
 }
@@ -166,6 +176,7 @@ bool cparameter_v1::get_is_default()
 
 bool cparameter_v1::get_string_from_value(param_value v, std::string& out, int precision)
 {
+    // The base class's record: a derived class may override get_param_value.
     return cparameter_v1::get_param_value().is_valid(v) && text_from_value(v, precision, out);
 }
 

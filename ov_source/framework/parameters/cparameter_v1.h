@@ -42,6 +42,7 @@ public:
 
     /// The current record, for a caller that holds the component's record lock and can thus read several parameters at
     /// one moment.
+    /// The reference changes with the next set.
     const param_value& record_under_lock() const { return value; }
 
 protected:
@@ -49,10 +50,14 @@ protected:
     cparameter_v1(std::weak_ptr<icomponent_v1> component, std::string name, const param_value& initial);
 
 private:
+    /// What became of a record that was to be set.
     enum class outcome
     {
+        /// Ignored: the parameter is disabled or the record is not valid.
         dropped,
+        /// Stored, with the same kind and value as before.
         unchanged,
+        /// Stored, with another kind or value.
         changed,
     };
     outcome take(param_value v);
@@ -62,10 +67,13 @@ private:
     const std::string name;
     const uid id;
     const std::shared_ptr<std::mutex> lock; ///< guards the next four members
+    /// The present record.
     param_value value;
+    /// The record before the last accepted set.
     param_value previous;
     bool enabled = true;
     bool is_reset = true;
+    /// The host at construction; it may be destroyed first.
     const std::weak_ptr<ihost_v1> host;
 };
 

@@ -43,12 +43,14 @@ public:
     /// The record before the last accepted set; before the first one unset, unless the class says otherwise.
     virtual param_value get_previous_param_value() = 0;
     /// Whether kind or value differ from the previous record.
+    /// Defaults and bounds are not compared.
     virtual bool is_dirty() = 0;
 
     /// Sets the default with edit false. get_is_reset is true afterwards even if the set was ignored.
     virtual void reset_to_default() = 0;
     /// True from construction or reset until the first accepted value that is not the default.
     virtual bool get_is_reset() = 0;
+    /// Whether value and default are equal now.
     virtual bool get_is_default() = 0;
 
     /// The text of a value of this parameter's kind. precision is the number of significant digits of a continuous

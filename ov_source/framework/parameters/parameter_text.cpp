@@ -12,6 +12,7 @@ namespace ov1
 namespace
 {
 
+/// Padded with blanks, not zeros: the stream's fill character stays as it is.
 void write_color(std::ostream& out, const param_argb& c)
 {
     out << '#' << std::hex;
@@ -19,6 +20,7 @@ void write_color(std::ostream& out, const param_argb& c)
         out << std::setw(2) << static_cast<int>(channel * 255.0);
 }
 
+/// The inverse: the upper byte is alpha, the lowest blue.
 param_argb color_of(std::uint32_t u)
 {
     const auto channel = [u](int shift) { return static_cast<float>(u >> shift & 255u) / 255.0f; };
@@ -31,9 +33,11 @@ bool is_hexadecimal(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <=
 bool read_hexadecimal(std::string text, std::uint32_t& v)
 {
     std::erase_if(text, [](char c) { return !is_hexadecimal(c); });
+    // from_chars fails for no digits and for more than 32 bits.
     return std::from_chars(text.data(), text.data() + text.size(), v, 16).ec == std::errc();
 }
 
+/// Reads the beginning of a text in the classic locale: a decimal comma is never accepted.
 template <typename T>
 bool read(const std::string& text, T& v, std::ios_base::fmtflags flags = {})
 {
@@ -43,6 +47,7 @@ bool read(const std::string& text, T& v, std::ios_base::fmtflags flags = {})
     return static_cast<bool>(in >> v);
 }
 
+/// Reads a value of a kind; the cell keeps its value on failure.
 bool read_cell(const std::string& text, param_type type, param_cell& cell)
 {
     const auto take = [&cell](const auto& v)
@@ -92,6 +97,7 @@ bool text_from_value(const param_value& v, int precision, std::string& out)
         write_color(stream, v.value.as_color());
         break;
     default:
+        // An unknown kind has no text.
         stream.setstate(std::ios_base::failbit);
     }
     out = stream ? stream.str() : "invalid";
@@ -102,6 +108,7 @@ bool value_from_text(const std::string& text, param_value& v)
 {
     if (!read_cell(text, v.type, v.value))
         return false;
+    // Clamped here, so that a text that is too large sets the bound.
     v.bounce_and_quantize(v);
     return true;
 }

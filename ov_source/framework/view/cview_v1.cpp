@@ -18,6 +18,7 @@ namespace ov1
 namespace
 {
 
+/// Whether the user can see the window.
 bool is_shown(const window& window) { return window.get_native_handle() != nullptr && window.is_open(); }
 
 } // namespace
@@ -36,6 +37,7 @@ rect cview_v1::get_rect() const
     void* host_window = nullptr;
     const auto alive = get_component();
     const auto host = alive ? alive->get_host() : nullptr;
+    // Without a host the main screen counts.
     if (host && !host->get_host_window(&host_window))
         host_window = nullptr;
     int width = 0, height = 0;
@@ -62,10 +64,12 @@ bool cview_v1::open(std::shared_ptr<window> window)
         editor_thread = std::this_thread::get_id();
         deferred.clear();
     }
+    // Outside the lock: these call the editor's own code.
     init_view();
     update_controls(false);
     if (const auto alive = get_component())
     {
+        // The state that the user can return to, without steps of an earlier session.
         alive->save_cancel_state();
         alive->flush_state_stack();
     }
@@ -79,6 +83,7 @@ void cview_v1::close()
     open_gestures = 0;
     std::shared_ptr<window> leaving;
     {
+        // Moved out, because closing a window may call back into this view.
         const std::scoped_lock guard(shared_mutex);
         leaving = std::move(opened);
         opened = nullptr;
@@ -99,6 +104,7 @@ bool cview_v1::idle()
     if (const auto shown = get_window())
         shown->pop_pending_messages();
     std::vector<change> arrived;
+    // Swapped out, so that other threads can add changes while these are shown.
     {
         const std::scoped_lock guard(shared_mutex);
         arrived.swap(deferred);
@@ -108,6 +114,7 @@ bool cview_v1::idle()
     return true;
 }
 
+/// A parameter is listed once, however often it was set: only its last value is shown.
 void cview_v1::defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit)
 {
     const auto same = [&](const change& c) { return c.parameter == parameter; };
@@ -122,6 +129,7 @@ void cview_v1::set_control_from_parameter(std::shared_ptr<iparameter_v1> paramet
     std::shared_ptr<window> shown;
     {
         const std::scoped_lock guard(shared_mutex);
+        // Controls belong to the editor's thread; other threads leave the change for its next idle.
         if (opened && editor_thread != std::this_thread::get_id())
             return defer(parameter, edit);
         shown = opened;
@@ -156,6 +164,7 @@ void cview_v1::unregister_parameter_change_listener(iparameter_change_listener_v
 
 bool cview_v1::stands_for_parameter(VSTGUI::CControl& control) const
 {
+    // Controls of other kinds have tags that are no uid.
     const auto alive = get_component();
     return alive && alive->get_parameter(static_cast<uid>(control.getTag()));
 }
@@ -186,8 +195,10 @@ void cview_v1::begin_gesture()
 
 void cview_v1::end_gesture()
 {
+    // The end of an inner gesture, or one without a beginning.
     if (open_gestures == 0 || --open_gestures > 0)
         return;
+    // Stored without advancing: redo returns to the state after the gesture.
     if (const auto alive = get_component())
         alive->save_state(false);
     editing = false;

@@ -48,6 +48,7 @@ public:
     void controlEndEdit(VSTGUI::CControl* control) override;
 
 protected:
+    /// Null after the component is destroyed.
     std::shared_ptr<icomponent_v1> get_component() const { return component.lock(); }
     /// Null while closed.
     std::shared_ptr<window> get_window() const;
@@ -61,6 +62,7 @@ protected:
     void join_gestures() { joins_last_gesture = true; }
 
 private:
+    /// A parameter that another thread has set.
     struct change
     {
         std::shared_ptr<iparameter_v1> parameter;
@@ -69,6 +71,7 @@ private:
 
     /// For the next idle; the caller holds shared_mutex.
     void defer(const std::shared_ptr<iparameter_v1>& parameter, bool edit);
+    /// Whether the control's tag is the uid of a parameter.
     bool stands_for_parameter(VSTGUI::CControl& control) const;
 
     const std::weak_ptr<icomponent_v1> component;
@@ -77,8 +80,11 @@ private:
     std::thread::id editor_thread;
     std::vector<change> deferred;
     std::vector<iparameter_change_listener_v1*> listeners; ///< in the order of registration, each once
+    /// Read on any thread.
     std::atomic<bool> editing = false;
+    /// How many gestures are nested now.
     int open_gestures = 0;
+    /// Set by join_gestures for the next gesture only.
     bool joins_last_gesture = false;
 };
 

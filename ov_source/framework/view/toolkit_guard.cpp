@@ -28,8 +28,10 @@ struct toolkit_guard::parts
 
     /// Null without an X server; the next call tries again.
     x11_desktop* connect();
+    /// Null without an X server.
     std::shared_ptr<window> make_window(const std::string& icon, const rect& size, const std::string& title,
                                         void* parent);
+    /// The services of this desktop. They refer to this object.
     desktop_services make_services();
 };
 
@@ -38,6 +40,7 @@ toolkit_guard::parts* toolkit_guard::running = nullptr;
 x11_desktop* toolkit_guard::parts::connect()
 {
     if (!desktop)
+        // Connected late, so that a program that never opens a window needs no X server.
         desktop = x11_desktop::connect(loop);
     return desktop.get();
 }
@@ -63,6 +66,7 @@ desktop_services toolkit_guard::parts::make_services()
     {
         if (!connect())
             return false;
+        // Handles are window ids in a pointer.
         const auto id = static_cast<xcb_window_t>(reinterpret_cast<std::uintptr_t>(window));
         const rect monitor = desktop->get_monitor_size(id);
         width = monitor.width;
@@ -84,6 +88,7 @@ toolkit_guard::toolkit_guard()
     running = held.get();
     VSTGUI::init(nullptr);
     const auto* factory = VSTGUI::getPlatformFactory().asLinuxFactory();
+    // Pictures are looked up by name in this folder; the toolkit needs the separator at the end.
     factory->setResourcePath(iutils::get_instance().get_resource_directory() + "/");
 #if VSTGUI_VERSION_MINOR >= 15
     factory->setRunLoop(held->loop);
@@ -95,14 +100,17 @@ toolkit_guard::toolkit_guard()
 
 toolkit_guard::~toolkit_guard()
 {
+    // In the opposite order of the constructor: nobody may ask for a window any more.
     install_window_maker({});
     install_desktop_services({});
+    // Only if it was opened.
     if (held->has_toolkit_connection)
         VSTGUI::X11::RunLoop::exit();
 #if VSTGUI_VERSION_MINOR >= 15
     VSTGUI::getPlatformFactory().asLinuxFactory()->setRunLoop(nullptr);
 #endif
     VSTGUI::exit();
+    // The desktop's listeners refer to the run loop, which goes last.
     held->desktop.reset();
     running = nullptr;
 }

@@ -33,6 +33,7 @@ public:
 private:
     struct parts;
     static parts* running; ///< of the existing guard, or null
+    /// The parts depend on the system.
     const std::unique_ptr<parts> held;
 };
 

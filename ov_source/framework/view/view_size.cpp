@@ -7,6 +7,7 @@ namespace ov1
 
 rect view_size_for_screen(int screen_width, int screen_height)
 {
+    // The share leaves room for the desktop's panels and the title bar.
     constexpr double share_of_screen = 0.9;
     constexpr int least_proportional_width = 1280;
     constexpr double height_to_width = 528.0 / 988.0;

@@ -11,12 +11,14 @@ namespace ov1
 class cutils_mac : public iutils
 {
 public:
+    /// The suites are opened here and released by the destructor.
     cutils_mac(const std::string& vendor_suite, const std::string& product_suite);
     ~cutils_mac() override;
     cutils_mac(const cutils_mac&) = delete;
     cutils_mac& operator=(const cutils_mac&) = delete;
 
     bool set_bytes(const std::string& key, std::span<const std::uint8_t> bytes) override;
+    /// A value of another class than the getter's counts as missing.
     bool get_bytes(const std::string& key, std::vector<std::uint8_t>& bytes) override;
     bool del_bytes(const std::string& key) override;
     bool set_string(const std::string& key, const std::string& text) override;
@@ -27,12 +29,15 @@ public:
     bool set_vendor_string(const std::string& key, const std::string& text) override;
     bool get_vendor_string(const std::string& key, std::string& text) override;
     bool set_vendor_uint32(const std::string& key, std::uint32_t value) override;
+    /// Fails for a number outside 0..2^32 - 1 as well.
     bool get_vendor_uint32(const std::string& key, std::uint32_t& value) override;
     /// "macOS"
     std::string get_os_name_string() override;
+    /// Always succeeds.
     bool get_os_version_string(std::string& text) override;
     /// "Mac OS BUILD ", the version of AppKit as a whole number, and " (64 Bits)".
     bool get_os_string(std::string& text) override;
+    /// The alert is modal for the whole program; the parent window is ignored.
     bool alert_box(void* parent_window, const std::string& title, const std::string& message,
                    const std::string& button) override;
     bool alert_box(void* parent_window, const std::string& title, const std::string& message,
@@ -44,7 +49,9 @@ public:
     bool is_main_thread() override;
     /// Accessible to all users, whatever the umask of the process.
     bool create_dir(const std::string& path) override;
+    /// "/"
     const std::string& get_path_separator() override;
+    /// In points.
     void get_screen_dimensions(void* window, int& width, int& height) override;
     /// ~/Library/Application Support/Orvane
     std::string get_common_directory() override;

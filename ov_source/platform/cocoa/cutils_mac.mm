@@ -14,11 +14,13 @@ namespace ov1
 namespace
 {
 
+/// Nil if the bytes are not UTF-8. Autoreleased.
 NSString* text_of(const std::string& text)
 {
     return [[[NSString alloc] initWithBytes:text.data() length:text.size() encoding:NSUTF8StringEncoding] autorelease];
 }
 
+/// Empty for nil.
 std::string utf8_of(NSString* text)
 {
     const char* const bytes = [text UTF8String];
@@ -27,11 +29,13 @@ std::string utf8_of(NSString* text)
 
 NSUserDefaults* defaults_of(void* domain) { return static_cast<NSUserDefaults*>(domain); }
 
+/// The caller releases it. Null for an empty name.
 void* make_domain(const std::string& suite)
 {
     return suite.empty() ? nullptr : [[NSUserDefaults alloc] initWithSuiteName:text_of(suite)];
 }
 
+/// Changes the defaults in memory; the system writes them to disk later.
 bool set_value(void* domain, const std::string& key, id value)
 {
     if (domain == nullptr || key.empty() || value == nil)
@@ -49,6 +53,7 @@ id get_value(void* domain, const std::string& key, Class kind)
     return [value isKindOfClass:kind] ? value : nil;
 }
 
+// These open a pool of their own, because a thread of the caller may have none.
 bool set_data(void* domain, const std::string& key, std::span<const std::uint8_t> bytes)
 {
     @autoreleasepool
@@ -89,6 +94,7 @@ bool get_text(void* domain, const std::string& key, std::string& text)
     }
 }
 
+/// Removing a missing key succeeds.
 bool remove_value(void* domain, const std::string& key)
 {
     if (domain == nullptr || key.empty())
@@ -100,6 +106,7 @@ bool remove_value(void* domain, const std::string& key)
     return true;
 }
 
+/// The frame of a window, or of the window that contains a view, in screen coordinates.
 NSRect frame_of(void* handle)
 {
     const id object = static_cast<id>(handle);
@@ -107,6 +114,7 @@ NSRect frame_of(void* handle)
     return [window frame];
 }
 
+/// In square points.
 double area(NSRect r) { return r.size.width * r.size.height; }
 
 } // namespace
@@ -170,6 +178,7 @@ bool cutils_mac::get_vendor_uint32(const std::string& key, std::uint32_t& value)
     {
         // A missing key would read as the number 0.
         NSNumber* const number = get_value(vendor_domain, key, [NSNumber class]);
+        // A nil number answers 0 and is rejected below.
         const long long wide = [number longLongValue];
         if (number == nil || wide < 0 || wide > std::numeric_limits<std::uint32_t>::max())
             return false;
@@ -207,9 +216,11 @@ bool cutils_mac::alert_box(void*, const std::string& title, const std::string& m
         NSAlert* const alert = [[[NSAlert alloc] init] autorelease];
         [alert setMessageText:text_of(title)];
         [alert setInformativeText:text_of(message)];
+        // The first button that is added is the default button.
         for (const std::string& button : {first_button, second_button})
             if (!button.empty())
                 [alert addButtonWithTitle:text_of(button)];
+        // Without a first button, the second is the alert's first.
         return [alert runModal] == NSAlertFirstButtonReturn && !first_button.empty();
     }
 }
@@ -238,6 +249,7 @@ void cutils_mac::open_url(const std::string& text)
     @autoreleasepool
     {
         NSURL* const url = [NSURL URLWithString:text_of(text)];
+        // A text without a scheme is a path.
         if (url == nil || [[url scheme] length] == 0)
             [[NSWorkspace sharedWorkspace] openFile:text_of(text)];
         else
@@ -255,6 +267,7 @@ bool cutils_mac::create_dir(const std::string& path)
 
 const std::string& cutils_mac::get_path_separator()
 {
+    // Never destroyed: destructors that run after main may still use it.
     static const std::string& separator = *new std::string("/");
     return separator;
 }
@@ -263,6 +276,7 @@ void cutils_mac::get_screen_dimensions(void* window, int& width, int& height)
 {
     @autoreleasepool
     {
+        // The main screen, unless the window shows more on another.
         NSRect best = [[NSScreen mainScreen] frame];
         double most = 0.0;
         if (window != nullptr)
@@ -283,6 +297,7 @@ std::string cutils_mac::get_common_directory()
     {
         NSString* const folder =
             [NSHomeDirectory() stringByAppendingPathComponent:@"Library/Application Support/Orvane"];
+        // Succeeds if the folder exists.
         [[NSFileManager defaultManager] createDirectoryAtPath:folder
                                   withIntermediateDirectories:YES
                                                    attributes:nil
@@ -307,6 +322,7 @@ std::string cutils_mac::get_resource_directory()
     }
 }
 
+// On other systems this file is compiled for tests only, and the system's own utilities are used.
 #if defined(__APPLE__)
 std::unique_ptr<iutils> make_system_utils()
 {

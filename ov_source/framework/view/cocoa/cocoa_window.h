@@ -16,6 +16,7 @@ class cocoa_window final : public window
 public:
     /// Visible at once, in the middle of the screen. Needs an NSApplication. Main thread only.
     cocoa_window(const rect& size, const std::string& title);
+    /// Closes the window, and releases it and its delegate.
     ~cocoa_window() override;
     cocoa_window(const cocoa_window&) = delete;
     cocoa_window& operator=(const cocoa_window&) = delete;
@@ -33,6 +34,7 @@ public:
     void set_resize_listener(std::function<void(int width, int height)> listener) override;
 
 private:
+    /// The system's objects, which this header does not name.
     struct parts;
     const std::unique_ptr<parts> held;
 };

@@ -11,6 +11,7 @@ namespace
 /// What the window's delegate reports; outlives the window.
 struct window_news
 {
+    /// Atomic, because is_open may be called on any thread.
     std::atomic<bool> open = true;
     std::function<void(int, int)> resized;
 };
@@ -44,6 +45,7 @@ struct window_news
 
 - (void)windowDidResize:(NSNotification*)notification
 {
+    // The content's size, without the title bar.
     const NSSize size = [[static_cast<NSWindow*>([notification object]) contentView] frame].size;
     if (news->resized)
         news->resized(static_cast<int>(size.width), static_cast<int>(size.height));
@@ -65,6 +67,7 @@ constexpr NSUInteger style =
 
 } // namespace
 
+/// The window's objects. The delegate is retained here, because a window does not retain its own.
 struct cocoa_window::parts
 {
     window_news news;
@@ -98,6 +101,7 @@ cocoa_window::~cocoa_window()
     @autoreleasepool
     {
         close();
+        // The delegate is released before the window may be, so that no message reaches it afterwards.
         [held->window setDelegate:nil];
         [held->window release];
         [held->delegate release];
@@ -106,6 +110,7 @@ cocoa_window::~cocoa_window()
 
 void cocoa_window::close()
 {
+    // A session must end before its window leaves the screen.
     end_modal();
     @autoreleasepool
     {
@@ -128,6 +133,7 @@ void cocoa_window::begin_modal()
 
 void cocoa_window::end_modal()
 {
+    // Taken out first, so that a second call does nothing.
     if (const NSModalSession session = std::exchange(held->session, nullptr); session != nullptr)
         [NSApp endModalSession:session];
 }
@@ -149,6 +155,7 @@ void cocoa_window::pop_pending_messages()
                            untilDate:[NSDate dateWithTimeIntervalSinceNow:longest_wait]
                               inMode:NSModalPanelRunLoopMode
                              dequeue:NO];
+        // Timers and other sources of both run loops, without waiting.
         [[NSRunLoop mainRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
         [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
     }

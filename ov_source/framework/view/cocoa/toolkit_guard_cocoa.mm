@@ -27,6 +27,7 @@ toolkit_guard::~toolkit_guard() { VSTGUI::exit(); }
 
 void toolkit_guard::process_events()
 {
+    // In seconds.
     constexpr NSTimeInterval longest_wait_s = 0.025;
     @autoreleasepool
     {

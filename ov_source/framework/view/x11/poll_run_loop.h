@@ -29,8 +29,10 @@ using toolkit_timer_handler = VSTGUI::X11::ITimerHandler;
 class poll_run_loop final : public VSTGUI::AtomicReferenceCounted, public toolkit_run_loop
 {
 public:
+    /// As the toolkit's interface requires; handlers are not owned.
     bool registerEventHandler(int fd, toolkit_event_handler* handler) override;
     bool unregisterEventHandler(toolkit_event_handler* handler) override;
+    /// Periods are in milliseconds and at least 1.
     bool registerTimer(std::uint64_t period_ms, toolkit_timer_handler* handler) override;
     bool unregisterTimer(toolkit_timer_handler* handler) override;
 
@@ -40,22 +42,28 @@ public:
 private:
     using clock = std::chrono::steady_clock;
 
+    /// A file descriptor that is polled for input.
     struct descriptor
     {
         int fd;
         toolkit_event_handler* handler;
+        /// Unique among descriptors and timers.
         std::uint64_t id;
     };
+    /// A timer that repeats until it is removed.
     struct timer
     {
         toolkit_timer_handler* handler;
         std::chrono::milliseconds period;
+        /// When the timer is due.
         clock::time_point next;
         std::uint64_t id;
     };
 
+    /// Polls the descriptors until input, the next timer or the given time.
     void wait(std::chrono::milliseconds longest);
     void call_event_handlers();
+    /// Calls the timers that are due, each once.
     void call_due_timers();
 
     std::vector<descriptor> descriptors;

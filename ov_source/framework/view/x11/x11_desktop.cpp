@@ -22,17 +22,20 @@ struct free_answer
     void operator()(void* p) const { std::free(p); }
 };
 
+/// Null for a failed request.
 template <typename T>
 std::unique_ptr<T, free_answer> own(T* reply)
 {
     return std::unique_ptr<T, free_answer>(reply);
 }
 
+/// Atoms that the server does not return are 0.
 x11_atoms intern_atoms(xcb_connection_t* connection)
 {
     constexpr std::array<std::string_view, 8> names = {"WM_PROTOCOLS",        "WM_DELETE_WINDOW",  "UTF8_STRING",
                                                        "_NET_WM_NAME",        "_NET_WM_ICON",      "_NET_WM_STATE",
                                                        "_NET_WM_STATE_MODAL", "_NET_ACTIVE_WINDOW"};
+    // All requests are sent before the first reply is read: one round trip instead of eight.
     std::array<xcb_intern_atom_cookie_t, names.size()> asked;
     for (std::size_t i = 0; i < names.size(); ++i)
         asked[i] = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(names[i].size()), names[i].data());
@@ -57,6 +60,7 @@ xcb_window_t window_of(const xcb_generic_event_t& event)
     }
 }
 
+/// The area in pixels that two rectangles share.
 long overlap(const rect& a, const rect& b)
 {
     const long width = std::min(a.x + a.width, b.x + b.width) - std::max(a.x, b.x);
@@ -64,12 +68,14 @@ long overlap(const rect& a, const rect& b)
     return width > 0 && height > 0 ? width * height : 0;
 }
 
+/// A monitor with its place on the screen.
 struct monitor
 {
     rect place;
     bool is_main;
 };
 
+/// Empty if the server does not support RandR.
 std::vector<monitor> list_monitors(xcb_connection_t* connection, xcb_window_t root)
 {
     std::vector<monitor> found;
@@ -90,12 +96,14 @@ std::vector<monitor> list_monitors(xcb_connection_t* connection, xcb_window_t ro
 std::unique_ptr<x11_desktop> x11_desktop::connect(VSTGUI::SharedPointer<poll_run_loop> loop)
 {
     int screen_number = 0;
+    // xcb_connect returns an object that must be released even if it fails.
     xcb_connection_t* const connection = xcb_connect(nullptr, &screen_number);
     if (xcb_connection_has_error(connection))
     {
         xcb_disconnect(connection);
         return nullptr;
     }
+    // The display's name also selects a screen.
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (; screen_number > 0 && screens.rem > 1; --screen_number)
         xcb_screen_next(&screens);
@@ -125,12 +133,14 @@ void x11_desktop::add_window(xcb_window_t id, std::function<void(const xcb_gener
 
 void x11_desktop::remove_window(xcb_window_t id) { listeners.erase(id); }
 
+// The focus is of no interest: any request with a reply waits for the requests before it.
 void x11_desktop::round_trip() { own(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr)); }
 
 void x11_desktop::onEvent()
 {
     while (const auto event = own(xcb_poll_for_event(connection)))
     {
+        // Events of windows that were removed are ignored.
         const auto found = listeners.find(window_of(*event));
         if (found == listeners.end())
             continue;
@@ -146,6 +156,7 @@ void x11_desktop::lose_server()
     // The closed descriptor would wake poll forever.
     is_lost = true;
     loop->unregisterEventHandler(this);
+    // A copy, because a listener may remove its window.
     const auto notified = listeners;
     for (const auto& [id, listener] : notified)
         listener(nullptr);
@@ -154,6 +165,7 @@ void x11_desktop::lose_server()
 rect x11_desktop::get_window_place(xcb_window_t window)
 {
     const auto size = own(xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
+    // Relative to the root window: window managers put windows inside frames of their own.
     const auto corner = own(xcb_translate_coordinates_reply(
         connection, xcb_translate_coordinates(connection, window, screen->root, 0, 0), nullptr));
     return size && corner ? rect{corner->dst_x, corner->dst_y, size->width, size->height} : rect{};
@@ -164,6 +176,7 @@ rect x11_desktop::get_monitor_size(xcb_window_t window)
     const auto monitors = list_monitors(connection, screen->root);
     if (monitors.empty())
         return {0, 0, screen->width_in_pixels, screen->height_in_pixels};
+    // The main monitor, unless the window shows more on another.
     auto best = std::ranges::find_if(monitors, &monitor::is_main);
     if (best == monitors.end())
         best = monitors.begin();
@@ -173,6 +186,7 @@ rect x11_desktop::get_monitor_size(xcb_window_t window)
         const auto shown_more = [&](const monitor& a, const monitor& b)
         { return overlap(a.place, place) < overlap(b.place, place); };
         const auto most = std::ranges::max_element(monitors, shown_more);
+        // A window outside all monitors counts for none.
         if (overlap(most->place, place) > 0)
             best = most;
     }

@@ -31,10 +31,12 @@ public:
 
     /// Null if no X server can be reached.
     static std::unique_ptr<x11_desktop> connect(VSTGUI::SharedPointer<poll_run_loop> loop);
+    /// Windows must be destroyed first.
     ~x11_desktop() noexcept;
     x11_desktop(const x11_desktop&) = delete;
     x11_desktop& operator=(const x11_desktop&) = delete;
 
+    /// All three are valid as long as this object.
     xcb_connection_t* get_connection() const { return connection; }
     const xcb_screen_t& get_screen() const { return *screen; }
     const x11_atoms& get_atoms() const { return atoms; }
@@ -52,14 +54,18 @@ public:
 
 private:
     x11_desktop(VSTGUI::SharedPointer<poll_run_loop> loop, xcb_connection_t* connection, xcb_screen_t* screen);
+    /// Reads all events that have arrived and passes them on.
     void onEvent() override;
+    /// Calls every listener with a null event.
     void lose_server();
+    /// Place and size on the screen; empty if the window does not exist.
     rect get_window_place(xcb_window_t window);
 
     const VSTGUI::SharedPointer<poll_run_loop> loop;
     xcb_connection_t* const connection;
     xcb_screen_t* const screen;
     x11_atoms atoms{};
+    /// By window.
     std::map<xcb_window_t, std::function<void(const xcb_generic_event_t*)>> listeners;
     bool is_lost = false;
 };

@@ -48,6 +48,7 @@ x11_window::x11_window(x11_desktop& desktop, poll_run_loop& loop, const std::str
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, screen.root_visual, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values);
     set_properties(icon, size, title);
     desktop.add_window(id, [this](const xcb_generic_event_t* event) { take_event(event); });
+    // Mapped after all properties are set, as window managers read them at this moment.
     xcb_map_window(desktop.get_connection(), id);
     // The toolkit creates its window inside ours over its own connection, so the server must have created ours first.
     desktop.round_trip();
@@ -57,6 +58,7 @@ x11_window::~x11_window()
 {
     desktop.remove_window(id);
     xcb_destroy_window(desktop.get_connection(), id);
+    // Requests wait in a buffer until they are flushed.
     xcb_flush(desktop.get_connection());
 }
 
@@ -64,23 +66,29 @@ void x11_window::set_properties(const std::string& icon, const rect& size, const
 {
     xcb_connection_t* const connection = desktop.get_connection();
     const x11_atoms& atoms = desktop.get_atoms();
+    // Texts have elements of 8 bits.
     const auto set_text = [&](xcb_atom_t property, xcb_atom_t type, std::string_view text)
     {
         xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, property, type, 8,
                             static_cast<std::uint32_t>(text.size()), text.data());
     };
+    // The old name for old window managers, the new one for UTF-8.
     set_text(XCB_ATOM_WM_NAME, XCB_ATOM_STRING, title);
     set_text(atoms.net_wm_name, atoms.utf8_string, title);
+    // Two texts, each with its null: instance and class.
     set_text(XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, std::string_view("veridial\0Veridial\0", 18));
+    // Without it the window manager closes our connection when the user closes the window.
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, atoms.wm_protocols, XCB_ATOM_ATOM, 32, 1,
                         &atoms.wm_delete_window);
     const size_hints hints{size_hints::has_least_size,
                            {},
+                           // Never larger than the window itself.
                            std::min(least_view_width, size.width),
                            std::min(least_view_height, size.height),
                            {}};
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
                         sizeof hints / 4, &hints);
+    // Keeps this window above its parent.
     if (parent != XCB_WINDOW_NONE)
         xcb_change_property(connection, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1,
                             &parent);
@@ -99,6 +107,7 @@ void* x11_window::get_native_handle() const { return reinterpret_cast<void*>(std
 
 void x11_window::close()
 {
+    // close() is called by the user's click as well as by the view.
     if (!open)
         return;
     open = false;
@@ -110,6 +119,7 @@ void x11_window::close()
 void x11_window::begin_modal()
 {
     modal = open;
+    // Without a parent there is no window to stay above.
     if (parent == XCB_WINDOW_NONE)
         return;
     const x11_atoms& atoms = desktop.get_atoms();
@@ -120,6 +130,7 @@ void x11_window::begin_modal()
 
 void x11_window::pop_pending_messages()
 {
+    // Before waiting, so that the program's own loop is not delayed.
     if (pump_hook)
         pump_hook();
     loop.run_once(longest_wait);
@@ -163,6 +174,7 @@ void x11_window::take_event(const xcb_generic_event_t* event)
 
 void x11_window::take_size(int new_width, int new_height)
 {
+    // Moving the window sends this event as well.
     if (new_width == width && new_height == height)
         return;
     width = new_width;

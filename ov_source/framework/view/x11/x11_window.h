@@ -19,6 +19,7 @@ public:
     /// parent is the handle of another window, or null. Desktop and loop must outlive the window.
     x11_window(x11_desktop& desktop, poll_run_loop& loop, const std::string& icon, const rect& size,
                const std::string& title, void* parent);
+    /// Destroys the native window. The view must have removed its content.
     ~x11_window() override;
 
     void close() override;
@@ -36,17 +37,22 @@ public:
     }
 
 private:
+    /// Title, class, icon, smallest size and parent, as window managers read them.
     void set_properties(const std::string& icon, const rect& size, const std::string& title);
     void set_icon(const std::string& icon);
+    /// A null event means that the connection is lost: the window then counts as closed.
     void take_event(const xcb_generic_event_t* event);
+    /// In screen pixels.
     void take_size(int new_width, int new_height);
 
     x11_desktop& desktop;
     poll_run_loop& loop;
     const xcb_window_t parent;
     const xcb_window_t id;
+    /// Atomic, because is_open may be called on any thread.
     std::atomic<bool> open = true;
     bool modal = false;
+    /// The size that was reported last, in pixels.
     int width;
     int height;
     std::function<void()> pump_hook;
