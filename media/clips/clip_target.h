@@ -1,10 +1,7 @@
 // Writes a graded clip: its encoder, its container, and all other streams of the source that the container can hold.
 #pragma once
 
-#include "media/clips/clip_codec.h"
-#include "media/clips/clip_info.h"
-#include "media/clips/clip_request.h"
-#include "media/clips/clip_source.h"
+#include "media/clips/clip_plan.h"
 #include "shared/result.h"
 
 #include <deque>
@@ -18,6 +15,8 @@ namespace ov1::media
 
 class file_sink;
 
+/// Encodes frames and multiplexes them with packets of the other streams. One thread at a time, in this order: create,
+/// begin, any number of writes, finish. After a failure nothing more can be written, and the file is incomplete.
 class clip_target
 {
 public:
@@ -26,44 +25,30 @@ public:
     clip_target(const clip_target&) = delete;
     clip_target& operator=(const clip_target&) = delete;
 
-    /// Opens an encoder and decides how every stream is written. The extension of the name selects the container; for
-    /// /dev/null frames are discarded, for benchmarks. Opens no file. The source outlives the target.
+    /// Opens an encoder and decides how every stream is written (clip_plan.h). Opens no file. The source outlives the
+    /// target.
     result<> create(const clip_source& source, const std::string& path, const clip_request& request);
 
-    /// Of each stream of the source, in its order.
-    const std::vector<clip_stream>& get_streams() const { return streams; }
-    /// What the output loses, one line each.
-    const std::vector<std::string>& get_warnings() const { return warnings; }
-    const clip_info& get_info() const { return info; }
+    /// What clip_plan has decided.
+    const std::vector<clip_stream>& get_streams() const { return plan.get_streams(); }
+    const std::vector<std::string>& get_warnings() const { return plan.get_warnings(); }
+    const clip_info& get_info() const { return plan.get_info(); }
+    const frame_form& get_source_form() const { return plan.get_source_form(); }
+    const frame_form& get_form() const { return plan.get_form(); }
 
-    /// The samples of the source, with the request's range and matrix, and those of the output.
-    const frame_form& get_source_form() const { return source_form; }
-    const frame_form& get_form() const { return form; }
-
-    /// Writes the header to an open file, which has to stay open until the end.
+    /// Writes the header to an open file, which has to stay open until finish returns; the caller closes it.
     result<> begin(int descriptor);
-    /// A frame of the output's form, with a pts in the source's time base. It may be modified.
+    /// A frame of the output's form, with a pts in the source's time base. Its fields may be modified, its samples not.
+    /// A time that does not rise is moved to the first free one.
     result<> write_frame(AVFrame& frame);
-    /// A packet of another stream, as the source gave it.
+    /// A packet of another stream, as the source gave it. It is kept until the picture has reached its time, so a
+    /// failure to write it may be returned by a later call. Packets of streams that are left out are dropped.
     result<> write_packet(packet_ptr packet);
+    /// Writes what the encoder and the queue still hold, and the end of the file.
     result<> finish();
 
 private:
-    struct closer
-    {
-        void operator()(AVFormatContext* context) const { avformat_free_context(context); }
-    };
-    using output_ptr = std::unique_ptr<AVFormatContext, closer>;
-
-    result<> choose_container(const std::string& path);
-    result<> choose_forms(const clip_request& request);
-    result<> open_encoder(const clip_request& request);
-    result<> plan_streams();
-    clip_stream plan_of(const AVStream& stream, const std::string& name) const;
-    bool can_hold(const AVStream* other) const;
-    AVStream* add_picture(AVFormatContext& output) const;
     void set_head(AVFormatContext& output) const;
-    void add_warnings();
 
     result<> write_encoded();
     result<> write_waiting(const AVPacket* before);
@@ -71,15 +56,7 @@ private:
     result<> written_or_failure(int code) const;
 
     const clip_source* source = nullptr;
-    const AVOutputFormat* container = nullptr; ///< null discards everything
-    clip_codec codec;
-    codec_ptr encoder;
-    frame_form source_form;
-    frame_form form;
-    colour_tags tags;
-    std::vector<clip_stream> streams;
-    std::vector<std::string> warnings;
-    clip_info info;
+    clip_plan plan;
 
     std::unique_ptr<file_sink> sink;
     output_ptr output;
