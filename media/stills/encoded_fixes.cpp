@@ -1,6 +1,7 @@
 #include "media/stills/encoded_fixes.h"
 
 #include "media/base/byte_view.h"
+#include "media/stills/tiff_tags.h"
 
 namespace ov1::media
 {
@@ -8,25 +9,20 @@ namespace ov1::media
 namespace
 {
 
-constexpr std::uint32_t compression_tag = 259;
-constexpr std::uint32_t extra_samples_tag = 338;
-constexpr std::uint32_t icc_tag = 34675;
 constexpr std::uint32_t undefined_type = 7;
 constexpr std::uint32_t old_deflate = 32946;
-constexpr std::size_t entry_size = 12;
 constexpr std::uint32_t adobe_deflate = 8; // the same stream; more readers know this number
-constexpr std::uint32_t associated = 1;
 constexpr std::size_t dpx_transfer_at = 801;
 constexpr std::uint16_t dpx_video = 0x0404; // transfer and colorimetric: unspecified video
 
 /// The offset of a single short value in the first directory of a little-endian TIFF file; 0 if there is none.
-std::size_t place_of(const byte_view& tiff, std::uint32_t tag)
+std::size_t place_of(const byte_view& view, std::uint32_t tag)
 {
-    const std::size_t directory = tiff.u32(4);
-    for (std::size_t i = 0; i < tiff.u16(directory); ++i)
+    const std::size_t directory = view.u32(4);
+    for (std::size_t i = 0; i < view.u16(directory); ++i)
     {
-        const std::size_t entry = directory + 2 + i * entry_size;
-        if (tiff.u16(entry) == tag && entry + entry_size <= tiff.size())
+        const std::size_t entry = directory + 2 + i * tiff::entry_size;
+        if (view.u16(entry) == tag && entry + tiff::entry_size <= view.size())
             return entry + 8;
     }
     return 0;
@@ -41,18 +37,18 @@ void put(std::vector<std::uint8_t>& file, std::size_t at, std::uint32_t value, s
 /// Adds the profile to a file that ends with its only directory: an entry in the order of tags, and the bytes after it.
 void add_profile(std::vector<std::uint8_t>& file, const std::vector<std::uint8_t>& icc)
 {
-    const byte_view tiff(file, false);
-    const std::size_t directory = tiff.u32(4);
-    const std::uint32_t count = tiff.u16(directory);
-    const std::size_t end = directory + 2 + count * entry_size;
-    if (end + 4 != file.size() || tiff.u32(end) != 0)
+    const byte_view view(file, false);
+    const std::size_t directory = view.u32(4);
+    const std::uint32_t count = view.u16(directory);
+    const std::size_t end = directory + 2 + count * tiff::entry_size;
+    if (end + 4 != file.size() || view.u32(end) != 0)
         return;
     std::size_t entry = directory + 2;
-    while (entry < end && tiff.u16(entry) < icc_tag)
-        entry += entry_size;
+    while (entry < end && view.u16(entry) < tiff::icc_tag)
+        entry += tiff::entry_size;
     put(file, directory, count + 1, 2);
-    file.insert(file.begin() + static_cast<std::ptrdiff_t>(entry), entry_size, 0);
-    put(file, entry, icc_tag, 2);
+    file.insert(file.begin() + static_cast<std::ptrdiff_t>(entry), tiff::entry_size, 0);
+    put(file, entry, tiff::icc_tag, 2);
     put(file, entry + 2, undefined_type, 2);
     put(file, entry + 4, static_cast<std::uint32_t>(icc.size()), 4);
     file.resize(file.size() + file.size() % 2); // values begin at even places
@@ -62,12 +58,13 @@ void add_profile(std::vector<std::uint8_t>& file, const std::vector<std::uint8_t
 
 void fix_tiff(std::vector<std::uint8_t>& file, const still_info& info)
 {
-    const byte_view tiff(file, false);
-    if (const std::size_t at = place_of(tiff, compression_tag); at != 0 && tiff.u16(at) == old_deflate)
+    const byte_view view(file, false);
+    if (const std::size_t at = place_of(view, tiff::compression_tag); at != 0 && view.u16(at) == old_deflate)
         put(file, at, adobe_deflate, 2);
-    if (const std::size_t at = place_of(tiff, extra_samples_tag); at != 0 && info.alpha == alpha_kind::premultiplied)
-        put(file, at, associated, 2);
-    if (!info.icc.empty() && place_of(tiff, icc_tag) == 0)
+    if (const std::size_t at = place_of(view, tiff::extra_samples_tag);
+        at != 0 && info.alpha == alpha_kind::premultiplied)
+        put(file, at, tiff::associated_alpha, 2);
+    if (!info.icc.empty() && place_of(view, tiff::icc_tag) == 0)
         add_profile(file, info.icc);
 }
 

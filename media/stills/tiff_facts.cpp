@@ -1,5 +1,6 @@
 #include "media/base/byte_view.h"
 #include "media/stills/picture_facts.h"
+#include "media/stills/tiff_tags.h"
 
 #include <algorithm>
 #include <array>
@@ -9,17 +10,6 @@ namespace ov1::media
 
 namespace
 {
-
-constexpr std::uint32_t bits_tag = 258;
-constexpr std::uint32_t compression_tag = 259;
-constexpr std::uint32_t tile_width_tag = 322;
-constexpr std::uint32_t reference_tag = 532;
-constexpr std::uint32_t photometric_tag = 262;
-constexpr std::uint32_t orientation_tag = 274;
-constexpr std::uint32_t extra_samples_tag = 338;
-constexpr std::uint32_t sample_format_tag = 339;
-constexpr std::uint32_t exif_tag = 34665;
-constexpr std::size_t entry_size = 12;
 
 /// The first directory of a TIFF file: whole numbers of single entries.
 class directory
@@ -37,14 +27,14 @@ public:
     {
         for (std::size_t i = 0; i < count; ++i)
         {
-            const std::size_t entry = start + 2 + i * entry_size;
+            const std::size_t entry = start + 2 + i * tiff::entry_size;
             if (bytes.u16(entry) == tag)
                 return first_value(entry);
         }
         return otherwise;
     }
 
-    bool has_successor() const { return bytes.u32(start + 2 + count * entry_size) != 0; }
+    bool has_successor() const { return bytes.u32(start + 2 + count * tiff::entry_size) != 0; }
 
 private:
     static constexpr std::uint32_t short_type = 3;
@@ -64,7 +54,7 @@ private:
 
 unsigned orientation_in(const directory& tags)
 {
-    const std::uint32_t value = tags.value_of(orientation_tag, 1);
+    const std::uint32_t value = tags.value_of(tiff::orientation_tag, 1);
     return value >= 1 && value <= 8 ? value : 1;
 }
 
@@ -76,19 +66,19 @@ std::string refusal_of(const directory& tags)
     constexpr std::uint32_t separated = 5;
     const auto among = [](const auto& list, std::uint32_t value)
     { return std::find(list.begin(), list.end(), value) != list.end(); };
-    const std::uint32_t photometric = tags.value_of(photometric_tag, 2);
-    const std::uint32_t sample_format = tags.value_of(sample_format_tag, 1);
+    const std::uint32_t photometric = tags.value_of(tiff::photometric_tag, 2);
+    const std::uint32_t sample_format = tags.value_of(tiff::sample_format_tag, 1);
     if (photometric == separated)
         return "CMYK: its colours depend on a printer's profile";
     if (!among(photometrics, photometric))
         return "its colours are neither grey, RGB nor YCbCr";
     if (sample_format != 1 && sample_format != 4)
         return "its samples are signed or floating numbers";
-    if (tags.value_of(bits_tag, 1) > 16)
+    if (tags.value_of(tiff::bits_tag, 1) > 16)
         return "its samples have more than 16 bits";
-    if (tags.value_of(tile_width_tag, 0) != 0)
+    if (tags.value_of(tiff::tile_width_tag, 0) != 0)
         return "it is laid out in tiles";
-    if (!among(compressions, tags.value_of(compression_tag, 1)))
+    if (!among(compressions, tags.value_of(tiff::compression_tag, 1)))
         return "its compression is not known";
     return {};
 }
@@ -102,10 +92,10 @@ picture_facts tiff_facts(std::span<const std::uint8_t> file)
     const directory tags(file);
     picture_facts facts;
     facts.orientation = orientation_in(tags);
-    facts.has_exif = tags.value_of(exif_tag, 0) != 0;
-    facts.premultiplied = tags.value_of(extra_samples_tag, 0) == 1;
+    facts.has_exif = tags.value_of(tiff::exif_tag, 0) != 0;
+    facts.premultiplied = tags.value_of(tiff::extra_samples_tag, 0) == tiff::associated_alpha;
     facts.refusal = refusal_of(tags);
-    facts.full_range = tags.value_of(reference_tag, 0) == 0; // the black reference of luma
+    facts.full_range = tags.value_of(tiff::reference_tag, 0) == 0; // the black reference of luma
     if (tags.has_successor())
         facts.warnings.emplace_back("the file holds more pages: only the first is used");
     return facts;
