@@ -21,21 +21,30 @@ namespace HWY_NAMESPACE
 
 using namespace sample_vectors::HWY_NAMESPACE;
 
+/// Stores value(first code) for whole vectors of codes, and once more for a short rest. Codes have no margin, so the
+/// rest is read from a copy; rows of floats have one, so a whole vector is stored.
+template <class code, class function>
+HWY_INLINE void widen_by(const code* codes, std::size_t count, float* values, const function& value)
+{
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        hn::StoreU(value(codes + i), floats(), values + i);
+    if (i < count)
+    {
+        code rest[lanes] = {};
+        std::copy(codes + i, codes + count, rest);
+        hn::StoreU(value(rest), floats(), values + i);
+    }
+}
+
+/// Multiplies by the reciprocal: a division takes several times as long, and the error is far below a code.
 template <class code>
 void widen_here(const code* codes, std::size_t count, const code_range& range, float* values)
 {
     const floats d;
     const auto zero = hn::Set(d, range.zero), step = hn::Set(d, 1.0f / range.codes_per_unit);
-    const auto value = [&](const code* from) HWY_ATTR { return hn::Mul(hn::Sub(load_codes(from), zero), step); };
-    std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes)
-        hn::StoreU(value(codes + i), d, values + i);
-    if (i < count)
-    {
-        code rest[lanes] = {};
-        std::copy(codes + i, codes + count, rest);
-        hn::StoreU(value(rest), d, values + i);
-    }
+    widen_by(codes, count, values,
+             [&](const code* from) HWY_ATTR { return hn::Mul(hn::Sub(load_codes(from), zero), step); });
 }
 
 template <class code>
@@ -43,16 +52,8 @@ void widen_exactly_here(const code* codes, std::size_t count, const code_range& 
 {
     const floats d;
     const auto zero = hn::Set(d, range.zero), per_unit = hn::Set(d, range.codes_per_unit);
-    const auto value = [&](const code* from) HWY_ATTR { return hn::Div(hn::Sub(load_codes(from), zero), per_unit); };
-    std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes)
-        hn::StoreU(value(codes + i), d, values + i);
-    if (i < count)
-    {
-        code rest[lanes] = {};
-        std::copy(codes + i, codes + count, rest);
-        hn::StoreU(value(rest), d, values + i);
-    }
+    widen_by(codes, count, values,
+             [&](const code* from) HWY_ATTR { return hn::Div(hn::Sub(load_codes(from), zero), per_unit); });
 }
 
 template <class code>
