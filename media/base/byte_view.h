@@ -16,6 +16,7 @@ namespace ov1::media
 class byte_view
 {
 public:
+    /// The bytes outlive the view.
     explicit byte_view(std::span<const std::uint8_t> bytes, bool big_endian = true)
         : bytes(bytes)
         , big_endian(big_endian)
@@ -23,6 +24,7 @@ public:
     }
 
     std::size_t size() const { return bytes.size(); }
+    /// Unsigned numbers of 8, 16 and 32 bits at an offset in bytes, in the view's byte order.
     std::uint32_t u8(std::size_t at) const { return at < bytes.size() ? bytes[at] : 0u; }
     std::uint32_t u16(std::size_t at) const { return big_endian ? u8(at) << 8 | u8(at + 1) : u8(at) | u8(at + 1) << 8; }
     std::uint32_t u32(std::size_t at) const
@@ -30,6 +32,7 @@ public:
         return big_endian ? u16(at) << 16 | u16(at + 2) : u16(at) | u16(at + 2) << 16;
     }
 
+    /// Whether these bytes stand at a place; zeros within the text count.
     bool has(std::size_t at, std::string_view text) const
     {
         return at <= size() && text.size() <= size() - at &&

@@ -18,7 +18,7 @@ namespace ov1::media
 namespace
 {
 
-constexpr int buffer_bytes = 1 << 18;
+constexpr int buffer_bytes = 1 << 18; // few calls of the system, even for packets of large frames
 
 } // namespace
 
@@ -28,7 +28,7 @@ file_sink::file_sink(int descriptor)
     auto* buffer = static_cast<unsigned char*>(av_malloc(buffer_bytes));
     if (buffer == nullptr)
         return;
-#if LIBAVFORMAT_VERSION_MAJOR >= 61
+#if LIBAVFORMAT_VERSION_MAJOR >= 61 // from then on the callback takes const bytes
     const auto written = write;
 #else
     const auto written = [](void* self, std::uint8_t* bytes, int count) { return write(self, bytes, count); };
@@ -44,6 +44,7 @@ file_sink::~file_sink()
 {
     if (context == nullptr)
         return;
+    // libav may have replaced the buffer: the context's own is freed, not ours.
     av_freep(&context->buffer);
     avio_context_free(&context);
 }
@@ -60,7 +61,7 @@ int file_sink::write(void* self, const std::uint8_t* bytes, int count)
             continue;
         if (written <= 0)
         {
-            sink.error_number = written < 0 ? errno : ENOSPC;
+            sink.error_number = written < 0 ? errno : ENOSPC; // writing nothing is no progress: the disk is full
             return AVERROR(sink.error_number);
         }
         done += static_cast<int>(written);
@@ -71,7 +72,7 @@ int file_sink::write(void* self, const std::uint8_t* bytes, int count)
 std::int64_t file_sink::seek(void* self, std::int64_t offset, int whence)
 {
     if (whence == AVSEEK_SIZE)
-        return AVERROR(ENOSYS);
+        return AVERROR(ENOSYS); // the size of the file; muxers do without
     const auto& sink = *static_cast<file_sink*>(self);
     const off_t place = lseek(sink.descriptor, offset, whence & ~AVSEEK_FORCE);
     return place < 0 ? AVERROR(errno) : place;

@@ -17,6 +17,7 @@ namespace ov1::media
 namespace
 {
 
+/// What libav_messages collects on this thread.
 struct collector
 {
     bool active = false;
@@ -32,12 +33,14 @@ struct decoder_reports
     std::atomic<std::uint64_t> count = 0;
 };
 
+/// Made at its first use, on whatever thread that is.
 decoder_reports& reports()
 {
     static decoder_reports all;
     return all;
 }
 
+/// libav's messages end in a line feed, some in a full stop as well.
 std::string without_end(std::string text)
 {
     const std::size_t last = text.find_last_not_of(" .\r\n");
@@ -45,6 +48,7 @@ std::string without_end(std::string text)
     return text;
 }
 
+/// The reporter is null or a struct of libav's that begins with a pointer to its class.
 bool is_decoder(void* reporter)
 {
     if (reporter == nullptr || *static_cast<const AVClass**>(reporter) != avcodec_get_class())

@@ -15,6 +15,7 @@ extern "C"
 namespace ov1::media
 {
 
+/// Frees what libav allocates, with all that belongs to it.
 struct libav_deleter
 {
     void operator()(AVFrame* frame) const { av_frame_free(&frame); }
@@ -26,6 +27,7 @@ struct libav_deleter
     }
 };
 
+// Null where libav had no memory.
 using frame_ptr = std::unique_ptr<AVFrame, libav_deleter>;
 using packet_ptr = std::unique_ptr<AVPacket, libav_deleter>;
 using codec_ptr = std::unique_ptr<AVCodecContext, libav_deleter>;
@@ -40,6 +42,7 @@ struct dictionary
     dictionary(const dictionary&) = delete;
     dictionary& operator=(const dictionary&) = delete;
 
+    /// Replaces a former value of the name. Codecs remove the options that they use.
     void set(const std::string& name, const std::string& value)
     {
         av_dict_set(&entries, name.c_str(), value.c_str(), 0);
@@ -63,14 +66,15 @@ public:
     libav_messages(const libav_messages&) = delete;
     libav_messages& operator=(const libav_messages&) = delete;
 
-    /// Whether an error was reported.
+    /// Whether an error was reported on this thread since the object was made.
     bool any() const;
 
     /// The first error message, one line without a full stop; else the text of the error code.
     std::string reason(int error_code) const;
 };
 
-/// How many errors decoders have reported on all threads since the program began, and the latest of them.
+/// How many errors decoders have reported on all threads since the program began, and the latest of them; empty before
+/// the first. May be called from any thread. Decoders with threads report on their own, out of reach of libav_messages.
 std::uint64_t decoder_report_count();
 std::string last_decoder_report();
 

@@ -45,11 +45,13 @@ result<whole_file> whole_file::read(const std::string& path)
     if (size > largest)
         return unreadable("the file is larger than 2 GB");
     whole_file whole;
+    // A file may be larger than the memory: a failure, not an exception.
     whole.data.reset(new (std::nothrow) std::uint8_t[size + AV_INPUT_BUFFER_PADDING_SIZE]);
     if (whole.data == nullptr)
         return unreadable("not enough memory for the file");
     if (std::fread(whole.data.get(), 1, size, file.get()) != size)
         return unreadable("the file could not be read to its end");
+    // libav's parsers read in whole words, beyond the end.
     std::memset(whole.data.get() + size, 0, AV_INPUT_BUFFER_PADDING_SIZE);
     whole.count = size;
     return whole;

@@ -11,7 +11,8 @@ namespace ov1::media
 {
 
 /// The producer waits while it is full, the consumer while it is empty. Items have weights; the queue is full when
-/// their sum reaches its capacity.
+/// their sum reaches its capacity, so one heavy item may exceed it. Any number of threads may use it; items leave in
+/// the order in which they came.
 template <typename T>
 class bounded_queue
 {
@@ -21,7 +22,7 @@ public:
     {
     }
 
-    /// False if the queue was closed; the item is dropped.
+    /// Waits for room. False if the queue was closed, also while waiting; the item is dropped then.
     [[nodiscard]] bool push(T item, std::size_t weight = 1)
     {
         std::unique_lock lock(mutex);
@@ -34,7 +35,7 @@ public:
         return true;
     }
 
-    /// False if the queue was closed and is empty.
+    /// Waits for an item. False if the queue was closed and is empty; the item is unchanged then.
     [[nodiscard]] bool pop(T& item)
     {
         std::unique_lock lock(mutex);

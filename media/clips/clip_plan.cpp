@@ -44,6 +44,7 @@ colour_tags tags_for(const colour_tags& source, const frame_form& from, AVPixelF
     return tags;
 }
 
+/// The mean rate where it is known, else the container's guess, else 25.
 AVRational rate_of(const AVStream& stream)
 {
     const AVRational rate = stream.avg_frame_rate.num > 0 ? stream.avg_frame_rate : stream.r_frame_rate;
@@ -58,6 +59,7 @@ AVRational encoder_time_base(const AVStream& stream, AVCodecID codec, const AVOu
     const bool is_fixed =
         container != nullptr && std::any_of(fixed_rate.begin(), fixed_rate.end(),
                                             [&](const char* name) { return std::strcmp(name, container->name) == 0; });
+    // MPEG-1 and MPEG-2 allow a few fixed rates only, and MPEG-4 stores the time base in 16 bits.
     const bool counts = is_fixed || codec == AV_CODEC_ID_MPEG1VIDEO || codec == AV_CODEC_ID_MPEG2VIDEO ||
                         (codec == AV_CODEC_ID_MPEG4 && stream.time_base.den > largest_of_mpeg4);
     return counts ? av_inv_q(rate_of(stream)) : stream.time_base;
@@ -97,6 +99,7 @@ result<> clip_plan::choose_container(const std::string& path)
     if (path == "/dev/null")
         return {};
     container = av_guess_format(nullptr, path.c_str(), nullptr);
+    // Formats without a file (AVFMT_NOFILE) are devices and networks; those of image2 write one file for each frame.
     const bool takes_clips =
         container != nullptr && container->video_codec != AV_CODEC_ID_NONE && (container->flags & AVFMT_NOFILE) == 0;
     const bool is_picture = container != nullptr && std::strncmp(container->name, "image2", 6) == 0;
@@ -130,6 +133,7 @@ result<> clip_plan::choose_forms(const clip_request& request)
             return chosen_pixels.error();
         pixels = *chosen_pixels;
     }
+    // Discarded frames are graded all the same, so that a benchmark measures the grade: any form will do.
     else if (!can_be_written(source_form))
         pixels = AV_PIX_FMT_GBRP16;
     tags = tags_for(source_tags, source_form, pixels, frame, codec.encoder);
@@ -157,6 +161,7 @@ result<> clip_plan::open_encoder(const clip_request& request)
     encoder->colorspace = tags.matrix;
     encoder->chroma_sample_location = tags.chroma;
     const AVCodecParameters& parameters = *stream.codecpar;
+    // The frame's own tags first, then the stream's, as for range and matrix (clip_form.h).
     encoder->color_primaries =
         frame.color_primaries != AVCOL_PRI_UNSPECIFIED ? frame.color_primaries : parameters.color_primaries;
     encoder->color_trc = frame.color_trc != AVCOL_TRC_UNSPECIFIED ? frame.color_trc : parameters.color_trc;
@@ -164,10 +169,13 @@ result<> clip_plan::open_encoder(const clip_request& request)
     encoder->framerate = rate_of(stream);
     encoder->field_order = stream.codecpar->field_order;
     encoder->thread_count = static_cast<int>(request.threads);
+    // DNxHR refuses interlaced coding.
     if (frame.interlaced_frame != 0 && codec.encoder->id != AV_CODEC_ID_DNXHD)
         encoder->flags |= AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME;
+    // Such containers store the codec's headers once, ahead of the packets.
     if ((container->flags & AVFMT_GLOBALHEADER) != 0)
         encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    // 'hvc1' and 'hev1' are the same codec in MP4, but some players open only the first: keep it.
     if (stream.codecpar->codec_id == codec.encoder->id && stream.codecpar->codec_tag == MKTAG('h', 'v', 'c', '1') &&
         is_mov())
         encoder->codec_tag = stream.codecpar->codec_tag;
@@ -183,6 +191,7 @@ result<> clip_plan::open_encoder(const clip_request& request)
     if (result < 0)
         return unsupported(codec.name + " does not take this clip: " + messages.reason(result),
                            "ask for another with --codec, or other samples with --pix-fmt");
+    // libav ignores options that it does not know; a request must not be skipped without a word.
     if (const std::string left = options.first_left(); !left.empty())
         return unsupported(codec.name + " has no option named " + left);
     return {};
@@ -207,12 +216,14 @@ bool clip_plan::can_hold(const AVStream* other) const
     if (avformat_alloc_output_context2(&made, container, nullptr, nullptr) < 0)
         return false;
     const output_ptr trial(made);
+    // As the real output is written: some codecs count as experimental in a container.
     trial->strict_std_compliance = FF_COMPLIANCE_EXPERIMENTAL;
     if (add_picture(*trial) == nullptr || (other != nullptr && copy_stream(*trial, *other) == nullptr))
         return false;
     if (avio_open_dyn_buf(&trial->pb) < 0)
         return false;
     const int result = avformat_write_header(trial.get(), nullptr);
+    // Frees what the header has allocated.
     if (result >= 0)
         av_write_trailer(trial.get());
     std::uint8_t* bytes = nullptr;
@@ -237,10 +248,12 @@ result<> clip_plan::plan_streams()
     return {};
 }
 
+/// What becomes of one stream, and a note for the user.
 clip_stream clip_plan::plan_of(const AVStream& stream, const std::string& name) const
 {
     if (&stream == &source->get_picture())
         return {name, stream_fate::graded, codec.name + ", " + av_get_pix_fmt_name(form.pixels)};
+    // Timecode and chapter tracks are written by the muxer from metadata: a copy would be there twice.
     if (is_timecode(stream))
         return {name, stream_fate::remade, is_mov() ? "" : "as metadata"};
     if (is_chapter_text(source->get_format(), stream))
@@ -252,6 +265,7 @@ clip_stream clip_plan::plan_of(const AVStream& stream, const std::string& name) 
     return {name, stream_fate::copied, is_picture ? "ungraded" : ""};
 }
 
+/// First one line for each stream that needs it, then what holds for the picture.
 void clip_plan::add_warnings()
 {
     for (const clip_stream& stream : streams)

@@ -116,9 +116,12 @@ bool clip_reader::read_next(still_reader& picture, std::vector<clip_damage>& dam
 result<still_reader> clip_reader::read_frame(std::uint64_t index)
 {
     const AVStream& stream = opened->source.get_picture();
+    // Times within half a step count as the same frame: rates such as 29.97 are not exact in most time bases.
     const double rate = info().frames_per_second > 0 ? info().frames_per_second : 25;
+    // Ticks of the stream's time base for one frame.
     const double step = 1 / rate / av_q2d(stream.time_base);
     const std::int64_t wanted = opened->start + std::llround(static_cast<double>(index) * step);
+    // Seeking decodes again from the key frame before: a short way forward is cheaper by reading on.
     if (index < opened->next || index > opened->next + frames_worth_reading)
     {
         opened->ahead.reset();
@@ -144,6 +147,7 @@ result<still_reader> clip_reader::read_frame(std::uint64_t index)
     }
     if (shown == nullptr)
         return unreadable("no frame could be decoded there");
+    // read_next takes the frame that is shown; what was read beyond it comes after.
     frame_ptr kept = std::exchange(opened->ahead, std::move(shown));
     std::vector<clip_damage> ignored;
     still_reader picture;

@@ -18,6 +18,7 @@ namespace ov1::media
 namespace
 {
 
+/// Degrees clockwise that the display matrix asks for, to the next quarter turn: 0, 90, 180 or 270.
 int turn_in(const AVStream& stream)
 {
     const std::uint8_t* matrix = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, nullptr);
@@ -27,6 +28,7 @@ int turn_in(const AVStream& stream)
     return std::isnan(anticlockwise) ? 0 : (static_cast<int>(std::lround(-anticlockwise / 90)) * 90 % 360 + 360) % 360;
 }
 
+/// Of the duration and the number of frames the file's own are taken first, then what follows from the rest.
 clip_info describe(const AVFormatContext& format, const AVStream& stream, const AVFrame& frame)
 {
     clip_info info;
@@ -38,6 +40,7 @@ clip_info describe(const AVFormatContext& format, const AVStream& stream, const 
         info.duration_s = static_cast<double>(stream.duration) * av_q2d(stream.time_base);
     else if (format.duration != AV_NOPTS_VALUE)
         info.duration_s = static_cast<double>(format.duration) / AV_TIME_BASE;
+    // Matroska writes the time of the end; other containers write the length.
     const bool ends_at_its_duration = std::string(format.iformat->name).starts_with("matroska");
     if (ends_at_its_duration && format.start_time != AV_NOPTS_VALUE)
         info.duration_s = std::max(0.0, info.duration_s - static_cast<double>(format.start_time) / AV_TIME_BASE);
@@ -78,6 +81,7 @@ result<> clip_source::open(const std::string& path, unsigned int threads)
         return unsupported("there is no moving picture in it");
     if (const auto opened_decoder = open_decoder(threads, messages); !opened_decoder)
         return opened_decoder.error();
+    // Sizes, pixel format and tags of the stream may be missing or wrong: those of the first frame count.
     while (!first && !is_at_end)
         read_more();
     if (!first)
@@ -96,6 +100,7 @@ result<> clip_source::open_decoder(unsigned int threads, const libav_messages& m
         return unsupported("this build of libav does not read " + name);
     decoder->pkt_timebase = stream.time_base;
     decoder->thread_count = static_cast<int>(threads);
+    // Not AV_EF_EXPLODE: a damaged frame is reported and the rest of the clip decoded.
     decoder->err_recognition = AV_EF_CRCCHECK;
     if (const int result = avcodec_open2(decoder.get(), codec, nullptr); result < 0)
         return unreadable(name + " could not be decoded: " + messages.reason(result));
@@ -116,6 +121,7 @@ bool clip_source::next(clip_item& item)
 
 bool clip_source::seek(std::int64_t time)
 {
+    // Backward: decoding can only begin at a key frame, and the wanted frame may depend on it.
     if (av_seek_frame(format.get(), picture, time, AVSEEK_FLAG_BACKWARD) < 0)
         return false;
     avcodec_flush_buffers(decoder.get());
@@ -134,6 +140,7 @@ void clip_source::read_more()
     if (read < 0)
     {
         is_at_end = true;
+        // The end of the input makes the decoder return the frames that it still holds.
         avcodec_send_packet(decoder.get(), nullptr);
         receive(messages);
         if (report)
@@ -153,6 +160,7 @@ void clip_source::read_more()
     ++packets;
     waiting.push_back(time);
     int sent = avcodec_send_packet(decoder.get(), packet.get());
+    // The decoder takes no packet while frames wait in it.
     while (sent == AVERROR(EAGAIN))
     {
         receive(messages);
@@ -181,14 +189,16 @@ void clip_source::receive(const libav_messages& messages)
 void clip_source::receive_frame(frame_ptr frame)
 {
     frame->pts = frame->best_effort_timestamp;
+    // Frames come in the order of display, packets in that of decoding: matched by time.
     std::erase(waiting, frame->pts);
+    // Without any time the frame follows the last one; clip_target then moves it to a time of its own.
     if (frame->pts == AV_NOPTS_VALUE)
         frame->pts = last_time;
     last_time = frame->pts;
     if (frame->decode_error_flags != 0 || (frame->flags & AV_FRAME_FLAG_CORRUPT) != 0)
     {
         add_damage(frame->pts, "the frame is damaged");
-        reports = decoder_report_count();
+        reports = decoder_report_count(); // its messages are of the damage that was just added
         report.reset();
     }
     watch_reports();
@@ -225,6 +235,8 @@ void clip_source::add_failed_frame(std::string reason)
     report.reset();
 }
 
+/// A truncated file ends without an error of the container: only the number in its header tells. After a seek packets
+/// were left out, so nothing can be said.
 void clip_source::add_missing_frames()
 {
     const std::int64_t wanted = get_picture().nb_frames;

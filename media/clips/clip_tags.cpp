@@ -16,10 +16,12 @@ namespace ov1::media
 namespace
 {
 
+/// What containers write about themselves, in lower case; wrong or doubled in another file.
 constexpr std::array<std::string_view, 10> container_tags{
     "major_brand", "minor_version", "compatible_brands", "encoder",        "handler_name", "vendor_id",
     "duration",    "bps",           "number_of_frames",  "number_of_bytes"};
 
+/// libav's names of what QuickTime's list of user data can store.
 constexpr std::array<std::string_view, 24> classic_mov_tags{
     "title",     "artist",   "album_artist", "composer",    "album",    "date",          "comment",    "genre",
     "copyright", "grouping", "lyrics",       "description", "synopsis", "show",          "episode_id", "network",
@@ -68,6 +70,7 @@ void copy_chapters(const AVFormatContext& from, AVFormatContext& to)
         chapter->start = source.start;
         chapter->end = source.end;
         av_dict_copy(&chapter->metadata, source.metadata, 0);
+        // Counted one by one, so that after a failure the muxer frees exactly those that exist.
         to.chapters[to.nb_chapters++] = chapter;
     }
 }

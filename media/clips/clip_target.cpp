@@ -13,6 +13,7 @@ namespace ov1::media
 namespace
 {
 
+/// Beyond that packets are written ahead of the picture: memory stays limited while the encoder holds back its frames.
 constexpr std::size_t most_waiting_bytes = std::size_t{64} << 20;
 
 } // namespace
@@ -26,6 +27,7 @@ result<> clip_target::create(const clip_source& from, const std::string& path, c
     return plan.make(from, path, request);
 }
 
+/// Metadata, chapters and flags of the file; before its streams are added.
 void clip_target::set_head(AVFormatContext& to) const
 {
     const AVFormatContext& from = source->get_format();
@@ -59,6 +61,7 @@ result<> clip_target::begin(int descriptor)
     }
     dictionary options;
     const AVDictionaryEntry* tag = nullptr;
+    // The newer list of metadata is written only where a name needs it: fewer programs read it.
     if (plan.is_mov())
         while ((tag = av_dict_get(output->metadata, "", tag, AV_DICT_IGNORE_SUFFIX)) != nullptr)
             if (!is_classic_mov_tag(tag->key))
@@ -84,10 +87,12 @@ result<> clip_target::write_frame(AVFrame& frame)
     if (plan.get_container() == nullptr)
         return {};
     const AVRational base = source->get_picture().time_base;
+    // Two source times may become one in a coarser time base, and encoders require rising times.
     frame.pts = av_rescale_q(frame.pts, base, plan.get_encoder().time_base);
     if (last_frame != AV_NOPTS_VALUE && frame.pts <= last_frame)
         frame.pts = last_frame + 1;
     last_frame = frame.pts;
+    // Not all encoders pass durations on: they are set again on the packets by their time.
     if (frame.pkt_duration > 0)
         durations[frame.pts] = av_rescale_q(frame.pkt_duration, base, plan.get_encoder().time_base);
     frame.pict_type = AV_PICTURE_TYPE_NONE; // the encoder's own choice
@@ -98,6 +103,7 @@ result<> clip_target::write_frame(AVFrame& frame)
     return write_encoded();
 }
 
+/// Writes all packets that the encoder has ready, each after the packets of other streams that come before it.
 result<> clip_target::write_encoded()
 {
     const packet_ptr packet(av_packet_alloc());
@@ -143,6 +149,7 @@ result<> clip_target::write_waiting(const AVPacket* before)
     {
         AVPacket& next = *waiting.front();
         const std::int64_t time = next.dts != AV_NOPTS_VALUE ? next.dts : next.pts;
+        // In the order of decoding times, as muxers interleave; packets without a time go at once.
         if (before != nullptr && time != AV_NOPTS_VALUE &&
             av_compare_ts(time, next.time_base, before->dts, before->time_base) > 0)
             return {};
@@ -156,6 +163,7 @@ result<> clip_target::write_waiting(const AVPacket* before)
     return {};
 }
 
+/// Writes one packet, whose times are in the output stream's time base. Missing and falling times are replaced.
 result<> clip_target::write(AVPacket& packet)
 {
     std::int64_t& last = last_dts[static_cast<std::size_t>(packet.stream_index)];
@@ -167,8 +175,10 @@ result<> clip_target::write(AVPacket& packet)
     if (packet.pts == AV_NOPTS_VALUE || packet.pts < packet.dts)
         packet.pts = packet.dts;
     last = packet.dts;
+    // The place in the source file means nothing in this one.
     packet.pos = -1;
     packet.time_base = output->streams[packet.stream_index]->time_base;
+    // Muxers may return success although the sink has failed: its error is kept in the context.
     const int code = av_write_frame(output.get(), &packet);
     return written_or_failure(code >= 0 ? output->pb->error : code);
 }
@@ -184,6 +194,7 @@ result<> clip_target::finish()
     if (!written)
         return written;
     const int code = av_write_trailer(output.get());
+    // The last bytes reach the file here, so that a full disk is still found.
     avio_flush(output->pb);
     return written_or_failure(code >= 0 ? output->pb->error : code);
 }

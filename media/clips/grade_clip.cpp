@@ -23,6 +23,7 @@ constexpr std::size_t frames_ahead = 2;  ///< between two threads
 
 using item_queue = bounded_queue<clip_item>;
 
+/// Frames fill the queue, while many small packets may pass between two of them.
 std::size_t weight_of(const clip_item& item) { return item.frame != nullptr ? frame_weight : 1; }
 
 /// Frames whose memory is reused.
@@ -65,6 +66,8 @@ private:
     AVBufferPool* pool;
 };
 
+/// Each thread owns the item that it holds; items change threads only through the queues. The thread that ends first
+/// abandons or closes its queues, so that no other waits for it.
 class clip_pipeline
 {
 public:
@@ -85,6 +88,7 @@ public:
         result<> written = write_all();
         if (written)
             written = target.finish();
+        // After a failure the other threads may be waiting to push: this ends them.
         decoded.abandon();
         graded.abandon();
         decoding.join();
@@ -93,6 +97,7 @@ public:
     }
 
 private:
+    /// Whether samples mean the same in source and target, so that ungraded frames can pass without conversion.
     static bool is_alike(const clip_target& target)
     {
         const frame_form &from = target.get_source_form(), &to = target.get_form();
@@ -126,10 +131,11 @@ private:
                 break;
             item = {};
         }
-        decoded.abandon();
-        graded.close();
+        decoded.abandon(); // after a failure: the decoder stops as well
+        graded.close();    // frames that are already graded are still written
     }
 
+    /// Replaces the frame by a graded one; false after setting grading_result.
     bool grade_frame(frame_ptr& frame)
     {
         const AVFrame& first = source.get_first_frame();

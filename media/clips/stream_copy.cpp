@@ -55,6 +55,7 @@ AVStream* copy_stream(AVFormatContext& output, const AVStream& from)
     AVStream* stream = avformat_new_stream(&output, nullptr);
     if (stream == nullptr || avcodec_parameters_copy(stream->codecpar, from.codecpar) < 0)
         return nullptr;
+    // A tag of the source's container may mean another codec here, or nothing: the muxer then chooses its own.
     const auto* known = output.oformat->codec_tag;
     const std::uint32_t tag = from.codecpar->codec_tag;
     if (known == nullptr || av_codec_get_id(known, tag) != from.codecpar->codec_id)

@@ -14,15 +14,17 @@ namespace ov1::media
 {
 
 /// Reads and writes count samples of a component from x on, in its own row y. Codes that are not plain (frame_form.h)
-/// take an intermediate row. One thread at a time.
+/// take an intermediate row. Nothing is checked: the samples lie within the view. One thread at a time.
 class component_access
 {
 public:
+    /// For rows of up to width samples.
     explicit component_access(std::size_t width)
         : codes(width)
     {
     }
 
+    /// Values of the codes, to two roundings; floats as stored. Writes up to margin floats after the last.
     void read(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
               float* out)
     {
@@ -30,7 +32,7 @@ public:
                 [&](const auto* from) { sample_kernel::widen(from, count, form.range, out); });
     }
 
-    /// Rounded once.
+    /// The same, rounded once: the floats nearest to the exact values.
     void read_exactly(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
                       std::size_t count, float* out)
     {
@@ -38,7 +40,8 @@ public:
                 [&](const auto* from) { sample_kernel::widen_exactly(from, count, form.range, out); });
     }
 
-    /// Consecutive codes of two bytes.
+    /// Consecutive codes of two bytes in this machine's order: the frame's own memory where it stores them so, else a
+    /// copy that is valid until the next call.
     const std::uint16_t* wide_codes(const picture_view& view, const component_form& form, std::size_t x, std::size_t y,
                                     std::size_t count)
     {
@@ -50,6 +53,7 @@ public:
         return codes.data();
     }
 
+    /// The nearest codes, ties to even, limited to the range; a NaN is 0. Floats are stored as they are.
     void write(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
                const float* in)
     {
@@ -84,15 +88,17 @@ public:
                    });
     }
 
-    /// A row for codes that nobody reads.
+    /// A row for codes that nobody reads, width of them.
     std::uint16_t* spare() { return codes.data(); }
 
+    /// The address of sample x of row y, both counted in the component's own plane.
     static std::uint8_t* place_of(const picture_view& view, const sample_layout& layout, std::size_t x, std::size_t y)
     {
         return view.row(layout.plane, y) + x * static_cast<std::size_t>(layout.step) + layout.offset;
     }
 
 private:
+    /// Calls widen with consecutive codes, 8 or 16 bits wide; floats are only moved.
     template <typename function>
     void read_by(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
                  float* out, const function& widen)
@@ -107,6 +113,7 @@ private:
             widen(wide_codes(view, form, x, y, count));
     }
 
+    /// Calls narrow with room for consecutive codes, 8 or 16 bits wide; floats are only moved.
     template <typename function>
     void write_by(const picture_view& view, const component_form& form, std::size_t x, std::size_t y, std::size_t count,
                   const float* in, const function& narrow)

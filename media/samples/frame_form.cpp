@@ -11,6 +11,7 @@ namespace ov1::media
 namespace
 {
 
+/// Formats that libav's JPEG decoder gives: full range, whatever the tags say.
 bool is_jpeg_form(AVPixelFormat pixels)
 {
     return pixels == AV_PIX_FMT_YUVJ420P || pixels == AV_PIX_FMT_YUVJ422P || pixels == AV_PIX_FMT_YUVJ444P ||
@@ -57,6 +58,7 @@ std::string name_of(AVColorSpace matrix)
     return name != nullptr ? name : "code " + std::to_string(static_cast<int>(matrix));
 }
 
+/// How many pixels share a chroma sample, and on which it lies. Only where two share it can it lie on one of them.
 void place_chroma(const AVPixFmtDescriptor& format, AVChromaLocation where, bool is_jpeg, frame_form& form)
 {
     form.across.log2 = format.log2_chroma_w;
@@ -64,6 +66,7 @@ void place_chroma(const AVPixFmtDescriptor& format, AVChromaLocation where, bool
     if (where == AVCHROMA_LOC_UNSPECIFIED)
         where = is_jpeg ? AVCHROMA_LOC_CENTER : AVCHROMA_LOC_LEFT;
     const bool left = where == AVCHROMA_LOC_LEFT || where == AVCHROMA_LOC_TOPLEFT || where == AVCHROMA_LOC_BOTTOMLEFT;
+    // Left and centre lie between two rows, as MPEG-2 and JPEG define them.
     const bool top = where == AVCHROMA_LOC_TOPLEFT || where == AVCHROMA_LOC_TOP;
     const bool bottom = where == AVCHROMA_LOC_BOTTOMLEFT || where == AVCHROMA_LOC_BOTTOM;
     if (left && form.across.log2 == 1)
@@ -76,12 +79,15 @@ void place_chroma(const AVPixFmtDescriptor& format, AVChromaLocation where, bool
 std::optional<sample_storage> storage_of(AVPixelFormat pixels, const AVPixFmtDescriptor& format)
 {
     const bool is_xyz = pixels == AV_PIX_FMT_XYZ12LE || pixels == AV_PIX_FMT_XYZ12BE;
+    // XYZ needs a conversion of its own, frames on a graphics card have no samples in memory, and Bayer patterns have
+    // one colour for each pixel.
     if (is_xyz || has_flag(format, AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_BAYER))
         return std::nullopt;
     if (has_flag(format, AV_PIX_FMT_FLAG_PAL))
         return sample_storage::palette;
     if (pixels == AV_PIX_FMT_MONOBLACK || pixels == AV_PIX_FMT_MONOWHITE)
         return sample_storage::bits;
+    // Fewer than 8 bits occur in packed RGB (5-6-5). In bitstreams samples cross bytes, which each_code cannot read.
     const bool is_ycbcr = family_of(format) == colour_family::ycbcr;
     const bool is_float = has_flag(format, AV_PIX_FMT_FLAG_FLOAT);
     const int fewest = has_flag(format, AV_PIX_FMT_FLAG_RGB) ? 1 : 8;
@@ -92,6 +98,7 @@ std::optional<sample_storage> storage_of(AVPixelFormat pixels, const AVPixFmtDes
     return sample_storage::components;
 }
 
+/// Alpha always uses all codes, also beside limited luma.
 void set_components(const AVPixFmtDescriptor& format, bool is_full, frame_form& form)
 {
     const bool is_float = has_flag(format, AV_PIX_FMT_FLAG_FLOAT);
@@ -135,7 +142,7 @@ result<frame_form> form_of(AVPixelFormat pixels, const colour_tags& tags, int wi
     made.has_alpha = has_flag(*format, AV_PIX_FMT_FLAG_ALPHA);
     made.bits = format->comp[0].depth;
     if (made.storage != sample_storage::components)
-        return made;
+        return made; // palettes and bits are RGB and black or white: no tag changes their meaning
 
     const bool is_jpeg = is_jpeg_form(pixels);
     const bool is_full = tags.range == AVCOL_RANGE_JPEG || is_jpeg || has_flag(*format, AV_PIX_FMT_FLAG_FLOAT) ||
@@ -147,6 +154,7 @@ result<frame_form> form_of(AVPixelFormat pixels, const colour_tags& tags, int wi
         if (!matrix)
             return unsupported("the colour matrix " + name_of(tags.matrix) + " is not supported");
         made.weights = weights_of(*matrix);
+        // Full range without a place for chroma is taken to come from JPEG, whose samples lie between the pixels.
         place_chroma(*format, tags.chroma, is_jpeg || tags.range == AVCOL_RANGE_JPEG, made);
     }
     return made;

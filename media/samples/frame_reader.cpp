@@ -12,6 +12,7 @@ namespace
 
 constexpr std::size_t block_pixels = 512; ///< that the first cache holds as floats; a multiple of 4
 
+/// libav's palettes are 256 words of 32 bits in this machine's order, alpha in the highest byte.
 void read_palette(const AVFrame& frame, const std::uint8_t* index, std::size_t count, argb_float* out)
 {
     const auto channel = [](std::uint32_t colour, int shift)
@@ -79,6 +80,7 @@ struct frame_reader::worker
         }
         else
             decoder.decode_in_order(x, y, wanted, rows.in_order.from(0));
+        // Valid codes of YCbCr may lie outside red, green and blue of 0..1.
         sample_kernel::to_limited_pixels(as_const(rows.in_order.from(before)), read_alpha(x, y, count), count, out);
     }
 
@@ -93,7 +95,7 @@ struct frame_reader::worker
             access.read_exactly(view, form.components[2], x, y, count, row.b);
         }
         else
-            row.g = row.b = row.r;
+            row.g = row.b = row.r; // three names of one row of floats
         if (form.components[0].layout.is_float)
             sample_kernel::to_pixels(as_const(row), read_alpha(x, y, count), count, out);
         else
@@ -137,9 +139,11 @@ void frame_reader::read_row(worker& own, std::size_t x, std::size_t y, std::size
         return read_palette(*frame, own.view.row(0, y) + x, width, out);
     if (form.storage == sample_storage::bits)
         return read_bits(*frame, own.view.row(0, y), x, width, out);
+    // The decoder keeps the chroma of one field only: reading both in turn costs a row of chroma each time.
     if (in_fields && own.parity != y % 2)
         own.take_picture(field_of(view_of(*frame, form), y % 2), y % 2);
     const std::size_t picture_y = in_fields ? y / 2 : y;
+    // For the whole row, because blocks share the samples at their ends.
     if (form.family == colour_family::ycbcr)
         own.decoder.read_chroma(picture_y, x, x + width);
     // A block may begin a pixel earlier, so it leaves room for one.

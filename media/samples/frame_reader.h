@@ -28,11 +28,12 @@ public:
 private:
     struct worker;
 
+    /// One row of the frame; the worker is the calling thread's.
     void read_row(worker& own, std::size_t x, std::size_t y, std::size_t width, argb_float* out) const;
 
     frame_ptr frame;
     frame_form form;
-    bool in_fields;
+    bool in_fields; ///< the frame is interlaced and its fields are read as two pictures
     mutable object_pool<worker> workers;
 };
 

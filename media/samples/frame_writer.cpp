@@ -32,6 +32,7 @@ struct frame_writer::worker
         , rounds_to_half(rounds_to_half)
         , encoder(form, picture.width)
         , access(block_pixels)
+        // Chroma is gathered from a whole row; RGB needs no more than a block.
         , rows(form.family == colour_family::ycbcr ? picture.width : block_pixels)
         , alpha(block_pixels)
     {
@@ -61,6 +62,7 @@ struct frame_writer::worker
         {
             const std::size_t count = std::min(block_pixels, picture.width - x);
             sample_kernel::to_planes(in + x, count, row, alpha.get());
+            // The form's components are in this order, wherever they lie in memory.
             std::size_t component = 0;
             for (float* const values : {row.r, row.g, row.b, alpha.get()})
             {
@@ -96,6 +98,7 @@ frame_writer::~frame_writer() = default;
 
 void frame_writer::write(std::size_t first, std::size_t count, const argb_float* in)
 {
+    // Calls that begin within a chroma sample would write it twice, each with only a part of its pixels.
     assert(first % row_multiple == 0);
     const auto own = workers.take();
     if (form.family == colour_family::ycbcr)

@@ -23,7 +23,8 @@ public:
     frame_writer(AVFrame& frame, const frame_form& form, bool rounds_to_half = false);
     ~frame_writer();
 
-    /// Whole rows, without gaps. Any number of threads may write, each its own rows.
+    /// Whole rows, without gaps, from row first on, which is a multiple of row_multiple; only the last call's count may
+    /// be odd. Any number of threads may write, each its own rows.
     void write(std::size_t first, std::size_t count, const argb_float* in);
 
 private:
@@ -31,7 +32,7 @@ private:
 
     AVFrame& frame;
     frame_form form;
-    bool rounds_to_half;
+    bool rounds_to_half; ///< floats are stored as half floats by the encoder
     object_pool<worker> workers;
 };
 

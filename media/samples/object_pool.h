@@ -10,18 +10,19 @@
 namespace ov1::media
 {
 
-/// Makes an object when none is free, so there are as many as threads have asked for at a time. May be used from any
-/// thread.
+/// Makes an object when none is free, so there are as many as threads have asked for at a time. Objects are destroyed
+/// with the pool. May be used from any thread.
 template <typename T>
 class object_pool
 {
 public:
+    /// The function may be called from several threads at once.
     explicit object_pool(std::function<std::unique_ptr<T>()> make)
         : make(std::move(make))
     {
     }
 
-    /// Gives its object back at its end. The pool outlives it.
+    /// Gives its object back at its end, on any thread. The pool outlives it.
     class loan
     {
     public:
@@ -42,6 +43,7 @@ public:
         std::unique_ptr<T> object;
     };
 
+    /// A free object, or a new one; its state is what its last user left.
     loan take()
     {
         {
@@ -53,7 +55,7 @@ public:
                 return loan(*this, std::move(object));
             }
         }
-        return loan(*this, make());
+        return loan(*this, make()); // without the lock: making one may take long
     }
 
 private:

@@ -10,15 +10,16 @@
 namespace ov1::media
 {
 
-/// Owns nothing.
+/// Owns nothing: the frame outlives it. Planes are numbered as libav numbers them.
 struct picture_view
 {
     std::array<std::uint8_t*, 4> data;
-    std::array<std::ptrdiff_t, 4> stride;
-    std::size_t width;
-    std::size_t height;
-    std::size_t chroma_height;
+    std::array<std::ptrdiff_t, 4> stride; ///< bytes from one row to the next; negative if the last row comes first
+    std::size_t width;                    ///< pixels
+    std::size_t height;                   ///< rows of pixels
+    std::size_t chroma_height;            ///< rows of chroma samples
 
+    /// The first byte of a row of a plane, y counted in that plane.
     std::uint8_t* row(int plane, std::size_t y) const
     {
         const auto at = static_cast<std::size_t>(plane);
@@ -26,7 +27,7 @@ struct picture_view
     }
 };
 
-/// A whole frame.
+/// A whole frame, whose form this is.
 inline picture_view view_of(const AVFrame& frame, const frame_form& form)
 {
     picture_view view{};
@@ -41,7 +42,8 @@ inline picture_view view_of(const AVFrame& frame, const frame_form& form)
     return view;
 }
 
-/// The even (parity 0) or the odd rows of a frame.
+/// The even (parity 0) or the odd rows of a frame. Each row of chroma samples belongs to one field as well; of an odd
+/// number of rows the even field has one more.
 inline picture_view field_of(picture_view view, std::size_t parity)
 {
     for (std::size_t i = 0; i < view.data.size(); ++i)

@@ -22,6 +22,7 @@ public:
         std::fill_n(get() + count, sample_kernel::margin, 0.0f); // whole vectors are read
     }
 
+    /// The first sample; the margins lie before it and after the last one.
     float* get() { return values.get() + sample_kernel::margin; }
 
     /// Repeats the outermost samples in the margins, as far as any loop reads there.
@@ -48,7 +49,7 @@ struct chroma_rows
     float_row cr;
 };
 
-/// Red, green and blue of a row; while it is encoded Cr, Y and Cb.
+/// Red, green and blue of a row; while it is encoded Cr, Y and Cb. Not limited to 0..1.
 struct colour_rows
 {
     explicit colour_rows(std::size_t count)
@@ -58,6 +59,7 @@ struct colour_rows
     {
     }
 
+    /// The three planes from pixel x on.
     rgb_planes<float> from(std::size_t x) { return {red.get() + x, green.get() + x, blue.get() + x}; }
 
     float_row red, green, blue;
@@ -67,6 +69,7 @@ struct colour_rows
 /// ones (frame_form::has_pairs).
 struct pixel_rows
 {
+    /// For rows of up to width pixels, in either arrangement.
     explicit pixel_rows(std::size_t width)
         : in_order(width)
         , even((width + 1) / 2)
@@ -77,7 +80,7 @@ struct pixel_rows
     /// From an even x on.
     ycbcr_kernel::pixel_pairs pairs(std::size_t x) { return {even.from(x / 2), odd.from(x / 2)}; }
 
-    /// Rearranges count pixels from an even x on.
+    /// Rearranges count pixels from an even x on, from pairs to order and back; the source stays as it is.
     void join_pairs(std::size_t x, std::size_t count)
     {
         for (const auto plane : {&colour_rows::red, &colour_rows::green, &colour_rows::blue})
@@ -91,8 +94,8 @@ struct pixel_rows
                                  (odd.*plane).get() + x / 2);
     }
 
-    colour_rows in_order;
-    colour_rows even, odd;
+    colour_rows in_order;  ///< pixel x at index x
+    colour_rows even, odd; ///< pixel x at index x / 2 of one of them
 };
 
 } // namespace ov1::media

@@ -31,6 +31,7 @@ void row_decoder::read_chroma(std::size_t y, std::size_t begin, std::size_t end)
     const std::size_t last = (end - 1) >> form.across.log2;
     const chroma_span wanted{chroma_at(form.down, y, picture.chroma_height), first == 0 ? 0 : first - 1,
                              std::min(last + 2, samples)};
+    // Rows of pixels that share a row of samples follow each other: it is converted once for them.
     if (loaded == wanted)
         return;
     read_samples(wanted, form.components[1], chroma.cb, chroma_below.cb);
@@ -44,11 +45,13 @@ void row_decoder::read_samples(const chroma_span& span, const component_form& co
     const std::size_t count = span.end - span.first;
     float* const to = samples.get() + span.first;
     access.read(picture, component, span.first, span.rows.sample, count, to);
+    // Rows of pixels halfway between two rows of samples take their mean.
     if (span.rows.with_next)
     {
         access.read(picture, component, span.first, span.rows.sample + 1, count, below.get());
         sample_kernel::halve(to, below.get(), count, to);
     }
+    // The outermost samples are repeated for the pixels that would take one from outside the picture.
     if (span.first == 0)
         samples.get()[-1] = samples.get()[0];
     if (span.end == form.across.samples(picture.width))
@@ -67,6 +70,7 @@ void row_decoder::decode_pairs(std::size_t x, std::size_t y, std::size_t count, 
 {
     const component_form& luma = form.components[0];
     const float *const cb = chroma.cb.get() + x / 2, *const cr = chroma.cr.get() + x / 2;
+    // Plain codes are read where they lie; others go through a row of 16-bit codes.
     if (luma.is_plain() && luma.layout.bytes == 1)
         ycbcr_kernel::shared_to_rgb({component_access::place_of(picture, luma.layout, x, y), cb, cr}, count, luma.range,
                                     form.across, form.weights, to);
@@ -92,6 +96,7 @@ void row_decoder::decode_in_order(std::size_t x, std::size_t y, std::size_t coun
         access.read(picture, components[2], x, y, count, to.b);
         return;
     }
+    // to_rgb takes Y from g, Cb from b and Cr from r, and overwrites them.
     access.read(picture, components[0], x, y, count, to.g);
     if (!form.shares_chroma())
     {
@@ -99,6 +104,7 @@ void row_decoder::decode_in_order(std::size_t x, std::size_t y, std::size_t coun
         access.read(picture, components[2], x, y, count, to.r);
     }
     else
+        // Four pixels share a sample (4:1:1, 4:1:0), or only rows do (4:4:0): rare, so a plain loop will do.
         for (std::size_t i = 0; i < count; ++i)
         {
             to.b[i] = chroma.cb.get()[(x + i) >> form.across.log2];

@@ -21,6 +21,7 @@ row_encoder::row_encoder(const frame_form& form, std::size_t width)
     , access(width)
     , mixed(width)
 {
+    // Where rows share no chroma, each row's samples are written before the next row begins: one row is enough.
     if (form.family == colour_family::ycbcr && form.shares_chroma())
         for (std::size_t i = 0; i < (form.down.log2 == 0 ? 1 : recent_rows); ++i)
             recent.emplace_back(form.across.samples(width));
@@ -32,8 +33,11 @@ void row_encoder::begin_strip(const picture_view& new_picture, std::size_t first
     strip_first = first;
     strip_end = end;
     const bool is_sited = form.down.site.has_value();
+    // The last sample of a strip lies on row end - 2 + site and takes part of two rows after it; the first one takes
+    // part of the rows from first - 2 on.
     begin = is_sited ? std::max(first, taps_before) - taps_before : first;
     until = is_sited ? std::min(picture.height, end + *form.down.site + 1) : end;
+    // A strip writes the samples of its own rows only, so that strips never write the same sample.
     next_sample = first >> form.down.log2;
     end_sample = std::min(form.down.samples(end), picture.chroma_height);
 }
@@ -43,10 +47,12 @@ void row_encoder::encode(std::size_t x, std::size_t y, std::size_t count, pixel_
     if (form.has_pairs())
         return encode_luma(x, y, count, rows.pairs(x), form.weights);
     const rgb_planes<float> colours = rows.in_order.from(x);
+    // The luma of equal red, green and blue is the same with any weights; a graded grey may have colour.
     if (form.family == colour_family::gray)
         return encode_luma(x, y, count, colours, weights_of(ycbcr_matrix::bt709));
     if (form.family == colour_family::ycbcr)
         encode_luma(x, y, count, colours, form.weights);
+    // Shared chroma is written by finish_row, when all pixels that share a sample are known.
     if (is_border(y) || form.shares_chroma())
         return;
     const bool is_rgb = form.family == colour_family::rgb;
@@ -78,7 +84,7 @@ void row_encoder::finish_row(std::size_t y, pixel_rows& rows)
         return;
     if (form.has_pairs() && form.down.log2 == 0)
     {
-        // No other row counts: codes can be made straight away.
+        // No other row counts: codes are made at once, without a row of samples in between.
         write_gathered(y, rows.even.blue, rows.odd.blue, form.components[1]);
         write_gathered(y, rows.even.red, rows.odd.red, form.components[2]);
         return;
@@ -98,7 +104,8 @@ void row_encoder::finish_row(std::size_t y, pixel_rows& rows)
         write_chroma(next_sample);
 }
 
-/// Repeats the outermost pixels, as far as samples are gathered from them.
+/// Repeats the outermost pixels, as far as samples are gathered from them: one before the first pair and one after the
+/// last. The second pixel of the last pair is missing where the width is odd.
 void row_encoder::extend_pairs(float_row& even, float_row& odd) const
 {
     const std::size_t count = form.across.samples(picture.width);
@@ -127,6 +134,7 @@ void row_encoder::gather_pairs(float_row& even, float_row& odd, float_row& sampl
     ycbcr_kernel::gather(even.get(), odd.get(), form.across.samples(picture.width), form.across, samples.get());
 }
 
+/// A sample of each group of pixels, as their mean; the last group may be smaller.
 void row_encoder::gather_means(float_row& pixels, float_row& samples) const
 {
     const std::size_t count = form.across.samples(picture.width);
@@ -149,6 +157,7 @@ std::size_t row_encoder::last_row_of(std::size_t sample) const
     return std::min(last, picture.height - 1);
 }
 
+/// Both chroma planes of a row of samples, from the rows of pixels that it takes part of and their weights.
 void row_encoder::write_chroma(std::size_t sample)
 {
     std::array<std::size_t, most_taps> rows{};
@@ -157,6 +166,7 @@ void row_encoder::write_chroma(std::size_t sample)
     if (form.down.site)
         for (; count < rows.size(); ++count)
         {
+            // Rows above the picture are row 0: the difference of unsigned numbers must not wrap.
             const std::size_t row = std::max(2 * sample + *form.down.site + count, taps_before) - taps_before;
             rows[count] = std::min(row, picture.height - 1); // the outermost rows are repeated
             weights[count] = taps_on_site[count];
@@ -171,6 +181,7 @@ void row_encoder::write_chroma(std::size_t sample)
     write_mixed(sample, &chroma_rows::cr, form.components[2], {rows.data(), count}, weights.data());
 }
 
+/// The weighted sum of recent rows, as codes. The weight of a single row is 1, so it is written as it is.
 void row_encoder::write_mixed(std::size_t sample, float_row chroma_rows::* plane, const component_form& component,
                               std::span<const std::size_t> rows, const float* weights)
 {

@@ -37,15 +37,18 @@ public:
     void finish_row(std::size_t y, pixel_rows& rows);
 
 private:
-    static constexpr std::size_t most_taps = 5;
+    static constexpr std::size_t most_taps = 5; ///< rows that one chroma sample takes part of
 
+    /// Writes luma, and leaves Cb and Cr in the planes of blue and red.
     template <class pixels>
     void encode_luma(std::size_t x, std::size_t y, std::size_t count, const pixels& colours,
                      const ycbcr_weights& weights);
+    /// The chroma of a row of pixels, from the planes of one colour: as codes of row y, or as samples.
     void extend_pairs(float_row& even, float_row& odd) const;
     void write_gathered(std::size_t y, float_row& even, float_row& odd, const component_form& component);
     void gather_pairs(float_row& even, float_row& odd, float_row& samples) const;
     void gather_means(float_row& pixels, float_row& samples) const;
+    /// A row of chroma samples, once all rows of pixels that it takes part of are in `recent`.
     std::size_t last_row_of(std::size_t sample) const;
     void write_chroma(std::size_t sample);
     void write_mixed(std::size_t sample, float_row chroma_rows::* plane, const component_form& component,
@@ -58,7 +61,7 @@ private:
     std::size_t begin = 0, until = 0;            ///< rows that are encoded
     std::size_t next_sample = 0, end_sample = 0; ///< rows of chroma samples still to be written
     std::vector<chroma_rows> recent;             ///< chroma of the latest rows: row y at y modulo their number
-    chroma_rows mixed;
+    chroma_rows mixed;                           ///< a weighted sum of recent rows, before it becomes codes
 };
 
 } // namespace ov1::media

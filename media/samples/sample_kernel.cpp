@@ -21,6 +21,9 @@ namespace HWY_NAMESPACE
 
 using namespace sample_vectors::HWY_NAMESPACE;
 
+// All arithmetic is Mul and Add, never MulAdd: processors without that instruction would round differently. Functions
+// that end in _here or in the bits of their codes are exported below, one name for each instance of a template.
+
 /// Stores value(first code) for whole vectors of codes, and once more for a short rest. Codes have no margin, so the
 /// rest is read from a copy; rows of floats have one, so a whole vector is stored.
 template <class code, class function>
@@ -47,6 +50,7 @@ void widen_here(const code* codes, std::size_t count, const code_range& range, f
              [&](const code* from) HWY_ATTR { return hn::Mul(hn::Sub(load_codes(from), zero), step); });
 }
 
+/// A division is rounded once, so the result is the float nearest to the quotient.
 template <class code>
 void widen_exactly_here(const code* codes, std::size_t count, const code_range& range, float* values)
 {
@@ -63,6 +67,7 @@ void narrow_half_up_here(const float* values, std::size_t count, float largest, 
     each_vector<lanes>(count, codes,
                        [&](std::size_t i, code* to) HWY_ATTR
                        {
+                           // At least 0 first: that also turns a NaN into 0.
                            const auto above = at_least(hn::LoadU(d, values + i), hn::Zero(d));
                            const auto limited = hn::Min(above, hn::Set(d, 1.0f));
                            const auto wanted = hn::Add(hn::Mul(limited, hn::Set(d, largest)), hn::Set(d, 0.5f));
@@ -71,6 +76,7 @@ void narrow_half_up_here(const float* values, std::size_t count, float largest, 
                        });
 }
 
+/// A template over the limit, so that it costs nothing where it is not wanted.
 template <bool is_limited>
 void to_pixels_here(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels)
 {
@@ -106,12 +112,13 @@ void to_planes_here(const argb_float* pixels, std::size_t count, const rgb_plane
         move(pixels + i, i);
     if (i < count)
     {
-        argb_float rest[lanes];
+        argb_float rest[lanes]; // pixels have no margin; the planes have one
         std::copy(pixels + i, pixels + count, rest);
         move(rest, i);
     }
 }
 
+/// code_maker takes no NaN, so it is replaced first.
 template <class code>
 void narrow_here(const float* values, std::size_t count, const code_range& range, code* codes)
 {
@@ -201,6 +208,7 @@ void halve_here(const float* a, const float* b, std::size_t count, float* out)
         hn::StoreU(hn::Mul(hn::Add(hn::LoadU(d, a + i), hn::LoadU(d, b + i)), hn::Set(d, 0.5f)), d, out + i);
 }
 
+/// Rows are added in the order given: another order would round differently.
 void mix_here(const float* const* rows, const float* weights, std::size_t row_count, std::size_t count, float* out)
 {
     const floats d;

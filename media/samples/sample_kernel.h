@@ -37,7 +37,7 @@ void narrow_half_up(const float* values, std::size_t count, float largest, std::
 void to_pixels(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels);
 void to_limited_pixels(const rgb_planes<const float>& row, const float* alpha, std::size_t count, argb_float* pixels);
 
-/// Pixels to planes. Writes up to margin floats after the last.
+/// Pixels to planes, unchanged; alpha is not null. Writes up to margin floats after the last.
 void to_planes(const argb_float* pixels, std::size_t count, const rgb_planes<float>& row, float* alpha);
 
 /// A row as its even and its odd members, and back: as many of both. Reads and writes up to margin floats after the
@@ -45,10 +45,11 @@ void to_planes(const argb_float* pixels, std::size_t count, const rgb_planes<flo
 void split(const float* row, std::size_t pairs, float* even, float* odd);
 void join(const float* even, const float* odd, std::size_t pairs, float* row);
 
-/// The mean of two rows.
+/// The mean of two rows; out may be one of them. Writes up to margin floats after the last.
 void halve(const float* a, const float* b, std::size_t count, float* out);
 
-/// A weighted sum of rows. Writes up to margin floats after the last.
+/// A weighted sum of row_count rows, at least one, in the order given; no row is out. Writes up to margin floats after
+/// the last.
 void mix(const float* const* rows, const float* weights, std::size_t row_count, std::size_t count, float* out);
 
 } // namespace ov1::media::sample_kernel

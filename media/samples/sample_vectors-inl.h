@@ -23,6 +23,7 @@ namespace HWY_NAMESPACE
 
 namespace hn = hwy::HWY_NAMESPACE;
 
+// At most 8 lanes, also on processors with 16: `lanes` sizes the copies of short rests.
 using floats = hn::CappedTag<float, 8>;
 using vector = hn::Vec<floats>;
 constexpr std::size_t lanes = hn::MaxLanes(floats());
@@ -31,6 +32,7 @@ using whole_tag = hn::RebindToSigned<floats>;
 template <class code>
 using codes_tag = hn::Rebind<code, floats>;
 
+/// As many codes as there are lanes, from any address, as whole floats.
 template <class code>
 HWY_INLINE vector load_codes(const code* from)
 {
@@ -47,7 +49,8 @@ HWY_INLINE vector at_least(vector x, vector least)
 #endif
 }
 
-/// Calls store(first, to) for whole vectors of codes or pixels, and once more for a short rest.
+/// Calls store(first, to) for whole vectors of codes or pixels, and once more for a short rest, which it writes through
+/// a copy: nothing after the last is changed.
 template <std::size_t step, class code, class function>
 HWY_INLINE void each_vector(std::size_t count, code* codes, const function& store)
 {

@@ -8,7 +8,9 @@ namespace ov1::media
 namespace
 {
 
-constexpr std::size_t block_pixels = 512; ///< a multiple of the pixels that share a chroma sample
+/// A multiple of the pixels that share a chroma sample. Three planes of floats take 6 KiB, so a block and its codes
+/// stay in a first cache of 32 KiB from decoding to encoding.
+constexpr std::size_t block_pixels = 512;
 
 } // namespace
 
@@ -31,11 +33,13 @@ void strip_grader::grade(const picture_view& source, const picture_view& target,
     encoder.begin_strip(target, first, end);
     for (std::size_t y = encoder.first_row(); y < encoder.end_row(); ++y)
     {
+        // Whole rows of chroma: the last pixels of a block may take a sample of the next block.
         decoder.read_chroma(y, 0, source.width);
         for (std::size_t x = 0; x < source.width; x += block_pixels)
             grade_block(x, y, std::min(block_pixels, source.width - x));
         if (to.has_alpha && !encoder.is_border(y))
             copy_alpha(source, target, y);
+        // Only here: the samples at a block's end also count pixels of the next block.
         encoder.finish_row(y, rows);
     }
 }
@@ -43,6 +47,7 @@ void strip_grader::grade(const picture_view& source, const picture_view& target,
 void strip_grader::grade_block(std::size_t x, std::size_t y, std::size_t count)
 {
     decoder.decode(x, y, count, rows);
+    // A grade takes each pixel by itself, so even and odd ones need not be joined for it.
     if (grade_row && from.has_pairs())
     {
         grade_row(y, rows.even.from(x / 2), (count + 1) / 2);
@@ -50,6 +55,7 @@ void strip_grader::grade_block(std::size_t x, std::size_t y, std::size_t count)
     }
     else if (grade_row)
         grade_row(y, rows.in_order.from(x), count);
+    // Only one side shares chroma between two pixels, as from 4:2:0 to RGB.
     if (from.has_pairs() && !to.has_pairs())
         rows.join_pairs(x, count);
     else if (!from.has_pairs() && to.has_pairs())

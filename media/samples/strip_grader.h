@@ -29,7 +29,9 @@ public:
     void grade(const picture_view& source, const picture_view& target, std::size_t first, std::size_t end);
 
 private:
+    /// Decodes, grades and encodes count pixels of row y from x on, which is a multiple of a block's pixels.
     void grade_block(std::size_t x, std::size_t y, std::size_t count);
+    /// Converts a row of alpha, or makes it opaque where the source has none.
     void copy_alpha(const picture_view& source, const picture_view& target, std::size_t y);
 
     const frame_form& from;
@@ -37,7 +39,7 @@ private:
     const plane_grade& grade_row;
     row_decoder decoder;
     row_encoder encoder;
-    pixel_rows rows;
+    pixel_rows rows; ///< of one row of the picture; each block has its place in them
     component_access alpha_access;
     float_row alpha;
 };

@@ -29,6 +29,8 @@ luma_weights luma_of(ycbcr_matrix matrix)
     return bt601_luma;
 }
 
+/// Limited ranges are defined for 8 bits and scale by powers of two; full ranges end at the largest code of all bits.
+/// In units of 8 bits, limited codes below 1 and from 255 on are left to synchronisation.
 code_range range_of(int bits, bool is_full, double limited_zero, double full_zero, double limited_codes)
 {
     const double unit = std::ldexp(1.0, bits - 8);
@@ -64,8 +66,10 @@ chroma_source chroma_at(const chroma_axis& axis, std::size_t pixel, std::size_t 
     const std::size_t last = samples - 1;
     if (!axis.site)
         return {std::min(pixel >> axis.log2, last), false};
+    // The pixel before the first sample has only that one.
     if (pixel < *axis.site)
         return {0, false};
+    // From here on every second pixel lies on a sample; the others lie between two.
     const std::size_t from_site = pixel - *axis.site;
     const std::size_t sample = from_site / 2;
     return {std::min(sample, last), from_site % 2 != 0 && sample < last};

@@ -21,6 +21,8 @@ namespace HWY_NAMESPACE
 
 using namespace sample_vectors::HWY_NAMESPACE;
 
+// All arithmetic is Mul and Add, never MulAdd: processors without that instruction would round differently.
+
 /// The codes of two vectors of pixels, those at even places and those at odd ones.
 struct code_pairs
 {
@@ -28,7 +30,9 @@ struct code_pairs
     hn::Vec<whole_tag> odd;
 };
 
-#if HWY_TARGET == HWY_SCALAR
+// Deinterleaving luma codes: load_pairs reads 2 * lanes codes, store_pairs writes as many.
+
+#if HWY_TARGET == HWY_SCALAR // one lane: a pair is two single codes
 
 template <class code>
 HWY_INLINE code_pairs load_pairs(const code* from)
@@ -93,6 +97,7 @@ enum class chroma_place
     on_odd,
 };
 
+/// A template over the place, so that the loop has no branch.
 template <chroma_place place, class code>
 void placed_to_rgb(shared_source<code> from, std::size_t pixels, const code_range& luma, const ycbcr_weights& weights,
                    pixel_pairs to)
@@ -100,6 +105,7 @@ void placed_to_rgb(shared_source<code> from, std::size_t pixels, const code_rang
     const floats d;
     const auto zero = hn::Set(d, luma.zero), step = hn::Set(d, 1.0f / luma.codes_per_unit);
     const auto red_cr = hn::Set(d, weights.red_cr), blue_cb = hn::Set(d, weights.blue_cb);
+    // With the signs in the weights, luma is added to all three channels alike.
     const auto green_cb = hn::Set(d, -weights.green_cb), green_cr = hn::Set(d, -weights.green_cr);
     const auto parts_of = [&](vector cb, vector cr) HWY_ATTR -> chroma_parts
     { return {hn::Mul(red_cr, cr), hn::Add(hn::Mul(green_cb, cb), hn::Mul(green_cr, cr)), hn::Mul(blue_cb, cb)}; };
@@ -131,6 +137,7 @@ void placed_to_rgb(shared_source<code> from, std::size_t pixels, const code_rang
         write(from.luma + x, x / 2);
     if (x < pixels)
     {
+        // Codes have no margin: a whole vector would be read beyond the plane's memory. Floats have one.
         code rest[2 * lanes] = {};
         std::copy(from.luma + x, from.luma + pixels, rest);
         write(rest, x / 2);
@@ -148,6 +155,8 @@ void shared_to_rgb_here(const shared_source<code>& from, std::size_t pixels, con
     else
         placed_to_rgb<chroma_place::on_odd>(from, pixels, luma, weights, to);
 }
+
+// HWY_EXPORT takes names of functions, so every instance of a template gets one: _8 and _16 by the bits of its codes.
 
 void shared_to_rgb_8(const shared_source<std::uint8_t>& from, std::size_t pixels, const code_range& luma,
                      const chroma_axis& axis, const ycbcr_weights& weights, const pixel_pairs& to)
@@ -173,9 +182,10 @@ struct gatherer
         const floats d;
         if constexpr (place == chroma_place::between)
             return hn::Mul(hn::Add(hn::LoadU(d, even + i), hn::LoadU(d, odd + i)), hn::Set(d, 0.5f));
-        // The row that samples sit on, and where the pixel before the first sample's is.
+        // `on` has the pixels that samples lie on. before[i] and before[i + 1] are the pixels on either side of on[i].
         const float* const on = place == chroma_place::on_even ? even : odd;
         const float* const before = place == chroma_place::on_even ? odd - 1 : even;
+        // The five taps are symmetric: pixels at the same distance are added first and multiplied once.
         const auto here = hn::Mul(hn::LoadU(d, on + i), hn::Set(d, taps_on_site[2]));
         const auto beside = hn::Add(hn::LoadU(d, before + i), hn::LoadU(d, before + i + 1));
         const auto beyond = hn::Add(hn::LoadU(d, on + i - 1), hn::LoadU(d, on + i + 1));
@@ -196,6 +206,7 @@ HWY_INLINE void gather_by(const float* even, const float* odd, const chroma_axis
         take(gatherer<chroma_place::on_odd>{even, odd});
 }
 
+/// Rows of samples have margins, so the last vector is stored whole.
 void gather_here(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out)
 {
     gather_by(even, odd, axis,
@@ -206,6 +217,7 @@ void gather_here(const float* even, const float* odd, std::size_t samples, const
               });
 }
 
+/// From floats to codes without a row of samples in between; codes have no margin, so the rest goes through a copy.
 template <class code>
 void gather_codes_here(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis,
                        const code_range& range, code* codes)
@@ -233,6 +245,7 @@ void gather_16(const float* even, const float* odd, std::size_t samples, const c
     gather_codes_here(even, odd, samples, axis, range, codes);
 }
 
+/// R = Y + red_cr Cr;  G = Y - green_cb Cb - green_cr Cr;  B = Y + blue_cb Cb.
 void to_rgb_here(rgb_planes<float> row, std::size_t count, const ycbcr_weights& weights)
 {
     const floats d;
@@ -247,7 +260,8 @@ void to_rgb_here(rgb_planes<float> row, std::size_t count, const ycbcr_weights& 
     }
 }
 
-/// Vectors of red, green and blue to luma codes, and in place to chroma.
+/// Vectors of red, green and blue to luma codes, and in place to chroma: Y = kr R + kg G + kb B, Cb = (B - Y) cb_scale,
+/// Cr = (R - Y) cr_scale.
 class ycbcr_maker
 {
 public:
@@ -274,6 +288,7 @@ public:
     }
 
 private:
+    /// At least 0 first: that also turns a NaN into 0.
     static HWY_INLINE vector limited(const float* from)
     {
         return hn::Min(at_least(hn::LoadU(floats(), from), hn::Zero(floats())), hn::Set(floats(), 1.0f));

@@ -15,16 +15,16 @@ namespace ov1::media::ycbcr_kernel
 /// i then belongs to pixel i of both rows, and nothing has to move between vector lanes.
 struct pixel_pairs
 {
-    rgb_planes<float> even;
-    rgb_planes<float> odd;
+    rgb_planes<float> even; ///< pixels 0, 2, 4, ...
+    rgb_planes<float> odd;  ///< pixels 1, 3, 5, ...; one less where the width is odd
 };
 
 /// Luma codes, and chroma samples that two pixels share.
 template <class code>
 struct shared_source
 {
-    const code* luma;
-    const float* cb;
+    const code* luma; ///< one for each pixel, consecutive
+    const float* cb;  ///< -0.5..0.5, one for every two pixels
     const float* cr;
 };
 
@@ -40,13 +40,14 @@ void shared_to_rgb(const shared_source<std::uint16_t>& from, std::size_t pixels,
 /// it, which the caller has set. Writes up to margin floats after the last sample.
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, float* out);
 
-/// The same as codes. Writes nothing after them.
+/// The same as codes: the nearest ones, ties to even, limited to the range. Writes nothing after them.
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
             std::uint8_t* codes);
 void gather(const float* even, const float* odd, std::size_t samples, const chroma_axis& axis, const code_range& range,
             std::uint16_t* codes);
 
-/// From Y in g, Cb in b and Cr in r to red, green and blue, in place and not limited.
+/// From Y in g, Cb in b and Cr in r to red, green and blue, in place and not limited. Writes up to margin floats after
+/// the last pixel.
 void to_rgb(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights);
 
 /// From red, green and blue, which are limited to 0..1 (a NaN is 0), to luma codes, and in place to Cb in b and Cr in
@@ -56,6 +57,7 @@ void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weigh
 void to_ycbcr(const rgb_planes<float>& row, std::size_t count, const ycbcr_weights& weights, const code_range& luma,
               std::uint16_t* codes);
 
+/// The same for pairs: luma codes in the order of the pixels, chroma in place in both rows.
 void to_ycbcr(const pixel_pairs& row, std::size_t pixels, const ycbcr_weights& weights, const code_range& luma,
               std::uint8_t* codes);
 void to_ycbcr(const pixel_pairs& row, std::size_t pixels, const ycbcr_weights& weights, const code_range& luma,

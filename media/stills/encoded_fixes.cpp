@@ -10,8 +10,8 @@ namespace
 {
 
 constexpr std::uint32_t undefined_type = 7;
-constexpr std::uint32_t old_deflate = 32946;
-constexpr std::uint32_t adobe_deflate = 8; // the same stream; more readers know this number
+constexpr std::uint32_t old_deflate = 32946; // what libav writes
+constexpr std::uint32_t adobe_deflate = 8;   // the same stream; more readers know this number
 constexpr std::size_t dpx_transfer_at = 801;
 constexpr std::uint16_t dpx_video = 0x0404; // transfer and colorimetric: unspecified video
 
@@ -28,6 +28,7 @@ std::size_t place_of(const byte_view& view, std::uint32_t tag)
     return 0;
 }
 
+/// Writes the lowest bytes of a number, little-endian as libav writes TIFF.
 void put(std::vector<std::uint8_t>& file, std::size_t at, std::uint32_t value, std::size_t bytes)
 {
     for (std::size_t i = 0; i < bytes; ++i)

@@ -41,6 +41,7 @@ void read_channels(const byte_view& list, picture_facts& facts)
 
 } // namespace
 
+/// Walks the attributes of the header: name, zero, type, zero, size in four bytes, value; a zero ends them.
 picture_facts exr_facts(std::span<const std::uint8_t> file)
 {
     picture_facts facts;

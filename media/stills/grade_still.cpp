@@ -73,6 +73,7 @@ public:
     {
         const std::size_t first = piece * piece_rows;
         const std::size_t rows = std::min(piece_rows, source.info().height - first);
+        // A buffer for each thread that is at work, reused for all its pieces.
         const auto own = buffers.take();
         source.read_rows(first, rows, own->pixels.data());
         for (std::size_t row = 0; row < rows; ++row)
@@ -146,6 +147,7 @@ private:
         if (passes(stored))
             return pass(stored);
         graded.a = stored.a;
+        // Compositing is done in the light of the source, even where the output is display-referred.
         const bool lay_as_light = over_black && from_linear && !to_linear;
         if (to_linear || lay_as_light)
             for_channels(graded, srgb_decoded);

@@ -24,6 +24,7 @@ enum class content
     unknown,
 };
 
+/// By the first 64 KiB, followed by the zeros that libav's probes may read.
 content content_of(const std::string& path)
 {
     constexpr std::size_t probed = 1 << 16;
@@ -33,6 +34,7 @@ content content_of(const std::string& path)
     const auto count = static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0));
     if (count == 0)
         return content::unknown;
+    // Stills first: libav takes single pictures for clips of one frame.
     if (kind_of({head.data(), count}, path))
         return content::still;
     AVProbeData data{};
@@ -42,6 +44,7 @@ content content_of(const std::string& path)
     int score = 0;
     const AVInputFormat* format = av_probe_input_format3(&data, 1, &score);
     const std::string name = format != nullptr && score > AVPROBE_SCORE_RETRY ? format->name : "";
+    // Formats named ..._pipe are single pictures of kinds that are not read.
     return name.empty() || name.ends_with("_pipe") ? content::unknown : content::clip;
 }
 

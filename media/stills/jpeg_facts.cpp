@@ -41,6 +41,8 @@ std::size_t after_coded_data(std::span<const std::uint8_t> file, std::size_t at)
 
 } // namespace
 
+/// Walks the segments: 0xFF, marker, length in two bytes that count themselves, data. Without an end of image the file
+/// is truncated, although libav may decode a part of it.
 picture_facts jpeg_facts(std::span<const std::uint8_t> file)
 {
     picture_facts facts;

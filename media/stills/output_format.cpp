@@ -40,6 +40,7 @@ struct extension
     still_format format;
 };
 
+/// In lower case.
 constexpr std::array<extension, 7> extensions{{
     {"png", still_format::png},
     {"jpg", still_format::jpeg},
@@ -50,7 +51,7 @@ constexpr std::array<extension, 7> extensions{{
     {"dpx", still_format::dpx},
 }};
 
-// The first row that fits is the usual one.
+// The first row that fits is the usual one. Rows of one format stand together: layouts_of returns them as one span.
 constexpr std::array<output_layout, 21> layouts{{
     {still_format::png, depth::u8, false, AV_PIX_FMT_RGB24},
     {still_format::png, depth::u8, true, AV_PIX_FMT_RGBA},
@@ -89,7 +90,8 @@ const written_format& entry_of(still_format format)
                          [format](const written_format& f) { return f.format == format; });
 }
 
-/// Depths in order of preference for a source's depth.
+/// Depths in order of preference for a source's depth: itself, then those that lose nothing, the smallest first, then
+/// those that lose least. Half floats have 11 significant bits, so they lose some of 12 and 16.
 std::span<const depth> preference(depth source)
 {
     using enum depth;
@@ -126,6 +128,7 @@ std::string held(still_format format, filter&& wanted, namer&& name)
 
 std::string_view depth_name(const output_layout& l) { return name_of(l.depth); }
 
+/// Why no layout fits: the first of depth, alpha and pixel format that the format cannot hold.
 failure refusal_of(still_format format, const still_info& source, const layout_request& request, bool keep_alpha)
 {
     const std::string name(name_of(format));
@@ -169,6 +172,7 @@ bool holds_icc(still_format format) { return entry_of(format).icc; }
 result<output_layout> choose_layout(still_format format, const still_info& source, const layout_request& request)
 {
     const auto all = layouts_of(format);
+    // A format without alpha drops it, with a warning; one that has it must not lose it to another request.
     const bool format_has_alpha = std::any_of(all.begin(), all.end(), [](const auto& l) { return l.has_alpha; });
     const bool keep_alpha = source.alpha != alpha_kind::none && format_has_alpha;
     for (const depth candidate : preference(source.depth))

@@ -19,6 +19,7 @@ namespace
 
 using namespace std::string_view_literals;
 
+/// By signature. Two letters alone (BM, P6) may begin other files as well: their decoders then fail.
 constexpr std::array<picture_kind, 19> kinds{{
     {"PNG", "\x89PNG\r\n\x1A\n"sv, 0, still_format::png, AV_CODEC_ID_PNG, png_facts},
     {"JPEG", "\xFF\xD8\xFF"sv, 0, still_format::jpeg, AV_CODEC_ID_MJPEG, jpeg_facts},
@@ -70,6 +71,7 @@ result<const picture_kind*> kind_of(std::span<const std::uint8_t> file, std::str
     for (const picture_kind& kind : kinds)
         if (bytes.has(kind.mark_at, kind.mark))
             return &kind;
+    // Last, because the name alone decides: a wrongly named file of another kind was found above.
     if (is_named_tga(path))
         return &tga;
     const std::string clip = clip_name(file);

@@ -29,6 +29,7 @@ std::optional<transfer> transfer_of_h273(std::uint32_t code)
 
 } // namespace
 
+/// Walks the chunks: length and type of four bytes each, data, checksum. The decoder checks the checksums.
 picture_facts png_facts(std::span<const std::uint8_t> file)
 {
     picture_facts facts;
@@ -57,6 +58,7 @@ picture_facts png_facts(std::span<const std::uint8_t> file)
             facts.truncated = false;
         const bool of_color =
             bytes.has(type, "cICP") || bytes.has(type, "sRGB") || bytes.has(type, "gAMA") || bytes.has(type, "cHRM");
+        // Kept whole, with length and checksum, so that they can be written as they are.
         if (of_color && length <= longest_color_chunk)
         {
             const auto chunk = bytes.part(at, frame_size + length);

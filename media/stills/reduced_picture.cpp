@@ -35,6 +35,7 @@ struct box_sum
     }
 };
 
+/// At least 1, however narrow the picture is.
 std::size_t scaled(std::size_t side, double ratio)
 {
     return std::max<std::size_t>(1, static_cast<std::size_t>(std::lround(static_cast<double>(side) * ratio)));
@@ -68,6 +69,7 @@ reduced_picture reduce(const still_reader& source, std::size_t max_width, std::s
                                    static_cast<double>(max_height) / static_cast<double>(info.height)});
     reduced_picture out{
         std::min(scaled(info.width, ratio), max_width), std::min(scaled(info.height, ratio), max_height), {}};
+    // Premultiplied colour is weighted by alpha already.
     const bool by_alpha = info.alpha == alpha_kind::straight;
     const std::vector<std::size_t> columns = box_edges(info.width, out.width);
     const std::vector<std::size_t> rows = box_edges(info.height, out.height);
@@ -76,6 +78,7 @@ reduced_picture reduce(const still_reader& source, std::size_t max_width, std::s
     std::size_t box = 0;
     for (std::size_t y = 0; y < info.height; ++y)
     {
+        // The source is read in pieces, because a whole picture of floats may take gigabytes.
         if (y % piece_rows == 0)
             source.read_rows(y, std::min(piece_rows, info.height - y), piece.data());
         const argb_float* row = piece.data() + y % piece_rows * info.width;

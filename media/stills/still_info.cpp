@@ -8,6 +8,7 @@ namespace ov1::media
 namespace
 {
 
+/// By depth; --depth takes these words.
 constexpr std::array<std::string_view, 6> depth_names{"8", "10", "12", "16", "half", "float"};
 
 } // namespace

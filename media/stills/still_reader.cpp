@@ -31,6 +31,7 @@ struct job_watch
                        int count)
     {
         auto& watch = *static_cast<job_watch*>(context->opaque);
+        // The decoder may pass no room for results: then failures would be lost.
         std::vector<int> own(static_cast<std::size_t>(count));
         const int result = watch.run(context, job, data, own.data(), count);
         watch.failed = watch.failed || std::any_of(own.begin(), own.end(), [](int r) { return r < 0; });
@@ -92,6 +93,7 @@ result<frame_ptr> decode(const picture_kind& kind, whole_file& file)
     if (context == nullptr)
         return unsupported("this build of libav does not read " + name);
     job_watch jobs;
+    // After opening, which sets execute2.
     jobs.attach(*context);
     const packet_ptr packet = packet_of(file);
     frame_ptr frame(av_frame_alloc());
@@ -104,6 +106,7 @@ result<frame_ptr> decode(const picture_kind& kind, whole_file& file)
         result = avcodec_receive_frame(context.get(), frame.get());
     if (result == AVERROR_PATCHWELCOME || result == AVERROR(ENOSYS))
         return unsupported("this kind of " + name + " is not read: " + messages.reason(result));
+    // TIFF's decoder and EXR's jobs report damage and still return a picture.
     const bool reported = jobs.failed || (kind.codec == AV_CODEC_ID_TIFF && messages.any());
     if (result >= 0 && reported)
         result = AVERROR_INVALIDDATA;
@@ -112,6 +115,7 @@ result<frame_ptr> decode(const picture_kind& kind, whole_file& file)
     return frame;
 }
 
+/// The smallest of our depths that holds every component.
 depth depth_of(const AVPixFmtDescriptor& format)
 {
     if ((format.flags & AV_PIX_FMT_FLAG_FLOAT) != 0)
@@ -142,6 +146,7 @@ bool has_alpha(const AVFrame& frame, const AVPixFmtDescriptor& format)
     return (format.flags & AV_PIX_FMT_FLAG_ALPHA) != 0;
 }
 
+/// The file's header first, then libav's tag; DPX files are often tagged wrongly, so their tag is not used.
 transfer transfer_of(const AVFrame& frame, const picture_kind& kind, const picture_facts& facts)
 {
     if (facts.transfer)
@@ -161,6 +166,7 @@ transfer transfer_of(const AVFrame& frame, const picture_kind& kind, const pictu
     }
 }
 
+/// From our own reading of the header where there is one; else libav's metadata.
 unsigned orientation_of(const AVFrame& frame, const picture_kind& kind, const picture_facts& facts)
 {
     if (kind.facts != nullptr)
@@ -213,6 +219,7 @@ result<> still_reader::open(const std::string& path)
     const picture_kind& kind = **found;
     const std::string name(kind.name);
     picture_facts facts = kind.facts != nullptr ? kind.facts(file->bytes()) : picture_facts{};
+    // Before decoding: libav would return such pictures with wrong colours, and no error.
     if (!facts.refusal.empty())
         return unsupported("this " + name + " is not read: " + facts.refusal, "save it as a plain RGB picture");
     if (facts.truncated)
@@ -225,6 +232,7 @@ result<> still_reader::open(const std::string& path)
                               picture.width, picture.height);
     if (!form)
         return unsupported("this " + name + " is not read: " + form.error().reason);
+    // From here on nothing fails, so a former picture is replaced as a whole.
     description = describe(picture, kind, facts);
     notes = std::move(facts.warnings);
     frame = std::make_unique<frame_reader>(std::move(*decoded), *form);
@@ -260,8 +268,10 @@ void still_reader::read_turned_rows(std::size_t first, std::size_t count, argb_f
     constexpr std::size_t most = 16;
     const turn upright = turn_of(description.orientation);
     const std::size_t width = description.width;
+    // Upright rows first .. first + count are these stored columns, in order or reversed.
     const std::size_t from = upright.flip_y ? description.height - first - count : first;
     std::vector<argb_float> tile(most * count);
+    // A few stored rows at a time, so that the tile stays in the cache while it is turned.
     for (std::size_t row = 0; row < width; row += most)
     {
         const std::size_t rows = std::min(most, width - row);

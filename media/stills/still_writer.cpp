@@ -18,9 +18,10 @@ static_assert(still_writer::row_multiple == frame_writer::row_multiple);
 namespace
 {
 
-constexpr int usual_quality = 95;
+constexpr int usual_quality = 95;           // of JPEG: losses are hard to see
 constexpr std::size_t largest_side = 65500; // of JPEG, whose sizes have 16 bits
 
+/// How the format stores alpha, where it does.
 alpha_kind alpha_in(still_format format, const still_info& source)
 {
     switch (format)
@@ -34,6 +35,7 @@ alpha_kind alpha_in(still_format format, const still_info& source)
     }
 }
 
+/// PQ and HLG are never converted: they are graded on their code values.
 transfer transfer_in(still_format format, const still_info& source, transfer_choice choice)
 {
     if (choice == transfer_choice::linear)
@@ -52,6 +54,7 @@ bool is_rgb_profile(const std::vector<std::uint8_t>& icc)
     return icc.size() >= color_space_at + 4 && std::memcmp(icc.data() + color_space_at, "RGB ", 4) == 0;
 }
 
+/// One line for the user, such as "JPEG is written without alpha"; empty if nothing is lost.
 std::string what_is_left_out(const still_info& source, const still_info& written)
 {
     std::vector<std::string> parts;
@@ -101,6 +104,7 @@ void set_jpeg_quality(AVCodecContext& context, int quality)
     context.global_quality = unscaled * FF_QP2LAMBDA;
 }
 
+/// Our own first: the user's options override them.
 void set_options(dictionary& options, const still_info& info, const write_request& request)
 {
     if (info.format == still_format::png)
@@ -129,6 +133,7 @@ result<codec_ptr> open_encoder(const AVFrame& frame, const still_info& info, con
     context->color_range = frame.color_range;
     context->colorspace = frame.colorspace;
     context->time_base = {1, 1};
+    // The bytes must not depend on the number of processors.
     context->thread_count = 1;
     context->flags |= AV_CODEC_FLAG_BITEXACT; // no version of libav in the file
     if (info.format == still_format::jpeg)
@@ -172,8 +177,10 @@ result<> still_writer::create(const std::string& path, const still_info& source,
     info.transfer = transfer_in(info.format, source, request.transfer);
     info.orientation = 1;
     info.has_exif = false;
+    // Colour chunks of a PNG tag its transfer: they are kept only where it is the same.
     if (info.format != source.format || info.transfer != source.transfer)
         info.png_color.clear();
+    // Output is always RGB, so a profile of grey or inks would not fit it.
     if (!holds_icc(info.format) || !is_rgb_profile(source.icc))
         info.icc.clear();
 
@@ -234,6 +241,7 @@ result<std::vector<std::uint8_t>> still_writer::finish()
         return cannot_write(description.format_name + " could not be encoded: " + messages.reason(result));
     std::vector<std::uint8_t> encoded(packet->data, packet->data + packet->size);
     fix_encoded(encoded, description);
+    // The pixels are not needed any more, and a caller may keep the writer.
     rows.reset();
     frame.reset();
     return encoded;

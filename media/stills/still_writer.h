@@ -38,6 +38,7 @@ struct write_request
     transfer_choice transfer = transfer_choice::automatic;
 };
 
+/// Holds a whole frame between create and finish.
 class still_writer
 {
 public:

@@ -15,6 +15,7 @@ namespace
 class directory
 {
 public:
+    /// "MM" begins big-endian files, "II" little-endian ones.
     explicit directory(std::span<const std::uint8_t> file)
         : bytes(file, !file.empty() && file[0] == 'M')
         , start(bytes.u32(4))
@@ -39,6 +40,7 @@ public:
 private:
     static constexpr std::uint32_t short_type = 3;
 
+    /// Values of up to four bytes stand in the entry itself, others at the offset that it holds.
     std::uint32_t first_value(std::size_t entry) const
     {
         const bool is_short = bytes.u16(entry + 2) == short_type;
@@ -52,6 +54,7 @@ private:
     std::size_t count;
 };
 
+/// 1 for any number that the format does not define.
 unsigned orientation_in(const directory& tags)
 {
     const std::uint32_t value = tags.value_of(tiff::orientation_tag, 1);
