@@ -19,9 +19,10 @@ T first_set(T frame, T stream, T unset)
 
 colour_tags clip_tags(const AVFrame& frame, const AVCodecParameters& stream, const clip_request& request)
 {
-    colour_tags tags{first_set(frame.color_range, stream.color_range, AVCOL_RANGE_UNSPECIFIED),
-                     first_set(frame.colorspace, stream.color_space, AVCOL_SPC_UNSPECIFIED),
-                     first_set(frame.chroma_location, stream.chroma_location, AVCHROMA_LOC_UNSPECIFIED)};
+    colour_tags tags{
+        first_set(frame.color_range, stream.color_range, AVCOL_RANGE_UNSPECIFIED),
+        first_set<int>(matrix_code(frame.colorspace), matrix_code(stream.color_space), AVCOL_SPC_UNSPECIFIED),
+        first_set(frame.chroma_location, stream.chroma_location, AVCHROMA_LOC_UNSPECIFIED)};
     if (request.range != range_choice::automatic)
         tags.range = request.range == range_choice::full ? AVCOL_RANGE_JPEG : AVCOL_RANGE_MPEG;
     // By matrix_choice.

@@ -158,7 +158,8 @@ result<> clip_plan::open_encoder(const clip_request& request)
     encoder->sample_aspect_ratio =
         frame.sample_aspect_ratio.num > 0 ? frame.sample_aspect_ratio : stream.sample_aspect_ratio;
     encoder->color_range = tags.range;
-    encoder->colorspace = tags.matrix;
+    // Codes without a meaning can stand beside RGB and grey, where nothing depends on them: they are dropped.
+    encoder->colorspace = tags.matrix < AVCOL_SPC_NB ? static_cast<AVColorSpace>(tags.matrix) : AVCOL_SPC_UNSPECIFIED;
     encoder->chroma_sample_location = tags.chroma;
     const AVCodecParameters& parameters = *stream.codecpar;
     // The frame's own tags first, then the stream's, as for range and matrix (clip_form.h).

@@ -3,6 +3,7 @@
 #include "media/base/failures.h"
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 
 namespace ov1::media
@@ -28,7 +29,7 @@ colour_family family_of(const AVPixFmtDescriptor& format)
 }
 
 /// The matrix of a tag; none for one that is not supported.
-std::optional<ycbcr_matrix> matrix_of(AVColorSpace tag, int width, int height)
+std::optional<ycbcr_matrix> matrix_of(int tag, int width, int height)
 {
     switch (tag)
     {
@@ -52,10 +53,11 @@ std::optional<ycbcr_matrix> matrix_of(AVColorSpace tag, int width, int height)
     }
 }
 
-std::string name_of(AVColorSpace matrix)
+std::string name_of(int matrix)
 {
-    const char* const name = av_color_space_name(matrix);
-    return name != nullptr ? name : "code " + std::to_string(static_cast<int>(matrix));
+    const bool is_known = matrix >= 0 && matrix < AVCOL_SPC_NB;
+    const char* const name = is_known ? av_color_space_name(static_cast<AVColorSpace>(matrix)) : nullptr;
+    return name != nullptr ? name : "code " + std::to_string(matrix);
 }
 
 /// How many pixels share a chroma sample, and on which it lies. Only where two share it can it lie on one of them.
@@ -114,9 +116,17 @@ void set_components(const AVPixFmtDescriptor& format, bool is_full, frame_form& 
 
 } // namespace
 
+int matrix_code(const AVColorSpace& stored)
+{
+    int code = 0; // copied, for an enumeration must not be read while it holds another value
+    static_assert(sizeof code == sizeof stored);
+    std::memcpy(&code, &stored, sizeof code);
+    return code;
+}
+
 colour_tags still_tags(const AVFrame& frame, bool is_full)
 {
-    colour_tags tags{frame.color_range, frame.colorspace, frame.chroma_location};
+    colour_tags tags{frame.color_range, matrix_code(frame.colorspace), frame.chroma_location};
     const AVPixFmtDescriptor* format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
     if (format == nullptr || family_of(*format) != colour_family::ycbcr ||
         (is_full && tags.range == AVCOL_RANGE_UNSPECIFIED))

@@ -21,11 +21,14 @@ namespace ov1::media
 struct colour_tags
 {
     AVColorRange range = AVCOL_RANGE_UNSPECIFIED;
-    AVColorSpace matrix = AVCOL_SPC_UNSPECIFIED;
+    int matrix = AVCOL_SPC_UNSPECIFIED; ///< an AVColorSpace, or a code of a file that the enumeration lacks
     AVChromaLocation chroma = AVCHROMA_LOC_UNSPECIFIED;
 
     bool operator==(const colour_tags&) const = default;
 };
+
+/// The matrix that a frame or a stream holds, as a number: libav stores the codes of files unchecked.
+int matrix_code(const AVColorSpace& stored);
 
 /// The tags of a still picture. RGB and grey always use all codes. YCbCr without tags has the matrix of BT.601 and
 /// chroma centred between its pixels, as ITU-T T.871 (JPEG) and TIFF 6.0 define it, and full range where the file says

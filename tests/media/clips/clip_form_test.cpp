@@ -44,11 +44,11 @@ TEST(clip_form, the_request_overrides_the_frame_and_the_frame_the_stream)
         SCOPED_TRACE(row.name);
         const frame_ptr frame = new_frame(AV_PIX_FMT_YUV420P, 4, 4);
         frame->color_range = row.frame.range;
-        frame->colorspace = row.frame.matrix;
+        frame->colorspace = static_cast<AVColorSpace>(row.frame.matrix);
         frame->chroma_location = row.frame.chroma;
         AVCodecParameters stream{};
         stream.color_range = row.stream.range;
-        stream.color_space = row.stream.matrix;
+        stream.color_space = static_cast<AVColorSpace>(row.stream.matrix);
         stream.chroma_location = row.stream.chroma;
         EXPECT_EQ(clip_tags(*frame, stream, row.request), row.expected);
     }

@@ -27,7 +27,7 @@ TEST(frame_form, refuses_pixel_formats_and_matrices_by_name)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.says);
-        const colour_tags tags{AVCOL_RANGE_MPEG, static_cast<AVColorSpace>(row.matrix), {}};
+        const colour_tags tags{AVCOL_RANGE_MPEG, row.matrix, {}};
         const auto made = form_of(row.pixels, tags, 64, 64);
         ASSERT_FALSE(made);
         EXPECT_EQ(made.error().kind, failure_kind::unsupported);
